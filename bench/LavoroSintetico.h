@@ -1,0 +1,27 @@
+// A synthetic job of realistic shape for the benchmarks: a survey of many points with
+// fiducial-like and numbered names, lines between them, texts and facets.
+#pragma once
+
+#include <string>
+
+namespace varena {
+
+struct Sessione;
+
+struct MisureLavoro {
+  int64_t Punti = 0;
+  int64_t Linee = 0;
+  int64_t Testi = 0;
+  int64_t Falde = 0;
+};
+
+// Fills the tables of `s` (cleared first) with a deterministic survey.
+void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& misure);
+
+// Writes that job as `base`.* and returns the sum of its members' sizes in bytes.
+int64_t ScriviLavoroSintetico(const std::string& base, const MisureLavoro& misure);
+
+// --rapido among the arguments: the small sizes CI runs with.
+bool ModoRapido(int argc, char** argv);
+
+}  // namespace varena

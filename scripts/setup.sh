@@ -1,0 +1,22 @@
+#!/bin/sh
+# Installs every Debian package the project needs; packages already present are skipped,
+# and the package lists are refreshed only when something is missing.
+set -eu
+
+PACCHETTI="build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev \
+libbenchmark-dev zlib1g-dev"
+
+mancanti=""
+for p in $PACCHETTI; do
+  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
+    mancanti="$mancanti $p"
+  fi
+done
+
+if [ -n "$mancanti" ]; then
+  echo "Installo:$mancanti"
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  $SUDO apt-get update
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y --no-install-recommends $mancanti
+fi

@@ -1,0 +1,37 @@
+// Start-up: where the program's data lives, the folder tree it makes, the defaults, and
+// the job named on the command line, in `COMMON.CFG` or remembered from the last run.
+#pragma once
+
+#include <string>
+
+namespace varena {
+
+struct Sessione;
+
+// `CartellaDocumenti` from $VARENA_DOCUMENTI or the user's documents folder,
+// `CartellaLavoro` beneath it, `CartellaProgramma` from $VARENA_PROGRAMMA or the per-user
+// data folder. Nothing is created.
+void ImpostaCartelle(Sessione& s);
+
+// The folder tree under the working root, in its fixed order. False when a folder could not
+// be made (the common error box has been shown).
+bool CreaAlberoCartelle(Sessione& s);
+
+// `InizializzaDefault`: constants, defaults, settings and tables read at start.
+void InizializzaDefault(Sessione& s);
+
+// A job path as `COMMON.CFG` hands it over: upper-cased, split at its last ".".
+struct NomeConEstensione {
+  std::string Nome;
+  std::string Estensione;
+};
+NomeConEstensione DividiNomeComune(const std::string& testo);
+
+// `VarenaLoad` without the window: folders, defaults, tables, then the job of the command
+// line, of `COMMON.CFG` or of the last run.
+void VarenaLoad(Sessione& s, const std::string& rigaComando);
+
+// The part of `VarenaLoad` that picks and opens the job.
+void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando);
+
+}  // namespace varena

@@ -1,0 +1,63 @@
+// The environment settings of `Configura.ini`, with their defaults.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace varena {
+
+struct Impostazioni {
+  std::string NomeFileConfiguraPunti = "ConfiguraTuttiPunti";
+  std::string nomefileautoallestito;
+  int16_t MostraIngombroDisegno = 0;
+  int16_t SalvaUnaCopiaZip = 0;
+  int16_t RiapriUltimoLavoro = 0;
+  int32_t MostraDescrizione = 1;
+  int32_t MostraNome = 1;
+  int32_t MostraQuota = 1;
+  double AngoloTestoDefault = 0;
+  double AltezzaTestoDefault = 5.0;
+  std::string FontTestoDefault = "Arial";
+  int16_t ColoreTestoDefault = 1;
+  int32_t Cornice = 0;
+  int32_t Trasparenza = 0;
+  int32_t MenuMouse = 1;
+  int32_t Puntatore = 3;
+  int32_t ComandiSuSnap = 0;
+  int32_t Fai_Anteprima_SiNo = 0;
+  int32_t Colore_Fondo_Default = 7;
+  int32_t Tratteggio_Default = 1;
+  int32_t Stira_Linee = 1;
+  int32_t Info_Estesa = 1;
+  int32_t VISUALIZZA_SNAP = 0;
+  int32_t Stampa_Scala_Plottaggio = 1;
+  int32_t Stampa_Nome_Lavoro = 1;
+  int32_t Colore_Default = 1;
+  int32_t Azzera_Codici_Catastali = 0;
+  std::string Cartella_Default;  // working root + "LAVORI", set at start
+  double FATTORE_DI_ZOOM = 50;
+  int32_t Icone_grandi = 0;
+  int16_t INFOCOMANDI = 0;
+  double Numero_Punti = 0;
+  double Distanza = 0;
+  double Numero_Righe = 0;
+  double Numero_Colonne = 0;
+  double Angolo_Campitura = 45;
+  double Distanza_Campitura = 1;
+  double Alfa = 0;
+  double Beta = 0;
+  double D1 = 1;
+  double D2 = 1;
+  double Ambito_Laterale = 0;
+  uint8_t TIPODISTANZA = 1;
+  int32_t CollegaPuntoSimbolo = 0;
+  int16_t VPLOT = 0;
+  int16_t TOOLTIPBELLA = 0;
+  int16_t SOLOCOLORINELDISEGNO = 0;
+  int16_t PNGCONG = 0;
+  double DIMENSIONEUNICAPUNTO = 0;
+  float LineaMostraLunghezza = 1;
+  float LineaDecimali = 2;
+};
+
+}  // namespace varena

@@ -1,0 +1,23 @@
+// The session object and the clearing of a job.
+#include "core/Sessione.h"
+
+#include "core/Testo.h"
+
+namespace varena {
+
+Sessione::Sessione() : Ui(&uiMuta_), Clip(&clipInterni_) { AzzeraTabelle(*this); }
+
+void ClearAllTables(Sessione& s) {
+  AzzeraTabelle(s);
+  s.LibrettoMisure.clear();
+  s.Testo126.clear();
+  s.TestoCel.clear();
+  s.MembriConservati.clear();
+}
+
+void AggiungiRigaLibretto(Sessione& s, const std::string& riga) {
+  s.LibrettoMisure.push_back(Rifila(riga));
+  s.ContaEntita[SlotLibretto] = static_cast<int32_t>(s.LibrettoMisure.size());
+}
+
+}  // namespace varena

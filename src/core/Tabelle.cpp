@@ -1,0 +1,107 @@
+// Growth and clearing of the entity tables.
+#include "core/Tabelle.h"
+
+#include <algorithm>
+
+namespace varena {
+
+namespace {
+
+// The legacy growth: when row `count` is beyond the upper bound, grow to count + 1 + margin.
+// A vector of n elements stands for an array of upper bound n - 1.
+template <class Tab, class Col>
+void Cresci(Tab& tab, const Col& chiave, int32_t conta, int margine) {
+  const int64_t necessario = static_cast<int64_t>(conta) + 1;
+  const int64_t limite = static_cast<int64_t>(chiave.size()) - 1;
+  if (necessario > limite) RidimensionaTabella(tab, static_cast<size_t>(necessario + margine + 1));
+}
+
+template <class Tab>
+void Iniziale(Tab& tab) {
+  tab.PerOgniColonna([](auto& c) {
+    c.clear();
+    c.shrink_to_fit();
+    c.resize(kLimiteIniziale + 1);
+  });
+}
+
+}  // namespace
+
+void AzzeraTabelle(TabelleEntita& t) {
+  Iniziale<TabellaPunti>(t);
+  Iniziale<TabellaLinee>(t);
+  Iniziale<TabellaCerchi>(t);
+  Iniziale<TabellaArchi>(t);
+  Iniziale<TabellaTesti>(t);
+  Iniziale<TabellaFalde>(t);
+  Iniziale<TabellaSette>(t);
+  Iniziale<TabellaCurve>(t);
+  Iniziale<TabellaBitmap>(t);
+  t.ContaEntita.fill(0);
+}
+
+void DimensionaPunti(TabelleEntita& t) {
+  Cresci<TabellaPunti>(t, t.PuntoIdent, t.ContaEntita[SlotPunti], 10);
+}
+void DimensionaLinee(TabelleEntita& t) {
+  Cresci<TabellaLinee>(t, t.LineaIdent, t.ContaEntita[SlotLinee], 10);
+}
+void DimensionaCerchi(TabelleEntita& t) {
+  Cresci<TabellaCerchi>(t, t.CerchioIdent, t.ContaEntita[SlotCerchi], 10);
+}
+void DimensionaArchi(TabelleEntita& t) {
+  Cresci<TabellaArchi>(t, t.ArcoIdent, t.ContaEntita[SlotArchi], 10);
+}
+void DimensionaTesti(TabelleEntita& t) {
+  Cresci<TabellaTesti>(t, t.TestoIdent, t.ContaEntita[SlotTesti], 10);
+}
+void DimensionaFalde(TabelleEntita& t) {
+  Cresci<TabellaFalde>(t, t.FaldaIdent, t.ContaEntita[SlotFalde], 10);
+}
+// Contorno-7 and bitmaps grow exactly to the row asked for, with no margin.
+void DimensionaSette(TabelleEntita& t) {
+  Cresci<TabellaSette>(t, t.SetteIdent, t.ContaEntita[SlotSette], 0);
+}
+void DimensionaCurve(TabelleEntita& t) {
+  Cresci<TabellaCurve>(t, t.CurvaFlag, t.ContaEntita[SlotCurve], 10);
+}
+void DimensionaBitmap(TabelleEntita& t) {
+  Cresci<TabellaBitmap>(t, t.BitmapIdent, t.ContaEntita[SlotBitmap], 0);
+}
+
+void PreparaRighe(TabelleEntita& t, int slot, int64_t righe) {
+  const auto n = static_cast<size_t>(std::max<int64_t>(righe, 0) + 11);
+  auto almeno = [n](auto& tab, const auto& chiave) {
+    if (chiave.size() < n) RidimensionaTabella(tab, n);
+  };
+  switch (slot) {
+    case SlotPunti: almeno(static_cast<TabellaPunti&>(t), t.PuntoIdent); break;
+    case SlotLinee: almeno(static_cast<TabellaLinee&>(t), t.LineaIdent); break;
+    case SlotCerchi: almeno(static_cast<TabellaCerchi&>(t), t.CerchioIdent); break;
+    case SlotArchi: almeno(static_cast<TabellaArchi&>(t), t.ArcoIdent); break;
+    case SlotTesti: almeno(static_cast<TabellaTesti&>(t), t.TestoIdent); break;
+    case SlotFalde: almeno(static_cast<TabellaFalde&>(t), t.FaldaIdent); break;
+    case SlotCurve: almeno(static_cast<TabellaCurve&>(t), t.CurvaFlag); break;
+    default: break;
+  }
+}
+
+int64_t RigheVive(const TabelleEntita& t, int slot) {
+  const Colonna<int16_t>* ident = nullptr;
+  switch (slot) {
+    case SlotPunti: ident = &t.PuntoIdent; break;
+    case SlotLinee: ident = &t.LineaIdent; break;
+    case SlotCerchi: ident = &t.CerchioIdent; break;
+    case SlotArchi: ident = &t.ArcoIdent; break;
+    case SlotTesti: ident = &t.TestoIdent; break;
+    case SlotFalde: ident = &t.FaldaIdent; break;
+    case SlotSette: ident = &t.SetteIdent; break;
+    case SlotBitmap: ident = &t.BitmapIdent; break;
+    default: return t.ContaEntita[slot];  // kinds without a deletion field
+  }
+  const auto n = static_cast<size_t>(std::max(t.ContaEntita[slot], 0));
+  return std::count(ident->begin(), ident->begin() + static_cast<std::ptrdiff_t>(std::min(n, ident->size())),
+                    int16_t{0});
+}
+
+}  // namespace varena

@@ -1,0 +1,259 @@
+// The entity tables of a job: one growable array per field, all fields of one kind indexed
+// by the same row number, as the job files and every routine expect them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace varena {
+
+template <class T>
+using Colonna = std::vector<T>;
+
+// Slots: the small integer that names each kind of job file and entity.
+enum Slot : int {
+  SlotArchivio = 0,
+  SlotPunti = 1,
+  SlotLinee = 2,
+  SlotCerchi = 3,
+  SlotArchi = 4,
+  SlotTesti = 5,
+  SlotFalde = 6,
+  SlotSette = 7,
+  SlotDue = 8,
+  SlotCurve = 9,
+  SlotCfg = 10,
+  SlotInf = 11,
+  SlotSezioni = 12,
+  SlotBitmap = 13,
+  SlotEdm = 14,
+  SlotLibretto = 15,
+  SlotEstratto = 16,
+  SlotPng = 17,
+  SlotSmp = 18,
+  SlotXvr = 19,
+  SlotL = 20,
+  SlotFot = 21,
+  Slot126 = 22,
+  SlotCel = 23,
+  SlotPiani = 24,
+  NumeroSlot = 31
+};
+
+// Row 0 .. count-1 of each kind. Points, slot 1.
+struct TabellaPunti {
+  Colonna<int16_t> PuntoIdent;
+  Colonna<std::string> PuntoNome, PuntoDescrizione;
+  Colonna<double> PuntoX, PuntoY, PuntoZ, PuntoDimensioneSimbolo, PuntoDimensioneNome;
+  Colonna<int32_t> PuntoColoreSimbolo, PuntoColoreNome;
+  Colonna<int16_t> PuntoCongelaSimbolo, PuntoCongelaNome, PuntoCongelaQuota;
+  Colonna<int32_t> PuntoColoreQuota;
+  Colonna<double> PuntoDimensioneQuota;
+  Colonna<int16_t> PuntoAttendibilita, PuntoSimbolo;
+  Colonna<std::string> PuntoPiano;
+  Colonna<double> PuntoSpoX, PuntoSpoY, PuntoSpoZ;
+  Colonna<int32_t> PuntoColoreDescrizione;
+  Colonna<int16_t> PuntoCongelaDescrizione;
+  Colonna<double> PuntoDimensioneDescrizione;
+  Colonna<std::string> PuntoFont;
+  Colonna<double> PuntoErroreOrientamento;
+  Colonna<float> PuntoHPrisma;
+  Colonna<uint8_t> StatoPunto;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(PuntoIdent), f(PuntoNome), f(PuntoDescrizione), f(PuntoX), f(PuntoY), f(PuntoZ);
+    f(PuntoDimensioneSimbolo), f(PuntoDimensioneNome), f(PuntoColoreSimbolo), f(PuntoColoreNome);
+    f(PuntoCongelaSimbolo), f(PuntoCongelaNome), f(PuntoCongelaQuota), f(PuntoColoreQuota);
+    f(PuntoDimensioneQuota), f(PuntoAttendibilita), f(PuntoSimbolo), f(PuntoPiano), f(PuntoSpoX);
+    f(PuntoSpoY), f(PuntoSpoZ), f(PuntoColoreDescrizione), f(PuntoCongelaDescrizione);
+    f(PuntoDimensioneDescrizione), f(PuntoFont), f(PuntoErroreOrientamento), f(PuntoHPrisma);
+    f(StatoPunto);
+  }
+};
+
+struct TabellaLinee {
+  Colonna<int16_t> LineaIdent;
+  Colonna<double> LineaX1, LineaY1, LineaZ1, LineaX2, LineaY2, LineaZ2;
+  Colonna<int32_t> LineaColore;
+  Colonna<int16_t> LineaTratteggio, LineaCongela, LineaQuotata;
+  Colonna<float> LineaOffsetQuota;
+  Colonna<std::string> LineaPiano;
+  Colonna<double> LineaTronca;
+  Colonna<uint8_t> StatoLinea;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(LineaIdent), f(LineaX1), f(LineaY1), f(LineaZ1), f(LineaX2), f(LineaY2), f(LineaZ2);
+    f(LineaColore), f(LineaTratteggio), f(LineaCongela), f(LineaQuotata), f(LineaOffsetQuota);
+    f(LineaPiano), f(LineaTronca), f(StatoLinea);
+  }
+};
+
+struct TabellaCerchi {
+  Colonna<int16_t> CerchioIdent;
+  Colonna<double> CerchioX, CerchioY, CerchioZ, CerchioRaggio;
+  Colonna<int32_t> CerchioColore;
+  Colonna<int16_t> CerchioTratteggio, CerchioCongela;
+  Colonna<std::string> CerchioPiano;
+  Colonna<uint8_t> StatoCerchio;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(CerchioIdent), f(CerchioX), f(CerchioY), f(CerchioZ), f(CerchioRaggio), f(CerchioColore);
+    f(CerchioTratteggio), f(CerchioCongela), f(CerchioPiano), f(StatoCerchio);
+  }
+};
+
+struct TabellaArchi {
+  Colonna<int16_t> ArcoIdent;
+  Colonna<double> ArcoX, ArcoY, ArcoZ, ArcoRaggio, ArcoInizio, ArcoFine;
+  Colonna<int32_t> ArcoColore;
+  Colonna<int16_t> ArcoTratteggio, ArcoCongela;
+  Colonna<double> ArcoQuotaInizio, ArcoQuotaFinale;
+  Colonna<std::string> ArcoPiano;
+  Colonna<uint8_t> StatoArco;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(ArcoIdent), f(ArcoX), f(ArcoY), f(ArcoZ), f(ArcoRaggio), f(ArcoInizio), f(ArcoFine);
+    f(ArcoColore), f(ArcoTratteggio), f(ArcoCongela), f(ArcoQuotaInizio), f(ArcoQuotaFinale);
+    f(ArcoPiano), f(StatoArco);
+  }
+};
+
+struct TabellaTesti {
+  Colonna<int16_t> TestoIdent;
+  Colonna<double> TestoX, TestoY, TestoRotazione, TestoAltezza, TestoRighe;
+  Colonna<int32_t> TestoColore;
+  Colonna<int16_t> TestoCongela;
+  Colonna<double> TestoColonne;
+  Colonna<std::string> TestoPiano, TestoFont, TestoTesto;
+  Colonna<uint8_t> StatoTesto;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(TestoIdent), f(TestoX), f(TestoY), f(TestoRotazione), f(TestoAltezza), f(TestoRighe);
+    f(TestoColore), f(TestoCongela), f(TestoColonne), f(TestoPiano), f(TestoFont), f(TestoTesto);
+    f(StatoTesto);
+  }
+};
+
+struct TabellaFalde {
+  Colonna<int16_t> FaldaIdent;
+  Colonna<double> FaldaX1, FaldaY1, FaldaZ1, FaldaX2, FaldaY2, FaldaZ2;
+  Colonna<int32_t> FaldaColore;
+  Colonna<double> FaldaX3, FaldaY3, FaldaZ3;
+  Colonna<int16_t> FaldaCongela;
+  Colonna<double> FaldaAreaDiBase, FaldaVolumeSterro, FaldaVolumeRiporto;
+  Colonna<std::string> FaldaPiano;
+  Colonna<double> FaldaNumeroX1, FaldaNumeroY1, FaldaInvasoX1, FaldaInvasoY1, FaldaInvasoX2,
+      FaldaInvasoY2, FaldaInsSteX1, FaldaInsSteY1, FaldaInsRiportoX1, FaldaInsRiportoY1,
+      FaldaInsAreaX1, FaldaInsAreaY1;
+  // Shown in the lists beside the facet; not in the record, so it stays empty after a load.
+  Colonna<std::string> FaldaNumero;
+  Colonna<uint8_t> StatoFalda;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(FaldaIdent), f(FaldaX1), f(FaldaY1), f(FaldaZ1), f(FaldaX2), f(FaldaY2), f(FaldaZ2);
+    f(FaldaColore), f(FaldaX3), f(FaldaY3), f(FaldaZ3), f(FaldaCongela), f(FaldaAreaDiBase);
+    f(FaldaVolumeSterro), f(FaldaVolumeRiporto), f(FaldaPiano), f(FaldaNumeroX1);
+    f(FaldaNumeroY1), f(FaldaInvasoX1), f(FaldaInvasoY1), f(FaldaInvasoX2), f(FaldaInvasoY2);
+    f(FaldaInsSteX1), f(FaldaInsSteY1), f(FaldaInsRiportoX1), f(FaldaInsRiportoY1);
+    f(FaldaInsAreaX1), f(FaldaInsAreaY1), f(FaldaNumero), f(StatoFalda);
+  }
+};
+
+// Contorno-7 rows, slot 7: a text member, no selection state.
+struct TabellaSette {
+  Colonna<int16_t> SetteIdent;
+  Colonna<std::string> SetteContorno, SetteCommento, SetteParticella;
+  Colonna<int32_t> SetteColore;
+  Colonna<int16_t> SetteTratteggio;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(SetteIdent), f(SetteContorno), f(SetteCommento), f(SetteParticella), f(SetteColore);
+    f(SetteTratteggio);
+  }
+};
+
+// Vertices of the contour curves, slot 9.
+struct TabellaCurve {
+  Colonna<uint8_t> CurvaFlag;
+  Colonna<double> CurvaX, CurvaY;
+  Colonna<uint8_t> StatoCurva;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(CurvaFlag), f(CurvaX), f(CurvaY), f(StatoCurva);
+  }
+};
+
+// Pictures placed on the sheet, slot 13: a text member.
+struct TabellaBitmap {
+  Colonna<int16_t> BitmapIdent;
+  Colonna<std::string> BitmapNomeFile;
+  Colonna<double> BitmapX, BitmapY, BitmapLarghezza, BitmapAltezza;
+  Colonna<int16_t> BitmapCongela;
+  Colonna<std::string> BitmapPiano;
+  Colonna<int16_t> BitmapZoom;
+  Colonna<double> BitmapScalaLar, BitmapScalaAlt, BitmapRotazione;
+  Colonna<uint8_t> StatoBitmap;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(BitmapIdent), f(BitmapNomeFile), f(BitmapX), f(BitmapY), f(BitmapLarghezza);
+    f(BitmapAltezza), f(BitmapCongela), f(BitmapPiano), f(BitmapZoom), f(BitmapScalaLar);
+    f(BitmapScalaAlt), f(BitmapRotazione), f(StatoBitmap);
+  }
+};
+
+// Every table of one job, with the row count of each slot. Deleted rows (`Ident` not 0)
+// keep their place and their count until a save and reload.
+struct TabelleEntita : TabellaPunti,
+                       TabellaLinee,
+                       TabellaCerchi,
+                       TabellaArchi,
+                       TabellaTesti,
+                       TabellaFalde,
+                       TabellaSette,
+                       TabellaCurve,
+                       TabellaBitmap {
+  std::array<int32_t, NumeroSlot> ContaEntita{};
+};
+
+// The upper bound every table starts with, as the legacy arrays did.
+inline constexpr int kLimiteIniziale = 5;
+
+// Re-creates every table with the initial capacity and sets every count to 0.
+void AzzeraTabelle(TabelleEntita& t);
+
+// The grow routines: make row `ContaEntita[slot]` addressable. Every path that appends a row
+// calls the routine of its kind first, writes the fields, then increments the count.
+void DimensionaPunti(TabelleEntita& t);
+void DimensionaLinee(TabelleEntita& t);
+void DimensionaCerchi(TabelleEntita& t);
+void DimensionaArchi(TabelleEntita& t);
+void DimensionaTesti(TabelleEntita& t);
+void DimensionaFalde(TabelleEntita& t);
+void DimensionaSette(TabelleEntita& t);
+void DimensionaCurve(TabelleEntita& t);
+void DimensionaBitmap(TabelleEntita& t);
+
+// Makes room at once for `righe` rows of a kind, as a long run of grow calls would.
+void PreparaRighe(TabelleEntita& t, int slot, int64_t righe);
+
+// Resizes every column of one kind to `n` rows.
+template <class Tab>
+void RidimensionaTabella(Tab& tab, size_t n) {
+  tab.PerOgniColonna([n](auto& colonna) { colonna.resize(n); });
+}
+
+// The number of live rows (`Ident` 0) of a slot.
+int64_t RigheVive(const TabelleEntita& t, int slot);
+
+}  // namespace varena

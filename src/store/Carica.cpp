@@ -1,0 +1,238 @@
+// The member loaders and the load sequence of a job.
+#include "store/Carica.h"
+
+#include <cstring>
+#include <ctime>
+
+#include "core/CodicePagina.h"
+#include "core/Configura.h"
+#include "core/Errori.h"
+#include "core/File.h"
+#include "core/Lista.h"
+#include "core/Record.h"
+#include "core/Riparazioni.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Cfg.h"
+#include "store/Provvisorio.h"
+#include "store/Slot.h"
+#include "view/Zoom.h"
+
+namespace varena {
+
+namespace {
+
+bool Vr2000(const Sessione& s) { return s.Edizione == "VR2000"; }
+
+// A record member: read whole, counted half to even, copied, repaired row by row. A
+// partial last record is completed with the bytes the record buffer held before it, as
+// the legacy read of a short record leaves them.
+template <class Tab>
+void CaricaRecord(Sessione& s, const LayoutRecord<Tab>& layout, const char* routine,
+                  void (*ripara)(TabelleEntita&, int64_t, bool)) {
+  s.RoutineCorrente = routine;
+  Protetto(s, [&] {
+    const int slot = layout.Slot;
+    const auto dati = LeggiDati(s.NomeLavoro + EstensioneFile(slot));
+    if (!dati) return;
+    const int L = layout.Lunghezza;
+    const int64_t n = NumeroRecord(static_cast<int64_t>(dati->Lunghezza), L);
+    if (n <= 0) return;
+    const int64_t interi = std::min<int64_t>(n, static_cast<int64_t>(dati->Lunghezza) / L);
+    const int64_t primo = s.ContaEntita[slot];
+    PreparaRighe(s, slot, primo + n);
+    Tab& tab = s;
+    DecodificaRecord(layout, tab, primo, dati->Byte.get(), interi);
+    if (interi < n) {
+      std::string buffer(static_cast<size_t>(L), '\0');
+      if (interi > 0) std::memcpy(buffer.data(), dati->Byte.get() + (interi - 1) * L, static_cast<size_t>(L));
+      const size_t resto = dati->Lunghezza - static_cast<size_t>(interi * L);
+      std::memcpy(buffer.data(), dati->Byte.get() + interi * L, resto);
+      DecodificaRecord(layout, tab, primo + interi, reinterpret_cast<const unsigned char*>(buffer.data()), 1);
+    }
+    const bool vr2000 = Vr2000(s);
+    for (int64_t r = primo; r < primo + n; ++r) {
+      if (ripara) ripara(s, r, vr2000);
+      s.ContaEntita[slot] = static_cast<int32_t>(r + 1);
+    }
+  });
+}
+
+}  // namespace
+
+void CaricaPunti(Sessione& s) { CaricaRecord(s, LayoutPunti(), "CaricaPunti", RiparaPunto); }
+void CaricaLinee(Sessione& s) { CaricaRecord(s, LayoutLinee(), "CaricaLinee", RiparaLinea); }
+void CaricaCerchi(Sessione& s) { CaricaRecord(s, LayoutCerchi(), "CaricaCerchi", RiparaCerchio); }
+void CaricaArchi(Sessione& s) { CaricaRecord(s, LayoutArchi(), "CaricaArchi", RiparaArco); }
+void CaricaTesti(Sessione& s) { CaricaRecord(s, LayoutTesti(), "CaricaTesti", RiparaTesto); }
+void CaricaFalde(Sessione& s) { CaricaRecord(s, LayoutFalde(), "CaricaFalde", RiparaFalda); }
+void CaricaCurveCuv(Sessione& s) { CaricaRecord(s, LayoutCurve(), "CaricaCurveCuv", nullptr); }
+void CaricaCurveLivello(Sessione& s) { CaricaCurveCuv(s); }
+
+void CaricaSette(Sessione& s) {
+  s.RoutineCorrente = "CaricaSette";
+  Protetto(s, [&] {
+    const auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(SlotSette));
+    if (!byte || byte->size() < 5) return;  // a file of a few bytes is an empty one
+    LettoreLista in(Cp1252InUtf8(*byte));
+    const bool vr2000 = Vr2000(s);
+    while (!in.Fine()) {
+      DimensionaSette(s);
+      const auto r = static_cast<size_t>(s.ContaEntita[SlotSette]);
+      s.SetteIdent[r] = in.LeggiI16();
+      s.SetteContorno[r] = in.LeggiTesto();
+      s.SetteCommento[r] = in.LeggiTesto();
+      s.SetteParticella[r] = in.LeggiTesto();
+      s.SetteColore[r] = in.LeggiI32();
+      s.SetteTratteggio[r] = in.LeggiI16();
+      if (vr2000) s.SetteColore[r] = ColoreVecchiaTavolozza(s.SetteColore[r]);
+      ++s.ContaEntita[SlotSette];
+    }
+  });
+}
+
+void CaricaBitmap(Sessione& s) {
+  s.RoutineCorrente = "CaricaBitmap";
+  Protetto(s, [&] {
+    const auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(SlotBitmap));
+    if (!byte) return;
+    LettoreLista in(Cp1252InUtf8(*byte));
+    int32_t ultima = -1;
+    while (!in.Fine()) {
+      s.ContaEntita[SlotBitmap] = ultima + 1;
+      DimensionaBitmap(s);
+      const auto r = static_cast<size_t>(ultima + 1);
+      s.BitmapIdent[r] = in.LeggiI16();
+      s.BitmapNomeFile[r] = in.LeggiTesto();
+      s.BitmapX[r] = in.LeggiNumero();
+      s.BitmapY[r] = in.LeggiNumero();
+      s.BitmapLarghezza[r] = in.LeggiNumero();
+      s.BitmapAltezza[r] = in.LeggiNumero();
+      s.BitmapCongela[r] = in.LeggiI16();
+      s.BitmapPiano[r] = in.LeggiTesto();
+      s.BitmapZoom[r] = in.LeggiI16();
+      s.BitmapScalaLar[r] = in.LeggiNumero();
+      s.BitmapScalaAlt[r] = in.LeggiNumero();
+      s.BitmapRotazione[r] = 0;
+      // Rows written since rotation exists carry a marker where the layer stood.
+      if (s.BitmapPiano[r] == "++++++++") {
+        s.BitmapRotazione[r] = in.LeggiNumero();
+        s.BitmapPiano[r] = in.LeggiTesto();
+      }
+      ultima = static_cast<int32_t>(r);
+      s.BitmapPiano[r] = Rifila(s.BitmapPiano[r]);
+      s.BitmapNomeFile[r] = Rifila(s.BitmapNomeFile[r]);
+      if (s.BitmapNomeFile[r].empty()) s.BitmapIdent[r] = -1;
+    }
+    s.ContaEntita[SlotBitmap] = ultima + 1;
+  });
+}
+
+void CaricaInf(Sessione& s) {
+  s.RoutineCorrente = "CaricaInf";
+  Protetto(s, [&] {
+    const auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(SlotInf));
+    if (!byte) return;
+    LettoreLista in(Cp1252InUtf8(*byte));
+    if (!in.Fine()) s.NomeOriginale = in.LeggiTesto();
+  });
+}
+
+void CaricaTesto126Cel(Sessione& s) {
+  s.RoutineCorrente = "CaricaTesto126";
+  Protetto(s, [&] { s.Testo126 = CaricaFileIntero(s.NomeLavoro + EstensioneFile(Slot126)); });
+  s.RoutineCorrente = "CaricaTestoCel";
+  Protetto(s, [&] { s.TestoCel = CaricaFileIntero(s.NomeLavoro + EstensioneFile(SlotCel)); });
+}
+
+std::string RigaZeroLibrettoDefault(const Sessione& s) {
+  const std::time_t t = s.Orologio();
+  std::tm tm{};
+  localtime_r(&t, &tm);
+  char data[32];
+  std::snprintf(data, sizeof data, "%02d%02d%04d", tm.tm_mday, tm.tm_mon + 1, tm.tm_year + 1900);
+  return std::string("0|") + data + "|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|";
+}
+
+void CaricaLibretto(Sessione& s) {
+  s.RoutineCorrente = "CaricaLibretto";
+  Protetto(s, [&] {
+    s.LibrettoMisure.clear();
+    s.ContaEntita[SlotLibretto] = 0;
+    std::optional<std::string> percorso = TrovaFile(s.NomeLavoro + ".txt");
+    if (!percorso) percorso = TrovaFile(s.CartellaLavoro + "catasto1.txt");
+    if (percorso) {
+      for (const std::string& riga : RigheFile(*percorso)) AggiungiRigaLibretto(s, riga);
+      return;
+    }
+    AggiungiRigaLibretto(s, RigaZeroLibrettoDefault(s));
+    AggiungiRigaLibretto(s, kRigaNoveLibrettoDefault);
+  });
+}
+
+void ConservaMembri(Sessione& s) {
+  s.RoutineCorrente = "ConservaMembri";
+  for (int slot : {SlotDue, SlotSezioni, SlotEdm, SlotEstratto, SlotPng, SlotSmp, SlotFot}) {
+    Protetto(s, [&] {
+      if (auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(slot)))
+        s.MembriConservati[slot] = std::move(*byte);
+    });
+  }
+}
+
+void ConvertiPuntiPDPV(Sessione& s) {
+  for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k) {
+    const std::string commento = s.SetteCommento[static_cast<size_t>(k)];
+    if (commento != "PD" && commento != "PV") continue;
+    s.SetteIdent[static_cast<size_t>(k)] = -1;
+    const std::string nome = Dividi(s.SetteContorno[static_cast<size_t>(k)], '|').front();
+    for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
+      const auto r = static_cast<size_t>(p);
+      if (s.PuntoNome[r] != nome) continue;
+      std::string d = Sostituisci(Sostituisci(s.PuntoDescrizione[r], "<PV>", ""), "<PD>", "");
+      s.PuntoDescrizione[r] = "<" + commento + ">" + d;
+      break;
+    }
+  }
+}
+
+std::string NomeLavoroNuovo(const Sessione& s) { return s.CartellaLavoro + "LAVORI/NUOVO/NUOVO"; }
+
+void CaricaLavoro(Sessione& s) {
+  if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
+  s.Edizione.clear();
+  CaricaCFGProvvisorio(s);
+  CaricaPunti(s);
+  CaricaLinee(s);
+  CaricaCerchi(s);
+  CaricaArchi(s);
+  CaricaTesti(s);
+  CaricaFalde(s);
+  CaricaSette(s);
+  CaricaCurveLivello(s);
+  CaricaBitmap(s);
+  CaricaInf(s);
+  CaricaTesto126Cel(s);
+  ConservaMembri(s);
+  CaricaLibretto(s);
+  CaricaPiani(s);
+  ConvertiPuntiPDPV(s);
+  ConfiguraLeggi(s);
+  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+}
+
+void VR_ApriLavoro(Sessione& s) {
+  ClearAllTables(s);
+  EliminaProvviso(s);
+  ImpostaNomeProvvisorio(s);
+  s.RoutineCorrente = "VR_ApriLavoro";
+  if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
+  CaricaLavoro(s);
+  for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
+    const auto r = static_cast<size_t>(p);
+    if (IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) s.PuntoNome[r] = Maiuscolo(s.PuntoNome[r]);
+  }
+  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+}
+
+}  // namespace varena

@@ -1,0 +1,46 @@
+// Loading a job from its provisional copy `NomeLavoro`: one loader per member and the
+// fixed sequence `CaricaLavoro`.
+#pragma once
+
+#include <string>
+
+namespace varena {
+
+struct Sessione;
+
+// Each returns quietly when its member is absent and reports a failure through the common
+// error path, keeping the rows read before it.
+void CaricaPunti(Sessione& s);
+void CaricaLinee(Sessione& s);
+void CaricaCerchi(Sessione& s);
+void CaricaArchi(Sessione& s);
+void CaricaTesti(Sessione& s);
+void CaricaFalde(Sessione& s);
+void CaricaSette(Sessione& s);
+void CaricaCurveLivello(Sessione& s);
+void CaricaCurveCuv(Sessione& s);
+void CaricaBitmap(Sessione& s);
+void CaricaInf(Sessione& s);
+void CaricaTesto126Cel(Sessione& s);
+void CaricaLibretto(Sessione& s);
+// Members whose meaning belongs to later work, kept as read.
+void ConservaMembri(Sessione& s);
+// The older way of marking a point as a "PD" or "PV": a Contorno-7 row of that comment
+// becomes a tag in front of the point's description.
+void ConvertiPuntiPDPV(Sessione& s);
+
+// The fixed load sequence.
+void CaricaLavoro(Sessione& s);
+
+// `VR_ApriLavoro` for a job file: clear, provisional copy, load, name fixes, view.
+// The first undo generation is taken by the caller that owns undo.
+void VR_ApriLavoro(Sessione& s);
+
+// The default-name routine: the empty job NUOVO under the working root.
+std::string NomeLavoroNuovo(const Sessione& s);
+
+// The two rows of a new field book, for today's date.
+std::string RigaZeroLibrettoDefault(const Sessione& s);
+inline constexpr const char* kRigaNoveLibrettoDefault = "9|20|10|20|1070|9.00-G|FR|rilievo celerimetrico|";
+
+}  // namespace varena

@@ -1,0 +1,227 @@
+// Reading and writing of the `.CFG` blocks, driven by the table of statement shapes.
+#include "store/Cfg.h"
+
+#include "core/CodicePagina.h"
+#include "core/Errori.h"
+#include "core/File.h"
+#include "core/Lista.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+
+namespace varena {
+
+namespace {
+
+void Ripeti(std::vector<std::string>& f, int volte, const char* forma) {
+  for (int i = 0; i < volte; ++i) f.emplace_back(forma);
+}
+
+void Singole(std::vector<std::string>& f, std::initializer_list<const char*> forme) {
+  for (const char* t : forme) f.emplace_back(t);
+}
+
+}  // namespace
+
+// Block A as the files list it. The grouping of items into statements fixes how many
+// empty labels the file holds; where the description leaves it open, values named one by
+// one ("two f64", "two strings", "followed by two i16") are read as single statements,
+// and only "statement of" groups items on one line.
+const std::vector<std::string>& FormaBloccoA() {
+  static const std::vector<std::string> forma = [] {
+    std::vector<std::string> f;
+    Singole(f, {"i", "i", "s", "i", "d", "d", "d", "i", "i", "i", "i", "i"});  // 1
+    Ripeti(f, 16, "lii");                                                    // 2
+    Ripeti(f, 10, "s");                                                      // 3: ports
+    Singole(f, {"s", "i"});
+    Ripeti(f, 10, "dddd");  // 4
+    Singole(f, {"dddd", "d"});
+    Ripeti(f, 5, "s");  // 5
+    Ripeti(f, 16, "s");
+    Singole(f, {"d"});
+    Ripeti(f, 10, "iii");  // 6
+    Singole(f, {"iii", "i", "d", "d", "dd", "s", "iii"});
+    Ripeti(f, 10, "si");                                        // 7
+    Singole(f, {"s", "s", "dd", "s", "id", "is", "is", "d"});  // 8
+    Singole(f, {"i", "l"});                                     // 9
+    Ripeti(f, 7, "d");
+    Singole(f, {"i", "ddd", "i", "dddd", "i", "i"});
+    Singole(f, {"i", "d", "d", "i", "i", "d", "d", "i", "d", "d", "d", "ddd", "s", "i", "d", "d",  // 10
+                "dd", "i", "d", "d", "i", "i", "d", "i", "i", "i", "s", "s"});
+    return f;
+  }();
+  return forma;
+}
+
+// The three rows of section 10 that the files written now label: the i16 and the two
+// single f64 just before the six closing singles (the basin colour, then the label sizes
+// of the contour heights and of the facet areas).
+const std::vector<EtichettaA>& EtichetteBloccoA() {
+  static const std::vector<EtichettaA> etichette = [] {
+    const size_t n = FormaBloccoA().size();
+    const size_t primaDelleSei = n - 2 - 6;
+    return std::vector<EtichettaA>{{primaDelleSei - 3, "ColoreInvasoFalda"},
+                                   {primaDelleSei - 2, "DimensioneQuotaCurve"},
+                                   {primaDelleSei - 1, "DimensioneAreaTriangoli"}};
+  }();
+  return etichette;
+}
+
+const std::vector<std::string>& FormaBloccoB() {
+  static const std::vector<std::string> forma = {
+      "d",   "l", "ddidd", "s", "dd", "l", "s", "i", "d", "ss", "s", "b", "d", "d", "ddd", "s", "b",
+      "idddlis", "l", "i", "s", "i", "s", "s"};
+  return forma;
+}
+
+namespace {
+
+BloccoCfg BloccoVuoto(const std::vector<std::string>& forma) {
+  BloccoCfg b;
+  for (const std::string& f : forma) {
+    IstruzioneCfg ist;
+    for (char t : f) ist.Valori.push_back({t, 0, {}});
+    b.Istruzioni.push_back(std::move(ist));
+  }
+  return b;
+}
+
+void LeggiValore(LettoreLista& in, ValoreCfg& v) {
+  if (v.Tipo == 's') {
+    v.Testo = in.LeggiTesto();
+    return;
+  }
+  switch (v.Tipo) {
+    case 'i': v.Numero = in.LeggiI16(); break;
+    case 'l': v.Numero = in.LeggiI32(); break;
+    case 'b': v.Numero = in.LeggiU8(); break;
+    default: v.Numero = in.LeggiNumero(); break;
+  }
+}
+
+void ScriviValore(IstruzioneLista& riga, const ValoreCfg& v) {
+  if (v.Tipo == 's')
+    riga.Testo(v.Testo);
+  else
+    riga.Numero(v.Numero);
+}
+
+}  // namespace
+
+CfgLavoro::CfgLavoro() : A(BloccoVuoto(FormaBloccoA())), B(BloccoVuoto(FormaBloccoB())) {
+  for (const EtichettaA& e : EtichetteBloccoA()) A.Istruzioni[e.Istruzione].Etichetta = e.Testo;
+  // Section 2 numbers its sixteen rows 1..16.
+  for (size_t i = 0; i < 16; ++i) A(12 + i, 0).Numero = static_cast<double>(i + 1);
+  // Section 3: the ten port strings and the current port.
+  static const char* porte[10] = {"COM2:9600,N,8,1,RS,CS65535,DS,CD", "COM2:9600,N,8,1",
+                                  "COM1:9600,N,8,1,CS65535,DS,CD", "COM1:9600,E,7,1,CS65535,DS65535",
+                                  "COM2:9600,E,7,1", "LPT1:", "LPT2:", "LPT3:", "STAMPANTE", ""};
+  for (size_t i = 0; i < 10; ++i) A(28 + i, 0).Testo = porte[i];
+  A(38, 0).Testo = "STAMPANTE";
+  // Block B: the drawing defaults a new job starts with.
+  VB(B_FattoreZoom, 0).Numero = 50;
+  VB(B_ColoreSfondo, 0).Numero = 7;
+  for (size_t k : {0, 1, 3, 4}) VB(B_DimensioniPunti, k).Numero = 1.0;
+  VB(B_FontPunti, 0).Testo = "Courier New";
+  VB(B_Testo, 0).Numero = 5.0;
+  VB(B_ColoreDefault, 0).Numero = 1;
+  VB(B_PianoCorrente, 0).Testo = "0";
+  VB(B_RapportoVista, 0).Numero = 1.7;
+  VB(B_TipoDistanza, 0).Numero = 1;
+  VB(B_MostraDescrizione, 0).Numero = 1;
+  VB(B_PianoCorrente2, 0).Testo = "0";
+  VB(B_Parametri, 0).Testo = "7";
+}
+
+void LeggiBloccoA(LettoreLista& in, BloccoCfg& a) {
+  for (IstruzioneCfg& ist : a.Istruzioni) {
+    ist.Etichetta = in.LeggiTesto();
+    for (ValoreCfg& v : ist.Valori) LeggiValore(in, v);
+  }
+}
+
+void LeggiBloccoB(LettoreLista& in, BloccoCfg& b) {
+  for (size_t i = 0; i < b.Istruzioni.size(); ++i) {
+    // Statements 18 on were added over the years: an older file simply ends before them,
+    // and they keep the values they had.
+    if (i >= kPrimaFacoltativaB && in.Fine()) return;
+    for (ValoreCfg& v : b.Istruzioni[i].Valori) LeggiValore(in, v);
+  }
+}
+
+std::string ScriviBloccoA(const BloccoCfg& a) {
+  std::string testo;
+  for (const IstruzioneCfg& ist : a.Istruzioni) {
+    IstruzioneLista riga;
+    riga.Testo(ist.Etichetta);
+    for (const ValoreCfg& v : ist.Valori) ScriviValore(riga, v);
+    testo += riga.Riga();
+  }
+  return testo;
+}
+
+std::string ScriviBloccoB(const BloccoCfg& b) {
+  std::string testo;
+  for (const IstruzioneCfg& ist : b.Istruzioni) {
+    IstruzioneLista riga;
+    for (const ValoreCfg& v : ist.Valori) ScriviValore(riga, v);
+    testo += riga.Riga();
+  }
+  return testo;
+}
+
+void ApplicaBloccoB(Sessione& s) {
+  const CfgLavoro& c = s.Cfg;
+  s.Imp.FATTORE_DI_ZOOM = c.VB(B_FattoreZoom, 0).Numero;
+  if (s.Imp.FATTORE_DI_ZOOM < 1) s.Imp.FATTORE_DI_ZOOM = 1.0;  // a zoom step below 1 would grow the view
+  s.Imp.Colore_Default = static_cast<int32_t>(c.VB(B_ColoreDefault, 0).Numero);
+  s.PianoCorrente = c.VB(B_PianoCorrente, 0).Testo;
+  s.Vista.RapportoVista = c.VB(B_RapportoVista, 0).Numero;
+  s.Imp.TIPODISTANZA = static_cast<uint8_t>(c.VB(B_TipoDistanza, 0).Numero);
+  s.Vista.CentroEst = c.VB(B_Vista, 0).Numero;
+  s.Vista.CentroNord = c.VB(B_Vista, 1).Numero;
+  s.Vista.AltezzaVista = c.VB(B_Vista, 2).Numero;
+  s.Imp.MostraDescrizione = static_cast<int32_t>(c.VB(B_MostraDescrizione, 0).Numero);
+  if (!Rifila(c.VB(B_PianoCorrente2, 0).Testo).empty()) s.PianoCorrente = c.VB(B_PianoCorrente2, 0).Testo;
+}
+
+void RaccogliBloccoB(Sessione& s) {
+  CfgLavoro& c = s.Cfg;
+  c.VB(B_FattoreZoom, 0).Numero = s.Imp.FATTORE_DI_ZOOM;
+  c.VB(B_ColoreDefault, 0).Numero = s.Imp.Colore_Default;
+  c.VB(B_PianoCorrente, 0).Testo = s.PianoCorrente;
+  c.VB(B_PianoCorrente2, 0).Testo = s.PianoCorrente;
+  c.VB(B_RapportoVista, 0).Numero = s.Vista.RapportoVista;
+  c.VB(B_TipoDistanza, 0).Numero = s.Imp.TIPODISTANZA;
+  c.VB(B_Vista, 0).Numero = s.Vista.CentroEst;
+  c.VB(B_Vista, 1).Numero = s.Vista.CentroNord;
+  c.VB(B_Vista, 2).Numero = s.Vista.AltezzaVista;
+  c.VB(B_MostraDescrizione, 0).Numero = s.Imp.MostraDescrizione;
+}
+
+void CaricaCFGProvvisorio(Sessione& s) {
+  s.RoutineCorrente = "CaricaCFGProvvisorio";
+  Protetto(s, [&] {
+    const auto byte = LeggiByte(s.NomeLavoro + ".CFG");
+    if (!byte) return;
+    LettoreLista in(Cp1252InUtf8(*byte));
+    s.Edizione = in.LeggiTesto();
+    LeggiBloccoA(in, s.Cfg.A);
+    if (s.Edizione == "VR2020" || s.Edizione == "VR2000") {
+      // Block B carries the view; a file that breaks off inside it still gives what it had.
+      struct Applica {
+        Sessione& s;
+        ~Applica() { ApplicaBloccoB(s); }
+      } applica{s};
+      LeggiBloccoB(in, s.Cfg.B);
+    }
+  });
+}
+
+std::string TestoCfg(Sessione& s) {
+  RaccogliBloccoB(s);
+  IstruzioneLista tag;
+  tag.Testo(kEdizioneCorrente);
+  return tag.Riga() + ScriviBloccoA(s.Cfg.A) + ScriviBloccoB(s.Cfg.B);
+}
+
+}  // namespace varena

@@ -1,0 +1,61 @@
+// Provisional copy of a job under the working root.
+#include "store/Provvisorio.h"
+
+#include <filesystem>
+
+#include "core/Errori.h"
+#include "core/File.h"
+#include "core/Lista.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Slot.h"
+
+namespace fs = std::filesystem;
+
+namespace varena {
+
+std::string TimbroTempo(std::time_t quando) {
+  std::tm tm{};
+  localtime_r(&quando, &tm);
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%04d%02d%02d%02d%02d%02d", tm.tm_year + 1900, tm.tm_mday, tm.tm_mon + 1,
+                tm.tm_hour, tm.tm_min, tm.tm_sec);
+  return buf;
+}
+
+void ImpostaNomeProvvisorio(Sessione& s) {
+  s.NomeLavoro = s.CartellaLavoro + "PROVVISO/" + Foglia(s.NomeOriginale) + "_" + TimbroTempo(s.Orologio());
+}
+
+void CopiaInProvvisorio(Sessione& s) {
+  s.RoutineCorrente = "CopiaInProvvisorio";
+  for (int slot = 0; slot < NumeroSlot; ++slot) {
+    const std::string est = EstensioneFile(slot);
+    if (est.empty()) continue;
+    if (LunghezzaFile(s.NomeOriginale + est) > 0) CopiaFile(s.NomeOriginale + est, s.NomeLavoro + est);
+  }
+  IstruzioneLista inf;
+  inf.Testo(s.NomeOriginale);
+  ScriviTesto(s.NomeLavoro + EstensioneFile(SlotInf), inf.Riga());
+}
+
+void EliminaProvviso(Sessione& s) {
+  if (Rifila(s.NomeLavoro).empty()) return;
+  s.RoutineCorrente = "EliminaProvviso";
+  Protetto(s, [&] {
+    const auto cartella = TrovaFile(Cartella(s.NomeLavoro));
+    if (!cartella) return;
+    const std::string foglia = Maiuscolo(Foglia(s.NomeLavoro));
+    // Undo generations "name(n).EXT", the journal "name_ILN.*" and the members "name.*".
+    std::error_code ec;
+    std::vector<fs::path> via;
+    for (fs::directory_iterator it(*cartella, ec), fine; !ec && it != fine; it.increment(ec)) {
+      const std::string nome = Maiuscolo(it->path().filename().string());
+      if (IniziaCon(nome, foglia + "(") || IniziaCon(nome, foglia + "_ILN.") || IniziaCon(nome, foglia + "."))
+        via.push_back(it->path());
+    }
+    for (const fs::path& p : via) fs::remove(p, ec);
+  });
+}
+
+}  // namespace varena

@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+
+#include "core/CodicePagina.h"
+#include "core/Lista.h"
+#include "core/Errori.h"
+#include "core/Testo.h"
+
+namespace varena {
+namespace {
+
+TEST(Val, PrendeIlNumeroInTestaEIgnoraIlResto) {
+  EXPECT_EQ(Val("12.5"), 12.5);
+  EXPECT_EQ(Val("   -3.25abc"), -3.25);
+  EXPECT_EQ(Val("1,5"), 1.0);  // a comma ends the number
+  EXPECT_EQ(Val("abc"), 0.0);
+  EXPECT_EQ(Val(""), 0.0);
+  EXPECT_EQ(Val("-.5"), -0.5);
+  EXPECT_EQ(Val(".25"), 0.25);
+  EXPECT_EQ(Val("1E3"), 1000.0);
+  EXPECT_EQ(Val("2.5e-1x"), 0.25);
+  EXPECT_EQ(Val("12E"), 12.0);     // an exponent without digits is not one
+  EXPECT_EQ(Val("7.00-G"), 7.0);
+  EXPECT_EQ(Val("+4"), 4.0);
+  EXPECT_EQ(Val("-"), 0.0);
+  EXPECT_EQ(Val("1e999"), std::numeric_limits<double>::max());
+}
+
+TEST(ArrotondaPari, MetaVersoIlPari) {
+  EXPECT_EQ(ArrotondaPari(0.5), 0);
+  EXPECT_EQ(ArrotondaPari(1.5), 2);
+  EXPECT_EQ(ArrotondaPari(2.5), 2);
+  EXPECT_EQ(ArrotondaPari(3.5), 4);
+  EXPECT_EQ(ArrotondaPari(-0.5), 0);
+  EXPECT_EQ(ArrotondaPari(-1.5), -2);
+  EXPECT_EQ(ArrotondaPari(-2.5), -2);
+  EXPECT_EQ(ArrotondaPari(2.4999), 2);
+  EXPECT_EQ(ArrotondaPari(2.5001), 3);
+  EXPECT_EQ(ArrotondaPari(std::nan("")), 0);
+  EXPECT_EQ(InteroCorto(40000.0), 32767);
+  EXPECT_EQ(InteroCorto(-1e12), -32768);
+}
+
+TEST(FormatoMaschera, CasiDellaTabellaDeiNumeri) {
+  struct Caso {
+    double v;
+    const char* maschera;
+    const char* atteso;
+  };
+  const Caso casi[] = {
+      {1.5, "##########0.000", "1.500"},
+      {1, "#########0.##0", "1.0"},
+      {1.5, "#########0.##0", "1.50"},
+      {1.234, "#########0.##0", "1.234"},
+      {1.23456, "#########0.##0", "1.235"},
+      {1.2, "###0.###0", "1.20"},
+      {1.204, "#########0.##0", "1.204"},
+      {1.23, "#########0.##0", "1.230"},
+      {1.23456, "###0.###0", "1.2346"},
+      {1, "###0.###0", "1.0"},
+      {3.14159, "#########0.00", "3.14"},
+      {2.5, "#########0.", "3."},
+      {12.3456, "00000000.##0", "00000012.346"},
+      {-12.5, "#########0.000", "-12.500"},
+      {1234567.891, "#########0.000", "1234567.891"},
+      {123456789012.0, "###0", "123456789012"},  // a wider value still prints whole
+      {0.0005, "0.000", "0.001"},                 // half away from zero
+      {-0.0005, "0.000", "-0.001"},
+      {1.0005, "0.000", "1.001"},                 // in decimal, as the surveyor reads it
+      {2.675, "0.00", "2.68"},
+      {-0.0001, "0.000", "0.000"},                // no minus on a zero
+      {9.9996, "0.000", "10.000"},
+      {0.25, "#.##", ".25"},
+      {5, "0.0", "5.0"},
+      {7, "0", "7"},
+  };
+  for (const Caso& c : casi) EXPECT_EQ(FormatoMaschera(c.v, c.maschera), c.atteso) << c.v << " " << c.maschera;
+}
+
+TEST(FormeDeiNumeri, SempliceEStampaSenzaLocale) {
+  EXPECT_EQ(FormaSemplice(1.5), "1.5");
+  EXPECT_EQ(FormaSemplice(0.1 + 0.2), "0.3");  // 15 significant digits, not 17
+  EXPECT_EQ(FormaSemplice(1725320.0), "1725320");
+  EXPECT_EQ(FormaSemplice(5031210.123456789), "5031210.12345679");
+  EXPECT_EQ(FormaSemplice(-0.0), "0");
+  EXPECT_EQ(FormaSemplice(-2.25), "-2.25");
+  EXPECT_EQ(FormaStampa(5), " 5 ");
+  EXPECT_EQ(FormaStampa(-5), "-5 ");
+  EXPECT_EQ(FormaStampa(12), " 12 ");
+  // A locale with a decimal comma changes nothing that reaches a file.
+  if (std::setlocale(LC_NUMERIC, "it_IT.UTF-8") || std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
+    EXPECT_EQ(FormaSemplice(1.5), "1.5");
+    EXPECT_EQ(FormatoMaschera(1.5, "0.000"), "1.500");
+    EXPECT_EQ(Val("2.5"), 2.5);
+    std::setlocale(LC_NUMERIC, "C");
+  }
+  EXPECT_EQ(VirgolaInPunto("12,345"), "12.345");
+}
+
+TEST(TestiELettere, RifilaMaiuscoloEDividi) {
+  EXPECT_EQ(Rifila("  a b \t"), "a b");
+  EXPECT_EQ(RifilaDestra("  a  "), "  a");
+  EXPECT_EQ(Maiuscolo("città perché"), "CITTÀ PERCHÉ");
+  EXPECT_EQ(Minuscolo("CITTÀ"), "città");
+  EXPECT_TRUE(UgualeSenzaCaso("Rilievo.cfg", "RILIEVO.CFG"));
+  EXPECT_TRUE(UgualeSenzaCaso("però", "PERÒ"));
+  EXPECT_FALSE(UgualeSenzaCaso("a", "b"));
+  EXPECT_EQ(Dividi("1|2||", '|'), (std::vector<std::string>{"1", "2", "", ""}));
+  EXPECT_EQ(Sostituisci("a\"b\"", "\"", " "), "a b ");
+}
+
+TEST(CodicePagina, OgniByteTornaUguale) {
+  std::string tutti;
+  for (int b = 0; b < 256; ++b) tutti.push_back(static_cast<char>(b));
+  EXPECT_EQ(Utf8InCp1252(Cp1252InUtf8(tutti)), tutti);
+  EXPECT_EQ(Cp1252InUtf8("\xE8"), "è");
+  EXPECT_EQ(Cp1252InUtf8("\x80"), "€");
+  EXPECT_EQ(Cp1252InUtf8("\x9C"), "œ");
+  EXPECT_EQ(Utf8InCp1252("Si è verificato"), "Si \xE8 verificato");
+  EXPECT_EQ(Utf8InCp1252("€ ∑"), "\x80 ?");  // what the code page lacks becomes "?"
+  EXPECT_EQ(Utf8InCp1252("\xC3"), "?");       // a broken sequence too
+}
+
+TEST(Lista, ScrittoreDelleIstruzioni) {
+  EXPECT_EQ(IstruzioneLista().Testo("").Numero(0).Riga(), "\"\",0\r\n");
+  EXPECT_EQ(IstruzioneLista().Numero(1725320.5).Numero(-1.25).Testo("Città").Riga(), "1725320.5,-1.25,\"Città\"\r\n");
+}
+
+TEST(Lista, LettoreAFlussoDiElementi) {
+  // The same values split over lines or joined on one read the same.
+  for (const char* testo : {"\"A\",1.5,-2\r\n\"B, C\",7\r\n", "\"A\"\r\n1.5\r\n-2,\"B, C\"\r\n7"}) {
+    LettoreLista in(testo);
+    EXPECT_EQ(in.LeggiTesto(), "A");
+    EXPECT_EQ(in.LeggiNumero(), 1.5);
+    EXPECT_EQ(in.LeggiI16(), -2);
+    EXPECT_EQ(in.LeggiTesto(), "B, C");
+    EXPECT_EQ(in.LeggiI32(), 7);
+    EXPECT_TRUE(in.Fine());
+    EXPECT_THROW(in.Elemento(), ErroreVarena);
+  }
+}
+
+TEST(Lista, CasiLimiteDelLettore) {
+  LettoreLista in("\"ab\"xyz,  12  ,\r\n\r\n\"senza fine");
+  EXPECT_EQ(in.LeggiTesto(), "ab");  // what follows a closing quote is dropped
+  EXPECT_EQ(in.LeggiTesto(), "12");
+  EXPECT_EQ(in.LeggiTesto(), "");    // a comma then the line end: an empty item
+  EXPECT_EQ(in.LeggiTesto(), "senza fine");
+  EXPECT_TRUE(in.Fine());
+  try {
+    in.Elemento();
+    FAIL();
+  } catch (const ErroreVarena& e) {
+    EXPECT_STREQ(e.what(), "Input past end of file");
+  }
+  LettoreLista numeri("3.7,40000,-1,300");
+  EXPECT_EQ(numeri.LeggiI16(), 4);
+  EXPECT_EQ(numeri.LeggiI16(), 32767);
+  EXPECT_EQ(numeri.LeggiU8(), 0);
+  EXPECT_EQ(numeri.LeggiU8(), 255);
+  LettoreLista righe("prima riga, con virgola\r\nseconda");
+  EXPECT_EQ(righe.LeggiRiga(), "prima riga, con virgola");
+  EXPECT_EQ(righe.LeggiRiga(), "seconda");
+}
+
+TEST(ErroreComune, TestoDelBox) {
+  EXPECT_EQ(TestoErroreComune("Input past end of file", "CaricaPunti"),
+            "Si è verificato questo errore : Input past end of file o il file potrebbe essere di sola lettura!\n"
+            "Nella Routine CaricaPunti");
+}
+
+}  // namespace
+}  // namespace varena

@@ -1,0 +1,66 @@
+#include "support/Supporto.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace varena::prova {
+
+namespace fs = std::filesystem;
+
+CartellaTemporanea::CartellaTemporanea() {
+  std::string modello = (fs::temp_directory_path() / "varena-prova-XXXXXX").string();
+  if (!mkdtemp(modello.data())) throw std::runtime_error("mkdtemp");
+  percorso_ = modello;
+}
+
+CartellaTemporanea::~CartellaTemporanea() {
+  std::error_code ec;
+  fs::remove_all(percorso_, ec);
+}
+
+void ScriviFileProva(const std::string& percorso, const std::string& byte) {
+  std::ofstream f(percorso, std::ios::binary | std::ios::trunc);
+  f.write(byte.data(), static_cast<std::streamsize>(byte.size()));
+}
+
+std::string LeggiFileProva(const std::string& percorso) {
+  std::ifstream f(percorso, std::ios::binary);
+  std::ostringstream o;
+  o << f.rdbuf();
+  return o.str();
+}
+
+bool Esiste(const std::string& percorso) { return fs::exists(percorso); }
+
+Record RecordPuntoBase(const std::string& nome, double x, double y, double z) {
+  Record r(256);
+  r.I16(0, 0).Car(2, 40, nome).Car(42, 40, "").F64(82, x).F64(90, y).F64(98, z);
+  r.F64(106, 1.0).F64(114, 1.0).I16(122, 1).I16(124, 1).I16(132, 1).F64(134, 1.0).I16(142, 12);
+  r.Car(144, 2, "").I16(146, 35).Car(148, 8, "0").Car(156, 2, "").I16(182, 1).F64(186, 1.0);
+  r.Car(194, 30, "Arial").Car(224, 8, "").Car(244, 12, "");
+  return r;
+}
+
+std::time_t OrologioFisso() {
+  std::tm tm{};
+  tm.tm_year = 2026 - 1900;
+  tm.tm_mon = 10;
+  tm.tm_mday = 21;
+  tm.tm_hour = 10;
+  tm.tm_min = 30;
+  tm.tm_sec = 15;
+  tm.tm_isdst = -1;
+  return std::mktime(&tm);
+}
+
+SessioneProva::SessioneProva() {
+  s.Ui = &ui;
+  s.Orologio = OrologioFisso;
+  s.CartellaDocumenti = cartella.Percorso();
+  s.CartellaLavoro = cartella.Percorso() + "/VR2000/";
+  s.CartellaProgramma = cartella.Percorso() + "/programma";
+  fs::create_directories(s.CartellaLavoro + "PROVVISO");
+  fs::create_directories(s.CartellaProgramma);
+}
+
+}  // namespace varena::prova

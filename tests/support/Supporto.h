@@ -1,0 +1,74 @@
+// Test helpers: a temporary folder, records built byte by byte, and a session that records
+// what it shows. Fixtures are written here with plain streams, never with the code under test.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "core/InterfacciaRegistrata.h"
+#include "core/Sessione.h"
+
+namespace varena::prova {
+
+class CartellaTemporanea {
+ public:
+  CartellaTemporanea();
+  ~CartellaTemporanea();
+  CartellaTemporanea(const CartellaTemporanea&) = delete;
+  CartellaTemporanea& operator=(const CartellaTemporanea&) = delete;
+  const std::string& Percorso() const { return percorso_; }
+  std::string operator/(const std::string& nome) const { return percorso_ + "/" + nome; }
+
+ private:
+  std::string percorso_;
+};
+
+// A fixed-length record, built field by field at explicit offsets.
+class Record {
+ public:
+  explicit Record(size_t lunghezza, char riempi = '\0') : byte_(lunghezza, riempi) {}
+  Record& I16(size_t off, int16_t v) { return Metti(off, v); }
+  Record& F32(size_t off, float v) { return Metti(off, v); }
+  Record& F64(size_t off, double v) { return Metti(off, v); }
+  Record& U8(size_t off, uint8_t v) { return Metti(off, v); }
+  // A text field: the bytes given, then blanks to the width.
+  Record& Car(size_t off, size_t larghezza, const std::string& byte) {
+    for (size_t i = 0; i < larghezza; ++i) byte_[off + i] = i < byte.size() ? byte[i] : ' ';
+    return *this;
+  }
+  const std::string& Byte() const { return byte_; }
+
+ private:
+  template <class T>
+  Record& Metti(size_t off, T v) {
+    std::memcpy(byte_.data() + off, &v, sizeof v);
+    return *this;
+  }
+  std::string byte_;
+};
+
+void ScriviFileProva(const std::string& percorso, const std::string& byte);
+std::string LeggiFileProva(const std::string& percorso);
+bool Esiste(const std::string& percorso);
+
+// A point record with the usual values, for tests that change one field.
+Record RecordPuntoBase(const std::string& nome, double x, double y, double z);
+
+// A session over a temporary working root, with a recording interface and a fixed clock
+// (21 November 2026, 10:30:15 local time).
+struct SessioneProva {
+  CartellaTemporanea cartella;
+  InterfacciaRegistrata ui;
+  Sessione s;
+  SessioneProva();
+  // The path of a job `nome` in the temporary folder, without extension.
+  std::string Lavoro(const std::string& nome) const { return cartella / nome; }
+};
+
+std::time_t OrologioFisso();
+
+}  // namespace varena::prova
