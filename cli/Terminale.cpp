@@ -1,0 +1,38 @@
+#include "Terminale.h"
+
+#include "core/Avvio.h"
+#include "core/File.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Carica.h"
+
+namespace varena::cli {
+
+void InterfacciaTerminale::Messaggio(std::string_view testo, std::string_view titolo, Icona icona) {
+  err_ << titolo << ": " << testo << "\n";
+  if (icona == Icona::Critico) ++Errori;
+}
+
+std::optional<std::string> BaseLavoro(const std::string& argomento) {
+  std::string base = NormalizzaPercorso(argomento);
+  if (base.size() > 4 && UgualeSenzaCaso(base.substr(base.size() - 4), ".CFG")) base.resize(base.size() - 4);
+  if (!EsisteFile(base + ".CFG")) return std::nullopt;
+  return base;
+}
+
+bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& err) {
+  const auto base = BaseLavoro(argomento);
+  if (!base) {
+    err << "Lavoro non trovato: " << argomento << "\n";
+    return false;
+  }
+  ImpostaCartelle(s);
+  s.SolaLettura = true;
+  s.NomeOriginale = *base;
+  s.NomeLavoro = *base;
+  ClearAllTables(s);
+  CaricaLavoro(s);
+  return true;
+}
+
+}  // namespace varena::cli
