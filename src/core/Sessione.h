@@ -15,6 +15,7 @@
 #include "core/Tabelle.h"
 #include "store/Cfg.h"
 #include "view/StatoVista.h"
+#include "view/Superficie.h"
 
 namespace varena {
 
@@ -60,6 +61,8 @@ struct Sessione : TabelleEntita {
   // Ports: never null; they point at the mute defaults until the owner sets them.
   Interfaccia* Ui;
   Processi* Proc = nullptr;
+  // The drawing surface of the main window; none in a headless run.
+  Superficie* Schermo = nullptr;
   Appunti* Clip;
 
  private:
