@@ -131,12 +131,21 @@ void SuperficieQt::Pixel(float x, float y, ColoreRGB c) {
   pittore_.drawPoint(Mappa(x, y));
 }
 
-void SuperficieQt::Testo(float x, float y, std::string_view testo) {
+void SuperficieQt::Testo(float x, float y, std::string_view testo, float rotazione) {
   pittore_.setFont(carattere_);
   pittore_.setPen(QPen(Qc(penna_)));
   const QFontMetricsF m(carattere_, pittore_.device());
   const QPointF alto = Mappa(x, y);
-  pittore_.drawText(QPointF(alto.x(), alto.y() + m.ascent()), Qs(testo));
+  if (rotazione == 0) {
+    pittore_.drawText(QPointF(alto.x(), alto.y() + m.ascent()), Qs(testo));
+    return;
+  }
+  // The device's y grows downwards: a counter-clockwise turn on the sheet is a negative one.
+  pittore_.save();
+  pittore_.translate(alto);
+  pittore_.rotate(-rotazione * 180.0 / 3.14159265358979323846);
+  pittore_.drawText(QPointF(0, m.ascent()), Qs(testo));
+  pittore_.restore();
 }
 
 bool SuperficieQt::Immagine(const std::string& file, float x1, float y1, float x2, float y2) {

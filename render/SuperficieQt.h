@@ -35,7 +35,7 @@ class SuperficieQt : public Superficie {
   void Cerchio(float x, float y, float raggio, ColoreRGB c) override;
   void Arco(float x, float y, float raggio, float inizio, float fine, ColoreRGB c) override;
   void Pixel(float x, float y, ColoreRGB c) override;
-  void Testo(float x, float y, std::string_view testo) override;
+  void Testo(float x, float y, std::string_view testo, float rotazione) override;
   bool Immagine(const std::string& file, float x1, float y1, float x2, float y2) override;
   double LarghezzaTesto(std::string_view testo) const override;
   double AltezzaTesto(std::string_view testo) const override;

@@ -4,7 +4,7 @@
 
 namespace varena {
 
-void ListaDisegno::Svuota() {
+void ElencoDisegno::Svuota() {
   for (auto* v : {&X1, &Y1, &Z1, &X2, &Y2, &Z2}) v->clear();
   Tipo.clear();
   Riga.clear();
@@ -22,7 +22,7 @@ void ListaDisegno::Svuota() {
   testi_.clear();
 }
 
-int32_t ListaDisegno::Nome(std::string_view n) {
+int32_t ElencoDisegno::Nome(std::string_view n) {
   // Runs of records share their layer and font: the last two names answer most lookups.
   for (int k = 0; k < 2; ++k)
     if (recenti_[k] >= 0 && nomi_[static_cast<size_t>(recenti_[k])] == n) return recenti_[k];
@@ -32,7 +32,7 @@ int32_t ListaDisegno::Nome(std::string_view n) {
   return i;
 }
 
-int32_t ListaDisegno::Cerca(std::string_view n) {
+int32_t ElencoDisegno::Cerca(std::string_view n) {
   auto it = indiceNomi_.find(std::string(n));
   if (it != indiceNomi_.end()) return it->second;
   const auto i = static_cast<int32_t>(nomi_.size());
@@ -41,7 +41,7 @@ int32_t ListaDisegno::Cerca(std::string_view n) {
   return i;
 }
 
-int64_t ListaDisegno::Aggiungi(const RecordDisegno& r) {
+int64_t ElencoDisegno::Aggiungi(const RecordDisegno& r) {
   X1.push_back(r.X1);
   Y1.push_back(r.Y1);
   Z1.push_back(r.Z1);
@@ -69,7 +69,7 @@ int64_t ListaDisegno::Aggiungi(const RecordDisegno& r) {
   return Conta() - 1;
 }
 
-const std::string& ListaDisegno::Testo(int64_t i) const {
+const std::string& ElencoDisegno::Testo(int64_t i) const {
   static const std::string vuoto;
   const int32_t k = testo_[static_cast<size_t>(i)];
   return k < 0 ? vuoto : testi_[static_cast<size_t>(k)];

@@ -34,7 +34,7 @@ struct RecordDisegno {
 
 // Field per array, as the entity tables. Layer and font names repeat over and over and are
 // kept once each; texts are kept only for text records.
-class ListaDisegno {
+class ElencoDisegno {
  public:
   std::vector<double> X1, Y1, Z1, X2, Y2, Z2;
   std::vector<uint8_t> Tipo;

@@ -44,8 +44,9 @@ void SuperficieRegistrata::Arco(float x, float y, float r, float inizio, float f
 void SuperficieRegistrata::Pixel(float x, float y, ColoreRGB c) {
   Scrivi("Pixel " + N(x) + " " + N(y) + " " + EsadecimaleColore(c));
 }
-void SuperficieRegistrata::Testo(float x, float y, std::string_view testo) {
-  Scrivi("Testo " + N(x) + " " + N(y) + " " + std::string(testo));
+void SuperficieRegistrata::Testo(float x, float y, std::string_view testo, float rotazione) {
+  Scrivi("Testo " + N(x) + " " + N(y) + (rotazione != 0 ? " @" + N(rotazione) : std::string()) + " " +
+         std::string(testo));
 }
 bool SuperficieRegistrata::Immagine(const std::string& file, float x1, float y1, float x2, float y2) {
   Scrivi("Immagine " + file + " " + N(x1) + " " + N(y1) + " " + N(x2) + " " + N(y2));

@@ -30,7 +30,7 @@ class SuperficieRegistrata : public Superficie {
   void Cerchio(float x, float y, float raggio, ColoreRGB c) override;
   void Arco(float x, float y, float raggio, float inizio, float fine, ColoreRGB c) override;
   void Pixel(float x, float y, ColoreRGB c) override;
-  void Testo(float x, float y, std::string_view testo) override;
+  void Testo(float x, float y, std::string_view testo, float rotazione) override;
   bool Immagine(const std::string& file, float x1, float y1, float x2, float y2) override;
   // Half a unit a character, one unit high: enough to place labels predictably.
   double LarghezzaTesto(std::string_view testo) const override { return 0.5 * static_cast<double>(testo.size()); }
