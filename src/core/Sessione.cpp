@@ -15,6 +15,11 @@ void ClearAllTables(Sessione& s) {
   s.MembriConservati.clear();
 }
 
+void MostraPrompt(Sessione& s, std::string_view testo) {
+  s.Prompt = std::string(testo);
+  s.Ui->Prompt(testo);
+}
+
 void AggiungiRigaLibretto(Sessione& s, const std::string& riga) {
   s.LibrettoMisure.push_back(Rifila(riga));
   s.ContaEntita[SlotLibretto] = static_cast<int32_t>(s.LibrettoMisure.size());

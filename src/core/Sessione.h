@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/Impostazioni.h"
@@ -51,6 +52,9 @@ struct Sessione : TabelleEntita {
   // Members whose meaning belongs to later work, kept as read so that a save loses nothing.
   std::map<int, std::string> MembriConservati;
 
+  // The text of the status prompt under the drawing, as last shown (`MostraPrompt`).
+  std::string Prompt;
+
   // The routine tag of the common error path, and the last error it showed.
   std::string RoutineCorrente;
   std::string UltimoErrore;
@@ -73,6 +77,9 @@ struct Sessione : TabelleEntita {
 // `ClearAllTables`: every table back to its initial capacity, every count 0, the job-level
 // texts empty.
 void ClearAllTables(Sessione& s);
+
+// Shows a text in the status prompt and keeps it, so that a zoom can put it back.
+void MostraPrompt(Sessione& s, std::string_view testo);
 
 // `AggiungiRigaLibretto`: the one entry point that appends a field-book row, trimmed.
 void AggiungiRigaLibretto(Sessione& s, const std::string& riga);
