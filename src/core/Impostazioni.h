@@ -67,6 +67,8 @@ struct Impostazioni {
   std::string Cartella_Estratti;
   std::string Cartella_Archivio_Pregeo;
   std::string Cartella_Fiducial;
+
+  bool operator==(const Impostazioni&) const = default;
 };
 
 }  // namespace varena
