@@ -11,27 +11,29 @@ namespace varena {
 std::string PercorsoSalvaini5(const Sessione& s) { return s.CartellaLavoro + "SALVAINI5.INI"; }
 std::string PercorsoSalvaini(const Sessione& s) { return s.CartellaLavoro + "SALVAINI.INI"; }
 
+namespace {
+
+// One block read whole into a copy, which replaces the block in force only at the end.
+template <class Leggi>
+void CaricaBlocco(Sessione& s, const char* nome, const std::string& percorso, BloccoCfg& blocco, Leggi leggi) {
+  const bool fatto = Protetto(s, [&] {
+    const auto testo = LeggiTestoImpostazioni(s, nome, percorso);
+    if (!testo) return;
+    LettoreLista in(*testo);
+    BloccoCfg copia = blocco;
+    leggi(in, copia);
+    blocco = std::move(copia);
+  });
+  if (!fatto) MarcaErrato(s, nome, percorso);
+}
+
+}  // namespace
+
 void CaricaSalvaini(Sessione& s) {
   s.RoutineCorrente = "CaricaSalvaini";
-  if (!Protetto(s, [&] {
-        const auto testo = LeggiTestoImpostazioni(s, "SALVAINI.INI", PercorsoSalvaini(s));
-        if (!testo) return;
-        LettoreLista in(*testo);
-        BloccoCfg b = s.Cfg.B;
-        LeggiBloccoB(in, b);
-        s.Cfg.B = std::move(b);
-        ApplicaBloccoB(s);
-      }))
-    MarcaErrato(s, "SALVAINI.INI", PercorsoSalvaini(s));
-  if (!Protetto(s, [&] {
-        const auto testo = LeggiTestoImpostazioni(s, "SALVAINI5.INI", PercorsoSalvaini5(s));
-        if (!testo) return;
-        LettoreLista in(*testo);
-        BloccoCfg a = s.Cfg.A;
-        LeggiBloccoA(in, a);
-        s.Cfg.A = std::move(a);
-      }))
-    MarcaErrato(s, "SALVAINI5.INI", PercorsoSalvaini5(s));
+  CaricaBlocco(s, "SALVAINI.INI", PercorsoSalvaini(s), s.Cfg.B, LeggiBloccoB);
+  if (TrovaOrigine(s, "SALVAINI.INI")->Stato == StatoFile::Letto) ApplicaBloccoB(s);
+  CaricaBlocco(s, "SALVAINI5.INI", PercorsoSalvaini5(s), s.Cfg.A, LeggiBloccoA);
 }
 
 void ScriviSalvaini(Sessione& s) {

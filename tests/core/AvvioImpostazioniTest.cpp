@@ -8,7 +8,7 @@
 #include "core/Salvaini.h"
 #include "core/Sessione.h"
 #include "store/Cfg.h"
-#include "support/Supporto.h"
+#include "support/ProvaTabelle.h"
 
 namespace varena {
 namespace {
@@ -17,19 +17,7 @@ using prova::Esiste;
 using prova::LeggiFileProva;
 using prova::ScriviFileProva;
 
-class AvvioImpostazioni : public ::testing::Test {
- protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  std::string Lavoro(const std::string& nome) { return s.CartellaLavoro + nome; }
-  void AttesoErrore(const std::string& routine, const std::string& errore) {
-    ASSERT_FALSE(p.ui.Messaggi.empty());
-    const auto& m = p.ui.Messaggi.back();
-    EXPECT_EQ(m.Titolo, "Rilevato errore");
-    EXPECT_NE(m.Testo.find(errore), std::string::npos) << m.Testo;
-    EXPECT_NE(m.Testo.find("Nella Routine " + routine), std::string::npos) << m.Testo;
-  }
-};
+class AvvioImpostazioni : public prova::ProvaTabelle {};
 
 // Block B as a file holds it, all 24 statements, for a job with its own view and layer.
 const char* const kBloccoBScritto =

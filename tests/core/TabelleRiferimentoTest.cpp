@@ -8,7 +8,7 @@
 #include "core/Piani.h"
 #include "core/Sessione.h"
 #include "core/Tratteggi.h"
-#include "support/Supporto.h"
+#include "support/ProvaTabelle.h"
 
 namespace varena {
 namespace {
@@ -17,21 +17,7 @@ using prova::Esiste;
 using prova::LeggiFileProva;
 using prova::ScriviFileProva;
 
-class TabelleRiferimento : public ::testing::Test {
- protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  std::string Lavoro(const std::string& nome) { return s.CartellaLavoro + nome; }
-  std::string Programma(const std::string& nome) { return s.CartellaProgramma + "/" + nome; }
-  // The last box shown, which must be the common error box of `routine` for `errore`.
-  void AttesoErrore(const std::string& routine, const std::string& errore) {
-    ASSERT_FALSE(p.ui.Messaggi.empty());
-    const auto& m = p.ui.Messaggi.back();
-    EXPECT_EQ(m.Titolo, "Rilevato errore");
-    EXPECT_NE(m.Testo.find(errore), std::string::npos) << m.Testo;
-    EXPECT_NE(m.Testo.find("Nella Routine " + routine), std::string::npos) << m.Testo;
-  }
-};
+class TabelleRiferimento : public prova::ProvaTabelle {};
 
 // Bytes that no text table holds: NUL, control bytes, high bytes, commas and line ends.
 std::string Spazzatura(size_t n) {
