@@ -91,8 +91,7 @@ struct Sessione : TabelleEntita {
 };
 
 // `ClearAllTables`: every table back to its initial capacity, every count 0, the job-level
-// texts empty.
-// Only the tables in memory: cheap, and free of files, for the loaders and the tests.
+// texts empty. Memory only, no file: cheap for the loaders and the tests.
 void ClearAllTables(Sessione& s);
 // The clearing of a job as the program does it when another job takes its place: the
 // drawing defaults in force are kept in SALVAINI5.INI and SALVAINI.INI for the next one,

@@ -56,13 +56,9 @@ void Intestazione(const std::string& riga, Tratteggio& t) {
   // A sample that begins with numbers, as "100,1 __ __", carries the scale the style was
   // drawn for and, after its comma, the angle of the pieces.
   const std::string& d = t.DisegnoTratteggio;
+  t.ScalaElemento = Val(d);
   const size_t seconda = d.find(',');
-  if (seconda != std::string::npos && EUnNumero(d.substr(0, seconda))) {
-    t.ScalaElemento = Val(d);
-    t.AngoloElemento = Val(d.substr(seconda + 1));
-  } else {
-    t.ScalaElemento = Val(d);
-  }
+  if (seconda != std::string::npos && EUnNumero(d.substr(0, seconda))) t.AngoloElemento = Val(d.substr(seconda + 1));
 }
 
 void Schema(const std::string& riga, Tratteggio& t) {

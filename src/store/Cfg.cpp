@@ -147,7 +147,8 @@ void LeggiBloccoB(LettoreLista& in, BloccoCfg& b) {
     for (ValoreCfg& v : b.Istruzioni[i].Valori) LeggiValore(in, v);
     // Statements 7 and 21 carry the one current layer: a file that ends before 21 keeps
     // the layer of 7, not the one of an earlier file.
-    if (i + 1 == B_PianoCorrente) b.Istruzioni[B_PianoCorrente2 - 1].Valori[0].Testo = b.Istruzioni[i].Valori[0].Testo;
+    if (i + 1 == B_PianoCorrente)
+      b.Istruzioni[B_PianoCorrente2 - 1].Valori[0].Testo = b.Istruzioni[i].Valori[0].Testo;
   }
 }
 
