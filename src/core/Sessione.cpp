@@ -1,6 +1,7 @@
 // The session object and the clearing of a job.
 #include "core/Sessione.h"
 
+#include "core/Salvaini.h"
 #include "core/Testo.h"
 
 namespace varena {
@@ -18,6 +19,11 @@ void ClearAllTables(Sessione& s) {
 void MostraPrompt(Sessione& s, std::string_view testo) {
   s.Prompt = std::string(testo);
   s.Ui->Prompt(testo);
+}
+
+void AzzeraTabelleLavoro(Sessione& s) {
+  ScriviSalvaini(s);
+  ClearAllTables(s);
 }
 
 void AggiungiRigaLibretto(Sessione& s, const std::string& riga) {

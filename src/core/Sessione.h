@@ -10,10 +10,16 @@
 #include <string_view>
 #include <vector>
 
+#include "core/AltreImpostazioni.h"
+#include "core/Codici.h"
+#include "core/Colori.h"
+#include "core/Comuni.h"
 #include "core/Impostazioni.h"
+#include "core/OrigineFile.h"
 #include "core/Piani.h"
 #include "core/Porte.h"
 #include "core/Tabelle.h"
+#include "core/Tratteggi.h"
 #include "store/Cfg.h"
 #include "view/StatoVista.h"
 #include "view/Superficie.h"
@@ -35,7 +41,8 @@ struct Sessione : TabelleEntita {
   std::string NomeLavoro;
   std::string TipoFile = "CFG";  // the kind of input chosen at opening
   std::string Edizione;          // the tag read from `.CFG`, in force through a load
-  // Reading a job in place for a report: nothing may be created beside it.
+  // Reading in place for a report: nothing may be created or removed, neither beside the
+  // job nor among the tables and settings, which then stand at their defaults when absent.
   bool SolaLettura = false;
 
   CfgLavoro Cfg;
@@ -44,6 +51,19 @@ struct Sessione : TabelleEntita {
 
   std::vector<Piano> Piani;
   std::string PianoCorrente = "0";
+
+  // Reference tables and the smaller setting files, read at start.
+  TabellaColori Colori;
+  TabellaSpessori Spessori;
+  TabellaTratteggi Tratteggi;
+  TabellaCodici Codici;
+  TabellaComuni Comuni;
+  ArchivioNote Note;
+  ToolbarBottoni Toolbar;
+  ConfigurazionePunti ConfiguraPunti;
+  StampaPaginato Paginato;
+  // Where each of them, and each setting file, was read from.
+  std::vector<OrigineFile> FileRiferimento;
 
   // The field book, one text row each; its count is also `ContaEntita[15]`.
   std::vector<std::string> LibrettoMisure;
@@ -75,8 +95,12 @@ struct Sessione : TabelleEntita {
 };
 
 // `ClearAllTables`: every table back to its initial capacity, every count 0, the job-level
-// texts empty.
+// texts empty. Memory only, no file: cheap for the loaders and the tests.
 void ClearAllTables(Sessione& s);
+// The clearing of a job as the program does it when another job takes its place: the
+// drawing defaults in force are kept in SALVAINI5.INI and SALVAINI.INI for the next one,
+// then `ClearAllTables`.
+void AzzeraTabelleLavoro(Sessione& s);
 
 // Shows a text in the status prompt and keeps it, so that a zoom can put it back.
 void MostraPrompt(Sessione& s, std::string_view testo);

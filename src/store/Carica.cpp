@@ -222,7 +222,7 @@ void CaricaLavoro(Sessione& s) {
 }
 
 void VR_ApriLavoro(Sessione& s) {
-  ClearAllTables(s);
+  AzzeraTabelleLavoro(s);
   EliminaProvviso(s);
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = "VR_ApriLavoro";
