@@ -30,6 +30,9 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
   }
   ImpostaCartelle(s);
   s.SolaLettura = true;
+  // The settings and tables in force, read where they stand or taken as defaults: colours,
+  // line types and point configurations shape what a report shows and a picture paints.
+  InizializzaDefault(s);
   s.NomeOriginale = *base;
   s.NomeLavoro = *base;
   ClearAllTables(s);

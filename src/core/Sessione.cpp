@@ -14,6 +14,10 @@ void ClearAllTables(Sessione& s) {
   s.Testo126.clear();
   s.TestoCel.clear();
   s.MembriConservati.clear();
+  s.ListaDisegno.Svuota();
+  s.IndiceLista.Svuota();
+  s.IndicePunti.Svuota();
+  s.ImmagineInCima = -1;
 }
 
 void MostraPrompt(Sessione& s, std::string_view testo) {

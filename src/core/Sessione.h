@@ -21,6 +21,8 @@
 #include "core/Tabelle.h"
 #include "core/Tratteggi.h"
 #include "store/Cfg.h"
+#include "view/IndiceGriglia.h"
+#include "view/ListaDisegno.h"
 #include "view/StatoVista.h"
 #include "view/Superficie.h"
 
@@ -48,6 +50,21 @@ struct Sessione : TabelleEntita {
   CfgLavoro Cfg;
   Impostazioni Imp;
   StatoVista Vista;
+
+  // The display list, rebuilt whole by regeneration, and the grids that keep a redraw to
+  // what is near the view.
+  ElencoDisegno ListaDisegno;
+  IndiceGriglia IndiceLista;
+  IndiceGriglia IndicePunti;
+  int32_t ImmagineInCima = -1;  // the image painted over the others
+  bool EvidenziaTutto = false;  // every point symbol in the highlight colour
+  int16_t TipoStampa = 0;       // 5: drawing goes to paper
+  // Point heights: decimals shown, and mode 1 shows the depth below the reference height.
+  int DecimaliQuota = 2;
+  int16_t ModoQuota = 0;
+  double QuotaRiferimento = 0;
+  // The armed command's code; 0 when none waits for the pointer.
+  int32_t ComandoCorrente = 0;
 
   std::vector<Piano> Piani;
   std::string PianoCorrente = "0";

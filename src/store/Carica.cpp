@@ -16,6 +16,7 @@
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Slot.h"
+#include "view/Rigenera.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -218,7 +219,12 @@ void CaricaLavoro(Sessione& s) {
   CaricaPiani(s);
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
-  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+  // A job with no stored view is framed whole: the list is built first, so that its lines
+  // count in the extent and not only its points.
+  if (s.Vista.AltezzaVista <= 0) {
+    RigeneraLista(s);
+    (void)TuttoTutto(s);
+  }
 }
 
 void VR_ApriLavoro(Sessione& s) {
@@ -232,7 +238,10 @@ void VR_ApriLavoro(Sessione& s) {
     const auto r = static_cast<size_t>(p);
     if (IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) s.PuntoNome[r] = Maiuscolo(s.PuntoNome[r]);
   }
-  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+  if (s.Vista.AltezzaVista <= 0) {
+    RigeneraLista(s);
+    (void)TuttoTutto(s);
+  }
 }
 
 }  // namespace varena

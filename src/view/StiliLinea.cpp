@@ -3,20 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "survey/Primitive.h"
+
 namespace varena {
 
 namespace {
 
-const double kPi = 4.0 * std::atan(1.0);
-
-// Azimuth from North, clockwise, in the half-angle form every survey routine uses.
-double Azimut(double dx, double dy) {
-  const double d = std::sqrt(dx * dx + dy * dy);
-  if (d + dy == 0) return kPi;
-  double a = 2.0 * std::atan(dx / (d + dy));
-  if (a < 0) a += 2.0 * kPi;
-  return a;
-}
+const double kPi = PiGreco;
 
 }  // namespace
 
@@ -30,7 +23,7 @@ void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& 
     out.push_back({x1, y1, x2, y2});
     return;
   }
-  const double az = Azimut(dx, dy);
+  const double az = AzimutDistanza(x1, y1, x2, y2).Azimut;
   const double sa = std::sin(az), ca = std::cos(az);
   const double obliquo = stile.AngoloGon * kPi / 200.0;
   const double so = std::sin(az + obliquo), co = std::cos(az + obliquo);

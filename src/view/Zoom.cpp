@@ -64,6 +64,12 @@ Ingombro IngombroTabelle(const Sessione& s) {
 
 std::optional<Rettangolo> IngombroDisegno(const Sessione& s) {
   Ingombro b = IngombroTabelle(s);
+  const ElencoDisegno& l = s.ListaDisegno;
+  for (int64_t i = 0; i < l.Conta(); ++i) {
+    const auto k = static_cast<size_t>(i);
+    b.Aggiungi(l.X1[k], l.Y1[k]);
+    b.Aggiungi(l.X2[k], l.Y2[k]);
+  }
   return b.Risultato();
 }
 

@@ -40,7 +40,8 @@ class CliInfo : public ::testing::Test {
     setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
     setenv("VARENA_PROGRAMMA", (casa / "prog").c_str(), 1);
     base = dir / "Rossi";
-    // A .CFG of edition VR2000 with no stored view: the job is framed at load.
+    // A .CFG of edition VR2000 with no stored view: the job is framed at load, lines
+    // included (the deleted point and the zero-length line are not).
     ScriviFileProva(base + ".cfg", prova::CfgManuale("VR2000", "0,0,0"));
     Record p1 = prova::RecordPuntoBase("PF01/0010/G693", 1725100.5, 5031200.25, 14.5);
     p1.I16(122, 12);  // the old palette maps 12 to 1
@@ -68,7 +69,7 @@ TEST_F(CliInfo, JsonConValoriEsatti) {
             "{\"lavoro\":\"" + base +
                 "\",\"edizione\":\"VR2000\",\"conta\":{\"1\":3,\"2\":2,\"3\":0,\"4\":0,\"5\":0,\"6\":0,\"7\":1,\"9\":0,"
                 "\"12\":0,\"13\":0},\"vivi\":{\"1\":2,\"2\":1,\"3\":0,\"4\":0,\"5\":0,\"6\":0,\"7\":1,\"9\":0,\"12\":0,"
-                "\"13\":0},\"vista\":[1725105.5,5031215.25,30],\"ingombro\":[1725090,5031190,1725110.5,5031230.25],"
+                "\"13\":0},\"vista\":[1725100.25,5031210.125,40.25],\"ingombro\":[1725090,5031190,1725110.5,5031230.25],"
                 "\"libretto\":2,\"piani\":1}\n");
   // Read in place: nothing is created beside the job, not even the default layer table.
   EXPECT_EQ(Elenco(dir.Percorso()), prima);

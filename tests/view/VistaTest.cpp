@@ -38,7 +38,7 @@ class SuperficieFinta : public Superficie {
   void Cerchio(float, float, float, ColoreRGB) override {}
   void Arco(float, float, float, float, float, ColoreRGB) override {}
   void Pixel(float, float, ColoreRGB) override {}
-  void Testo(float, float, std::string_view) override {}
+  void Testo(float, float, std::string_view, float) override {}
   bool Immagine(const std::string&, float, float, float, float) override { return true; }
   double LarghezzaTesto(std::string_view) const override { return 0; }
   double AltezzaTesto(std::string_view) const override { return 0; }
