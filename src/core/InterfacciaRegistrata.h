@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Dialoghi.h"
 #include "core/Porte.h"
 
 namespace varena {
@@ -51,12 +52,18 @@ class InterfacciaRegistrata : public Interfaccia {
   }
   void Prompt(std::string_view testo) override { Prompts.push_back(std::string(testo)); }
   void Progresso(int64_t, int64_t) override {}
+  void MostraDialogo(const Dialogo& d) override { Dialoghi.push_back("+" + d.Nome); }
+  void NascondiDialogo(const Dialogo& d) override { Dialoghi.push_back("-" + d.Nome); }
+  void MenuContestuale(std::string_view nome) override { Menu.push_back(std::string(nome)); }
 
   std::vector<Mostrato> Messaggi;
   std::vector<Mostrato> Domande;
   std::vector<std::string> SceltePresentate;
   std::vector<std::string> Richieste;
   std::vector<std::string> Prompts;
+  // "+Nome" when a dialog opens, "-Nome" when it closes, in order.
+  std::vector<std::string> Dialoghi;
+  std::vector<std::string> Menu;
 
  private:
   std::deque<Risposta> risposte_;

@@ -11,6 +11,8 @@
 
 namespace varena {
 
+struct Dialogo;
+
 enum class Icona { Nessuna, Informazione, Avviso, Critico, Domanda };
 enum class Bottoni { Ok, OkAnnulla, SiNo, SiNoAnnulla };
 enum class Risposta { Ok, Annulla, Si, No };
@@ -33,6 +35,16 @@ class Interfaccia {
   // The status prompt under the drawing.
   virtual void Prompt(std::string_view testo) = 0;
   virtual void Progresso(int64_t fatto, int64_t totale) = 0;
+
+  // A modeless dialog of the core was opened, had a field changed by the program, or was
+  // closed. The dialog stays owned by the session; an interface that shows no dialogs
+  // ignores these.
+  virtual void MostraDialogo(const Dialogo&) {}
+  virtual void AggiornaDialogo(const Dialogo&) {}
+  virtual void NascondiDialogo(const Dialogo&) {}
+  // The popup menu of that name (`MENU_TESTO`, the edit menu of the right button ...), at
+  // the pointer.
+  virtual void MenuContestuale(std::string_view) {}
 };
 
 // An interface that nobody watches: every question takes its default, every choice is cancelled.

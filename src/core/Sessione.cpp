@@ -17,6 +17,9 @@ void ClearAllTables(Sessione& s) {
   s.ListaDisegno.Svuota();
   s.IndiceLista.Svuota();
   s.IndicePunti.Svuota();
+  s.IndiceCerchi.Svuota();
+  s.IndiceArchi.Svuota();
+  s.IndiceTesti.Svuota();
   s.ImmagineInCima = -1;
 }
 

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,14 +14,18 @@
 #include "core/AltreImpostazioni.h"
 #include "core/Codici.h"
 #include "core/Colori.h"
+#include "commands/StatoComandi.h"
 #include "core/Comuni.h"
+#include "core/Dialoghi.h"
 #include "core/Impostazioni.h"
+#include "core/ImpostazioniUtente.h"
 #include "core/OrigineFile.h"
 #include "core/Piani.h"
 #include "core/Porte.h"
 #include "core/Tabelle.h"
 #include "core/Tratteggi.h"
 #include "store/Cfg.h"
+#include "view/Elastico.h"
 #include "view/IndiceGriglia.h"
 #include "view/ListaDisegno.h"
 #include "view/StatoVista.h"
@@ -28,7 +33,9 @@
 
 namespace varena {
 
-struct Sessione : TabelleEntita {
+// The entity tables and the state of the interaction are its bases, so that their fields
+// read as the routines name them: `s.PuntoX[i]`, `s.PassoComando`, `s.Punto1X`.
+struct Sessione : TabelleEntita, StatoComandi {
   Sessione();
   Sessione(const Sessione&) = delete;
   Sessione& operator=(const Sessione&) = delete;
@@ -56,6 +63,11 @@ struct Sessione : TabelleEntita {
   ElencoDisegno ListaDisegno;
   IndiceGriglia IndiceLista;
   IndiceGriglia IndicePunti;
+  // The nearest-entity searches read the circles, arcs and texts from their tables; these
+  // grids keep a click to what is near it.
+  IndiceGriglia IndiceCerchi;
+  IndiceGriglia IndiceArchi;
+  IndiceGriglia IndiceTesti;
   int32_t ImmagineInCima = -1;  // the image painted over the others
   bool EvidenziaTutto = false;  // every point symbol in the highlight colour
   int16_t TipoStampa = 0;       // 5: drawing goes to paper
@@ -91,6 +103,14 @@ struct Sessione : TabelleEntita {
 
   // The text of the status prompt under the drawing, as last shown (`MostraPrompt`).
   std::string Prompt;
+
+  // The modeless dialogs open, in the order they were opened.
+  std::vector<std::unique_ptr<Dialogo>> Dialoghi;
+  // The per-user toggles (the display of names, heights, lines ...).
+  ImpostazioniUtente PreferenzeUtente;
+  // Rubber bands and guides on screen, and the temporary polyline of a command.
+  varena::Elastico Elastico;
+  varena::SpezzataTemporanea SpezzataTemporanea;
 
   // The routine tag of the common error path, and the last error it showed.
   std::string RoutineCorrente;

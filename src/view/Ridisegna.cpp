@@ -7,6 +7,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
+#include "view/Elastico.h"
 #include "view/Rigenera.h"
 #include "view/StiliLinea.h"
 #include "view/Vista.h"
@@ -255,6 +256,8 @@ void Ridisegna(Sessione& s) {
   Rigenera1(s);
   if (s.Schermo && !s.Schermo->Minimizzata()) {
     Disegna1(s, *s.Schermo);
+    // The clear took the rubber bands and guides away with the rest: they come back.
+    RidipingiElastico(s, *s.Schermo);
   } else {
     AggiungiStoriaVista(s.Vista);
   }

@@ -246,8 +246,26 @@ void IndicizzaDisegno(Sessione& s) {
   });
   const int64_t punti = s.ContaEntita[SlotPunti];
   s.IndicePunti.Costruisci(punti, [&s](int64_t i, double& a, double& b, double& c, double& d) {
-    a = c = s.PuntoX[static_cast<size_t>(i)];
-    b = d = s.PuntoY[static_cast<size_t>(i)];
+    const auto k = static_cast<size_t>(i);
+    a = c = s.PuntoX[k];
+    b = s.PuntoY[k];
+    // Up to the North offset of the label as well: the point search measures there.
+    d = s.PuntoY[k] + s.PuntoSpoY[k];
+  });
+  s.IndiceCerchi.Costruisci(s.ContaEntita[SlotCerchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    const double r = std::fabs(s.CerchioRaggio[k]);
+    a = s.CerchioX[k] - r, b = s.CerchioY[k] - r, c = s.CerchioX[k] + r, d = s.CerchioY[k] + r;
+  });
+  // An arc by the box of its whole circle: a little more than it covers, never less.
+  s.IndiceArchi.Costruisci(s.ContaEntita[SlotArchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    const double r = std::fabs(s.ArcoRaggio[k]);
+    a = s.ArcoX[k] - r, b = s.ArcoY[k] - r, c = s.ArcoX[k] + r, d = s.ArcoY[k] + r;
+  });
+  s.IndiceTesti.Costruisci(s.ContaEntita[SlotTesti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    a = c = s.TestoX[static_cast<size_t>(i)];
+    b = d = s.TestoY[static_cast<size_t>(i)];
   });
 }
 

@@ -1,0 +1,17 @@
+// The snapshot routine every command calls at its last step.
+#include "commands/Modifica.h"
+
+#include "core/Sessione.h"
+#include "view/Ridisegna.h"
+#include "view/Rigenera.h"
+
+namespace varena {
+
+void FineModifica(Sessione& s, bool rigenera) {
+  if (rigenera)
+    Rigenerazione1(s);
+  else
+    Ridisegna(s);
+}
+
+}  // namespace varena

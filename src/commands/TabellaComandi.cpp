@@ -1,0 +1,405 @@
+// The rows of the command table and of the codes' cards.
+#include "commands/TabellaComandi.h"
+
+#include <algorithm>
+#include <array>
+
+#include "commands/Azioni.h"
+#include "commands/Routine.h"
+#include "commands/StatoComandi.h"
+
+namespace varena {
+
+namespace {
+
+using G = GenereComando;
+constexpr int16_t P = SnapNodo;     // a command on existing points
+constexpr int16_t L = SnapLibero;   // a command on a free position
+constexpr int16_t V = kSnapInVigore;
+
+constexpr VoceComando Arma(std::string_view tag, int16_t codice, std::string_view prompt, int16_t snap,
+                           std::string_view dialogo, std::string_view menu, std::string_view voce,
+                           std::string_view domanda = {}) {
+  return {tag, G::Arma, codice, prompt, snap, dialogo, domanda, nullptr, menu, voce};
+}
+constexpr VoceComando Subito(std::string_view tag, void (*azione)(Sessione&), std::string_view dialogo,
+                             std::string_view menu, std::string_view voce) {
+  return {tag, G::Subito, 0, {}, V, dialogo, {}, azione, menu, voce};
+}
+constexpr VoceComando Zoom(std::string_view tag, void (*azione)(Sessione&), std::string_view menu = {},
+                           std::string_view voce = {}) {
+  return {tag, G::Zoom, 0, {}, V, {}, {}, azione, menu, voce};
+}
+constexpr VoceComando Snap(std::string_view tag, int16_t modo, std::string_view voce) {
+  return {tag, G::Snap, modo, {}, V, {}, {}, nullptr, "Snap", voce};
+}
+
+// First match wins, as in the chain of comparisons this table replaces: a tag listed twice
+// only ever reaches its first row.
+constexpr VoceComando kTabella[] = {
+    // --- Zoom: ahead of everything, the armed command goes on ---------------------------
+    Zoom("ZOOM_TUTTO", AzioneZoomTutto, "Zoom", "Zoom Tutto"),
+    Zoom("T", AzioneZoomTutto),
+    Zoom("0", AzioneZoomTutto),
+    Zoom("ZOOM_FINESTRA", AzioneZoomFinestra, "Zoom", "Zoom Finestra"),
+    Zoom("ZOOM_SPOSTA", AzioneZoomSposta, "Zoom", "Zoom Sposta"),
+    Zoom("ZOOM_CENTRO", AzioneZoomCentro, "Zoom", "Zoom Centro"),
+    Zoom("ZOOM_RIQUADRO", AzioneZoomRiquadro, "Zoom", "Zoom Riquadro"),
+    Zoom("ZOOM_SCALA", AzioneZoomScala, "Zoom", "Zoom Scala"),
+    Zoom("/", AzioneZoomScala),
+    Zoom("ZOOM_RICHIAMA_MEMO", AzioneZoomRichiama, "Zoom", "Richiama Zoom"),
+    Zoom("5", AzioneZoomRichiama),
+    Zoom("ZOOM_MEMORIZZA", AzioneZoomMemorizza, "Zoom", "Memorizza Zoom"),
+    Zoom("ZOOM_ESTRATTO", AzioneZoomEstratto, "Zoom", "Zoom Estratto"),
+    Zoom("ZOOM_SU", AzioneZoomSu, "Zoom", "Zoom Alto"),
+    Zoom("8", AzioneZoomSu),
+    Zoom("ZOOM_GIU", AzioneZoomGiu, "Zoom", "Zoom Basso"),
+    Zoom("2", AzioneZoomGiu),
+    Zoom("ZOOM_SIN", AzioneZoomSinistra, "Zoom", "Zoom Sinistra"),
+    Zoom("4", AzioneZoomSinistra),
+    Zoom("ZOOM_DES", AzioneZoomDestra, "Zoom", "Zoom Destro"),
+    Zoom("6", AzioneZoomDestra),
+    Zoom("ZOOM_+", AzioneZoomAvanti, "Zoom", "Zoom Avanti"),
+    Zoom("9", AzioneZoomAvanti),
+    Zoom("ZOOM_-", AzioneZoomIndietro, "Zoom", "Zoom Indietro"),
+    Zoom("3", AzioneZoomIndietro),
+    Zoom("ZOOM_PRECEDENTE", AzioneZoomPrecedente, "Zoom", "Zoom Precedente"),
+    Zoom("7", AzioneZoomPrecedente),
+    Zoom("RIDISEGNA", AzioneRidisegna, "Zoom", "Ridisegna"),
+    Zoom("1", AzioneRidisegna),
+    Zoom("R", AzioneRidisegna),
+    Zoom(" ", AzioneCentraPuntatore),
+
+    // --- Snap: the mode of the next click, the armed command goes on ---------------------
+    Snap("SNAP_NODO", SnapNodo, "Punto Noto"),
+    Snap("SNAP_PIEDE", SnapPiede, "Ortogonale a ..."),
+    Snap("SNAP_NEQ", SnapNEQ, "Coordinate N, E, Q"),
+    Snap("SNAP_VICINO", SnapVicino, "Vicino a ..."),
+    Snap("SNAP_FINE", SnapFine, "Fine di ..."),
+    Snap("SNAP_CENTRO", SnapCentro, "Centro di ..."),
+    Snap("SNAP_QUADRANTE", SnapQuadrante, "Quadrante di ..."),
+    Snap("SNAP_TANGENTE", SnapTangente, "Tangente a ..."),
+    Snap("SNAP_INCROCIO", SnapIncrocio, "Incrocio"),
+    Snap("SNAP_TESTO", SnapTesto, "Inserimento Testo"),
+    Snap("SNAP_POLARE", SnapPolare, "Polare"),
+    Snap("SNAP_APERTURA", SnapApertura, "Apertura"),
+    Snap("SNAP_MEDIO", SnapMedio, "Punto Medio"),
+    Snap("SNAP_RNEQ", SnapRNEQ, "Coordinate Relative"),
+    Snap("SNAP_LIBERO", SnapLibero, "Punto Libero"),
+    Snap("MEMO_PUNTO", SnapMemoPunto, "Memorizza Punto"),
+    Snap("RICHIAMA_MEMO", SnapRichiamaMemo, "Richiama Punto Memorizzato"),
+
+    // --- Commands that arm --------------------------------------------------------------
+    Arma("INFO_DISTANZA", 28, "Info Distanza - Primo Punto:", P, {}, "Info", "Distanza"),
+    Arma("SPOSTA_BITMAP", 235, "Sposta Immagine - Indica Immagine :", V, {}, "Immagine", "Sposta Immagine"),
+    Arma("DISEGNA_FUMETTO", 337, "Indica Punto Inserimento Fumetto :", L, {}, "Disegno", "Fumetto"),
+    Arma("SCALA_500", 343, {}, V, {}, "Immagine", "Scala 1:500"),
+    Arma("SCALA_1000", 287, "Indica l'Immagine :", V, {}, "Immagine", "Scala 1:1000"),
+    Arma("SCALA_1500", 369, {}, V, {}, "Immagine", "Scala 1:1500"),
+    Arma("SCALA_2000", 257, "Indica l'Immagine :", V, {}, "Immagine", "Scala 1:2000"),
+    Arma("SCALA_4000", 316, "Indica l'Immagine :", V, {}, "Immagine", "Scala 1:4000"),
+    Arma("FOGLIO_INTERO1", 335, {}, V, {}, "Immagine", "Foglio Intero 1"),
+    Arma("FOGLIO_INTERO2", 371, {}, V, {}, "Immagine", "Foglio Intero 2"),
+    Arma("LINEA_MOSTRA_LUNGHEZZA", 339, "Indica la Linea :", V, "Imputa2", "Cambia", "Mostra Lunghezza Linea"),
+    Arma("ESTRATTO_INQUADRAMENTO", 356, {}, V, "SpostaInquadramento", "Catasto", "Inquadramento Estratto"),
+    Arma("CONTORNODAPUNTOINTERNO", 431, "Indica il Punto Interno al Contorno :", L, {}, "Disegno",
+         "Contorno da Punto Interno"),
+    Arma("ROTOTRASLAZIONE_SELETTIVA", 192, {}, V, {}, "Cambia", "Rototraslazione Selettiva"),
+    Arma("RT", 192, {}, V, {}, {}, {}),
+    Arma("INVERTILINEA", 417, "Inverti Linea - Indica la Linea", V, {}, "Cambia", "Inverti Linea"),
+    Arma("ESPLODILINEA", 418, "Esplodi Linea Tratteggio - Indica la Linea", V, {}, "Cambia", "Esplodi Linea"),
+    Arma("SPEZZALINEAPERPUNTO", 412, "Interrompi Linea Per Punto - Indica la Linea", V, {}, "Cambia",
+         "Interrompi Linea per Punto"),
+    Arma("INTERROMPELINEASUPUNTO", 410, "Interrompi Linea su Punti - Indica la Linea", V, {}, "Cambia",
+         "Interrompi Linea su Punti"),
+    Arma("INTERSECA_FALDE", 398, "Interseca 2 Falde - Prima Falda", V, {}, "Terreno", "Interseca 2 Falde"),
+    Arma("DISEGNA_LINEA_LIBERA", 2, "Disegno Linea - Dal Punto:", V, {}, "Disegno", "Linea"),
+    Arma("DISEGNA_LINEA_2_P", 22, "Disegno Linea 2P - Primo Punto:", V, {}, "Disegno", "Linea 2 Punti"),
+    Arma("DISEGNA_LINEA_DISCONTINUITA", 349, "Disegno Linea Discontinuità - Dal Punto:", V, {}, "Terreno",
+         "Linea di Discontinuità"),
+    Arma("DISEGNA_LINEA_PROIETTA", 176, "Linea Proietta - Indica Entità:", V, {}, "Disegno", "Linea Proietta"),
+    Arma("DISEGNA_LINEA_PERPENDA", 175, "Disegno Perpen.. Da ...- Indica Entità:", V, {}, "Disegno",
+         "Linea Perpendicolare"),
+    Arma("DISEGNA_LINEA_ALLUNGA", 179, {}, V, "Imputa", "Disegno", "Allunga Linea", "Lunghezza da aggiungere :"),
+    Arma("DISEGNA_LINEA_LUNGHEZZA", 177, "Linea Lunghezza - Indica Linea:", V, {}, "Disegno", "Lunghezza Linea"),
+    Arma("LINEA_TRONCA", 152, {}, V, "Imputa", "Cambia", "Linea Tronca", "Lunghezza da troncare :"),
+    Arma("DISEGNA_LINEA_ESTREMO", 178, "Linea Estremo - Indica Estremo Linea:", V, {}, "Disegno",
+         "Linea da Estremo"),
+    Arma("PUNTI_ESTREMO_LINEE", 246, {}, V, "APartireDa", "Punto", "Punti Estremo Linee"),
+    Arma("VERIFICA_PARALLELE", 226, "Prima Linea :", V, {}, "Info", "Verifica Parallele"),
+    Arma("RETTANGOLO", 183, "Disegno Rettangolo - Primo Punto:", V, {}, "Disegno", "Rettangolo"),
+    Arma("SQUADRATO", 301, "Disegna Linea Squadrato - Primo Punto :", V, {}, "Disegno", "Squadrato"),
+    Arma("ESTREMI_LINEA", 302, "Disegno Ortogonali - Indicare Linea:", V, {}, "Disegno", "Ortogonali agli Estremi"),
+    Arma("ASSE_LINEA", 315, "Disegno Asse Linea - Indicare Linea:", V, {}, "Disegno", "Asse Linea"),
+    Arma("CHIUDI_QUADRILATERO", 303, "Chiudi Quadrilatero - Primo Punto :", V, {}, "Disegno", "Chiudi Quadrilatero"),
+    Arma("PARALLELA_PER_PUNTO", 305, "Parallelaperpunto - Indica Linea :", V, {}, "Disegno", "Parallela per Punto"),
+    Arma("DISEGNA_PUNTO", 1, "Indicare la posizione del nuovo punto", L, "NuovoPunto", "Punto", "Nuovo Punto"),
+    Arma("DISEGNA_CERCHIO_3_P", 132, "Cerchio Tre Punti - Indicare il Primo:", V, {}, "Disegno", "Cerchio 3 Punti"),
+    Arma("DISEGNA_ARCO_3_P", 135, "Arco Tre Punti - Indicare il Primo:", V, {}, "Disegno", "Arco 3 Punti"),
+    Arma("DISEGNA_TESTO", 701, {}, L, {}, "Disegno", "Testo"),
+    Arma("DISEGNA_PARALLELA", 136, "Disegno parallela - Indicare Entità:", V, "Imputa", "Disegno", "Parallela",
+         "Distanza della Parallela :"),
+    Arma("DISEGNA_CAMPITURA", 196, "Seleziona Contorno - Primo Punto", V, "Imputa2", "Disegno", "Campitura"),
+    Arma("DISEGNA_TESTO_DA_APPUNTI", 207, "Indicare posizione inizio testo :", L, {}, "Disegno", "Testo da Appunti"),
+    Arma("DISEGNA_PERCORSO", 180, "Disegno Percorso - Punto Partenza:", V, {}, "Disegno", "Percorso"),
+    Arma("DISEGNA_IMMAGINE", 202, {}, L, {}, "Immagine", "Inserisci Immagine"),
+    Arma("INFO_AREA", 27, "Seleziona Contorno - Primo Punto", V, {}, "Info", "Area"),
+    Arma("TRACCIAMENTO", 290, "Tracciamento - Stazione :", P, {}, "Punto", "Tracciamento"),
+    Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, {}, "Punto", "Interseca Direzione"),
+    Arma("CONTORNO_7", 190, "Indica Punto per Contorno 7", P, {}, "Catasto", "Contorno 7"),
+    Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
+    Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
+         "Tratteggio Singolo"),
+    Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
+    Arma("INCOLLA_DESCRIZIONE", 131, "Indica il Punto", P, {}, "Punto", "Incolla Descrizione"),
+    Arma("ROTAZIONE_VERTICALE", 276, "Rotazione Verticale - Primo Punto:", P, {}, "Cambia", "Rotazione Verticale"),
+    Arma("RIBALTAMENTO", 415, "Ribaltamento - Primo Punto:", P, {}, "Cambia", "Ribaltamento"),
+    Arma("EDIT_MODIFICA", 173, "Edit Modifica - Indica il Punto:", P, {}, "Edit", "Modifica"),
+    Arma("EDIT_CAMBIA_NOME", 266, "Edit Cambia Nome - Indica il Punto :", P, {}, "Edit", "Cambia Nome"),
+    Arma("EDIT_SPOSTA_NOME", 24, "Nome Sposta - Indicare il Punto :", P, {}, "Edit", "Sposta Nome"),
+    Arma("EDIT_SPOSTAPUNTO", 191, "Sposta Punto - Indicare il Punto :", P, {}, "Edit", "Sposta Punto"),
+    Arma("PUNTO_DISTANZA", 601, "Punto Distanza - Primo Punto:", P, {}, "Punto", "Punto Distanza"),
+    Arma("INFO_DISTANZA_2P", 249, "Info Distanza 2P - Primo Punto:", V, {}, "Info", "Distanza 2 Punti"),
+    Arma("PUNTO_PARALLELA", 251, "Punto Parallela - Primo Punto:", P, {}, "Punto", "Punto Parallela"),
+    Arma("CAMBIA_SCONGELA", 141, {}, V, {}, "Cambia", "Scongela"),
+    Arma("CAMBIA_CONGELA", 140, {}, V, {}, "Cambia", "Congela"),
+    Arma("CAMBIA_PIANO", 163, {}, V, "MenuPiani", "Cambia", "Piano"),
+    Arma("CAMBIA_TRATTEGGIO", 148, {}, V, "MenuTratteggi", "Cambia", "Tratteggio"),
+    Arma("CAMBIA_SCALA", 144, {}, V, {}, "Cambia", "Scala"),
+    Arma("CAMBIA_SPECCHIO", 147, {}, V, {}, "Cambia", "Specchio"),
+    Arma("CAMBIA_RUOTA", 146, {}, V, {}, "Cambia", "Ruota"),
+    Arma("CAMBIA_ALLINEA", 414, {}, V, {}, "Cambia", "Allinea"),
+    Arma("CAMBIA_SPOSTA", 143, {}, V, {}, "Cambia", "Sposta"),
+    Arma("CAMBIA_COPIA", 142, {}, V, {}, "Cambia", "Copia"),
+    Arma("CAMBIA_TAGLIA", 166, "Cambia Taglia - Entità Riferimento:", V, {}, "Cambia", "Taglia"),
+    Arma("CAMBIA_ALLUNGA", 167, "Cambia Allunga - Entità Riferimento:", V, {}, "Cambia", "Allunga"),
+    Arma("CAMBIA_RIFILA", 165, "Cambia Rifila - Prima Entita:", V, {}, "Cambia", "Rifila"),
+    Arma("CAMBIA_DIVIDE", 168, "Cambia Divide - Entità da Dividere:", V, {}, "Cambia", "Divide"),
+    Arma("CAMBIA_ELIMINA", 138, {}, V, {}, "Cambia", "Elimina"),
+    Arma("CAMBIA_COLORE_DEFAULT", 139, {}, V, "FormSelezColore", "Cambia", "Colore"),
+    Arma("COPIA_IN_FILE", 215, {}, V, "Selezentita", "File", "Copia in File"),
+    Arma("ZOOM_CENTRO_DI", 217, "Seleziona Contorno - Primo Punto", V, {}, "Zoom", "Zoom Centro di Contorno"),
+    Arma("ARCO_CENTRO_INIZIO_FINE", 137, "Arco Due Punti - Centro Arco:", V, {}, "Disegno", "Arco Centro Inizio Fine"),
+    Arma("CERCHIO_CENTRO_RAGGIO", 134, "Cerchio Centro Raggio - Indicare il Primo:", V, "Imputa", "Disegno",
+         "Cerchio Centro Raggio", "Raggio del Cerchio :"),
+    Arma("X", 218, {}, V, {}, {}, {}),
+    Arma("G", 196, "Seleziona Contorno - Primo Punto", V, "Imputa2", {}, {}),
+    // Commands of these routines that the menus reach under names of their own.
+    Arma("NOME_SCAMBIO", 23, "Nome Scambio - Primo Punto:", P, {}, "Edit", "Scambia Nomi"),
+    Arma("INFO_ANGOLO", 213, "Info Angolo - Vertice Angolo :", V, {}, "Info", "Angolo"),
+    Arma("ORIGINE_FOGLIO", 254, "Indica l'Origine del Foglio :", L, {}, "File", "Origine del Foglio"),
+    Arma("COPIA_QUOTA", 320, "Copia Quota - Indica il Punto :", P, {}, "Punto", "Copia Quota"),
+    Arma("PUNTO_VERTICE", 377, "Punto Vertice <PV> - Indica il Punto :", P, {}, "Punto", "Punto Vertice"),
+    Arma("PUNTO_DIREZIONE", 378, "Punto Direzione <PD> - Indica il Punto :", P, {}, "Punto", "Punto Direzione"),
+    Arma("IMMAGINE_IN_CIMA", 336, "Indica l'Immagine :", V, {}, "Immagine", "Immagine in Primo Piano"),
+    // Codes reached only from another command.
+    Arma({}, 321, {}, P, {}, {}, {}),
+    Arma({}, 219, "Indicare il Punto da memorizzare :", V, {}, {}, {}),
+
+    // --- Tags that act at once ----------------------------------------------------------
+    Subito("CONFIGURAZIONE", nullptr, "Configurazione", "File", "Configurazione"),
+    Subito("U", nullptr, "Configurazione", {}, {}),
+    Subito("EDIT_CONFIGURA_TUTTO", nullptr, "FormConfiguraTutto", "Edit", "Configura Tutto"),
+    Subito("FINE_CONTORNO", nullptr, "ContornoSette", {}, {}),
+    Subito("GENERA_AUTOALLESTITO", nullptr, "GeneraAutoallestito", "Catasto", "Genera Autoallestito"),
+    Subito("ESPLODI_ESTRATTO", nullptr, {}, "Catasto", "Esplodi Estratto"),
+    Subito("ESTRATTI_DI_MAPPA", nullptr, "EstrattiDiMappa", "Catasto", "Estratti di Mappa"),
+    Subito("SCALA_MAPPA", nullptr, {}, "Catasto", "Scala Mappa"),
+    Subito("CONFIGURA_ESTRATTO", AzioneEstrattoNonAssociato, {}, "Catasto", "Configura Estratto"),
+    Subito("COLORE_ESTRATTO", AzioneEstrattoNonAssociato, {}, "Catasto", "Colore Estratto"),
+    Subito("CONGELA_ESTRATTO", nullptr, {}, "Catasto", "Congela Estratto"),
+    Subito("SCONGELA_ESTRATTO", nullptr, {}, "Catasto", "Scongela Estratto"),
+    Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
+    Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),
+    Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani"),
+    Subito("MENU_TRATTEGGI", nullptr, "MenuTratteggi", "Visualizza", "Tratteggi"),
+    Subito("MENU_DESCRIZIONI", nullptr, "VR_Codici", "Visualizza", "Descrizioni"),
+    Subito("SALVA_CON_NOME", nullptr, {}, "File", "Salva con Nome"),
+    Subito("SALVA_VELOCE", nullptr, {}, "File", "Salva"),
+    Subito("NUOVO_VUOTO", nullptr, {}, "File", "Nuovo"),
+    Subito("APRI_ESISTENTE", nullptr, {}, "File", "Apri"),
+    Subito("APRI_DA_ARCHIVIO", nullptr, {}, "File", "Apri da Archivio"),
+    Subito("RIAPRI_DISEGNO", nullptr, {}, "File", "Riapri"),
+    Subito("GESTIONE_DISEGNI", nullptr, {}, "File", "Gestione Disegni"),
+    Subito("ANNULLA", nullptr, {}, "Edit", "Annulla"),
+    Subito("REDO", nullptr, {}, "Edit", "Ripeti"),
+    Subito("RIGENERA", AzioneInterrompi, {}, "Zoom", "Rigenera"),
+    Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando"),
+    Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
+    Subito("ANTEPRIMA_STAMPA", nullptr, {}, "File", "Anteprima di Stampa"),
+    Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),
+    Subito("CATTURA_SCHERMO", AzioneProgrammaEsterno, {}, "Strumenti", "Cattura Schermo"),
+    Subito("CALCOLATRICE", AzioneProgrammaEsterno, {}, "Strumenti", "Calcolatrice"),
+    Subito("SELEZIONA_COLORE", nullptr, {}, {}, {}),
+    Subito("H_PRIS_STAZ", nullptr, "H_PRIS_STAZ", "Punto", "Altezze Stazione e Prisma"),
+    Subito("HPS_DA_LIBRETTO", nullptr, {}, "Catasto", "HP/HS da Libretto"),
+    Subito("ASSEGNA_COLORI_PREGEO", nullptr, {}, "Catasto", "Colori Pregeo"),
+    Subito("LIBRETTO_DA_DISEGNO", nullptr, {}, "Catasto", "Libretto da Disegno"),
+    Subito("LIBRETTO_MISURE", nullptr, "LibrettoMisure", "Catasto", "Libretto delle Misure"),
+    Subito("H", nullptr, "LibrettoMisure", {}, {}),
+    Subito("IMPORTA_DA_PREGEO", nullptr, {}, "Catasto", "Importa da Pregeo"),
+    Subito("SCHEMA_DA_LIBRETTO", nullptr, {}, "Catasto", "Schema da Libretto"),
+    Subito("INFO_MISURATE", nullptr, {}, "Info", "Misurate"),
+    Subito("CONVERTE_CAT_FIS", nullptr, {}, "Catasto", "Converti Catastale Fiscale"),
+    Subito("LISTA_ENTITA", nullptr, "ElencoEntita", "Info", "Lista Entità"),
+    Subito("CONGELA_SCONGELA_SIMBOLI", nullptr, "CongelaSimboli", "Visualizza", "Congela Simboli"),
+    Subito("FONT_DEFAULT", nullptr, "FormFont", "Visualizza", "Carattere"),
+    Subito("TUTTI", nullptr, "FormTutti", "Visualizza", "Tutti"),
+    Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
+    Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
+    Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
+    Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),
+    Subito("ALTEZZA_QUOTA", nullptr, "DN", "Punto", "Altezza Quota"),
+    Subito("ALTEZZA_DESCRIZIONE", nullptr, "DN", "Punto", "Altezza Descrizione"),
+    Subito("ALTEZZA_SIMBOLO", nullptr, "DN", "Punto", "Altezza Simbolo"),
+    Subito("DN+", AzionePassoDimensioni, {}, "Punto", "Nomi più grandi"),
+    Subito("DN-", AzionePassoDimensioni, {}, "Punto", "Nomi più piccoli"),
+    Subito("DS+", AzionePassoDimensioni, {}, "Punto", "Simboli più grandi"),
+    Subito("DS-", AzionePassoDimensioni, {}, "Punto", "Simboli più piccoli"),
+    Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
+    Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
+    Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
+    Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO"),
+    Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_ARCO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_SIMBOLO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_ESTRATTO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_PUNTO", AzioneMenu, {}, {}, {}),
+    Subito("MENU_SERIE", AzioneMenu, {}, {}, {}),
+    Subito("MENU_NOME", AzioneMenu, {}, {}, {}),
+    Subito("MENU_DESCRIZIONE", AzioneMenu, {}, {}, {}),
+    Subito("MENU_QUOTA", AzioneMenu, {}, {}, {}),
+    Subito("MENU_CONTORNI", AzioneMenu, {}, {}, {}),
+    Subito("MENU_LINEA", AzioneMenu, {}, {}, {}),
+    Subito("MENU_IMMAGINE", AzioneMenu, {}, {}, {}),
+    Subito("MANUALE_WEB_AUTOALLESTITO", nullptr, {}, "Catasto", "Manuale Autoallestito"),
+    // The letters of the command bar.
+    Subito("A", AzioneVisualizza, {}, "Visualizza", "Solo PF-Stazioni SI/NO"),
+    Subito("N", AzioneVisualizza, {}, "Visualizza", "Nomi Punti SI/NO"),
+    Subito("S", AzioneVisualizza, {}, "Visualizza", "Simboli Punti SI/NO"),
+    Subito("Q", AzioneVisualizza, {}, "Visualizza", "Quote Punti SI/NO"),
+    Subito("W", AzioneVisualizza, {}, "Visualizza", "Descrizione Punti SI/NO"),
+    Subito("L", AzioneVisualizza, {}, "Visualizza", "Linee SI/NO"),
+    Subito("C", AzioneMenu, {}, {}, {}),
+    Subito("D", AzioneMenu, {}, {}, {}),
+    Subito("E", AzioneMenu, {}, {}, {}),
+    Subito("F", AzioneMenu, {}, {}, {}),
+    Subito("I", AzioneMenu, {}, {}, {}),
+    Subito("P", AzioneMenu, {}, {}, {}),
+    Subito("Z", AzioneMenu, {}, {}, {}),
+    Subito("B", nullptr, {}, {}, {}),
+};
+
+// Codes whose clicks run a routine of their own, or show a rubber band.
+constexpr FormaElastico Li = FormaElastico::Linea;
+constexpr SchedaCodice kSchede[] = {
+    {1, DisegnoEntitaPunto, Li, nullptr},
+    {2, DisegnoEntitaLinea, Li, nullptr},
+    {22, DisegnoEntitaLinea, Li, nullptr},
+    {349, DisegnoEntitaLinea, Li, nullptr},
+    {23, subNomeScambio, Li, nullptr},
+    {24, subEditNomeSposta, Li, nullptr},
+    {26, nullptr, Li, nullptr},
+    {27, nullptr, Li, nullptr},
+    {28, subInfoDistanza, Li, nullptr},
+    {249, subInfoDistanza, Li, nullptr},
+    {213, subInfoAngolo, Li, nullptr},
+    {254, subOrigineFoglio, FormaElastico::Nessuna, nullptr},
+    {257, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {287, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {316, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {335, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {343, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {369, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {371, subScalaImmagine, FormaElastico::Nessuna, nullptr},
+    {336, subImmagineInCima, FormaElastico::Nessuna, nullptr},
+    {320, subCopiaQuota, FormaElastico::Nessuna, nullptr},
+    {321, subIncollaQuota, FormaElastico::Nessuna, PromptIncollaQuota},
+    {377, subMarcaVertice, FormaElastico::Nessuna, nullptr},
+    {378, subMarcaDirezione, FormaElastico::Nessuna, nullptr},
+    {219, subMemorizzaPunto, FormaElastico::Nessuna, nullptr},
+    // The other two-point commands, whose routines come with their own work.
+    {132, nullptr, FormaElastico::Cerchio3P, nullptr},
+    {133, nullptr, FormaElastico::CerchioCentro, nullptr},
+    {134, nullptr, FormaElastico::CerchioRaggio, nullptr},
+    {135, nullptr, FormaElastico::Arco3P, nullptr},
+    {137, nullptr, FormaElastico::ArcoCentro, nullptr},
+    {142, nullptr, Li, nullptr},
+    {143, nullptr, Li, nullptr},
+    {145, nullptr, Li, nullptr},
+    {147, nullptr, Li, nullptr},
+    {155, nullptr, Li, nullptr},
+    {158, nullptr, Li, nullptr},
+    {159, nullptr, Li, nullptr},
+    {160, nullptr, Li, nullptr},
+    {161, nullptr, Li, nullptr},
+    {164, nullptr, Li, nullptr},
+    {169, nullptr, Li, nullptr},
+    {170, nullptr, Li, nullptr},
+    {172, nullptr, Li, nullptr},
+    {176, nullptr, Li, nullptr},
+    {178, nullptr, Li, nullptr},
+    {180, nullptr, Li, nullptr},
+    {181, nullptr, Li, nullptr},
+    {183, nullptr, Li, nullptr},
+    {184, nullptr, Li, nullptr},
+    {185, nullptr, Li, nullptr},
+    {186, nullptr, FormaElastico::ArcoSerie, nullptr},
+    {191, nullptr, Li, nullptr},
+    {198, nullptr, Li, nullptr},
+    {199, nullptr, Li, nullptr},
+    {211, nullptr, Li, nullptr},
+    {226, nullptr, Li, nullptr},
+    {251, nullptr, Li, nullptr},
+    {276, nullptr, Li, nullptr},
+    {290, nullptr, Li, nullptr},
+    {301, nullptr, Li, nullptr},
+    {303, nullptr, Li, nullptr},
+    {332, nullptr, Li, nullptr},
+    {372, nullptr, Li, nullptr},
+    {414, nullptr, Li, nullptr},
+    {415, nullptr, Li, nullptr},
+    {601, nullptr, Li, nullptr},
+};
+
+}  // namespace
+
+std::span<const VoceComando> TabellaComandi() { return kTabella; }
+
+const VoceComando* CercaTag(std::string_view tag) {
+  if (tag.empty()) return nullptr;
+  for (const VoceComando& v : kTabella)
+    if (v.Tag == tag) return &v;
+  return nullptr;
+}
+
+const VoceComando* VocePerCodice(int32_t codice) {
+  if (codice == 0) return nullptr;
+  for (const VoceComando& v : kTabella)
+    if (v.Genere == G::Arma && v.Codice == codice) return &v;
+  return nullptr;
+}
+
+int32_t IndiceVoce(const VoceComando* voce) {
+  return voce ? static_cast<int32_t>(voce - kTabella) : -1;
+}
+
+const SchedaCodice* SchedaPerCodice(int32_t codice) {
+  for (const SchedaCodice& c : kSchede)
+    if (c.Codice == codice) return &c;
+  return nullptr;
+}
+
+bool CodiceDiSelezione(int32_t codice) {
+  static constexpr std::array<int32_t, 19> kCodici{138, 139, 140, 141, 142, 143, 144, 146, 147, 148,
+                                                   163, 192, 216, 218, 246, 256, 265, 327, 414};
+  return std::find(kCodici.begin(), kCodici.end(), codice) != kCodici.end();
+}
+
+bool CodiceDiContorno(int32_t codice) {
+  static constexpr std::array<int32_t, 12> kCodici{27, 193, 196, 200, 203, 212, 217, 225, 227, 234, 294, 312};
+  return std::find(kCodici.begin(), kCodici.end(), codice) != kCodici.end();
+}
+
+}  // namespace varena

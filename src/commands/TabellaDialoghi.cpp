@@ -1,0 +1,93 @@
+// The table of dialogs by name, and the dialogs of the commands of this folder.
+#include "commands/TabellaDialoghi.h"
+
+#include "commands/Comandi.h"
+#include "core/Dialoghi.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "survey/Primitive.h"
+#include "view/Zoom.h"
+
+namespace varena {
+
+namespace {
+
+constexpr SchedaDialogo kDialoghi[] = {
+    {"NuovoPunto", ApriNuovoPunto},
+    {"ZoomScala", ApriZoomScala},
+};
+
+// The name the next point is offered: the one after the last live point's, "1" on an
+// empty job.
+std::string PrimoNomeProposto(const Sessione& s) {
+  for (int32_t r = s.ContaEntita[SlotPunti] - 1; r >= 0; --r)
+    if (s.PuntoIdent[static_cast<size_t>(r)] == 0) {
+      const std::string n = ProssimoNomePunto(s, Rifila(s.PuntoNome[static_cast<size_t>(r)]), true, "1");
+      if (!n.empty()) return n;
+    }
+  return ProssimoNomePunto(s, "0", true, "1");
+}
+
+}  // namespace
+
+std::span<const SchedaDialogo> TabellaDialoghi() { return kDialoghi; }
+
+bool DialogoDisponibile(std::string_view nome) {
+  for (const SchedaDialogo& d : kDialoghi)
+    if (UgualeSenzaCaso(d.Nome, nome)) return true;
+  return false;
+}
+
+bool ApriDialogoDiTabella(Sessione& s, std::string_view nome) {
+  for (const SchedaDialogo& d : kDialoghi)
+    if (UgualeSenzaCaso(d.Nome, nome)) return d.Apri(s);
+  return true;
+}
+
+bool ApriNuovoPunto(Sessione& s) {
+  Dialogo d;
+  d.Nome = "NuovoPunto";
+  d.Titolo = "Nuovo Punto";
+  d.AggiungiCampo("Nome", "Nome :", PrimoNomeProposto(s))
+      .AggiungiCampo("Descrizione", "Descrizione :")
+      .AggiungiCampo("Piano", "Piano :", s.PianoCorrente)
+      .AggiungiCampo("Automatico", "Numerazione Automatica (1/0) :", "1")
+      .AggiungiCampo("Passo", "Incremento :", "1");
+  // The next click names the point from the nearest one instead of placing one.
+  d.AggiungiBottone("Prendi", "Prendi Nome", [](Sessione& x) { x.PuntoInDialogo = 1; });
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) {
+    ChiudiDialogo(x, "NuovoPunto");
+    if (x.ComandoCorrente == 1) InterrompiComando(x);
+  });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+  return true;
+}
+
+bool ApriZoomScala(Sessione& s) {
+  Dialogo d;
+  d.Nome = "ZoomScala";
+  d.Titolo = "Zoom Scala";
+  std::string elenco;
+  for (double h : AltezzeZoomScala()) elenco += VoceZoomScala(h) + "\n";
+  d.AggiungiCampo("Altezza", "Altezza della vista (m) :", Rifila(FormatoMaschera(s.Vista.AltezzaVista, "#########0.###")));
+  d.AggiungiCampo("Elenco", "", elenco);
+  d.AggiungiBottone("OK", "OK", [](Sessione& x) {
+    const std::string testo = TrovaDialogo(x, "ZoomScala")->Valore("Altezza");
+    ChiudiDialogo(x, "ZoomScala");
+    EseguiSeguito(x, ZoomScalaTesto(x, testo));
+  });
+  // The buttons of index 2 to 10 give their heights at once.
+  static constexpr const char* kBottoni[] = {"50", "100", "200", "500", "1000", "2000", "4000", "5000", "10000"};
+  for (int i = 0; i < 9; ++i)
+    d.AggiungiBottone(kBottoni[i], kBottoni[i], [i](Sessione& x) {
+      ChiudiDialogo(x, "ZoomScala");
+      EseguiSeguito(x, ZoomScalaBottone(x, i + 2));
+    });
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) { ChiudiDialogo(x, "ZoomScala"); });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+  return true;
+}
+
+}  // namespace varena

@@ -1,0 +1,388 @@
+// The searches by kind, one expanding search over the grids for all of them, and the
+// notable points of the entity found.
+#include "snap/Vicino.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "survey/Convenzioni.h"
+
+namespace varena {
+
+namespace {
+
+constexpr int kTipi = 16;
+constexpr uint32_t Bit(int tipo) { return 1u << tipo; }
+constexpr uint32_t kTipiLista =
+    Bit(SlotLinee) | Bit(SlotFalde) | Bit(SlotSette) | Bit(SlotSezioni) | Bit(SlotBitmap) | Bit(14);
+
+size_t Conta(const Sessione& s, int slot) { return static_cast<size_t>(std::max(s.ContaEntita[slot], 0)); }
+
+bool PuntoCercabile(const Sessione& s, size_t k) {
+  return s.PuntoIdent[k] == 0 && !(s.PuntoCongelaSimbolo[k] != 0 && s.PuntoCongelaNome[k] != 0);
+}
+
+// A list record stands for a row that may have been deleted or frozen since the list was
+// made: the row decides, where the kind has a table.
+bool RigaListaCercabile(const Sessione& s, uint8_t tipo, int32_t riga) {
+  if (riga < 0) return tipo == SlotSezioni || tipo == 14;
+  const auto r = static_cast<size_t>(riga);
+  switch (tipo) {
+    case SlotLinee: return r < Conta(s, SlotLinee) && s.LineaIdent[r] == 0 && s.LineaCongela[r] == 0;
+    case SlotFalde: return r < Conta(s, SlotFalde) && s.FaldaIdent[r] == 0 && s.FaldaCongela[r] == 0;
+    case SlotSette: return r < Conta(s, SlotSette) && s.SetteIdent[r] == 0;
+    case SlotBitmap: return r < Conta(s, SlotBitmap) && s.BitmapIdent[r] == 0 && s.BitmapCongela[r] == 0;
+    default: return true;
+  }
+}
+
+double DistanzaArco(const Sessione& s, size_t k, double x, double y) {
+  const double xc = s.ArcoX[k], yc = s.ArcoY[k], r = s.ArcoRaggio[k];
+  if (AngoloInArco(xc, yc, s.ArcoInizio[k], s.ArcoFine[k], x, y).Dentro) return std::fabs(Distanza2D(x, y, xc, yc) - r);
+  const double a0 = s.ArcoInizio[k] * GonToRad, a1 = (s.ArcoInizio[k] + s.ArcoFine[k]) * GonToRad;
+  return std::min(Distanza2D(x, y, xc + r * std::sin(a0), yc + r * std::cos(a0)),
+                  Distanza2D(x, y, xc + r * std::sin(a1), yc + r * std::cos(a1)));
+}
+
+// The best of one kind so far. A row replaces it when nearer, or as near and later: the
+// outcome of a scan from row 0 up with a "not farther" test, whatever order the rows come in.
+struct Migliore {
+  double D;
+  int64_t I;
+};
+
+class Ricerca {
+ public:
+  Ricerca(const Sessione& s, double x, double y, uint32_t tipi) : s_(s), x_(x), y_(y), tipi_(tipi) {}
+
+  void Limite(int tipo, double limite) { m_[static_cast<size_t>(tipo)] = {limite, -1}; }
+  const Migliore& Risultato(int tipo) const { return m_[static_cast<size_t>(tipo)]; }
+
+  void Esegui() {
+    double hMassimo = 0;
+    for (int t = 0; t < kTipi; ++t)
+      if (Vuole(t)) hMassimo = std::max(hMassimo, m_[static_cast<size_t>(t)].D);
+    if (!(hMassimo > 0)) return;
+    Code();
+    // Rounding of the feet grows with the coordinates: a square is trusted to hold every
+    // candidate only this much inside its edge.
+    const double margine = 1e-8 * (std::fabs(x_) + std::fabs(y_)) + 1e-12;
+    double h = std::max(s_.Vista.AltezzaVista / 100, 1e-3);
+    for (;;) {
+      const bool ultimo = h >= hMassimo;
+      if (ultimo) h = hMassimo + 2 * margine + 1e-9 * hMassimo;
+      Quadrato(h);
+      double g = std::numeric_limits<double>::infinity();
+      for (int t = 0; t < kTipi; ++t)
+        if (Vuole(t) && m_[static_cast<size_t>(t)].I >= 0) g = std::min(g, m_[static_cast<size_t>(t)].D);
+      // Whatever lies within `g` touches the square: nothing unseen can be nearer.
+      if (g <= h - margine - 1e-9 * h || ultimo) return;
+      h *= 4;
+    }
+  }
+
+ private:
+  bool Vuole(int tipo) const { return (tipi_ & Bit(tipo)) != 0; }
+
+  void Considera(int tipo, int64_t i, double d) {
+    Migliore& m = m_[static_cast<size_t>(tipo)];
+    if (d < m.D || (d == m.D && i > m.I)) m = {d, i};
+  }
+
+  void Lista(int64_t i) {
+    const ElencoDisegno& l = s_.ListaDisegno;
+    const auto k = static_cast<size_t>(i);
+    if (l.Primitiva[k] != PrimLinea) return;
+    const uint8_t tipo = l.Tipo[k];
+    // Circles and arcs have records in the list too, as chords: they are sought in their tables.
+    if (tipo >= kTipi || !(kTipiLista & Bit(tipo)) || !Vuole(tipo) || !RigaListaCercabile(s_, tipo, l.Riga[k])) return;
+    Considera(tipo, i, DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x_, y_, 0}));
+  }
+  void Punto(int64_t i) {
+    const auto k = static_cast<size_t>(i);
+    if (!PuntoCercabile(s_, k)) return;
+    Considera(SlotPunti, i, Distanza2D(x_, y_, s_.PuntoX[k], s_.PuntoY[k] + s_.PuntoSpoY[k]));
+  }
+  void Cerchio(int64_t i) {
+    const auto k = static_cast<size_t>(i);
+    if (s_.CerchioIdent[k] != 0 || s_.CerchioCongela[k] != 0) return;
+    Considera(SlotCerchi, i, std::fabs(Distanza2D(x_, y_, s_.CerchioX[k], s_.CerchioY[k]) - s_.CerchioRaggio[k]));
+  }
+  void Arco(int64_t i) {
+    const auto k = static_cast<size_t>(i);
+    if (s_.ArcoIdent[k] != 0 || s_.ArcoCongela[k] != 0) return;
+    Considera(SlotArchi, i, DistanzaArco(s_, k, x_, y_));
+  }
+  void Testo(int64_t i) {
+    const auto k = static_cast<size_t>(i);
+    if (s_.TestoIdent[k] != 0 || s_.TestoCongela[k] != 0) return;
+    Considera(SlotTesti, i, Distanza2D(x_, y_, s_.TestoX[k], s_.TestoY[k]));
+  }
+
+  // What the grids do not hold yet: rows added since they were built.
+  void Code() {
+    if (tipi_ & kTipiLista)
+      for (int64_t i = s_.IndiceLista.Elementi(); i < s_.ListaDisegno.Conta(); ++i) Lista(i);
+    auto coda = [&](int tipo, const IndiceGriglia& g, auto valuta) {
+      if (!Vuole(tipo)) return;
+      for (int64_t i = g.Elementi(); i < s_.ContaEntita[tipo]; ++i) (this->*valuta)(i);
+    };
+    coda(SlotPunti, s_.IndicePunti, &Ricerca::Punto);
+    coda(SlotCerchi, s_.IndiceCerchi, &Ricerca::Cerchio);
+    coda(SlotArchi, s_.IndiceArchi, &Ricerca::Arco);
+    coda(SlotTesti, s_.IndiceTesti, &Ricerca::Testo);
+  }
+
+  void Quadrato(double h) {
+    const double x0 = x_ - h, y0 = y_ - h, x1 = x_ + h, y1 = y_ + h;
+    if (tipi_ & kTipiLista) {
+      s_.IndiceLista.Cerca(x0, y0, x1, y1, candidati_);
+      const int64_t n = std::min(s_.ListaDisegno.Conta(), s_.IndiceLista.Elementi());
+      for (int64_t i : candidati_)
+        if (i < n) Lista(i);
+    }
+    auto griglia = [&](int tipo, const IndiceGriglia& g, auto valuta) {
+      if (!Vuole(tipo)) return;
+      g.Cerca(x0, y0, x1, y1, candidati_);
+      const int64_t n = std::min<int64_t>(s_.ContaEntita[tipo], g.Elementi());
+      for (int64_t i : candidati_)
+        if (i < n) (this->*valuta)(i);
+    };
+    griglia(SlotPunti, s_.IndicePunti, &Ricerca::Punto);
+    griglia(SlotCerchi, s_.IndiceCerchi, &Ricerca::Cerchio);
+    griglia(SlotArchi, s_.IndiceArchi, &Ricerca::Arco);
+    griglia(SlotTesti, s_.IndiceTesti, &Ricerca::Testo);
+  }
+
+  const Sessione& s_;
+  double x_, y_;
+  uint32_t tipi_;
+  std::array<Migliore, kTipi> m_{};
+  std::vector<int64_t> candidati_;
+};
+
+Vicina DiUnTipo(const Sessione& s, double x, double y, int tipo, double altezze) {
+  Ricerca r(s, x, y, Bit(tipo));
+  r.Limite(tipo, s.Vista.AltezzaVista * altezze);
+  r.Esegui();
+  const Migliore& m = r.Risultato(tipo);
+  Vicina v;
+  if (m.I < 0) return v;
+  v.Distanza = m.D;
+  if (kTipiLista & Bit(tipo)) {
+    v.RigaLista = m.I;
+    const bool rigaDellaTabella = tipo == SlotLinee || tipo == SlotBitmap;
+    v.Riga = rigaDellaTabella ? s.ListaDisegno.Riga[static_cast<size_t>(m.I)] : static_cast<int32_t>(m.I);
+  } else {
+    v.Riga = static_cast<int32_t>(m.I);
+  }
+  return v;
+}
+
+PuntoXYZ Tra(const PuntoXYZ& a, const PuntoXYZ& b, double t) {
+  return {a.X + (b.X - a.X) * t, a.Y + (b.Y - a.Y) * t, a.Z + (b.Z - a.Z) * t};
+}
+
+bool DiLinea(uint8_t tipo) { return (kTipiLista & Bit(tipo)) != 0; }
+
+double D(const PuntoXYZ& p, double x, double y) { return Distanza2D(x, y, p.X, p.Y); }
+
+// The two points of a circle on the line from `da` through the centre; the one nearer to
+// (x, y) is kept.
+PuntoXYZ SulCerchio(const RisultatoVicina& r, const PuntoXYZ& da, double x, double y) {
+  const double az = AzimutDistanza(da, r.Centro).Azimut;
+  PuntoXYZ a = Polare(r.Centro.X, r.Centro.Y, az, r.Raggio);
+  PuntoXYZ b = Polare(r.Centro.X, r.Centro.Y, az + PiGreco, r.Raggio);
+  a.Z = b.Z = r.Centro.Z;
+  return D(a, x, y) <= D(b, x, y) ? a : b;
+}
+
+// The foot on the infinite line of the record, with the line's height there; the first
+// point when the record has no length.
+PuntoXYZ PiedeSuRecord(const RisultatoVicina& r, const PuntoXYZ& p) {
+  Piede f;
+  if (PiedePerpendicolare(r.Inizio, r.Fine, p, f) != kRiuscito) return r.Inizio;
+  return f.F;
+}
+
+}  // namespace
+
+Vicina IlPiuVicinoPunto(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotPunti, kLimitePunti); }
+Vicina IlPiuVicinoLinea(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotLinee, kLimiteEntita); }
+Vicina IlPiuVicinoCerchio(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotCerchi, kLimiteEntita); }
+Vicina IlPiuVicinoArco(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotArchi, kLimiteEntita); }
+Vicina IlPiuVicinoTesto(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotTesti, kLimiteEntita); }
+Vicina IlPiuVicinoFalda(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotFalde, kLimiteEntita); }
+Vicina IlPiuVicinoSette(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotSette, kLimiteEntita); }
+Vicina IlPiuVicinoSezione(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotSezioni, kLimiteEntita); }
+Vicina IlPiuVicinoEstratto(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, 14, kLimiteEntita); }
+Vicina IlPiuVicinoBitMap(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotBitmap, kLimiteEntita); }
+
+int32_t IlPiuVicinoPerNome(const Sessione& s, std::string_view nome) {
+  const std::string cercato = Rifila(nome);
+  for (size_t k = 0; k < Conta(s, SlotPunti); ++k)
+    if (s.PuntoIdent[k] == 0 && Rifila(s.PuntoNome[k]) == cercato) return static_cast<int32_t>(k);
+  return -1;
+}
+
+void IlPiuVicinoFine(RisultatoVicina& r, double x, double y) {
+  // On a tie the second point.
+  r.PiuVicinoFine = D(r.Inizio, x, y) < D(r.Fine, x, y) ? r.Inizio : r.Fine;
+}
+
+void IlPiuVicinoQuadrante(const Sessione& s, RisultatoVicina& r, double x, double y) {
+  double migliore = s.Vista.AltezzaVista * kLimiteEntita;
+  r.Quadrante = r.Inizio;
+  // A strict test: the first of equals wins.
+  for (const PuntoXYZ* p : {&r.Inizio, &r.PrimoQuarto, &r.Medio, &r.TerzoQuarto, &r.Fine}) {
+    const double d = D(*p, x, y);
+    if (d < migliore) {
+      migliore = d;
+      r.Quadrante = *p;
+    }
+  }
+}
+
+void IlPiuVicinoOrtogonale(RisultatoVicina& r, double x, double y, const PuntoXYZ& punto1) {
+  if (DiLinea(r.VicinaTipo)) {
+    r.Ortogonale = PiedeSuRecord(r, punto1);
+  } else if (r.VicinaTipo == SlotCerchi) {
+    r.Ortogonale = SulCerchio(r, punto1, x, y);
+  } else if (r.VicinaTipo == SlotArchi) {
+    // An arc keeps the candidate nearer to the command's point, a circle the one nearer to
+    // the pointer: the two have always behaved differently here.
+    r.Ortogonale = SulCerchio(r, punto1, punto1.X, punto1.Y);
+  } else {
+    r.Ortogonale = r.Inizio;
+  }
+}
+
+void IlPiuVicinoVicino(RisultatoVicina& r, double x, double y) {
+  const PuntoXYZ puntatore{x, y, 0};
+  if (DiLinea(r.VicinaTipo))
+    r.Vicino = PiedeSuRecord(r, puntatore);
+  else if (r.VicinaTipo == SlotCerchi || r.VicinaTipo == SlotArchi)
+    r.Vicino = SulCerchio(r, puntatore, x, y);
+  else
+    r.Vicino = r.Inizio;
+}
+
+void LaPiuVicinaTangente(RisultatoVicina& r, double x, double y, const PuntoXYZ& punto1) {
+  if (DiLinea(r.VicinaTipo)) {
+    r.Tangente = PiedeSuRecord(r, punto1);
+    r.Tangente.Z = punto1.Z;
+  } else if (r.VicinaTipo == SlotCerchi || r.VicinaTipo == SlotArchi) {
+    const AzimutEDistanza ad = AzimutDistanza(punto1, r.Centro);
+    const double raggio = std::fabs(r.Raggio);
+    if (ad.Distanza > raggio) {
+      // The right triangle: the radius at the tangent point is square to the tangent.
+      const double lato = std::sqrt(ad.Distanza * ad.Distanza - raggio * raggio);
+      const double angolo = std::asin(raggio / ad.Distanza);
+      const PuntoXYZ a = Polare(punto1.X, punto1.Y, ad.Azimut + angolo, lato);
+      const PuntoXYZ b = Polare(punto1.X, punto1.Y, ad.Azimut - angolo, lato);
+      r.Tangente = D(a, x, y) <= D(b, x, y) ? a : b;
+    } else {
+      // From inside there is no tangent: the point of the curve nearest to the pointer.
+      r.Tangente = SulCerchio(r, {x, y, 0}, x, y);
+    }
+    r.Tangente.Z = punto1.Z;
+  } else {
+    r.Tangente = r.Inizio;
+  }
+}
+
+RisultatoVicina LapiuvicinaBitMap(const Sessione& s, double x, double y, const PuntoXYZ& punto1) {
+  const double h = s.Vista.AltezzaVista;
+  static constexpr int kOrdine[] = {SlotBitmap, SlotFalde, SlotSette, SlotSezioni, 14,
+                                    SlotLinee,  SlotCerchi, SlotArchi, SlotTesti,  SlotPunti};
+  uint32_t tipi = 0;
+  for (int t : kOrdine) tipi |= Bit(t);
+  Ricerca ricerca(s, x, y, tipi);
+  for (int t : kOrdine) ricerca.Limite(t, h * (t == SlotPunti ? kLimitePunti : kLimiteEntita));
+  ricerca.Esegui();
+
+  RisultatoVicina r;
+  double migliore = h * kLimiteGenerale;
+  int64_t riga = -1;
+  for (int t : kOrdine) {
+    const Migliore& m = ricerca.Risultato(t);
+    if (m.I < 0) continue;
+    // A contour takes the place only when strictly nearer; every other kind also on a tie.
+    if (t == SlotSette ? m.D < migliore : m.D <= migliore) {
+      migliore = m.D;
+      r.VicinaTipo = static_cast<uint8_t>(t);
+      riga = m.I;
+    }
+  }
+  if (r.VicinaTipo == 0) return r;
+  r.VicinaDistanza = migliore;
+  const auto k = static_cast<size_t>(riga);
+  switch (r.VicinaTipo) {
+    case SlotCerchi: {
+      const double xc = s.CerchioX[k], yc = s.CerchioY[k], zc = s.CerchioZ[k], rr = s.CerchioRaggio[k];
+      r.VicinaRiga = static_cast<int32_t>(riga);
+      r.Raggio = rr;
+      r.Centro = {xc, yc, zc};
+      // East, North, West, South and East again.
+      r.Inizio = {xc + rr, yc, zc};
+      r.PrimoQuarto = {xc, yc + rr, zc};
+      r.Medio = {xc - rr, yc, zc};
+      r.TerzoQuarto = {xc, yc - rr, zc};
+      r.Fine = r.Inizio;
+      break;
+    }
+    case SlotArchi: {
+      const double xc = s.ArcoX[k], yc = s.ArcoY[k], rr = s.ArcoRaggio[k];
+      const double a0 = s.ArcoInizio[k] * GonToRad, ampiezza = s.ArcoFine[k] * GonToRad;
+      const double z0 = s.ArcoQuotaInizio[k], z1 = s.ArcoQuotaFinale[k];
+      auto lungo = [&](double t) {
+        const double a = a0 + ampiezza * t;
+        return PuntoXYZ{xc + rr * std::sin(a), yc + rr * std::cos(a), z0 + (z1 - z0) * t};
+      };
+      r.VicinaRiga = static_cast<int32_t>(riga);
+      r.Raggio = rr;
+      r.Centro = {xc, yc, s.ArcoZ[k]};
+      r.Inizio = lungo(0);
+      r.PrimoQuarto = lungo(0.25);
+      r.Medio = lungo(0.5);
+      r.TerzoQuarto = lungo(0.75);
+      r.Fine = lungo(1);
+      break;
+    }
+    case SlotTesti:
+      r.VicinaRiga = static_cast<int32_t>(riga);
+      r.Inizio = {s.TestoX[k], s.TestoY[k], 0};
+      r.PrimoQuarto = r.Medio = r.TerzoQuarto = r.Fine = r.Centro = r.Inizio;
+      break;
+    case SlotPunti:
+      r.VicinaRiga = static_cast<int32_t>(riga);
+      r.Inizio = {s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k]};
+      r.PrimoQuarto = r.Medio = r.TerzoQuarto = r.Fine = r.Centro = r.Inizio;
+      break;
+    default: {
+      const ElencoDisegno& l = s.ListaDisegno;
+      r.VicinaRigaLista = riga;
+      const bool rigaDellaTabella = r.VicinaTipo == SlotLinee || r.VicinaTipo == SlotBitmap;
+      r.VicinaRiga = rigaDellaTabella ? l.Riga[k] : static_cast<int32_t>(riga);
+      r.Inizio = {l.X1[k], l.Y1[k], l.Z1[k]};
+      r.Fine = {l.X2[k], l.Y2[k], l.Z2[k]};
+      r.PrimoQuarto = Tra(r.Inizio, r.Fine, 0.25);
+      r.Medio = Tra(r.Inizio, r.Fine, 0.5);
+      r.TerzoQuarto = Tra(r.Inizio, r.Fine, 0.75);
+      r.Centro = r.Medio;
+      break;
+    }
+  }
+  IlPiuVicinoFine(r, x, y);
+  IlPiuVicinoQuadrante(s, r, x, y);
+  IlPiuVicinoOrtogonale(r, x, y, punto1);
+  IlPiuVicinoVicino(r, x, y);
+  LaPiuVicinaTangente(r, x, y, punto1);
+  return r;
+}
+
+}  // namespace varena

@@ -1,0 +1,389 @@
+// The nearest-entity searches: what each kind skips, its limit and tie rule, the order of
+// kinds of the general search, every field of its record, and the grids giving the same
+// winner as a plain scan of the tables, ties included.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+#include "snap/Vicino.h"
+#include "support/ProvaComandi.h"
+#include "survey/Convenzioni.h"
+#include "view/Rigenera.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+void Vicino(const PuntoXYZ& p, double x, double y, double z, const char* cosa) {
+  EXPECT_NEAR(p.X, x, 1e-9) << cosa;
+  EXPECT_NEAR(p.Y, y, 1e-9) << cosa;
+  EXPECT_NEAR(p.Z, z, 1e-9) << cosa;
+}
+
+TEST(IlPiuVicino, DisegnoVuotoNonTrovaNulla) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(IlPiuVicinoPunto(b.s, 3, 4).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoLinea(b.s, 3, 4).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoBitMap(b.s, 3, 4).Riga, -1);
+  EXPECT_EQ(LapiuvicinaBitMap(b.s, 3, 4, {}).VicinaTipo, 0);
+}
+
+TEST(IlPiuVicinoPunto, MisuraAllaQuotaDelNomeMaNonAlSuoSpostamentoEst) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "A", 0, 0);
+  s.PuntoSpoX[0] = 10;
+  s.PuntoSpoY[0] = 5;
+  MettiPunto(s, "B", 0, 4);
+  b.Pronto();
+  // A is measured at (0, 5): under the pointer there.
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 5).Riga, 0);
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 5).Distanza, 0.0);
+  // At (10, 0) A is sqrt(125) away, B sqrt(116): the East offset is not added.
+  EXPECT_EQ(IlPiuVicinoPunto(s, 10, 0).Riga, 1);
+  EXPECT_DOUBLE_EQ(IlPiuVicinoPunto(s, 10, 0).Distanza, std::sqrt(116.0));
+}
+
+TEST(IlPiuVicinoPunto, CancellatiESimboloENomeCongelatiSonoSaltati) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "cancellato", 0, 0);
+  s.PuntoIdent[0] = -1;
+  MettiPunto(s, "tutto congelato", 1, 0);
+  s.PuntoCongelaSimbolo[1] = -1;
+  s.PuntoCongelaNome[1] = -1;
+  MettiPunto(s, "lontano", 50, 0);
+  b.Pronto();
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 2);
+  // One of the two frozen is not enough to hide it.
+  s.PuntoCongelaNome[1] = 0;
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 1);
+  s.PuntoCongelaNome[1] = -1;
+  s.PuntoCongelaSimbolo[1] = 0;
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 1);
+}
+
+TEST(IlPiuVicino, AParitaDiDistanzaVinceLaRigaDopo) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "ovest", -1, 0);
+  MettiPunto(s, "est", 1, 0);
+  MettiPunto(s, "nord", 0, 1);
+  MettiPunto(s, "lontano", 0, 7);
+  // Three vertical lines, two at distance 5.
+  MettiLinea(s, 5, -10, 5, 10);
+  MettiLinea(s, -5, -10, -5, 10);
+  MettiLinea(s, 9, -10, 9, 10);
+  MettiTesto(s, 0, 3, "a");
+  MettiTesto(s, 3, 0, "b");
+  b.Pronto();
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 2);
+  ASSERT_EQ(IlPiuVicinoLinea(s, 5, 0).Distanza, 0.0);
+  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Riga, 1);
+  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Distanza, 5.0);
+  EXPECT_EQ(IlPiuVicinoTesto(s, 0, 0).Riga, 1);
+}
+
+TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "a 20 km", 20000, 0);
+  MettiLinea(s, 0, 2000, 10, 2000);
+  MettiCerchio(s, 0, -2100, 100);
+  b.Pronto(0, 0, 10);
+  // Points to 2000 view heights, the rest to 200; the limit itself still counts.
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);
+  EXPECT_EQ(IlPiuVicinoPunto(s, -0.5, 0).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Riga, 0);
+  EXPECT_EQ(IlPiuVicinoLinea(s, 0, -0.5).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0).Riga, 0);
+  EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
+}
+
+TEST(IlPiuVicinoLinea, LineeCongelateOCancellateNonSiTrovanoMai) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 1, 10, 1);
+  MettiLinea(s, 0, 50, 10, 50);
+  s.LineaCongela[0] = -1;
+  b.Pronto();
+  EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 1);
+  // Frozen or deleted after the list was made: its records are still there, the row decides.
+  s.LineaCongela[0] = 0;
+  b.Pronto();
+  EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 0);
+  s.LineaCongela[0] = -1;
+  EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 1);
+  s.LineaCongela[0] = 0;
+  s.LineaIdent[0] = -1;
+  EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 1);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 5, 0, {}).VicinaRiga, 1);
+}
+
+TEST(IlPiuVicinoArco, FuoriDallArcoMisuraAllEstremoPiuVicino) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiArco(s, 0, 0, 10, 0, 100);  // from North to East
+  b.Pronto();
+  EXPECT_NEAR(IlPiuVicinoArco(s, 3, 4).Distanza, 5.0, 1e-12);           // inside: to the curve
+  EXPECT_NEAR(IlPiuVicinoArco(s, -5, -6).Distanza, std::sqrt(261.0), 1e-12);  // to (10, 0)
+}
+
+TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "101", 0, 0);
+  s.PuntoIdent[0] = -1;
+  MettiPunto(s, " 101 ", 1, 0);
+  MettiPunto(s, "101", 2, 0);
+  EXPECT_EQ(IlPiuVicinoPerNome(s, "101  "), 1);
+  EXPECT_EQ(IlPiuVicinoPerNome(s, "102"), -1);
+}
+
+// The general search at a tie between kinds: the later kind wins, a contour only when
+// strictly nearer, the point over all.
+TEST(LapiuvicinaBitMap, OrdineDeiGeneriAParita) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 5, -10, 5, 10);
+  MettiCerchio(s, -10, 0, 5);
+  b.Pronto();
+  const double dLinea = IlPiuVicinoLinea(s, 0, 0).Distanza, dCerchio = IlPiuVicinoCerchio(s, 0, 0).Distanza;
+  ASSERT_EQ(dLinea, 5.0);
+  ASSERT_EQ(dCerchio, 5.0);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotCerchi);
+
+  // A contour at the same distance as the line: the line wins.
+  DimensionaSette(s);
+  s.ContaEntita[SlotSette] = 1;
+  DimensionaFalde(s);
+  s.ContaEntita[SlotFalde] = 1;
+  const int64_t contorno = MettiRecordLista(s, SlotSette, 0, 0, 5, 0, 5);  // of no length, at (0, 5)
+  IndicizzaDisegno(s);
+  ASSERT_EQ(IlPiuVicinoSette(s, 0, 0).Distanza, 5.0);
+  s.CerchioIdent[0] = -1;
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotLinee);
+
+  // Against an equal facet the contour does not win; strictly nearer it does.
+  s.LineaIdent[0] = -1;
+  MettiRecordLista(s, SlotFalde, 0, 0, -5, 0, -5);
+  ASSERT_EQ(IlPiuVicinoFalda(s, 0, 0).Distanza, 5.0);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotFalde);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0.5, {}).VicinaTipo, SlotSette);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0.5, {}).VicinaRiga, contorno);  // the list record, as for facets
+
+  // A text and a point at the same distance: the point, last of all.
+  MettiTesto(s, 5, 0, "t");
+  MettiPunto(s, "P", -5, 0);
+  b.Pronto();
+  MettiRecordLista(s, SlotSette, 0, 0, 5, 0, 5);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotPunti);
+  s.PuntoIdent[0] = -1;
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotTesti);
+}
+
+TEST(LapiuvicinaBitMap, UnPuntoOltreMilleAltezzeNonBasta) {
+  Banco b;
+  MettiPunto(b.s, "lontano", 1500, 0);
+  b.Pronto(0, 0, 1);
+  EXPECT_EQ(IlPiuVicinoPunto(b.s, 0, 0).Riga, 0);  // found by its own search
+  EXPECT_EQ(LapiuvicinaBitMap(b.s, 0, 0, {}).VicinaTipo, 0);  // but not beyond the general limit
+}
+
+TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 8, 0, 0, 4);
+  b.Pronto();
+  const RisultatoVicina r = LapiuvicinaBitMap(s, 1, 3, {6, -2, 0});
+  EXPECT_EQ(r.VicinaTipo, SlotLinee);
+  EXPECT_EQ(r.VicinaRiga, 0);
+  EXPECT_DOUBLE_EQ(r.VicinaDistanza, 3.0);
+  Vicino(r.Inizio, 0, 0, 0, "Inizio");
+  Vicino(r.PrimoQuarto, 2, 0, 1, "PrimoQuarto");
+  Vicino(r.Medio, 4, 0, 2, "Medio");
+  Vicino(r.TerzoQuarto, 6, 0, 3, "TerzoQuarto");
+  Vicino(r.Fine, 8, 0, 4, "Fine");
+  Vicino(r.Centro, 4, 0, 2, "Centro");
+  Vicino(r.Ortogonale, 6, 0, 3, "Ortogonale");   // the foot of (6, -2), at the line's height there
+  Vicino(r.Vicino, 1, 0, 0.5, "Vicino");         // the foot of the pointer
+  Vicino(r.PiuVicinoFine, 0, 0, 0, "PiuVicinoFine");
+  // (0, 0) and (2, 0) are both sqrt(10) from (1, 3): the first of equals.
+  Vicino(r.Quadrante, 0, 0, 0, "Quadrante");
+  Vicino(r.Tangente, 6, 0, 0, "Tangente");       // the foot, at the height of Punto1
+
+  // Equally far from both ends: the second end.
+  EXPECT_EQ(LapiuvicinaBitMap(s, 4, 1, {}).PiuVicinoFine.X, 8.0);
+}
+
+TEST(LapiuvicinaBitMap, RecordDiUnCerchioEDiUnArco) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiCerchio(s, 10, 0, 2, 7);
+  b.Pronto();
+  const PuntoXYZ p1{0, 0, 3};
+  const RisultatoVicina c = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
+  EXPECT_EQ(c.VicinaTipo, SlotCerchi);
+  Vicino(c.Centro, 10, 0, 7, "Centro");
+  Vicino(c.Inizio, 12, 0, 7, "Inizio");  // East, North, West, South, East
+  Vicino(c.PrimoQuarto, 10, 2, 7, "PrimoQuarto");
+  Vicino(c.Medio, 8, 0, 7, "Medio");
+  Vicino(c.TerzoQuarto, 10, -2, 7, "TerzoQuarto");
+  Vicino(c.Fine, 12, 0, 7, "Fine");
+  // On the line from Punto1 through the centre: (8, 0) and (12, 0); the circle keeps the one
+  // nearer to the pointer.
+  Vicino(c.Ortogonale, 12, 0, 7, "Ortogonale");
+  // From the pointer through the centre, the side of the pointer: 2 along (0.5, 2.5).
+  const double l = std::hypot(0.5, 2.5);
+  Vicino(c.Vicino, 10 + 2 * 0.5 / l, 2 * 2.5 / l, 7, "Vicino");
+  // The tangents from (0, 0): their feet stand R²/d = 0.4 short of the centre, at
+  // R·sqrt(1 - (R/d)²) to each side.
+  Vicino(c.Tangente, 9.6, 2 * std::sqrt(0.96), 3, "Tangente");
+  Vicino(c.Quadrante, 10, 2, 7, "Quadrante");
+
+  // The same ring as an arc keeps, for the foot, the candidate nearer to Punto1.
+  s.CerchioIdent[0] = -1;
+  MettiArco(s, 10, 0, 2, 0, 400, 7, 7);
+  s.ArcoZ[0] = 7;
+  b.Pronto();
+  const RisultatoVicina a = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
+  EXPECT_EQ(a.VicinaTipo, SlotArchi);
+  Vicino(a.Ortogonale, 8, 0, 7, "Ortogonale dell'arco");
+}
+
+TEST(LapiuvicinaBitMap, PuntiLungoUnArcoConLeQuote) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiArco(s, 0, 0, 10, 0, 100, 0, 8);
+  s.ArcoZ[0] = 1;
+  b.Pronto();
+  const RisultatoVicina r = LapiuvicinaBitMap(s, 7, 7, {});
+  ASSERT_EQ(r.VicinaTipo, SlotArchi);
+  const double q = 10 * std::sin(PiGreco / 8), t = 10 * std::cos(PiGreco / 8), m = 10 * std::sqrt(0.5);
+  Vicino(r.Inizio, 0, 10, 0, "Inizio");
+  Vicino(r.PrimoQuarto, q, t, 2, "PrimoQuarto");
+  Vicino(r.Medio, m, m, 4, "Medio");
+  Vicino(r.TerzoQuarto, t, q, 6, "TerzoQuarto");
+  Vicino(r.Fine, 10, 0, 8, "Fine");
+  Vicino(r.Centro, 0, 0, 1, "Centro");
+}
+
+// A plain scan of each table from row 0 up, "not farther" replacing: the reference the
+// grids must agree with. Distances by the plane primitives, to the last bit as the searches
+// take them, so that ties are ties for both.
+struct Scansione {
+  const Sessione& s;
+  double x, y;
+  template <class Valido, class Distanza>
+  std::pair<int64_t, double> Scorri(int64_t n, double limite, Valido valido, Distanza distanza) const {
+    int64_t riga = -1;
+    double migliore = limite;
+    for (int64_t i = 0; i < n; ++i) {
+      if (!valido(static_cast<size_t>(i))) continue;
+      const double d = distanza(static_cast<size_t>(i));
+      if (d <= migliore) migliore = d, riga = i;
+    }
+    return {riga, migliore};
+  }
+  std::pair<int64_t, double> Punti() const {
+    return Scorri(
+        s.ContaEntita[SlotPunti], s.Vista.AltezzaVista * 2000,
+        [&](size_t k) { return s.PuntoIdent[k] == 0 && !(s.PuntoCongelaSimbolo[k] && s.PuntoCongelaNome[k]); },
+        [&](size_t k) { return Distanza2D(x, y, s.PuntoX[k], s.PuntoY[k] + s.PuntoSpoY[k]); });
+  }
+  std::pair<int64_t, double> Linee() const {
+    const ElencoDisegno& l = s.ListaDisegno;
+    return Scorri(
+        l.Conta(), s.Vista.AltezzaVista * 200,
+        [&](size_t k) {
+          const auto r = static_cast<size_t>(l.Riga[k]);
+          return l.Tipo[k] == SlotLinee && l.Primitiva[k] == PrimLinea && s.LineaIdent[r] == 0 && s.LineaCongela[r] == 0;
+        },
+        [&](size_t k) { return DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x, y, 0}); });
+  }
+  std::pair<int64_t, double> Cerchi() const {
+    return Scorri(
+        s.ContaEntita[SlotCerchi], s.Vista.AltezzaVista * 200,
+        [&](size_t k) { return s.CerchioIdent[k] == 0 && s.CerchioCongela[k] == 0; },
+        [&](size_t k) { return std::fabs(Distanza2D(x, y, s.CerchioX[k], s.CerchioY[k]) - s.CerchioRaggio[k]); });
+  }
+  std::pair<int64_t, double> Archi() const {
+    return Scorri(
+        s.ContaEntita[SlotArchi], s.Vista.AltezzaVista * 200,
+        [&](size_t k) { return s.ArcoIdent[k] == 0 && s.ArcoCongela[k] == 0; },
+        [&](size_t k) {
+          const double xc = s.ArcoX[k], yc = s.ArcoY[k], r = s.ArcoRaggio[k];
+          if (AngoloInArco(xc, yc, s.ArcoInizio[k], s.ArcoFine[k], x, y).Dentro) return std::fabs(Distanza2D(x, y, xc, yc) - r);
+          const double a = s.ArcoInizio[k] * GonToRad, b = (s.ArcoInizio[k] + s.ArcoFine[k]) * GonToRad;
+          return std::min(Distanza2D(x, y, xc + r * std::sin(a), yc + r * std::cos(a)),
+                          Distanza2D(x, y, xc + r * std::sin(b), yc + r * std::cos(b)));
+        });
+  }
+  std::pair<int64_t, double> Testi() const {
+    return Scorri(
+        s.ContaEntita[SlotTesti], s.Vista.AltezzaVista * 200,
+        [&](size_t k) { return s.TestoIdent[k] == 0 && s.TestoCongela[k] == 0; },
+        [&](size_t k) { return Distanza2D(x, y, s.TestoX[k], s.TestoY[k]); });
+  }
+};
+
+TEST(Griglie, StessoVincitoreDellaScansioneConLeParita) {
+  Banco b;
+  Sessione& s = b.s;
+  std::mt19937 caso(8);
+  // Whole metres on a small field: many entities exactly as far as others.
+  auto c = [&](int n) { return static_cast<double>(static_cast<int>(caso() % static_cast<unsigned>(n)) - n / 2); };
+  for (int i = 0; i < 2500; ++i) {
+    const double x = c(400), y = c(400);
+    MettiLinea(s, x, y, x + c(30), y + c(30));
+    if (i % 50 == 0) MettiLinea(s, x, y, s.LineaX2[static_cast<size_t>(i)], s.LineaY2[static_cast<size_t>(i)]);
+    if (i % 97 == 0) s.LineaCongela[static_cast<size_t>(s.ContaEntita[SlotLinee] - 1)] = -1;
+  }
+  for (int i = 0; i < 2000; ++i) {
+    const int32_t r = MettiPunto(s, std::to_string(i), c(400), c(400));
+    if (i % 7 == 0) s.PuntoSpoY[static_cast<size_t>(r)] = c(6);
+    if (i % 31 == 0) s.PuntoIdent[static_cast<size_t>(r)] = -1;
+  }
+  for (int i = 0; i < 300; ++i) MettiCerchio(s, c(400), c(400), 1 + std::fabs(c(20)));
+  for (int i = 0; i < 300; ++i) MettiTesto(s, c(400), c(400), "t");
+  for (int i = 0; i < 300; ++i) MettiArco(s, c(400), c(400), 1 + std::fabs(c(20)), 100 * std::fabs(c(8)), 100);
+  b.Pronto(0, 0, 30);
+  // Rows added after the grids were made are searched as well.
+  for (int i = 0; i < 20; ++i) {
+    MettiPunto(s, "nuovo", c(400), c(400));
+    RigeneraLineaSingola(s, MettiLinea(s, c(400), c(400), c(400), c(400)));
+  }
+  for (int q = 0; q < 400; ++q) {
+    const double x = c(500), y = c(500);
+    const Scansione scan{s, x, y};
+    const auto [rp, dp] = scan.Punti();
+    const auto [rl, dl] = scan.Linee();
+    const auto [rc, dc] = scan.Cerchi();
+    const auto [ra, da] = scan.Archi();
+    const auto [rt, dt] = scan.Testi();
+    ASSERT_EQ(IlPiuVicinoPunto(s, x, y).Riga, rp) << x << "," << y;
+    ASSERT_EQ(IlPiuVicinoLinea(s, x, y).RigaLista, rl) << x << "," << y;
+    ASSERT_EQ(IlPiuVicinoCerchio(s, x, y).Riga, rc) << x << "," << y;
+    ASSERT_EQ(IlPiuVicinoArco(s, x, y).Riga, ra) << x << "," << y;
+    ASSERT_EQ(IlPiuVicinoTesto(s, x, y).Riga, rt) << x << "," << y;
+    // The general search: the nearest of all, a later kind first at a tie.
+    int tipo = 0;
+    int64_t riga = -1;
+    double migliore = s.Vista.AltezzaVista * 1000;
+    const int64_t rigaLinea = rl >= 0 ? s.ListaDisegno.Riga[static_cast<size_t>(rl)] : -1;
+    for (auto [t, r, d] : {std::tuple{int(SlotLinee), rigaLinea, dl}, std::tuple{int(SlotCerchi), rc, dc},
+                           std::tuple{int(SlotArchi), ra, da}, std::tuple{int(SlotTesti), rt, dt},
+                           std::tuple{int(SlotPunti), rp, dp}})
+      if (r >= 0 && d <= migliore) migliore = d, tipo = t, riga = r;
+    const RisultatoVicina g = LapiuvicinaBitMap(s, x, y, {});
+    ASSERT_EQ(g.VicinaTipo, tipo) << x << "," << y;
+    ASSERT_EQ(g.VicinaRiga, riga) << x << "," << y;
+    ASSERT_EQ(g.VicinaDistanza, tipo ? migliore : 0.0) << x << "," << y;
+  }
+}
+
+}  // namespace
+}  // namespace varena
