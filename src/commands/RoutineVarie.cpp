@@ -9,6 +9,7 @@
 #include "core/Testo.h"
 #include "snap/Vicino.h"
 #include "view/Ridisegna.h"
+#include "view/Rigenera.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -36,7 +37,8 @@ void subScalaImmagine(Sessione& s) {
   if (v.Riga < 0 || v.Riga >= s.ContaEntita[SlotBitmap]) return;
   const auto k = static_cast<size_t>(v.Riga);
   s.BitmapScalaLar[k] = s.BitmapScalaAlt[k] = MetriPerPixel(s.ComandoCorrente);
-  // The whole drawing framed again: the image has changed its size.
+  // The whole drawing framed again, with the image at its new size.
+  RigeneraLista(s);
   (void)TuttoTutto(s);
   FineModifica(s);
   ArmaComando(s);

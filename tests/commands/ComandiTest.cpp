@@ -1,0 +1,264 @@
+// The dispatcher's guards, arming and the end of commands, the keys, the display toggles.
+#include <gtest/gtest.h>
+
+#include "commands/Comandi.h"
+#include "commands/Tastiera.h"
+#include "core/ImpostazioniUtente.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+TEST(Esegui_Comando_TAG, UnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
+  Banco b;
+  b.Pronto();
+  b.Script("TAG DISEGNA_PUNTO\nKEY F\n");
+  ASSERT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
+  EXPECT_EQ(b.Script("TAG snap_xyz\n"), "> TAG snap_xyz\n");
+  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
+  EXPECT_EQ(b.s.ComandoCorrente, 1);
+  EXPECT_EQ(b.s.ModoSnap, 5);
+  EXPECT_EQ(b.s.ComandoTag, "SNAP_XYZ");  // upper case on entry
+  // A tag of no snap, known or not, closes the working dialogs before the chain.
+  b.Script("TAG PIPPO\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "NuovoPunto"));
+  EXPECT_EQ(b.s.ComandoCorrente, 1);
+}
+
+TEST(Esegui_Comando_TAG, ColoreRapidoEColoreEstratto) {
+  Banco b;
+  b.Pronto();
+  b.Script("TAG COLORE_3\n");
+  EXPECT_EQ(b.s.Imp.Colore_Default, 3);
+  // With nothing armed, the colour is pasted on entities one by one.
+  EXPECT_EQ(b.s.ComandoCorrente, 307);
+  // Saved at once for the next job, in block B (statement 6 is the colour).
+  const std::string salvaini = LeggiFileProva(b.s.CartellaLavoro + "SALVAINI.INI");
+  std::vector<std::string> righe;
+  for (size_t i = 0, j; (j = salvaini.find("\r\n", i)) != std::string::npos; i = j + 2)
+    righe.push_back(salvaini.substr(i, j - i));
+  ASSERT_GT(righe.size(), 6u);
+  EXPECT_EQ(righe[5], "3");
+
+  b.Script("TAG DISEGNA_LINEA_2_P\nTAG COLORE_12\n");
+  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
+  EXPECT_EQ(b.s.ComandoCorrente, 22);  // a command armed stays
+
+  EXPECT_EQ(b.Script("TAG COLORE_ESTRATTO\n"),
+            "> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n");
+  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
+  b.Script("TAG COLORE_12345\n");  // eleven characters: not a quick colour, and no tag
+  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
+}
+
+TEST(Esegui_Comando_TAG, UnoZoomAMetaComandoLoLasciaComEra) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
+                     "CLICK left 0 0\n"
+                     "TAG ZOOM_FINESTRA\n"
+                     "CLICK left 10 10\n"
+                     "CLICK left 30 20\n"),
+            "> TAG DISEGNA_LINEA_2_P\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> TAG ZOOM_FINESTRA\n"
+            "PROMPT Primo Punto per Finestra :\n"
+            "> CLICK left 10 10\n"
+            "PROMPT Secondo Punto per Finestra :\n"
+            "> CLICK left 30 20\n"
+            "PROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_EQ(b.s.Vista.CentroEst, 20);
+  EXPECT_EQ(b.s.Vista.CentroNord, 15);
+  EXPECT_EQ(b.s.Vista.AltezzaVista, 20);
+  EXPECT_EQ(b.s.ComandoCorrente, 22);
+  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  // The right button takes a zoom back, and only the zoom.
+  b.Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
+  EXPECT_EQ(b.s.Vista.CentroEst, 20);
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(b.s.LineaX2[0], 5);
+  EXPECT_EQ(b.s.Prompt, "Disegno Linea 2P - Primo Punto:");
+}
+
+TEST(ArmaComando, IlValoreChiestoPrimaAnnullatoNonArma) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_PARALLELA\n"),
+            "> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.Script("ANSWER 2,5\nKEY F4\n"),
+            "> ANSWER 2,5\n> KEY F4\nIMPUTA [Parallela] Distanza della Parallela : -> 2,5\n"
+            "PROMPT Disegno parallela - Indicare Entità:\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 136);
+  EXPECT_EQ(b.s.ValoreImputato, "2,5");
+}
+
+TEST(ArmaComando, LoSnapDelComandoPrecedenteOQuelloDelComando) {
+  Banco b;
+  b.Pronto();
+  // The snap in force at the end of a command comes back at its repeat, for one click; a
+  // point snap does not: it becomes free.
+  b.Script("TAG DISEGNA_LINEA_2_P\nKEY F\nKEY ESC\n");
+  EXPECT_EQ(b.s.UltimoSnap, 5);
+  b.Script("KEY ESC\n");
+  EXPECT_EQ(b.s.ModoSnap, 5);
+  b.Script("TAG DISEGNA_LINEA_2_P\nKEY P\nKEY ESC\nKEY ESC\n");
+  EXPECT_EQ(b.s.ModoSnap, 16);
+  // A command on points sets its own, which lasts.
+  MettiPunto(b.s, "1", 0, 0);
+  b.Script("TAG EDIT_SPOSTA_NOME\n");
+  EXPECT_EQ(b.s.ModoSnap, 1);
+  EXPECT_FALSE(b.s.SnapDaTasto);
+}
+
+TEST(InterrompiComando, PuliscePassoSelezioneZoomESalvaLeImpostazioni) {
+  Banco b;
+  MettiPunto(b.s, "1", 0, 0);
+  MettiLinea(b.s, 0, 0, 5, 5);
+  b.Pronto();
+  b.s.StatoPunto[0] = 1;
+  b.s.StatoLinea[0] = 1;
+  b.s.ListaDisegno.Stato[0] = 1;
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nTAG ZOOM_FINESTRA\nMOVE 3 3\n");
+  ASSERT_TRUE(b.s.Elastico.Linea.Visibile);
+  b.Script("TAG INTERROMPI_COMANDO\n");
+  EXPECT_EQ(b.s.StatoPunto[0], 0);
+  EXPECT_EQ(b.s.StatoLinea[0], 0);
+  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 0);
+  EXPECT_EQ(b.s.Vista.ModoZoom, ZoomNessuno);
+  EXPECT_FALSE(b.s.Elastico.Linea.Visibile);
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(b.s.UltimoComando, 22);
+  // No command prompt is left; the redraw shows its time there.
+  EXPECT_EQ(b.s.Prompt.find("Disegno"), std::string::npos);
+  EXPECT_TRUE(Esiste(b.s.CartellaLavoro + "SALVAINI.INI"));
+}
+
+TEST(Tastiera, LettereDiSnapSoloConUnComandoArmato) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  b.Pronto();
+  EXPECT_FALSE(TastoGiu(b.s, {Tasto::Carattere, 'F'}));  // to the text box
+  EXPECT_EQ(b.s.ModoSnap, 16);
+  b.Script("TAG DISEGNA_LINEA_2_P\n");
+  EXPECT_TRUE(TastoGiu(b.s, {Tasto::Carattere, 'F'}));
+  EXPECT_EQ(b.s.ModoSnap, 5);
+  // One click, one snap.
+  b.Script("CLICK left 9 1\n");
+  EXPECT_EQ(b.s.Punto1X, 10);
+  EXPECT_EQ(b.s.ModoSnap, 16);
+  // A snap that finds nothing leaves the mode for the next try.
+  MettiTesto(b.s, 0, 0, "x");
+  b.s.TestoIdent[0] = -1;
+  b.Script("KEY B\nCLICK left 3 3\n");
+  EXPECT_EQ(b.s.ModoSnap, 10);
+  EXPECT_EQ(b.s.PassoComando, 1);
+  // The text box with the focus takes the letters, not Esc.
+  EXPECT_FALSE(TastoGiu(b.s, {Tasto::Carattere, 'V'}, true));
+  EXPECT_EQ(b.s.ModoSnap, 10);
+  EXPECT_TRUE(TastoGiu(b.s, {Tasto::Esc}, true));
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+}
+
+TEST(Tastiera, SnapCheVoglionoUnPuntoPrecedenteAlPassoZeroSonoLiberi) {
+  Banco b;
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_2_P\n");
+  for (char c : {'O', 'T', 'U', 'A', 'R'}) {
+    b.Script(std::string("KEY ") + c + "\n");
+    EXPECT_EQ(b.s.ModoSnap, 16) << c;
+    EXPECT_TRUE(b.s.Dialoghi.empty()) << c;
+  }
+  b.Script("CLICK left 1 2\nKEY O\n");
+  EXPECT_EQ(b.s.ModoSnap, 2);
+  b.Script("KEY U\n");
+  EXPECT_EQ(b.s.ModoSnap, 11);
+  EXPECT_TRUE(DialogoAperto(b.s, "FormSnapPolare"));
+  // A letter closes the dialog of the mode before.
+  b.Script("KEY L\n");
+  EXPECT_EQ(b.s.ModoSnap, 16);
+  EXPECT_FALSE(DialogoAperto(b.s, "FormSnapPolare"));
+}
+
+TEST(Tastiera, TastiDellaVistaAncheAComandoArmato) {
+  Banco b;
+  b.Pronto(0, 0, 100);
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\n");
+  b.Script("KEY PAGEUP\n");
+  EXPECT_EQ(b.s.Vista.AltezzaVista, 98);  // 1/50 of the height
+  b.Script("KEY UP\n");
+  EXPECT_EQ(b.s.Vista.CentroNord, -1.96);
+  b.Script("KEY F8\n");
+  EXPECT_EQ(b.s.Ortogonale, -1);
+  EXPECT_EQ(b.s.ComandoCorrente, 22);
+  EXPECT_EQ(b.s.PassoComando, 1);
+}
+
+TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "PF01/0010/G693", 0, 0);
+  MettiPunto(s, "100", 1, 0);
+  MettiPunto(s, "101", 2, 0);
+  MettiPunto(s, "cancellato", 3, 0);
+  s.PuntoIdent[3] = -1;
+  MettiLinea(s, 0, 0, 1, 1);
+  b.Pronto();
+  b.Script("TAG N\n");
+  EXPECT_EQ(s.PuntoCongelaNome[0], -1);
+  EXPECT_EQ(s.PuntoCongelaNome[2], -1);
+  EXPECT_EQ(s.PuntoCongelaNome[3], 0);  // deleted rows are left alone
+  EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "PUNTISINO", "?"), "0");
+  EXPECT_EQ(LeggiFileProva(s.CartellaProgramma + "/ImpostazioniUtente.ini"), "[VISUALIZZA]\r\nPUNTISINO=0\r\n");
+  b.Script("TAG N\n");
+  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  // Only PF and station names stay on show.
+  b.Script("TAG A\n");
+  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  EXPECT_EQ(s.PuntoCongelaNome[1], 0);
+  EXPECT_EQ(s.PuntoCongelaNome[2], -1);
+  b.Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
+  EXPECT_EQ(s.PuntoCongelaQuota[1], -1);
+  EXPECT_EQ(s.PuntoCongelaSimbolo[1], -1);
+  EXPECT_EQ(s.PuntoCongelaDescrizione[1], -1);
+  EXPECT_EQ(s.LineaCongela[0], -1);
+  // The frozen line has left the display list.
+  EXPECT_EQ(s.ListaDisegno.Conta(), 0);
+  // A stored value that is not 0 reads as on, whatever it is.
+  ScriviImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "7");
+  b.Script("TAG L\n");
+  EXPECT_EQ(s.LineaCongela[0], -1);
+  EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?"), "0");
+}
+
+TEST(Esegui_Comando_TAG, MenuLettereEPassiDiDimensione) {
+  Banco b;
+  MettiPunto(b.s, "1", 0, 0);
+  b.s.PuntoDimensioneNome[0] = -2;
+  b.s.PuntoDimensioneSimbolo[0] = 4;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG c\nTAG MENU_TESTO\n"), "> TAG c\nMENU MENU_CAMBIA\n> TAG MENU_TESTO\nMENU MENU_TESTO\n");
+  b.Script("TAG DN+\nTAG DS-\n");
+  EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneNome[0], -2.2);
+  EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneSimbolo[0], 4 / 1.1);
+  EXPECT_EQ(b.Script("TAG CALCOLATRICE\n"),
+            "> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n");
+}
+
+TEST(InvioCasella, CentraSulPuntoNominato) {
+  Banco b;
+  MettiPunto(b.s, "12", 40, 60);
+  b.Pronto();
+  b.Script("TYPE 12\n");
+  EXPECT_EQ(b.s.Vista.CentroEst, 40);
+  EXPECT_EQ(b.s.Vista.CentroNord, 60);
+}
+
+}  // namespace
+}  // namespace varena

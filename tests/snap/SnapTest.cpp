@@ -1,0 +1,233 @@
+// The snap modes at a click: the crossing of two picked entities, the foot and the tangent
+// from the last point, the text, the points typed in the snap dialogs, memorised points,
+// the forced points, the distance typed with D.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "snap/Incrocio.h"
+#include "snap/Vicino.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+RisultatoVicina Retta(double x1, double y1, double x2, double y2, int32_t riga = 0) {
+  RisultatoVicina r;
+  r.VicinaTipo = SlotLinee;
+  r.VicinaRiga = riga;
+  r.Inizio = {x1, y1, 0};
+  r.Fine = {x2, y2, 0};
+  return r;
+}
+
+RisultatoVicina Tondo(uint8_t tipo, double x, double y, double raggio) {
+  RisultatoVicina r;
+  r.VicinaTipo = tipo;
+  r.Centro = {x, y, 0};
+  r.Raggio = raggio;
+  return r;
+}
+
+TEST(IncrociaEntita, RetteCerchiEArchiPerIlLoroSostegno) {
+  PuntoXYZ p;
+  // Segments that do not reach each other still cross on their lines.
+  ASSERT_EQ(IncrociaEntita(Retta(0, 0, 1, 1), Retta(10, 0, 9, 1), 0, 0, p), kRiuscito);
+  EXPECT_NEAR(p.X, 5, 1e-12);
+  EXPECT_NEAR(p.Y, 5, 1e-12);
+  EXPECT_EQ(IncrociaEntita(Retta(0, 0, 1, 0), Retta(0, 1, 5, 1), 0, 0, p), kNessunaSoluzione);
+  // A line through a circle: of (-5, 0) and (5, 0), the one nearer to the pointer.
+  ASSERT_LT(IncrociaEntita(Retta(-10, 0, 10, 0), Tondo(SlotCerchi, 0, 0, 5), 4, 1, p), 2);
+  EXPECT_NEAR(p.X, 5, 1e-9);
+  EXPECT_NEAR(p.Y, 0, 1e-9);
+  ASSERT_LT(IncrociaEntita(Tondo(SlotArchi, 0, 0, 5), Retta(-10, 0, 10, 0), -4, 1, p), 2);
+  EXPECT_NEAR(p.X, -5, 1e-9);
+  EXPECT_EQ(IncrociaEntita(Retta(-10, 6, 10, 6), Tondo(SlotCerchi, 0, 0, 5), 0, 0, p), kNessunaSoluzione);
+  // Two circles of radius 5 about (0, 0) and (8, 0) meet at (4, ±3).
+  ASSERT_LT(IncrociaEntita(Tondo(SlotCerchi, 0, 0, 5), Tondo(SlotCerchi, 8, 0, 5), 4, -2, p), 2);
+  EXPECT_NEAR(p.X, 4, 1e-9);
+  EXPECT_NEAR(p.Y, -3, 1e-9);
+  EXPECT_EQ(IncrociaEntita(Tondo(SlotCerchi, 0, 0, 1), Tondo(SlotCerchi, 8, 0, 1), 4, -2, p), kNessunaSoluzione);
+  RisultatoVicina punto;
+  punto.VicinaTipo = SlotPunti;
+  EXPECT_EQ(IncrociaEntita(punto, Retta(0, 0, 1, 1), 0, 0, p), kNessunaSoluzione);
+}
+
+TEST(SnapIncrocio, DueClicSuDueLineeDiversePoiIlPunto) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 10, 0, 10);
+  MettiLinea(b.s, 0, 10, 10, 0);
+  MettiPunto(b.s, "p", 50, 50);
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
+                     "KEY I\n"
+                     "CLICK left 50 49\n"     // a point: refused
+                     "CLICK left 1 1.2\n"
+                     "CLICK left 2 2.1\n"     // the same line again: refused
+                     "CLICK left 9 1\n"),
+            "> TAG DISEGNA_LINEA_2_P\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n"
+            "> KEY I\n"
+            "> CLICK left 50 49\n"
+            "> CLICK left 1 1.2\n"
+            "PROMPT Incrocio - Seconda Entità\n"
+            "> CLICK left 2 2.1\n"
+            "> CLICK left 9 1\n"
+            "PROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_NEAR(b.s.Punto1X, 5, 1e-12);
+  EXPECT_NEAR(b.s.Punto1Y, 5, 1e-12);
+  EXPECT_NEAR(b.s.Punto1Z, 5, 1e-12);  // the height of the first line there
+  EXPECT_EQ(b.s.ModoSnap, 16);
+}
+
+TEST(SnapIncrocio, SenzaIncrocioIlComandoFinisce) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 0, 5, 10, 5);
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_2_P\nKEY I\nCLICK left 5 1\nCLICK left 5 4\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.UltimoComando, 22);
+}
+
+TEST(SnapPiedeETangente, DalloUltimoPuntoDelComando) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiCerchio(b.s, 30, 0, 3);
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 3 5\nKEY O\nCLICK left 8 1\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  EXPECT_NEAR(b.s.LineaX2[1], 3, 1e-12);  // the foot of (3, 5), not of the click
+  EXPECT_NEAR(b.s.LineaY2[1], 0, 1e-12);
+  // From (25, 0) the tangent points of the circle about (30, 0) of radius 3 stand at
+  // 30 - 9/5 = 28.2, ±3·4/5 = ±2.4.
+  b.Script("CLICK left 25 0\nKEY T\nCLICK left 28 3\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  EXPECT_NEAR(b.s.LineaX2[2], 28.2, 1e-12);
+  EXPECT_NEAR(b.s.LineaY2[2], 2.4, 1e-12);
+}
+
+TEST(SnapTesto, InserimentoDelTestoAllaQuotaDiRiferimento) {
+  Banco b;
+  MettiTesto(b.s, 4, 6, "casa");
+  b.s.QuotaRiferimento = 100;
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_2_P\nKEY B\nCLICK left 0 0\n");
+  EXPECT_EQ(b.s.Punto1X, 4);
+  EXPECT_EQ(b.s.Punto1Y, 6);
+  EXPECT_EQ(b.s.Punto1Z, 100);
+}
+
+TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_LIBERA\n"
+                     "KEY N\n"
+                     "FIELD Nord 100\n"
+                     "FIELD SnapNEQ.Est 200,5\n"
+                     "FIELD Quota 5\n"
+                     "PRESS OK\n"),
+            "> TAG DISEGNA_LINEA_LIBERA\n"
+            "PROMPT Disegno Linea - Dal Punto:\n"
+            "> KEY N\n"
+            "DIALOGO + SnapNEQ [Coordinate del Punto] Nord=\"\" Est=\"\" Quota=\"\" (OK, Annulla)\n"
+            "> FIELD Nord 100\n"
+            "> FIELD SnapNEQ.Est 200,5\n"
+            "> FIELD Quota 5\n"
+            "> PRESS OK\n"
+            "DIALOGO - SnapNEQ\n"
+            "PROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_EQ(b.s.Punto1X, 200.5);
+  EXPECT_EQ(b.s.Punto1Y, 100);
+  EXPECT_EQ(b.s.Punto1Z, 5);
+  EXPECT_EQ(b.s.ModoSnap, 16);
+  // 10 metres due East (100 gon), one metre up.
+  b.Script("KEY U\nFIELD Azimut 100\nFIELD Distanza 10\nFIELD Dislivello 1\nPRESS OK\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_NEAR(b.s.LineaX2[0], 210.5, 1e-9);
+  EXPECT_NEAR(b.s.LineaY2[0], 100, 1e-9);
+  EXPECT_EQ(b.s.LineaZ2[0], 6);
+  // Turned 100 gon clockwise from the way back (West): North.
+  b.Script("KEY A\nFIELD Angolo 100\nFIELD Distanza 4\nPRESS OK\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  EXPECT_NEAR(b.s.LineaX2[1], 210.5, 1e-9);
+  EXPECT_NEAR(b.s.LineaY2[1], 104, 1e-9);
+  b.Script("KEY R\nFIELD Nord -4\nFIELD Est -10\nPRESS OK\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  EXPECT_NEAR(b.s.LineaX2[2], 200.5, 1e-9);
+  EXPECT_NEAR(b.s.LineaY2[2], 100, 1e-9);
+  // Cancelled: no point, the snap free.
+  b.Script("KEY N\nPRESS Annulla\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  EXPECT_EQ(b.s.ModoSnap, 16);
+}
+
+TEST(MemoPunti, MemorizzatoAMetaComandoERichiamatoPiuTardi) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
+                     "CLICK left 0 0\n"
+                     "TAG MEMO_PUNTO\n"
+                     "ANSWER casa\n"
+                     "CLICK left 7 8\n"
+                     "KEY H\n"
+                     "PRESS casa\n"),
+            "> TAG DISEGNA_LINEA_2_P\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> TAG MEMO_PUNTO\n"
+            "PROMPT Indicare il Punto da memorizzare :\n"
+            "> ANSWER casa\n"
+            "> CLICK left 7 8\n"
+            "IMPUTA [Memorizza Punto] Nome del Punto da memorizzare : -> casa\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> KEY H\n"
+            "DIALOGO + VR_MemoPuntiSnap [Punti Memorizzati] (casa, Annulla)\n"
+            "> PRESS casa\n"
+            "DIALOGO - VR_MemoPuntiSnap\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(b.s.LineaX2[0], 7);
+  EXPECT_EQ(b.s.LineaY2[0], 8);
+  ASSERT_EQ(b.s.MemoPunti.size(), 1u);
+}
+
+TEST(TastoD, DistanzaDigitataVersoIlPuntatore) {
+  Banco b;
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_LIBERA\nCLICK left 1 1\nMOVE 1 50\nANSWER 2,5\nKEY D\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_NEAR(b.s.LineaX2[0], 1, 1e-12);
+  EXPECT_NEAR(b.s.LineaY2[0], 3.5, 1e-12);
+  // Elsewhere than at step 1 it is a snap mode of its own, at the pointer.
+  b.Script("KEY ESC\nKEY ESC\nKEY D\n");
+  EXPECT_EQ(b.s.ModoSnap, 14);
+}
+
+TEST(SoloPunti, IlClicScriveIlNomeNelNuovoPunto) {
+  Banco b;
+  MettiPunto(b.s, "A12", 5, 5);
+  b.Pronto();
+  b.Script("TAG DISEGNA_PUNTO\n");
+  b.s.SoloPunti = true;
+  b.Script("CLICK left 4 4\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "A12");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 1);
+  // The pick button of the dialog does the same for one click.
+  b.s.SoloPunti = false;
+  b.Script("FIELD Nome 1\nPRESS Prendi\nCLICK left 4 4\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "A12");
+  EXPECT_EQ(b.s.PuntoInDialogo, 0);
+  b.Script("FIELD Nome B1\nCLICK left 20 20\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(b.s.PuntoNome[1], "B1");
+  EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "B2");
+  b.Script("PRESS Annulla\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+}
+
+}  // namespace
+}  // namespace varena
