@@ -14,6 +14,7 @@
 #include "exchange/Importatori.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
+#include "store/Undo.h"
 
 namespace fs = std::filesystem;
 
@@ -153,6 +154,7 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   s.RoutineCorrente = "VarenaLoad2";
   if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
   CaricaLavoro(s);
+  VR_SalvaUndo(s);
   Protetto(s, [&] {
     EliminaFile(comune);
     EliminaFile(comuneProgramma);

@@ -51,6 +51,12 @@ struct Sessione : TabelleEntita {
   // Members whose meaning belongs to later work, kept as read so that a save loses nothing.
   std::map<int, std::string> MembriConservati;
 
+  // The undo generations share unchanged members through hard links; false gives each
+  // generation copies of its own, as on a file system without links.
+  bool CollegaGenerazioni = true;
+  // The files the last save put in place beside the original, for the reports.
+  std::vector<std::string> FileSalvati;
+
   // The routine tag of the common error path, and the last error it showed.
   std::string RoutineCorrente;
   std::string UltimoErrore;

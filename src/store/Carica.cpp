@@ -16,6 +16,7 @@
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Slot.h"
+#include "store/Undo.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -199,6 +200,8 @@ void ConvertiPuntiPDPV(Sessione& s) {
 std::string NomeLavoroNuovo(const Sessione& s) { return s.CartellaLavoro + "LAVORI/NUOVO/NUOVO"; }
 
 void CaricaLavoro(Sessione& s) {
+  // What the loaders repair or convert differs from the files: the next snapshot writes all.
+  SegnaTuttoModificato(s);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
   CaricaCFGProvvisorio(s);
@@ -228,9 +231,14 @@ void VR_ApriLavoro(Sessione& s) {
   s.RoutineCorrente = "VR_ApriLavoro";
   if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
   CaricaLavoro(s);
+  VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
     const auto r = static_cast<size_t>(p);
-    if (IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) s.PuntoNome[r] = Maiuscolo(s.PuntoNome[r]);
+    if (!IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) continue;
+    const std::string maiuscolo = Maiuscolo(s.PuntoNome[r]);
+    if (maiuscolo == s.PuntoNome[r]) continue;
+    s.PuntoNome[r] = maiuscolo;
+    SegnaModificato(s, SlotPunti);
   }
   if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
 }

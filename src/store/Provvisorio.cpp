@@ -25,6 +25,8 @@ std::string TimbroTempo(std::time_t quando) {
 
 void ImpostaNomeProvvisorio(Sessione& s) {
   s.NomeLavoro = s.CartellaLavoro + "PROVVISO/" + Foglia(s.NomeOriginale) + "_" + TimbroTempo(s.Orologio());
+  // A new provisional copy holds none of the tables yet.
+  SegnaTuttoModificato(s);
 }
 
 void CopiaInProvvisorio(Sessione& s) {
