@@ -221,6 +221,7 @@ void CaricaLavoro(Sessione& s) {
   CaricaPiani(s);
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
+  RicordaBloccoB(s);
   if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
 }
 
