@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -56,15 +55,6 @@ void CaricaLavoroIntero(benchmark::State& stato) {
   }
 }
 
-class Raccolta : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& r : runs) tempi[r.run_name.function_name] = r.GetAdjustedRealTime();
-    ConsoleReporter::ReportRuns(runs);
-  }
-  std::map<std::string, double> tempi;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -79,7 +69,7 @@ int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("CaricaLavoro", CaricaLavoroIntero)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   int argcB = 1;
   benchmark::Initialize(&argcB, argv);
-  Raccolta r;
+  RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double lettura = r.tempi["LetturaSemplice"], carica = r.tempi["CaricaLavoro"];
   std::printf("Caricamento %.1f ms, lettura semplice %.1f ms, rapporto %.2f\n", carica, lettura,

@@ -2,7 +2,11 @@
 // fiducial-like and numbered names, lines between them, texts and facets.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
+#include <map>
 #include <string>
+#include <vector>
 
 namespace varena {
 
@@ -23,5 +27,15 @@ int64_t ScriviLavoroSintetico(const std::string& base, const MisureLavoro& misur
 
 // --rapido among the arguments: the small sizes CI runs with.
 bool ModoRapido(int argc, char** argv);
+
+// The console report, keeping each benchmark's time (in its unit) for the closing lines.
+class RaccoltaTempi : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& r : runs) tempi[r.run_name.function_name] = r.GetAdjustedRealTime();
+    ConsoleReporter::ReportRuns(runs);
+  }
+  std::map<std::string, double> tempi;
+};
 
 }  // namespace varena

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <map>
 #include <vector>
 
 #include "LavoroSintetico.h"
@@ -40,57 +39,28 @@ void CambiaUnaLinea(Sessione& s) {
   SegnaModificato(s, SlotLinee);
 }
 
-void SnapshotUnaLinea(benchmark::State& stato) {
+// `completo`: every member rewritten and copied, as the snapshot was first made.
+void Snapshot(benchmark::State& stato, bool completo) {
   Sessione& s = *gS;
   for (auto _ : stato) {
     stato.PauseTiming();
     TornaAllaPrima(s);
     stato.ResumeTiming();
     CambiaUnaLinea(s);
-    if (!VR_SalvaUndo(s)) stato.SkipWithError("snapshot non riuscito");
+    if (!VR_SalvaUndo(s, completo)) stato.SkipWithError("snapshot non riuscito");
   }
 }
 
-void SnapshotCompleto(benchmark::State& stato) {
+// Undo runs from generation 2 of 2, redo from 1 of 2.
+void Sposta(benchmark::State& stato, bool annulla) {
   Sessione& s = *gS;
   for (auto _ : stato) {
     stato.PauseTiming();
-    TornaAllaPrima(s);
+    if (LeggiDiario(s)->Passo == (annulla ? 1 : 2)) annulla ? VR_REDO(s) : VR_UNDO(s);
     stato.ResumeTiming();
-    CambiaUnaLinea(s);
-    if (!VR_SalvaUndo(s, true)) stato.SkipWithError("snapshot non riuscito");
+    if (!(annulla ? VR_UNDO(s) : VR_REDO(s))) stato.SkipWithError("undo o redo non riuscito");
   }
 }
-
-// Each run starts from generation 2 of 2 (undo) or 1 of 2 (redo).
-void Annulla(benchmark::State& stato) {
-  Sessione& s = *gS;
-  for (auto _ : stato) {
-    stato.PauseTiming();
-    if (LeggiDiario(s)->Passo == 1) VR_REDO(s);
-    stato.ResumeTiming();
-    if (!VR_UNDO(s)) stato.SkipWithError("undo non riuscito");
-  }
-}
-
-void Ripristina(benchmark::State& stato) {
-  Sessione& s = *gS;
-  for (auto _ : stato) {
-    stato.PauseTiming();
-    if (LeggiDiario(s)->Passo == 2) VR_UNDO(s);
-    stato.ResumeTiming();
-    if (!VR_REDO(s)) stato.SkipWithError("redo non riuscito");
-  }
-}
-
-class Raccolta : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& r : runs) tempi[r.run_name.function_name] = r.GetAdjustedRealTime();
-    ConsoleReporter::ReportRuns(runs);
-  }
-  std::map<std::string, double> tempi;
-};
 
 }  // namespace
 
@@ -116,13 +86,13 @@ int main(int argc, char** argv) {
   std::printf("Apertura con la prima generazione: %.0f ms\n", apertura);
 
   const double tempo = rapido ? 0.05 : 2;
-  benchmark::RegisterBenchmark("SnapshotUnaLinea", SnapshotUnaLinea)->Unit(benchmark::kMillisecond)->MinTime(tempo);
-  benchmark::RegisterBenchmark("SnapshotCompleto", SnapshotCompleto)->Unit(benchmark::kMillisecond)->Iterations(3);
-  benchmark::RegisterBenchmark("Annulla", Annulla)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
-  benchmark::RegisterBenchmark("Ripristina", Ripristina)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
+  benchmark::RegisterBenchmark("SnapshotUnaLinea", Snapshot, false)->Unit(benchmark::kMillisecond)->MinTime(tempo);
+  benchmark::RegisterBenchmark("SnapshotCompleto", Snapshot, true)->Unit(benchmark::kMillisecond)->Iterations(3);
+  benchmark::RegisterBenchmark("Annulla", Sposta, true)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
+  benchmark::RegisterBenchmark("Ripristina", Sposta, false)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
   int argcB = 1;
   benchmark::Initialize(&argcB, argv);
-  Raccolta r;
+  RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double una = r.tempi["SnapshotUnaLinea"], tutto = r.tempi["SnapshotCompleto"];
   std::printf("Snapshot dopo una linea %.1f ms, snapshot completo %.1f ms, rapporto %.1f\n", una, tutto,

@@ -1,6 +1,7 @@
 // Dispatch of the command line to the registered commands.
 #include "Comandi.h"
 
+#include <algorithm>
 #include <map>
 
 namespace varena::cli {
@@ -10,6 +11,7 @@ namespace {
 struct Voce {
   std::string uso;
   FunzioneComando f;
+  std::vector<std::string> conValore;
 };
 
 std::map<std::string, Voce>& Registro() {
@@ -36,8 +38,9 @@ std::string Argomenti::Valore(const std::string& opzione, const std::string& pre
   return predefinito;
 }
 
-RegistraComando::RegistraComando(const char* nome, const char* uso, FunzioneComando f) {
-  Registro()[nome] = {uso, std::move(f)};
+RegistraComando::RegistraComando(const char* nome, const char* uso, FunzioneComando f,
+                                 std::vector<std::string> conValore) {
+  Registro()[nome] = {uso, std::move(f), std::move(conValore)};
 }
 
 int Esegui(const std::vector<std::string>& argomenti, std::ostream& out, std::ostream& err) {
@@ -45,10 +48,21 @@ int Esegui(const std::vector<std::string>& argomenti, std::ostream& out, std::os
     Uso(err);
     return 64;
   }
+  const Voce& voce = Registro()[argomenti[0]];
   Argomenti a;
-  for (size_t i = 1; i < argomenti.size(); ++i)
-    (argomenti[i].rfind("--", 0) == 0 ? a.Opzioni : a.Posizionali).push_back(argomenti[i]);
-  return Registro()[argomenti[0]].f(a, out, err);
+  for (size_t i = 1; i < argomenti.size(); ++i) {
+    const std::string& w = argomenti[i];
+    if (w.rfind("--", 0) != 0) {
+      a.Posizionali.push_back(w);
+      continue;
+    }
+    const bool vuoleValore = std::find(voce.conValore.begin(), voce.conValore.end(), w) != voce.conValore.end();
+    if (vuoleValore && i + 1 < argomenti.size())
+      a.Opzioni.push_back(w + "=" + argomenti[++i]);
+    else
+      a.Opzioni.push_back(w);
+  }
+  return voce.f(a, out, err);
 }
 
 }  // namespace varena::cli

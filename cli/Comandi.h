@@ -11,9 +11,9 @@ namespace varena::cli {
 
 struct Argomenti {
   std::vector<std::string> Posizionali;  // after the command's name
-  std::vector<std::string> Opzioni;      // the words that begin with "--"
+  std::vector<std::string> Opzioni;      // the words that begin with "--", values joined as "--name=value"
   bool Ha(const std::string& opzione) const;
-  // The value of "--name=value", or `predefinito`.
+  // The value of "--name value" or "--name=value", or `predefinito`.
   std::string Valore(const std::string& opzione, const std::string& predefinito = "") const;
 };
 
@@ -22,7 +22,8 @@ struct Argomenti {
 using FunzioneComando = std::function<int(const Argomenti&, std::ostream& out, std::ostream& err)>;
 
 struct RegistraComando {
-  RegistraComando(const char* nome, const char* uso, FunzioneComando f);
+  // `conValore`: the options that take the word after them as their value.
+  RegistraComando(const char* nome, const char* uso, FunzioneComando f, std::vector<std::string> conValore = {});
 };
 
 int Esegui(const std::vector<std::string>& argomenti, std::ostream& out, std::ostream& err);

@@ -16,8 +16,10 @@ void InterfacciaTerminale::Messaggio(std::string_view testo, std::string_view ti
 std::optional<std::string> BaseLavoro(const std::string& argomento) {
   std::string base = NormalizzaPercorso(argomento);
   if (base.size() > 4 && UgualeSenzaCaso(base.substr(base.size() - 4), ".CFG")) base.resize(base.size() - 4);
-  if (!EsisteFile(base + ".CFG")) return std::nullopt;
-  return base;
+  // As it stands on disk, so that reports name the job as the user's files do.
+  const auto cfg = TrovaFile(base + ".CFG");
+  if (!cfg || !EsisteFile(*cfg)) return std::nullopt;
+  return cfg->substr(0, cfg->size() - 4);
 }
 
 bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& err) {
@@ -28,6 +30,9 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
   }
   ImpostaCartelle(s);
   s.SolaLettura = true;
+  // The settings and tables in force, read where they stand or taken as defaults: colours,
+  // line types and point configurations shape what a report shows and a picture paints.
+  InizializzaDefault(s);
   s.NomeOriginale = *base;
   s.NomeLavoro = *base;
   ClearAllTables(s);

@@ -176,8 +176,8 @@ int main(int argc, char** argv) {
   s.ArcoY[0] = kN0 - 4.650;
   s.ArcoZ[0] = 14.1;
   s.ArcoRaggio[0] = 10.0;
-  s.ArcoInizio[0] = kPi;        // from South
-  s.ArcoFine[0] = kPi / 2.0;    // a quarter turn, clockwise towards West
+  s.ArcoInizio[0] = 200.0;  // gon: from South
+  s.ArcoFine[0] = 100.0;    // a quarter turn, clockwise towards West
   s.ArcoColore[0] = 8;
   s.ArcoTratteggio[0] = 1;
   s.ArcoQuotaInizio[0] = 14.102;

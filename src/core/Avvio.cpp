@@ -9,6 +9,7 @@
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Lista.h"
+#include "core/Salvaini.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
@@ -83,15 +84,31 @@ bool CreaAlberoCartelle(Sessione& s) {
 void InizializzaDefault(Sessione& s) {
   s.RoutineCorrente = "InizializzaDefault";
   s.Vista.RapportoVista = 1.7;
+  CaricaToolbarBottoni(s);
   ConfiguraLeggi(s);
+  CaricaSalvaini(s);
+  CaricaCodici(s, PercorsoCodici(s));
+  CaricaColori(s, PercorsoColori(s));
+  CaricaSpessori(s, PercorsoSpessori(s));
   // Scratch selection lists of an earlier run are not carried over.
-  Protetto(s, [&] {
-    std::error_code ec;
-    std::vector<fs::path> via;
-    for (fs::directory_iterator it(s.CartellaLavoro, ec), fine; !ec && it != fine; it.increment(ec))
-      if (Maiuscolo(it->path().extension().string()) == ".ULS") via.push_back(it->path());
-    for (const fs::path& f : via) fs::remove(f, ec);
-  });
+  s.RoutineCorrente = "InizializzaDefault";
+  if (!s.SolaLettura) {
+    Protetto(s, [&] {
+      std::error_code ec;
+      std::vector<fs::path> via;
+      for (fs::directory_iterator it(s.CartellaLavoro, ec), fine; !ec && it != fine; it.increment(ec))
+        if (Maiuscolo(it->path().extension().string()) == ".ULS") via.push_back(it->path());
+      for (const fs::path& f : via) fs::remove(f, ec);
+    });
+  }
+  // What the legacy start does once the entity tables exist; none of it reads them.
+  if (s.Toolbar.NumeroColonne < 1) s.Toolbar.NumeroColonne = 16;
+  CaricaPiani1(s);
+  CaricaTratteggi(s);
+  CaricaConfiguraPunti(s);
+  CaricaArchivioNote(s);
+  CaricaComuni(s);
+  s.RoutineCorrente = "DOPOCARICACOMUNI";
 }
 
 NomeConEstensione DividiNomeComune(const std::string& testo) {

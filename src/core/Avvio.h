@@ -17,7 +17,10 @@ void ImpostaCartelle(Sessione& s);
 // be made (the common error box has been shown).
 bool CreaAlberoCartelle(Sessione& s);
 
-// `InizializzaDefault`: constants, defaults, settings and tables read at start.
+// `InizializzaDefault`: constants, defaults, settings and tables read at start, in the
+// legacy order: toolbar layout, `Configura.ini`, SALVAINI, point codes, colours,
+// thicknesses; then the current layer of PIANI.INI, line types, point configuration, note
+// archive and municipalities. Missing tables are created, unless the session may not write.
 void InizializzaDefault(Sessione& s);
 
 // A job path as `COMMON.CFG` hands it over: upper-cased, split at its last ".".

@@ -2,11 +2,14 @@
 #include "core/Configura.h"
 
 #include <algorithm>
-#include <cstring>
+#include <charconv>
+#include <cmath>
+#include <set>
 #include <variant>
 
 #include "core/Errori.h"
 #include "core/File.h"
+#include "core/FileTabella.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 
@@ -76,6 +79,11 @@ const std::vector<Riga>& Righe() {
       {{"Configurazione_Stampa", "DIMENSIONEUNICAPUNTO", 'd', "#######0.0###"}, &I::DIMENSIONEUNICAPUNTO},
       {{"Linea_Altezza_Testo", "LineaMostraLunghezza", 'f', "#######0"}, &I::LineaMostraLunghezza},
       {{"Linea_Altezza_Testo", "LineaDecimali", 'f', nullptr}, &I::LineaDecimali},
+      // Ours, after every key of the older program, which skips them as unknown.
+      {{"Cartelle", "Cartella_Pregeo", 's', nullptr}, &I::Cartella_Pregeo},
+      {{"Cartelle", "Cartella_Estratti", 's', nullptr}, &I::Cartella_Estratti},
+      {{"Cartelle", "Cartella_Archivio_Pregeo", 's', nullptr}, &I::Cartella_Archivio_Pregeo},
+      {{"Cartelle", "Cartella_Fiducial", 's', nullptr}, &I::Cartella_Fiducial},
   };
   return righe;
 }
@@ -109,7 +117,14 @@ std::string Scrivi(const Impostazioni& imp, const Riga& r) {
           return imp.*m;
         } else {
           const double v = static_cast<double>(imp.*m);
-          return r.voce.Maschera ? FormatoMaschera(v, r.voce.Maschera) : FormaSemplice(v);
+          if (r.voce.Maschera) return FormatoMaschera(v, r.voce.Maschera);
+          if constexpr (std::is_same_v<V, float>) {
+            // A single prints with the digits it holds: 0.1 and not 0.100000001490116.
+            char buf[32];
+            const auto fine = std::to_chars(buf, buf + sizeof buf, imp.*m).ptr;
+            return std::isfinite(imp.*m) ? std::string(buf, fine) : std::string("0");
+          }
+          return FormaSemplice(v);
         }
       },
       r.campo);
@@ -129,23 +144,41 @@ const std::vector<VoceConfigura>& TabellaConfigura() {
 void ImpostazioniDefault(Sessione& s) {
   s.Imp = Impostazioni{};
   s.Imp.Cartella_Default = s.CartellaLavoro + "LAVORI";
+  s.Imp.Cartella_Pregeo = s.CartellaLavoro + "PREGEO";
+  s.Imp.Cartella_Estratti = s.Imp.Cartella_Pregeo + "/ESTRATTI";
+  s.Imp.Cartella_Archivio_Pregeo = s.Imp.Cartella_Pregeo + "/ARCH";
+  s.Imp.Cartella_Fiducial = s.CartellaLavoro + "FIDUCIAL";
 }
+
+std::string PercorsoConfigura(const Sessione& s) { return s.CartellaLavoro + "Configura.ini"; }
 
 void ConfiguraLeggi(Sessione& s) {
   s.RoutineCorrente = "ConfiguraLeggi";
   ImpostazioniDefault(s);
-  Protetto(s, [&] {
-    for (const std::string& riga : RigheFile(s.CartellaLavoro + "Configura.ini")) {
+  std::set<std::string> letti;
+  const bool fatto = Protetto(s, [&] {
+    const auto testo = LeggiTestoImpostazioni(s, "Configura.ini", PercorsoConfigura(s));
+    if (!testo) return;
+    for (const std::string& riga : RigheTesto(*testo)) {
       const std::vector<std::string> campi = Dividi(riga + ",,,", ',');
       for (const Riga& r : Righe()) {
         if (campi[1] != r.voce.Chiave) continue;
         Assegna(s.Imp, r.campo, campi[2]);
+        letti.insert(r.voce.Chiave);
         break;
       }
     }
   });
+  if (!fatto) MarcaErrato(s, "Configura.ini", PercorsoConfigura(s));
   if (s.Imp.FATTORE_DI_ZOOM < 1) s.Imp.FATTORE_DI_ZOOM = 1.0;
+  // The folders of a Pregeo installation move with its root unless they are set apart.
+  std::string pregeo = Rifila(NormalizzaPercorso(s.Imp.Cartella_Pregeo));
+  while (pregeo.size() > 1 && pregeo.back() == '/') pregeo.pop_back();
+  if (!letti.count("Cartella_Estratti")) s.Imp.Cartella_Estratti = pregeo + "/ESTRATTI";
+  if (!letti.count("Cartella_Archivio_Pregeo")) s.Imp.Cartella_Archivio_Pregeo = pregeo + "/ARCH";
 }
+
+std::string ValoreConfigura(const Sessione& s, size_t riga) { return Scrivi(s.Imp, Righe().at(riga)); }
 
 std::string TestoConfigura(const Sessione& s) {
   std::string testo;
@@ -162,7 +195,8 @@ std::string TestoConfigura(const Sessione& s) {
 
 void ConfiguraScrivi(Sessione& s) {
   s.RoutineCorrente = "ConfiguraScrivi";
-  Protetto(s, [&] { ScriviTesto(s.CartellaLavoro + "Configura.ini", TestoConfigura(s)); });
+  if (s.SolaLettura) return;
+  Protetto(s, [&] { ScriviTesto(PercorsoConfigura(s), TestoConfigura(s)); });
 }
 
 }  // namespace varena

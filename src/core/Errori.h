@@ -23,6 +23,8 @@ inline constexpr const char* kErrorePercorso = "Path not found";
 inline constexpr const char* kErrorePermesso = "Permission denied";
 inline constexpr const char* kErroreIndice = "Subscript out of range";
 inline constexpr const char* kErroreMemoria = "Out of memory";
+inline constexpr const char* kErroreTipo = "Type mismatch";
+inline constexpr const char* kErroreFormato = "Invalid file format";
 
 // The body of the box, as the user reads it.
 std::string TestoErroreComune(std::string_view descrizione, std::string_view routine);

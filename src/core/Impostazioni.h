@@ -58,6 +58,17 @@ struct Impostazioni {
   double DIMENSIONEUNICAPUNTO = 0;
   float LineaMostraLunghezza = 1;
   float LineaDecimali = 2;
+
+  // The fixed folders of the Windows installation, as settings with defaults under the
+  // working root: the Pregeo root ("c:\pregeo\"), its extracts ("ESTRATTI") and archive
+  // ("ARCH", where the municipality file lives), and the fiducial data ("c:\fiducial\",
+  // with "dati" and "modulistica" beneath). No trailing separator, as `Cartella_Default`.
+  std::string Cartella_Pregeo;
+  std::string Cartella_Estratti;
+  std::string Cartella_Archivio_Pregeo;
+  std::string Cartella_Fiducial;
+
+  bool operator==(const Impostazioni&) const = default;
 };
 
 }  // namespace varena

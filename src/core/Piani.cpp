@@ -1,8 +1,11 @@
 // The job's layer table.
 #include "core/Piani.h"
 
+#include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
+#include "core/FileTabella.h"
+#include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Slot.h"
@@ -39,11 +42,12 @@ std::string ScriviRigaPiano(const Piano& p) {
 void CaricaPiani(Sessione& s) {
   s.RoutineCorrente = "Carica Piani";
   s.Piani.clear();
-  Protetto(s, [&] {
+  const bool fatto = Protetto(s, [&] {
     const std::string percorso = s.NomeLavoro + EstensioneFile(SlotPiani);
     std::vector<std::string> righe;
-    if (EsisteFile(percorso)) {
-      righe = RigheFile(percorso);
+    if (const auto byte = LeggiByte(percorso)) {
+      ControllaTesto(*byte);
+      righe = RigheTesto(Cp1252InUtf8(*byte));
     } else {
       righe = {kRigaPianoDefault};
       if (!s.SolaLettura) ScriviTesto(percorso, righe.front() + "\r\n");
@@ -54,6 +58,24 @@ void CaricaPiani(Sessione& s) {
       s.Piani.push_back(LeggiRigaPiano(riga));
     }
   });
+  // A member that failed before its first row stands as the default layer, in memory only.
+  if (!fatto && s.Piani.empty()) s.Piani.push_back(LeggiRigaPiano(kRigaPianoDefault));
+}
+
+std::string PercorsoPianoDefault(const Sessione& s) { return s.CartellaLavoro + "PIANI.INI"; }
+
+void CaricaPiani1(Sessione& s) {
+  s.RoutineCorrente = "Carica Piani 1";
+  s.PianoCorrente = "0";
+  const std::string percorso = PercorsoPianoDefault(s);
+  const bool fatto = Protetto(s, [&] {
+    LettoreLista in(LeggiOCreaTabella(s, "PIANI.INI", percorso, kTestoPianoDefault));
+    if (in.Fine()) return;
+    // The string may list several layers, "|"-separated: the first is the current one.
+    const std::string primo = Rifila(Dividi(in.LeggiTesto(), '|').front());
+    if (!primo.empty()) s.PianoCorrente = primo;
+  });
+  if (!fatto) MarcaErrato(s, "PIANI.INI", percorso);
 }
 
 }  // namespace varena

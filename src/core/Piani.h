@@ -30,6 +30,14 @@ std::string ScriviRigaPiano(const Piano& p);
 
 // `Carica Piani`: reads the `.PIA` of `NomeLavoro`, creating it with the default line
 // when absent. More than 257 layers is the table-bound error; the rows before it stay.
+// A member that fails before its first layer (not text at all) leaves the default layer.
 void CaricaPiani(Sessione& s);
+
+// `PIANI.INI` in the working root: one string, the layer that is current when the program
+// starts. Created with "0" when absent.
+inline constexpr const char* kTestoPianoDefault = "\"0\"\r\n";
+std::string PercorsoPianoDefault(const Sessione& s);
+// `Carica Piani 1`: sets `PianoCorrente` from it.
+void CaricaPiani1(Sessione& s);
 
 }  // namespace varena

@@ -1,6 +1,7 @@
 // The session object and the clearing of a job.
 #include "core/Sessione.h"
 
+#include "core/Salvaini.h"
 #include "core/Testo.h"
 
 namespace varena {
@@ -13,6 +14,20 @@ void ClearAllTables(Sessione& s) {
   s.Testo126.clear();
   s.TestoCel.clear();
   s.MembriConservati.clear();
+  s.ListaDisegno.Svuota();
+  s.IndiceLista.Svuota();
+  s.IndicePunti.Svuota();
+  s.ImmagineInCima = -1;
+}
+
+void MostraPrompt(Sessione& s, std::string_view testo) {
+  s.Prompt = std::string(testo);
+  s.Ui->Prompt(testo);
+}
+
+void AzzeraTabelleLavoro(Sessione& s) {
+  ScriviSalvaini(s);
+  ClearAllTables(s);
 }
 
 void AggiungiRigaLibretto(Sessione& s, const std::string& riga) {

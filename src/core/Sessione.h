@@ -7,13 +7,22 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "core/AltreImpostazioni.h"
+#include "core/Codici.h"
+#include "core/Colori.h"
+#include "core/Comuni.h"
 #include "core/Impostazioni.h"
+#include "core/OrigineFile.h"
 #include "core/Piani.h"
 #include "core/Porte.h"
 #include "core/Tabelle.h"
+#include "core/Tratteggi.h"
 #include "store/Cfg.h"
+#include "view/IndiceGriglia.h"
+#include "view/ListaDisegno.h"
 #include "view/StatoVista.h"
 #include "view/Superficie.h"
 
@@ -34,15 +43,44 @@ struct Sessione : TabelleEntita {
   std::string NomeLavoro;
   std::string TipoFile = "CFG";  // the kind of input chosen at opening
   std::string Edizione;          // the tag read from `.CFG`, in force through a load
-  // Reading a job in place for a report: nothing may be created beside it.
+  // Reading in place for a report: nothing may be created or removed, neither beside the
+  // job nor among the tables and settings, which then stand at their defaults when absent.
   bool SolaLettura = false;
 
   CfgLavoro Cfg;
   Impostazioni Imp;
   StatoVista Vista;
 
+  // The display list, rebuilt whole by regeneration, and the grids that keep a redraw to
+  // what is near the view.
+  ElencoDisegno ListaDisegno;
+  IndiceGriglia IndiceLista;
+  IndiceGriglia IndicePunti;
+  int32_t ImmagineInCima = -1;  // the image painted over the others
+  bool EvidenziaTutto = false;  // every point symbol in the highlight colour
+  int16_t TipoStampa = 0;       // 5: drawing goes to paper
+  // Point heights: decimals shown, and mode 1 shows the depth below the reference height.
+  int DecimaliQuota = 2;
+  int16_t ModoQuota = 0;
+  double QuotaRiferimento = 0;
+  // The armed command's code; 0 when none waits for the pointer.
+  int32_t ComandoCorrente = 0;
+
   std::vector<Piano> Piani;
   std::string PianoCorrente = "0";
+
+  // Reference tables and the smaller setting files, read at start.
+  TabellaColori Colori;
+  TabellaSpessori Spessori;
+  TabellaTratteggi Tratteggi;
+  TabellaCodici Codici;
+  TabellaComuni Comuni;
+  ArchivioNote Note;
+  ToolbarBottoni Toolbar;
+  ConfigurazionePunti ConfiguraPunti;
+  StampaPaginato Paginato;
+  // Where each of them, and each setting file, was read from.
+  std::vector<OrigineFile> FileRiferimento;
 
   // The field book, one text row each; its count is also `ContaEntita[15]`.
   std::vector<std::string> LibrettoMisure;
@@ -56,6 +94,9 @@ struct Sessione : TabelleEntita {
   bool CollegaGenerazioni = true;
   // The files the last save put in place beside the original, for the reports.
   std::vector<std::string> FileSalvati;
+
+  // The text of the status prompt under the drawing, as last shown (`MostraPrompt`).
+  std::string Prompt;
 
   // The routine tag of the common error path, and the last error it showed.
   std::string RoutineCorrente;
@@ -77,8 +118,15 @@ struct Sessione : TabelleEntita {
 };
 
 // `ClearAllTables`: every table back to its initial capacity, every count 0, the job-level
-// texts empty.
+// texts empty. Memory only, no file: cheap for the loaders and the tests.
 void ClearAllTables(Sessione& s);
+// The clearing of a job as the program does it when another job takes its place: the
+// drawing defaults in force are kept in SALVAINI5.INI and SALVAINI.INI for the next one,
+// then `ClearAllTables`.
+void AzzeraTabelleLavoro(Sessione& s);
+
+// Shows a text in the status prompt and keeps it, so that a zoom can put it back.
+void MostraPrompt(Sessione& s, std::string_view testo);
 
 // `AggiungiRigaLibretto`: the one entry point that appends a field-book row, trimmed.
 void AggiungiRigaLibretto(Sessione& s, const std::string& riga);

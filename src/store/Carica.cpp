@@ -17,6 +17,7 @@
 #include "store/Provvisorio.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
+#include "view/Rigenera.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -222,11 +223,16 @@ void CaricaLavoro(Sessione& s) {
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
-  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+  // A job with no stored view is framed whole: the list is built first, so that its lines
+  // count in the extent and not only its points.
+  if (s.Vista.AltezzaVista <= 0) {
+    RigeneraLista(s);
+    (void)TuttoTutto(s);
+  }
 }
 
 void VR_ApriLavoro(Sessione& s) {
-  ClearAllTables(s);
+  AzzeraTabelleLavoro(s);
   EliminaProvviso(s);
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = "VR_ApriLavoro";
@@ -241,7 +247,10 @@ void VR_ApriLavoro(Sessione& s) {
     s.PuntoNome[r] = maiuscolo;
     SegnaModificato(s, SlotPunti);
   }
-  if (s.Vista.AltezzaVista <= 0) TuttoTutto(s);
+  if (s.Vista.AltezzaVista <= 0) {
+    RigeneraLista(s);
+    (void)TuttoTutto(s);
+  }
 }
 
 }  // namespace varena

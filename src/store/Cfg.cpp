@@ -145,6 +145,10 @@ void LeggiBloccoB(LettoreLista& in, BloccoCfg& b) {
     // and they keep the values they had.
     if (i >= kPrimaFacoltativaB && in.Fine()) return;
     for (ValoreCfg& v : b.Istruzioni[i].Valori) LeggiValore(in, v);
+    // Statements 7 and 21 carry the one current layer: a file that ends before 21 keeps
+    // the layer of 7, not the one of an earlier file.
+    if (i + 1 == B_PianoCorrente)
+      b.Istruzioni[B_PianoCorrente2 - 1].Valori[0].Testo = b.Istruzioni[i].Valori[0].Testo;
   }
 }
 
@@ -182,6 +186,7 @@ void ApplicaBloccoB(Sessione& s) {
   s.Vista.AltezzaVista = c.VB(B_Vista, 2).Numero;
   s.Imp.MostraDescrizione = static_cast<int32_t>(c.VB(B_MostraDescrizione, 0).Numero);
   if (!Rifila(c.VB(B_PianoCorrente2, 0).Testo).empty()) s.PianoCorrente = c.VB(B_PianoCorrente2, 0).Testo;
+  RicordaBloccoB(s);
 }
 
 void RaccogliBloccoB(Sessione& s) {

@@ -58,10 +58,10 @@ enum IstruzioneB : size_t {
   B_FileAssociati = 24,
 };
 
-// The settings that block B carries, as they stood at the end of the last load. The load
-// reads the environment settings after the block, and some of them are the same settings:
-// a value goes back into the block only once the setting differs from this, so that a load
-// and a save keep every value of the file.
+// The settings that block B carries, as the block last gave them (and, after a job's load,
+// as the environment settings read over them left them). A value goes back into the block
+// only once the setting differs from this, so that a load and a save keep every value of
+// the file.
 struct SettaggiB {
   double FattoreZoom = 50;
   int32_t ColoreDefault = 1;
@@ -96,7 +96,8 @@ std::string ScriviBloccoB(const BloccoCfg& b);
 // The named values of block B and the settings they carry, both ways.
 void ApplicaBloccoB(Sessione& s);
 void RaccogliBloccoB(Sessione& s);
-// At the end of a load: the settings as they now stand become `AlCaricamento`.
+// The settings as they now stand become `AlCaricamento`: when block B has been applied, and
+// at the end of a load.
 void RicordaBloccoB(Sessione& s);
 
 // `CaricaCFGProvvisorio`: the `.CFG` of `NomeLavoro`. The whole text of a `.CFG` is

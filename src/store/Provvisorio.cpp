@@ -31,10 +31,11 @@ void ImpostaNomeProvvisorio(Sessione& s) {
 
 void CopiaInProvvisorio(Sessione& s) {
   s.RoutineCorrente = "CopiaInProvvisorio";
+  // One look at the original's folder, instead of a search for each of the 25 names.
+  const FileLavoro originale = ElencaFileLavoro(s.NomeOriginale);
   for (int slot = 0; slot < NumeroSlot; ++slot) {
-    const std::string est = EstensioneFile(slot);
-    if (est.empty()) continue;
-    if (LunghezzaFile(s.NomeOriginale + est) > 0) CopiaFile(s.NomeOriginale + est, s.NomeLavoro + est);
+    const std::string& membro = originale.Membro[static_cast<size_t>(slot)];
+    if (!membro.empty() && LunghezzaFile(membro) > 0) CopiaFile(membro, s.NomeLavoro + EstensioneFile(slot));
   }
   IstruzioneLista inf;
   inf.Testo(s.NomeOriginale);

@@ -79,7 +79,7 @@ bool RiapriDallOriginale(Sessione& s, const char* routine) {
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = routine;
   if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return false;
-  ClearAllTables(s);
+  AzzeraTabelleLavoro(s);
   CaricaLavoro(s);
   return VR_SalvaUndo(s);
 }

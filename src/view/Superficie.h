@@ -43,8 +43,9 @@ class Superficie {
   // Angles in radians, counter-clockwise from East, as surfaces draw arcs.
   virtual void Arco(float x, float y, float raggio, float inizio, float fine, ColoreRGB c) = 0;
   virtual void Pixel(float x, float y, ColoreRGB c) = 0;
-  // Text with its top left corner at (x, y), in the current font and fore colour.
-  virtual void Testo(float x, float y, std::string_view testo) = 0;
+  // Text with its top left corner at (x, y), in the current font and fore colour, turned by
+  // `rotazione` radians counter-clockwise about that corner.
+  virtual void Testo(float x, float y, std::string_view testo, float rotazione) = 0;
   // A picture file painted in a rectangle; false when it could not be read.
   virtual bool Immagine(const std::string& file, float x1, float y1, float x2, float y2) = 0;
   // Extent of a text in the current font, in user units.

@@ -36,8 +36,9 @@ class Resave : public ::testing::Test {
 
 TEST_F(Resave, SalvaAlSuoPostoEDiceCosaHaScritto) {
   ASSERT_EQ(Esegui({"resave", lavori + "Rossi.CFG"}), 0) << err.str();
-  // The members take the names of the slot table; the files that stood become the backups.
-  const std::string b = lavori + "Rossi";
+  // The job keeps the name its files have; the members take the extensions of the slot
+  // table, and the files that stood become the backups.
+  const std::string b = lavori + "rossi";
   EXPECT_EQ(out.str(), b + ".LLL (256 byte)\n" + b + ".CFG (" + std::to_string(LeggiFileProva(b + ".CFG").size()) +
                            " byte)\n" + b + ".INF (" + std::to_string(b.size() + 4) + " byte)\n" + b +
                            ".TXT (106 byte)\n" + b + ".PIA (23 byte)\n");

@@ -23,20 +23,11 @@ class CaricaTesti : public ::testing::Test {
   void Scrivi(const char* estensione, const std::string& byte) { ScriviFileProva(s.NomeLavoro + estensione, byte); }
 };
 
-// Block A written by hand with its 152 statements, each with its empty label.
-std::string BloccoAManuale() {
-  std::string a;
-  for (const std::string& forma : FormaBloccoA()) {
-    a += "\"\"";
-    for (char t : forma) a += t == 's' ? ",\"x\"" : ",1";
-    a += "\r\n";
-  }
-  return a;
-}
+using prova::BloccoAManuale;
 
 std::string BloccoBFinoA17(const char* vista) {
-  return std::string("25\r\n7\r\n1,1,0,1,1\r\n\"Arial\"\r\n5,0\r\n3\r\n\"STRADE\"\r\n0\r\n1.6\r\n\"a\",\"b\"\r\n") +
-         "\"c\"\r\n2\r\n0\r\n0\r\n" + vista + "\r\n\"\"\r\n0\r\n";
+  const std::string tutto = prova::CfgManuale("", vista);
+  return tutto.substr(tutto.find(BloccoAManuale()) + BloccoAManuale().size());
 }
 
 TEST_F(CaricaTesti, CfgBloccoAConsumatoEBloccoBLetto) {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "store/Cfg.h"
 #include "store/Slot.h"
 
 namespace varena::prova {
@@ -42,6 +43,23 @@ Record RecordPuntoBase(const std::string& nome, double x, double y, double z) {
   r.Car(144, 2, "").I16(146, 35).Car(148, 8, "0").Car(156, 2, "").I16(182, 1).F64(186, 1.0);
   r.Car(194, 30, "Arial").Car(224, 8, "").Car(244, 12, "");
   return r;
+}
+
+std::string BloccoAManuale() {
+  std::string a;
+  for (const std::string& forma : FormaBloccoA()) {
+    a += "\"\"";
+    for (char t : forma) a += t == 's' ? ",\"x\"" : ",1";
+    a += "\r\n";
+  }
+  return a;
+}
+
+std::string CfgManuale(const std::string& edizione, const std::string& vista, const std::string& coda) {
+  return "\"" + edizione + "\"\r\n" + BloccoAManuale() +
+         "25\r\n7\r\n1,1,0,1,1\r\n\"Arial\"\r\n5,0\r\n3\r\n\"STRADE\"\r\n0\r\n1.6\r\n\"a\",\"b\"\r\n"
+         "\"c\"\r\n2\r\n0\r\n0\r\n" +
+         vista + "\r\n\"\"\r\n0\r\n" + coda;
 }
 
 std::time_t OrologioFisso() {

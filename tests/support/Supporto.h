@@ -89,4 +89,10 @@ struct SondaProva {
   SondaProva& operator=(const SondaProva&) = delete;
 };
 
+// A `.CFG` written by hand: the tag, block A with its 152 statements (each with its empty
+// label, strings "x", numbers 1), block B up to statement 17 with `vista` as statement 15
+// ("E,N,H"), then `coda` as it stands.
+std::string CfgManuale(const std::string& edizione, const std::string& vista, const std::string& coda = "");
+std::string BloccoAManuale();
+
 }  // namespace varena::prova

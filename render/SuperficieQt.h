@@ -1,0 +1,65 @@
+// The drawing surface on a Qt paint device: a raster image for the screen and PNG files,
+// an SVG generator for vector output. Both are painted through the very same calls.
+#pragma once
+
+#include <QFont>
+#include <QHash>
+#include <QImage>
+#include <QPainter>
+#include <QPen>
+
+#include "view/Superficie.h"
+
+namespace varena {
+
+class SuperficieQt : public Superficie {
+ public:
+  // `dispositivo` is painted on, `larghezzaPx` x `altezzaPx` pixels at `dpi` dots per inch.
+  SuperficieQt(QPaintDevice* dispositivo, int larghezzaPx, int altezzaPx, double dpi);
+  ~SuperficieQt() override;
+
+  double LarghezzaMm() const override { return larghezza_ * 25.4 / dpi_; }
+  double AltezzaMm() const override { return altezza_ * 25.4 / dpi_; }
+
+  void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
+  void Pulisci() override;
+  void ColoreFondo(ColoreRGB c) override;
+  void ColorePenna(ColoreRGB c) override { penna_ = c; }
+  void Modo(ModoPenna m) override;
+  void Stile(StilePenna s) override { stile_ = s; }
+  void Spessore(int pixel) override { spessore_ = pixel < 1 ? 1 : pixel; }
+  void Carattere(std::string_view nome, double dimensione) override;
+
+  void Linea(float x1, float y1, float x2, float y2, ColoreRGB c) override;
+  void Riquadro(float x1, float y1, float x2, float y2, ColoreRGB c, bool pieno) override;
+  void Cerchio(float x, float y, float raggio, ColoreRGB c) override;
+  void Arco(float x, float y, float raggio, float inizio, float fine, ColoreRGB c) override;
+  void Pixel(float x, float y, ColoreRGB c) override;
+  void Testo(float x, float y, std::string_view testo, float rotazione) override;
+  bool Immagine(const std::string& file, float x1, float y1, float x2, float y2) override;
+  double LarghezzaTesto(std::string_view testo) const override;
+  double AltezzaTesto(std::string_view testo) const override;
+
+  // Ends the painting, so that the device holds the whole picture.
+  void Fine();
+
+ private:
+  QPointF Mappa(double x, double y) const { return {(x - sinistra_) * sx_, (y - alto_) * sy_}; }
+  void Penna(ColoreRGB c);
+
+  QPainter pittore_;
+  int larghezza_, altezza_;
+  double dpi_;
+  double sinistra_ = 0, alto_ = 0, sx_ = 1, sy_ = 1;
+  ColoreRGB fondo_ = 0xFFFFFF, penna_ = 0;
+  StilePenna stile_ = StilePenna::Continuo;
+  ModoPenna modo_ = ModoPenna::Copia;
+  int spessore_ = 1;
+  QFont carattere_;
+  QHash<QString, QImage> immagini_;
+};
+
+// The fonts the legacy jobs name, to the metric twins a Linux desktop has.
+QString FamigliaCarattere(std::string_view nome);
+
+}  // namespace varena

@@ -1,0 +1,83 @@
+// A uniform grid over boxes in world coordinates, so that a redraw or a search touches only
+// what lies near the view instead of scanning the whole drawing.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace varena {
+
+class IndiceGriglia {
+ public:
+  // Builds the grid over `n` boxes given by their corners (in any order).
+  template <class Angoli>
+  void Costruisci(int64_t n, Angoli angoli);
+  void Svuota();
+  int64_t Elementi() const { return n_; }
+
+  // The indexes of the boxes that may touch the rectangle, in increasing order, each once.
+  void Cerca(double xmin, double ymin, double xmax, double ymax, std::vector<int64_t>& risultato) const;
+
+ private:
+  void Prepara(double xmin, double ymin, double xmax, double ymax, int64_t n);
+  void Celle(double xmin, double ymin, double xmax, double ymax, int& c0, int& r0, int& c1, int& r1) const;
+
+  int64_t n_ = 0;
+  double x0_ = 0, y0_ = 0, lato_ = 1;
+  int colonne_ = 0, righe_ = 0;
+  std::vector<uint32_t> inizio_;      // cell -> first entry in voci_, one more at the end
+  std::vector<int64_t> voci_;         // box indexes by cell
+  std::vector<int64_t> grandi_;       // boxes spanning too many cells: always candidates
+  mutable std::vector<uint64_t> visti_;  // one bit per box, for a query
+};
+
+template <class Angoli>
+void IndiceGriglia::Costruisci(int64_t n, Angoli angoli) {
+  Svuota();
+  n_ = n;
+  if (n <= 0) return;
+  double xmin = 1e300, ymin = 1e300, xmax = -1e300, ymax = -1e300;
+  for (int64_t i = 0; i < n; ++i) {
+    double a, b, c, d;
+    angoli(i, a, b, c, d);
+    if (!(a == a) || !(b == b) || !(c == c) || !(d == d)) continue;  // not a number: never found
+    xmin = std::min({xmin, a, c});
+    ymin = std::min({ymin, b, d});
+    xmax = std::max({xmax, a, c});
+    ymax = std::max({ymax, b, d});
+  }
+  Prepara(xmin, ymin, xmax, ymax, n);
+  // Two passes: count per cell, then fill, so the grid is two flat arrays.
+  std::vector<uint32_t> conta(static_cast<size_t>(colonne_) * static_cast<size_t>(righe_) + 1, 0);
+  auto perCella = [&](auto&& f) {
+    for (int64_t i = 0; i < n; ++i) {
+      double a, b, c, d;
+      angoli(i, a, b, c, d);
+      if (!(a == a) || !(b == b) || !(c == c) || !(d == d)) continue;
+      int c0, r0, c1, r1;
+      Celle(std::min(a, c), std::min(b, d), std::max(a, c), std::max(b, d), c0, r0, c1, r1);
+      if (static_cast<int64_t>(c1 - c0 + 1) * (r1 - r0 + 1) > 16) {
+        f(i, -1);
+        continue;
+      }
+      for (int r = r0; r <= r1; ++r)
+        for (int k = c0; k <= c1; ++k) f(i, r * colonne_ + k);
+    }
+  };
+  perCella([&](int64_t, int cella) {
+    if (cella >= 0) ++conta[static_cast<size_t>(cella)];
+  });
+  inizio_.assign(conta.size(), 0);
+  for (size_t k = 1; k < conta.size(); ++k) inizio_[k] = inizio_[k - 1] + conta[k - 1];
+  voci_.assign(inizio_.back(), 0);
+  std::vector<uint32_t> pos(inizio_.begin(), inizio_.end() - 1);
+  perCella([&](int64_t i, int cella) {
+    if (cella < 0)
+      grandi_.push_back(i);
+    else
+      voci_[pos[static_cast<size_t>(cella)]++] = i;
+  });
+}
+
+}  // namespace varena

@@ -1,0 +1,68 @@
+// The display list: every entity but the points, flattened into records in world
+// coordinates with dash patterns and truncations already expanded. The screen painter, the
+// plot stream, the exports and the snap searches all read it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace varena {
+
+// What a record asks the surface to paint.
+enum PrimitivaDisegno : uint8_t { PrimCerchio = 0, PrimLinea = 2, PrimNulla = 3, PrimTesto = 5 };
+
+// One record as the regenerators build it.
+struct RecordDisegno {
+  double X1 = 0, Y1 = 0, Z1 = 0, X2 = 0, Y2 = 0, Z2 = 0;
+  uint8_t Tipo = 0;   // slot of the source entity
+  int32_t Riga = 0;   // its row
+  int16_t Colore = 0; // already through `ColoreVisibile`
+  int16_t Stato = 0;  // 1 selected
+  std::string_view Testo;
+  float Altezza = 0;  // text height, or circle radius
+  float Rotazione = 0;
+  std::string_view Font;
+  uint8_t Primitiva = PrimLinea;
+  int16_t Penna = 0;
+  std::string_view Piano;
+  int16_t Tratto = 0;
+  float Spessore = 1;
+};
+
+// Field per array, as the entity tables. Layer and font names repeat over and over and are
+// kept once each; texts are kept only for text records.
+class ElencoDisegno {
+ public:
+  std::vector<double> X1, Y1, Z1, X2, Y2, Z2;
+  std::vector<uint8_t> Tipo;
+  std::vector<int32_t> Riga;
+  std::vector<int16_t> Colore, Stato;
+  std::vector<float> Altezza, Rotazione;
+  std::vector<uint8_t> Primitiva;
+  std::vector<int16_t> Penna, Tratto;
+  std::vector<float> Spessore;
+
+  int64_t Conta() const { return static_cast<int64_t>(X1.size()); }
+  void Svuota();
+  // Appends a record, storing a blank layer as "0", a negative dash style as 0 and a width
+  // below 1 as 1.
+  int64_t Aggiungi(const RecordDisegno& r);
+
+  const std::string& Testo(int64_t i) const;
+  const std::string& Font(int64_t i) const { return nomi_[static_cast<size_t>(font_[static_cast<size_t>(i)])]; }
+  const std::string& Piano(int64_t i) const { return nomi_[static_cast<size_t>(piano_[static_cast<size_t>(i)])]; }
+
+ private:
+  int32_t Nome(std::string_view n);
+  int32_t Cerca(std::string_view n);
+  int32_t recenti_[2] = {-1, -1};
+  std::vector<int32_t> testo_, font_, piano_;
+  std::vector<std::string> testi_;
+  std::vector<std::string> nomi_{""};
+  std::unordered_map<std::string, int32_t> indiceNomi_{{"", 0}};
+};
+
+}  // namespace varena

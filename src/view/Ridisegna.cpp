@@ -1,0 +1,266 @@
+// Painting of the display list and of the points.
+#include "view/Ridisegna.h"
+
+#include <chrono>
+#include <cmath>
+
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "survey/Convenzioni.h"
+#include "view/Rigenera.h"
+#include "view/StiliLinea.h"
+#include "view/Vista.h"
+
+namespace varena {
+
+namespace {
+
+
+// Labels below this many points would be smaller than a pixel: not worth a font.
+constexpr double kPuntiMinimi = 0.75;
+
+ColoreRGB Rgb(const Sessione& s, int32_t indice) {
+  ColoreRGB c = 0;
+  ColoreDaIndice(s, indice, c);
+  return c;
+}
+
+bool InVistaF(const StatoVista& v, float x, float y) {
+  return x >= v.BordoSinistro && x <= v.BordoDestro && y >= v.BordoBasso && y <= v.BordoAlto;
+}
+
+// The size of a text of `altezza` metres on this surface, in points: what is h metres on
+// the sheet is h metres at the view's scale.
+double PuntiTesto(const Sessione& s, const Superficie& sup, double altezza) {
+  const double mm = sup.AltezzaMm();
+  if (mm > 0) return altezza * mm / s.Vista.AltezzaVista / 0.3528;
+  return altezza / s.Vista.AltezzaVista * 1000.0;
+}
+
+void DisegnaRecord(Sessione& s, Superficie& sup, int64_t i) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  const StatoVista& v = s.Vista;
+  const auto k = static_cast<size_t>(i);
+  const float x1 = static_cast<float>(l.X1[k] - v.CentroEst), y1 = static_cast<float>(l.Y1[k] - v.CentroNord);
+  const float x2 = static_cast<float>(l.X2[k] - v.CentroEst), y2 = static_cast<float>(l.Y2[k] - v.CentroNord);
+  if (l.Primitiva[k] != PrimCerchio) {
+    // Whole on one side of the view: nothing to paint. A line across is left to the
+    // surface's own clipping.
+    if ((x1 < v.BordoSinistro && x2 < v.BordoSinistro) || (x1 > v.BordoDestro && x2 > v.BordoDestro) ||
+        (y1 < v.BordoBasso && y2 < v.BordoBasso) || (y1 > v.BordoAlto && y2 > v.BordoAlto))
+      return;
+  }
+  ColoreRGB colore = 0;
+  if (!ColoreDaIndice(s, l.Colore[k], colore)) return;
+  switch (l.Primitiva[k]) {
+    case PrimCerchio:
+      sup.Spessore(static_cast<int>(l.Spessore[k]));
+      sup.Cerchio(x1, y1, l.Altezza[k], colore);
+      sup.Spessore(1);
+      break;
+    case PrimLinea:
+      sup.Spessore(std::max(1, static_cast<int>(l.Spessore[k])));
+      sup.Stile(static_cast<StilePenna>(l.Tratto[k] == 2 ? 2 : 0));
+      if (l.Stato[k] == 1) {
+        sup.Modo(ModoPenna::Inverti);
+        sup.Stile(StilePenna::Punteggiato);
+        sup.Linea(x1, y1, x2, y2, colore);
+      } else {
+        sup.Modo(ModoPenna::Copia);
+        sup.Linea(x1, y1, x2, y2, colore);
+      }
+      sup.Modo(ModoPenna::Copia);
+      sup.Stile(StilePenna::Continuo);
+      sup.Spessore(1);
+      break;
+    case PrimTesto: {
+      const double punti = PuntiTesto(s, sup, l.Altezza[k]);
+      if (punti < kPuntiMinimi) return;
+      // A text without a font gets this name, spelled so since the first version: the
+      // surface resolves it as best it can.
+      const std::string& font = l.Font(i).empty() ? std::string("Curier New") : l.Font(i);
+      sup.Carattere(font, punti);
+      const double a = l.Rotazione[k] * GonToRad;
+      // The insertion is the foot of the text; the surface wants its top left corner.
+      const float tx = static_cast<float>(x1 - l.Altezza[k] * std::sin(a));
+      const float ty = static_cast<float>(y1 + l.Altezza[k] * std::cos(a));
+      if (l.Stato[k] == 1) {
+        sup.Modo(ModoPenna::Esclusivo);
+        sup.Stile(StilePenna::Punteggiato);
+        sup.ColorePenna(kColoreEvidenza);
+        sup.Testo(tx, ty, l.Testo(i), static_cast<float>(a));
+        const float h = static_cast<float>(v.SogliaSimbolo);
+        sup.Spessore(3);
+        sup.Riquadro(x1 - h, y1 - h, x1 + h, y1 + h, Rgb(s, 5), false);
+        sup.Spessore(1);
+        sup.Modo(ModoPenna::Copia);
+        sup.Stile(StilePenna::Continuo);
+      } else {
+        sup.Modo(ModoPenna::Copia);
+        sup.ColorePenna(colore);
+        sup.Testo(tx, ty, l.Testo(i), static_cast<float>(a));
+      }
+      break;
+    }
+    default: break;
+  }
+}
+
+// `RidisegnaRigeneraTutto`: the records near the view from the index, in list order, then
+// those appended since the index was built.
+void RidisegnaLista(Sessione& s, Superficie& sup) {
+  const StatoVista& v = s.Vista;
+  std::vector<int64_t> vicini;
+  s.IndiceLista.Cerca(v.CentroEst + v.BordoSinistro, v.CentroNord + v.BordoBasso, v.CentroEst + v.BordoDestro,
+                      v.CentroNord + v.BordoAlto, vicini);
+  for (int64_t i : vicini)
+    if (i < s.ListaDisegno.Conta()) DisegnaRecord(s, sup, i);
+  for (int64_t i = s.IndiceLista.Elementi(); i < s.ListaDisegno.Conta(); ++i) DisegnaRecord(s, sup, i);
+}
+
+void DisegnaImmagine(Sessione& s, Superficie& sup, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.BitmapIdent[r] < 0 || s.BitmapCongela[r] != 0) return;
+  const StatoVista& v = s.Vista;
+  const double x0 = s.BitmapX[r] - v.CentroEst, y0 = s.BitmapY[r] - v.CentroNord;
+  sup.Immagine(s.BitmapNomeFile[r], static_cast<float>(x0), static_cast<float>(y0),
+               static_cast<float>(x0 + s.BitmapLarghezza[r] * s.BitmapScalaLar[r]),
+               static_cast<float>(y0 - s.BitmapAltezza[r] * s.BitmapScalaAlt[r]));
+}
+
+void DisegnaPunti(Sessione& s, Superficie& sup) {
+  StatoPunti stato;
+  const StatoVista& v = s.Vista;
+  std::vector<int64_t> vicini;
+  s.IndicePunti.Cerca(v.CentroEst + v.BordoSinistro, v.CentroNord + v.BordoBasso, v.CentroEst + v.BordoDestro,
+                      v.CentroNord + v.BordoAlto, vicini);
+  for (int64_t i : vicini)
+    if (i < s.ContaEntita[SlotPunti]) DisegnaPuntoAperto(s, sup, static_cast<int32_t>(i), stato);
+  for (int64_t i = s.IndicePunti.Elementi(); i < s.ContaEntita[SlotPunti]; ++i)
+    DisegnaPuntoAperto(s, sup, static_cast<int32_t>(i), stato);
+}
+
+// A label's size: a negative value is a share of the view's height, constant on screen.
+double Misura(const Sessione& s, double valore) {
+  return valore < 0 ? std::fabs(valore) * s.Vista.AltezzaVista / 100.0 : valore;
+}
+
+}  // namespace
+
+void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double h, std::string_view testo,
+                       std::string_view font, int32_t colore) {
+  const double punti = h >= 0 ? h / s.Vista.AltezzaVista * 1000.0 : std::fabs(h);
+  if (punti < kPuntiMinimi || testo.empty()) return;
+  // The print position is moved by a pixel of the background, as the old painter did.
+  const double ys = h >= 0 ? y + 1.5 * std::fabs(h) : y;
+  sup.Pixel(static_cast<float>(x), static_cast<float>(ys), Rgb(s, s.Imp.Colore_Fondo_Default));
+  ColoreRGB c = 0;
+  if (!ColoreDaIndice(s, ColoreVisibile(s, colore), c)) return;
+  sup.Carattere(font, punti);
+  sup.ColorePenna(c);
+  sup.Testo(static_cast<float>(x), static_cast<float>(ys), testo, 0);
+}
+
+void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& stato) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.PuntoIdent[r] < 0) return;
+  const StatoVista& v = s.Vista;
+  const double xv = s.PuntoX[r] - v.CentroEst, yv = s.PuntoY[r] - v.CentroNord;
+  const float fx = static_cast<float>(xv), fy = static_cast<float>(yv);
+  if (!stato.Carta && !InVistaF(v, fx, fy)) return;
+  const bool selezionato = s.StatoPunto[r] == 1;
+  const double dimensione = Misura(s, s.PuntoDimensioneSimbolo[r]);
+  if (s.PuntoCongelaSimbolo[r] == 0) {
+    ColoreRGB c = 0;
+    const bool visibile = ColoreDaIndice(s, ColoreVisibile(s, s.PuntoColoreSimbolo[r]), c);
+    if (selezionato || s.EvidenziaTutto) c = kColoreEvidenza;
+    // The size tested here is the one the point before left behind.
+    if (stato.DimensionePrecedente < v.SogliaSimbolo) sup.Pixel(fx, fy, c);
+    stato.DimensionePrecedente = dimensione;
+    if (visibile) {
+      std::vector<ElementoSimbolo> elementi;
+      ScomponiSimbolo(s.PuntoSimbolo[r], dimensione, stato.Carta, elementi);
+      for (const ElementoSimbolo& e : elementi) {
+        const auto A = static_cast<float>(e.A), B = static_cast<float>(e.B), C = static_cast<float>(e.C),
+                   D = static_cast<float>(e.D);
+        switch (e.Tipo) {
+          case ElementoSimbolo::Linea: sup.Linea(fx + A, fy + B, fx + C, fy + D, c); break;
+          case ElementoSimbolo::Cerchio: sup.Cerchio(fx + A, fy + B, C, c); break;
+          case ElementoSimbolo::Riquadro: sup.Riquadro(fx + A - C, fy + B - C, fx + A + C, fy + B + C, c, false); break;
+          case ElementoSimbolo::Punto: sup.Pixel(fx, fy, c); break;
+        }
+      }
+    }
+  }
+  // Labels: name, height under it, description under that, each skipping the frozen ones.
+  const double xn = s.PuntoX[r] + s.PuntoSpoX[r] - v.CentroEst + dimensione / 2;
+  double y = s.PuntoY[r] + s.PuntoSpoY[r] - v.CentroNord;
+  const std::string& font = s.PuntoFont[r];
+  bool primo = true;
+  if (s.PuntoCongelaNome[r] == 0 && s.Imp.MostraNome != 0) {
+    if (s.Imp.CollegaPuntoSimbolo == 1 && (s.PuntoSpoX[r] != 0 || s.PuntoSpoY[r] != 0)) {
+      sup.Stile(StilePenna::Punteggiato);
+      sup.Linea(fx, fy, static_cast<float>(xv + s.PuntoSpoX[r]), static_cast<float>(yv + s.PuntoSpoY[r]),
+                Rgb(s, ColoreVisibile(s, s.PuntoColoreNome[r])));
+      sup.Stile(StilePenna::Continuo);
+    }
+    DisegnaPuntoNuovo(s, sup, xn, y, Misura(s, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font, s.PuntoColoreNome[r]);
+    primo = false;
+  }
+  if (s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
+    const double h = Misura(s, s.PuntoDimensioneQuota[r]);
+    if (!primo) y -= 1.5 * h;
+    const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];
+    const std::string testo =
+        Rifila(FormatoMaschera(valore, "#########0." + std::string(static_cast<size_t>(std::max(0, s.DecimaliQuota)), '0')));
+    DisegnaPuntoNuovo(s, sup, xn, y, h, testo, font, s.PuntoColoreQuota[r]);
+    primo = false;
+  }
+  if (s.PuntoCongelaDescrizione[r] == 0 && s.Imp.MostraDescrizione != 0) {
+    const double h = Misura(s, s.PuntoDimensioneDescrizione[r]);
+    if (!primo) y -= 1.5 * h;
+    const int32_t colore = s.PuntoColoreDescrizione[r] > 257 ? 1 : s.PuntoColoreDescrizione[r];
+    DisegnaPuntoNuovo(s, sup, xn, y, h, s.PuntoDescrizione[r], font, colore);
+  }
+  if (selezionato) {
+    const float h = static_cast<float>(v.AltezzaVista / 200.0);
+    sup.Spessore(3);
+    sup.Riquadro(fx - h, fy - h, fx + h, fy + h, Rgb(s, 5), false);
+    sup.Spessore(1);
+  }
+}
+
+void Disegna1(Sessione& s, Superficie& sup) {
+  s.RoutineCorrente = "Disegna1";
+  s.Vista.PassoTesto = s.Vista.AltezzaVista / 400;
+  s.Vista.SogliaSimbolo = s.Vista.AltezzaVista / 200;
+  sup.ColoreFondo(Rgb(s, s.Imp.Colore_Fondo_Default));
+  sup.Pulisci();
+  sup.Carattere("Courier New", 10);
+  sup.Stile(StilePenna::Continuo);
+  sup.Modo(ModoPenna::Copia);
+  // Images in table order; the one marked topmost comes after the others.
+  for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r)
+    if (r != s.ImmagineInCima) DisegnaImmagine(s, sup, r);
+  if (s.ImmagineInCima >= 0 && s.ImmagineInCima < s.ContaEntita[SlotBitmap]) DisegnaImmagine(s, sup, s.ImmagineInCima);
+  RidisegnaLista(s, sup);
+  sup.Spessore(1);
+  DisegnaPunti(s, sup);
+  AggiungiStoriaVista(s.Vista);
+}
+
+void Ridisegna(Sessione& s) {
+  s.RoutineCorrente = "Ridise gna";
+  const auto inizio = std::chrono::steady_clock::now();
+  Rigenera1(s);
+  if (s.Schermo && !s.Schermo->Minimizzata()) {
+    Disegna1(s, *s.Schermo);
+  } else {
+    AggiungiStoriaVista(s.Vista);
+  }
+  AggiornaIngombroAltezza(s.Vista);
+  const double secondi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
+  if (s.ComandoCorrente == 0) MostraPrompt(s, TestoTempoRidisegno(secondi));
+}
+
+}  // namespace varena

@@ -1,0 +1,32 @@
+// Redraw: the surface cleared and painted from the display list and the point table.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "view/Superficie.h"
+
+namespace varena {
+
+struct Sessione;
+
+// `Ridise gna` on the main surface `s.Schermo`: view set-up, painting, the extent's height,
+// the redraw time in the prompt. Without a surface only the view and its history move on.
+void Ridisegna(Sessione& s);
+
+// `Disegna1` on any surface whose user scale is already set: images, the list, the points.
+void Disegna1(Sessione& s, Superficie& sup);
+
+// State that one point passes to the next during a redraw: the size of the symbol painted
+// before is read before this point's own size, a behaviour old drawings depend on.
+struct StatoPunti {
+  double DimensionePrecedente = 0;
+  bool Carta = false;  // drawing for paper: no culling, dots as small crosses
+};
+void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& stato);
+
+// `DisegnaPuntoNuovo`: one label of a point at (x, y) view coordinates with height h.
+void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double h, std::string_view testo,
+                       std::string_view font, int32_t colore);
+
+}  // namespace varena

@@ -1,0 +1,266 @@
+// The regenerators of each kind, in the order of painting.
+#include "view/Rigenera.h"
+
+#include <cmath>
+
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "survey/Convenzioni.h"
+#include "survey/Primitive.h"
+#include "view/Ridisegna.h"
+#include "view/Zoom.h"
+
+namespace varena {
+
+namespace {
+
+
+float SpessoreDi(const Sessione& s, int32_t colore) {
+  return colore >= 0 && colore <= kMassimoSpessori ? s.Spessori.Spessore[static_cast<size_t>(colore)] : 1.0f;
+}
+
+void RigeneraImmagini(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r) RigeneraBitMapSingola(s, r);
+}
+void RigeneraArchi(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotArchi]; ++r) RigeneraArco(s, r);
+}
+void RigeneraCerchi(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotCerchi]; ++r) RigeneraCerchio(s, r);
+}
+void RigeneraLinee(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r) RigeneraLineaSingola(s, r);
+}
+void RigeneraTesti(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotTesti]; ++r) RigeneraTesto(s, r);
+}
+
+// The frame of the drawing's extent, when the setting asks for it.
+void RigeneraCorniceIngombro(Sessione& s) {
+  if (s.Imp.MostraIngombroDisegno <= 0) return;
+  const auto box = IngombroDisegno(s);
+  if (!box) return;
+  RecordDisegno r;
+  r.Colore = ColoreVisibile(s, 250);
+  r.Penna = 250;
+  r.Tratto = static_cast<int16_t>(StilePenna::Punteggiato);
+  const double x[5] = {box->XMin, box->XMax, box->XMax, box->XMin, box->XMin};
+  const double y[5] = {box->YMin, box->YMin, box->YMax, box->YMax, box->YMin};
+  for (int k = 0; k < 4; ++k) {
+    r.X1 = x[k], r.Y1 = y[k], r.X2 = x[k + 1], r.Y2 = y[k + 1];
+    s.ListaDisegno.Aggiungi(r);
+  }
+}
+
+// The order of painting: what comes later lies over what comes before. Kinds that join the
+// list take their place in this table.
+using Rigeneratore = void (*)(Sessione&);
+constexpr Rigeneratore kOrdine[] = {
+    RigeneraImmagini,  // then the map extract and its stations, facets, sections
+    RigeneraArchi,   RigeneraCerchi, RigeneraLinee,
+    RigeneraTesti,     // after the Contorno-7 outlines
+    RigeneraCorniceIngombro,
+};
+
+}  // namespace
+
+int16_t ColoreVisibile(const Sessione& s, int32_t colore) {
+  if (colore < 1 || colore == 8 || colore == 255) colore = 250;
+  if (colore == s.Imp.Colore_Fondo_Default) return kIndiceEvidenza;
+  return static_cast<int16_t>(std::min<int32_t>(colore, 32767));
+}
+
+bool ColoreDaIndice(const Sessione& s, int32_t indice, ColoreRGB& rgb) {
+  if (indice == kIndiceEvidenza) {
+    rgb = kColoreEvidenza;
+    return true;
+  }
+  if (indice < 0 || indice > kMassimoColori) return false;
+  rgb = s.Colori[indice];
+  return true;
+}
+
+StileLinea StileDi(const Sessione& s, int t) {
+  if (t < 2 || t >= kMassimoTratteggi) return {};
+  const Tratteggio& stile = s.Tratteggi.Stili[static_cast<size_t>(t)];
+  const int n = std::min(stile.NumeroElementi(), kMassimoElementi);
+  if (n <= 0) return {};
+  return {std::span<const double>(stile.Elementi.data() + 1, static_cast<size_t>(n)), stile.AngoloElemento};
+}
+
+void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio) {
+  const double x1 = base.X1, y1 = base.Y1, z1 = base.Z1, x2 = base.X2, y2 = base.Y2, z2 = base.Z2;
+  const double L = std::hypot(x2 - x1, y2 - y1);
+  std::vector<Tratto> pezzi;
+  EspandiLinea(x1, y1, x2, y2, StileDi(s, tratteggio), pezzi);
+  base.Primitiva = PrimLinea;
+  for (const Tratto& p : pezzi) {
+    // Heights follow the line, so that a dashed 3-D line keeps its slope piece by piece.
+    auto z = [&](double x, double y) { return L > 0 ? z1 + (z2 - z1) * std::hypot(x - x1, y - y1) / L : z1; };
+    base.X1 = p.X1, base.Y1 = p.Y1, base.Z1 = z(p.X1, p.Y1);
+    base.X2 = p.X2, base.Y2 = p.Y2, base.Z2 = z(p.X2, p.Y2);
+    s.ListaDisegno.Aggiungi(base);
+  }
+}
+
+void RigeneraLineaSingola(Sessione& s, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.LineaIdent[r] != 0 || s.LineaCongela[r] != 0) return;
+  RecordDisegno b;
+  b.X1 = s.LineaX1[r], b.Y1 = s.LineaY1[r], b.Z1 = s.LineaZ1[r];
+  b.X2 = s.LineaX2[r], b.Y2 = s.LineaY2[r], b.Z2 = s.LineaZ2[r];
+  b.Tipo = SlotLinee;
+  b.Riga = riga;
+  b.Colore = ColoreVisibile(s, s.LineaColore[r]);
+  b.Stato = s.StatoLinea[r];
+  b.Piano = s.LineaPiano[r];
+  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.LineaColore[r], -32768, 32767));
+  b.Spessore = SpessoreDi(s, s.LineaColore[r]);
+  const AzimutEDistanza ad = AzimutDistanza(b.X1, b.Y1, b.X2, b.Y2);
+  const double L = ad.Distanza, az = ad.Azimut;
+  const double sa = std::sin(az), ca = std::cos(az);
+  if (s.LineaQuotata[r] > 0) {
+    // The length label stands along the line, at its distance from the start.
+    const int decimali = std::clamp(static_cast<int>(s.Imp.LineaDecimali), 0, 5);
+    const std::string testo = FormatoMaschera(L, "######0." + std::string("00000").substr(0, static_cast<size_t>(decimali)));
+    RecordDisegno t = b;
+    const double d = s.LineaOffsetQuota[r];
+    t.X1 = t.X2 = b.X1 + d * sa;
+    t.Y1 = t.Y2 = b.Y1 + d * ca;
+    t.Primitiva = PrimTesto;
+    t.Altezza = s.Imp.LineaMostraLunghezza;
+    t.Rotazione = static_cast<float>(400.0 - az * RadToGon + 100.0);
+    t.Testo = testo;
+    t.Font = "Arial";
+    s.ListaDisegno.Aggiungi(t);
+  }
+  if (s.LineaTronca[r] != 0) {
+    // Shortened by the same length at both ends; a negative value lengthens.
+    const double t = s.LineaTronca[r];
+    b.X1 += t * sa, b.Y1 += t * ca;
+    b.X2 -= t * sa, b.Y2 -= t * ca;
+  }
+  RigeneraLineaTutto(s, b, s.LineaTratteggio[r]);
+}
+
+void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double yc, double raggio, double inizio,
+                            double ampiezza, int tratteggio, double z0, double z1) {
+  std::vector<TrattoArco> pezzi;
+  EspandiArco(xc, yc, raggio, inizio, ampiezza, StileDi(s, tratteggio), pezzi);
+  base.Primitiva = PrimLinea;
+  for (const TrattoArco& p : pezzi) {
+    base.X1 = p.X1, base.Y1 = p.Y1, base.Z1 = z0 + (z1 - z0) * p.T1;
+    base.X2 = p.X2, base.Y2 = p.Y2, base.Z2 = z0 + (z1 - z0) * p.T2;
+    s.ListaDisegno.Aggiungi(base);
+  }
+}
+
+void RigeneraCerchio(Sessione& s, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.CerchioIdent[r] != 0 || s.CerchioCongela[r] != 0) return;
+  RecordDisegno b;
+  b.Tipo = SlotCerchi;
+  b.Riga = riga;
+  b.Colore = ColoreVisibile(s, s.CerchioColore[r]);
+  b.Stato = s.StatoCerchio[r];
+  b.Piano = s.CerchioPiano[r];
+  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.CerchioColore[r], -32768, 32767));
+  b.Spessore = SpessoreDi(s, s.CerchioColore[r]);
+  // A circle runs from azimuth 0 through 399.99 gon: the old program never closed the turn.
+  RigeneraArcoTratteggio(s, b, s.CerchioX[r], s.CerchioY[r], s.CerchioRaggio[r], 0.0, 399.99 * GonToRad,
+                         s.CerchioTratteggio[r], s.CerchioZ[r], s.CerchioZ[r]);
+}
+
+void RigeneraArco(Sessione& s, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.ArcoIdent[r] != 0 || s.ArcoCongela[r] != 0) return;
+  RecordDisegno b;
+  b.Tipo = SlotArchi;
+  b.Riga = riga;
+  b.Colore = ColoreVisibile(s, s.ArcoColore[r]);
+  b.Stato = s.StatoArco[r];
+  b.Piano = s.ArcoPiano[r];
+  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.ArcoColore[r], -32768, 32767));
+  b.Spessore = SpessoreDi(s, s.ArcoColore[r]);
+  // The record holds gon, as the user reads them; the curve is walked in radians.
+  RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], s.ArcoInizio[r] * GonToRad,
+                         s.ArcoFine[r] * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r], s.ArcoQuotaFinale[r]);
+}
+
+void RigeneraTesto(Sessione& s, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.TestoIdent[r] != 0 || s.TestoCongela[r] != 0) return;
+  RecordDisegno t;
+  t.Tipo = SlotTesti;
+  t.Riga = riga;
+  t.Primitiva = PrimTesto;
+  t.X1 = s.TestoX[r], t.Y1 = s.TestoY[r];
+  // The second point closes the line of the text, roughly, so that the text is found and
+  // framed where it stands and not only at its insertion.
+  const double a = s.TestoRotazione[r] * GonToRad;
+  const double lunghezza = 0.6 * s.TestoAltezza[r] * static_cast<double>(s.TestoTesto[r].size());
+  t.X2 = t.X1 + lunghezza * std::cos(a);
+  t.Y2 = t.Y1 + lunghezza * std::sin(a);
+  t.Colore = ColoreVisibile(s, s.TestoColore[r]);
+  t.Stato = s.StatoTesto[r];
+  t.Altezza = static_cast<float>(s.TestoAltezza[r]);
+  t.Rotazione = static_cast<float>(s.TestoRotazione[r]);
+  t.Font = s.TestoFont[r];
+  t.Testo = s.TestoTesto[r];
+  t.Piano = s.TestoPiano[r];
+  t.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.TestoColore[r], -32768, 32767));
+  s.ListaDisegno.Aggiungi(t);
+}
+
+void RigeneraBitMapSingola(Sessione& s, int32_t riga) {
+  const auto r = static_cast<size_t>(riga);
+  if (s.BitmapIdent[r] != 0 || s.BitmapCongela[r] != 0) return;
+  const double x0 = s.BitmapX[r], y0 = s.BitmapY[r];
+  const double x1 = x0 + s.BitmapLarghezza[r] * s.BitmapScalaLar[r];
+  const double y1 = y0 - s.BitmapAltezza[r] * s.BitmapScalaAlt[r];
+  RecordDisegno b;
+  b.Tipo = SlotBitmap;
+  b.Riga = riga;
+  b.Colore = ColoreVisibile(s, 250);
+  b.Stato = s.StatoBitmap[r];
+  b.Piano = s.BitmapPiano[r];
+  b.Penna = 250;
+  b.Tratto = static_cast<int16_t>(StilePenna::Punteggiato);
+  const double x[5] = {x0, x1, x1, x0, x0}, y[5] = {y0, y0, y1, y1, y0};
+  for (int k = 0; k < 4; ++k) {
+    b.X1 = x[k], b.Y1 = y[k], b.X2 = x[k + 1], b.Y2 = y[k + 1];
+    s.ListaDisegno.Aggiungi(b);
+  }
+}
+
+void IndicizzaDisegno(Sessione& s) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  s.IndiceLista.Costruisci(l.Conta(), [&l](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    if (l.Primitiva[k] == PrimCerchio) {
+      a = l.X1[k] - l.Altezza[k], b = l.Y1[k] - l.Altezza[k];
+      c = l.X1[k] + l.Altezza[k], d = l.Y1[k] + l.Altezza[k];
+    } else {
+      a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
+    }
+  });
+  const int64_t punti = s.ContaEntita[SlotPunti];
+  s.IndicePunti.Costruisci(punti, [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    a = c = s.PuntoX[static_cast<size_t>(i)];
+    b = d = s.PuntoY[static_cast<size_t>(i)];
+  });
+}
+
+void RigeneraLista(Sessione& s) {
+  s.RoutineCorrente = "Rigenerazione1";
+  s.ListaDisegno.Svuota();
+  for (Rigeneratore f : kOrdine) f(s);
+  IndicizzaDisegno(s);
+}
+
+void Rigenerazione1(Sessione& s) {
+  RigeneraLista(s);
+  Ridisegna(s);
+}
+
+}  // namespace varena

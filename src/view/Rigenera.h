@@ -1,0 +1,51 @@
+// Regeneration: every entity but the points turned into records of the display list, in
+// the order in which they are painted.
+#pragma once
+
+#include <cstdint>
+
+#include "view/ListaDisegno.h"
+#include "view/StiliLinea.h"
+#include "view/Superficie.h"
+
+namespace varena {
+
+struct Sessione;
+
+// The colour used for what is selected, and for what would vanish on the background.
+inline constexpr ColoreRGB kColoreEvidenza = 0x3399FF;
+// The pseudo-index that stands for the highlight colour after `ColoreVisibile`.
+inline constexpr int16_t kIndiceEvidenza = -1;
+
+// An index as painted: below 1, 8 or 255 becomes 250; the background's own index becomes
+// the highlight. Indexes above 257 are kept, and are not painted.
+int16_t ColoreVisibile(const Sessione& s, int32_t colore);
+// The colour of an index as the surface paints it; false for one that is not painted.
+bool ColoreDaIndice(const Sessione& s, int32_t indice, ColoreRGB& rgb);
+
+// The pattern of a line type: plain (no elements) below index 2, beyond the table or
+// without elements.
+StileLinea StileDi(const Sessione& s, int tratteggio);
+
+// `Rigenerazione1`: the list emptied and refilled, then the redraw.
+void Rigenerazione1(Sessione& s);
+// The list alone, without painting.
+void RigeneraLista(Sessione& s);
+
+// One line appended without a full regeneration (commands that add a single line).
+void RigeneraLineaSingola(Sessione& s, int32_t riga);
+// `Rigenera Linea Tutto`: one line through its pattern, `base` giving every attribute.
+void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio);
+// `rigenera arco tratteggio`: a circle or an arc as chords of its pattern; heights run from
+// `z0` at the start to `z1` at the end.
+void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double yc, double raggio, double inizio,
+                            double ampiezza, int tratteggio, double z0, double z1);
+void RigeneraCerchio(Sessione& s, int32_t riga);
+void RigeneraArco(Sessione& s, int32_t riga);
+void RigeneraTesto(Sessione& s, int32_t riga);
+void RigeneraBitMapSingola(Sessione& s, int32_t riga);
+
+// After a change of the list, the spatial index of the records and of the points.
+void IndicizzaDisegno(Sessione& s);
+
+}  // namespace varena

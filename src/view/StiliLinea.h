@@ -1,0 +1,49 @@
+// Dash patterns in metres and the flattening of arcs into chords, as regeneration applies
+// them, and the decomposition of a point's symbol code into what it paints.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace varena {
+
+struct Tratto {
+  double X1, Y1, X2, Y2;  // equal ends: a dot
+};
+
+// A pattern: up to 20 lengths (stroke above 0, gap below 0, dot 0) and the angle in gon,
+// from the line's azimuth, of aslant pieces (0 for plain ones).
+struct StileLinea {
+  std::span<const double> Elementi;
+  double AngoloGon = 0;
+};
+
+// A pattern whose pieces would be more than this many on one line is drawn plain: a pattern
+// of millimetres on a line of kilometres would only paint a solid line slowly.
+inline constexpr int64_t kMassimoPezzi = 200000;
+
+// Cuts the line from (x1, y1) to (x2, y2) into the pieces of its pattern. The last piece
+// always stops at the line's end. A pattern of gaps only gives nothing.
+void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& stile, std::vector<Tratto>& out);
+
+// The points of an arc of centre (xc, yc) and radius r from azimuth `inizio` through
+// `ampiezza` radians clockwise, as the pieces of its pattern; a plain arc (no elements) as
+// chords short enough that no chord strays more than half a millimetre from the curve.
+// `t0`, `t1` of each piece: its ends as fractions of the sweep, for the heights.
+struct TrattoArco {
+  double X1, Y1, X2, Y2, T1, T2;
+};
+void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
+                 std::vector<TrattoArco>& out);
+
+// What a symbol code paints, in metres from the point, for a symbol of size s.
+struct ElementoSimbolo {
+  enum Tipo : uint8_t { Linea, Cerchio, Riquadro, Punto } Tipo;
+  double A, B, C, D;  // line: both ends; circle: centre and radius; box: centre and half side
+};
+// The decorations are taken off the code in a fixed order (box and circle at 96, box at 64,
+// triangle at 42, circle at 32), what is left is the base. `carta`: a dot is a small cross.
+void ScomponiSimbolo(int codice, double s, bool carta, std::vector<ElementoSimbolo>& out);
+
+}  // namespace varena

@@ -1,0 +1,136 @@
+// varena-cli info and dump on jobs built byte by byte.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+#include "Comandi.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+namespace fs = std::filesystem;
+using prova::Record;
+using prova::ScriviFileProva;
+
+struct Esito {
+  int stato;
+  std::string out, err;
+};
+
+Esito Cli(std::vector<std::string> argomenti) {
+  std::ostringstream out, err;
+  const int stato = cli::Esegui(argomenti, out, err);
+  return {stato, out.str(), err.str()};
+}
+
+std::string Elenco(const std::string& cartella) {
+  std::string e;
+  for (const auto& f : fs::directory_iterator(cartella))
+    e += f.path().filename().string() + ":" + std::to_string(fs::file_size(f.path())) + " ";
+  return e;
+}
+
+class CliInfo : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea dir, casa;
+  std::string base;
+  void SetUp() override {
+    setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
+    setenv("VARENA_PROGRAMMA", (casa / "prog").c_str(), 1);
+    base = dir / "Rossi";
+    // A .CFG of edition VR2000 with no stored view: the job is framed at load, lines
+    // included (the deleted point and the zero-length line are not).
+    ScriviFileProva(base + ".cfg", prova::CfgManuale("VR2000", "0,0,0"));
+    Record p1 = prova::RecordPuntoBase("PF01/0010/G693", 1725100.5, 5031200.25, 14.5);
+    p1.I16(122, 12);  // the old palette maps 12 to 1
+    Record p2 = prova::RecordPuntoBase("101", 1725110.5, 5031230.25, 15);
+    Record p3 = prova::RecordPuntoBase("102", 9e9, 9e9, 0);
+    p3.I16(0, -1);
+    ScriviFileProva(base + ".lll", p1.Byte() + p2.Byte() + p3.Byte());
+    Record l1(128), l2(128);
+    l1.I16(0, 0).F64(2, 1725090).F64(10, 5031190).F64(26, 1725095).F64(34, 5031195).I16(50, 3).Car(84, 8, "0");
+    l2.I16(0, 0).F64(2, 1).F64(10, 1).F64(18, 0).F64(26, 1).F64(34, 1).F64(42, 5);
+    ScriviFileProva(base + ".LIN", l1.Byte() + l2.Byte());
+    ScriviFileProva(base + ".HAT", "0,\"101|PF01/0010/G693\",\"COGO\",\"12\",4,1\r\n");
+  }
+  void TearDown() override {
+    unsetenv("VARENA_DOCUMENTI");
+    unsetenv("VARENA_PROGRAMMA");
+  }
+};
+
+TEST_F(CliInfo, JsonConValoriEsatti) {
+  const std::string prima = Elenco(dir.Percorso());
+  const Esito e = Cli({"info", dir / "rossi", "--json"});
+  EXPECT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(e.out,
+            "{\"lavoro\":\"" + base +
+                "\",\"edizione\":\"VR2000\",\"conta\":{\"1\":3,\"2\":2,\"3\":0,\"4\":0,\"5\":0,\"6\":0,\"7\":1,\"9\":0,"
+                "\"12\":0,\"13\":0},\"vivi\":{\"1\":2,\"2\":1,\"3\":0,\"4\":0,\"5\":0,\"6\":0,\"7\":1,\"9\":0,\"12\":0,"
+                "\"13\":0},\"vista\":[1725100.25,5031210.125,40.25],\"ingombro\":[1725090,5031190,1725110.5,5031230.25],"
+                "\"libretto\":2,\"piani\":1}\n");
+  // Read in place: nothing is created beside the job, not even the default layer table.
+  EXPECT_EQ(Elenco(dir.Percorso()), prima);
+}
+
+TEST_F(CliInfo, DumpDeiCampi) {
+  Esito e = Cli({"dump", base + ".CFG", "7"});
+  EXPECT_EQ(e.stato, 0);
+  EXPECT_EQ(e.out,
+            "{\"riga\":0,\"Ident\":0,\"Contorno\":\"101|PF01/0010/G693\",\"Commento\":\"COGO\",\"Particella\":\"12\","
+            "\"Colore\":26,\"Tratteggio\":1}\n");
+  e = Cli({"dump", base, "2"});
+  EXPECT_EQ(e.out.substr(0, e.out.find('\n')),
+            "{\"riga\":0,\"Ident\":0,\"X1\":1725090,\"Y1\":5031190,\"Z1\":0,\"X2\":1725095,\"Y2\":5031195,\"Z2\":0,"
+            "\"Colore\":135,\"Tratteggio\":0,\"Congela\":0,\"quoted\":0,\"label offset\":0,\"Piano\":\"0\",\"Tronca\":0}");
+  EXPECT_NE(e.out.find("{\"riga\":1,\"Ident\":-1,"), std::string::npos);
+  e = Cli({"dump", base, "1"});
+  EXPECT_NE(e.out.find("\"Nome\":\"PF01/0010/G693\""), std::string::npos);
+  EXPECT_NE(e.out.find("\"Colore Simbolo\":1,"), std::string::npos);
+  EXPECT_NE(e.out.find("\"Attendibilita\":12,"), std::string::npos);
+}
+
+TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
+  Esito e = Cli({"info", dir / "manca"});
+  EXPECT_EQ(e.stato, 1);
+  EXPECT_EQ(e.err, "Lavoro non trovato: " + (dir / "manca") + "\n");
+  EXPECT_EQ(Cli({"dump", base, "8"}).stato, 64);
+  EXPECT_EQ(Cli({"dump", base, "-1"}).stato, 64);
+  EXPECT_EQ(Cli({"volare"}).stato, 64);
+  EXPECT_EQ(Cli({}).stato, 64);
+  // A garbage point file: the rows read stay, the box goes to stderr, the status says so.
+  ScriviFileProva(base + ".CFG", "\"VR2020\"\r\n\"\",1\r\n");
+  e = Cli({"info", base});
+  EXPECT_EQ(e.stato, 2);
+  EXPECT_NE(e.err.find("Rilevato errore: Si è verificato questo errore : Input past end of file"), std::string::npos);
+  EXPECT_NE(e.out.find("Punti: 2 (righe 3)"), std::string::npos);
+}
+
+TEST(Esempio, IlLavoroDiEsempioSiLegge) {
+  std::ostringstream out, err;
+  ASSERT_EQ(cli::Esegui({"info", std::string(VARENA_SORGENTI) + "/examples/RILIEVO.CFG", "--json"}, out, err), 0)
+      << err.str();
+  EXPECT_NE(out.str().find("\"conta\":{\"1\":20,\"2\":12,\"3\":2,\"4\":1,\"5\":4,\"6\":0,\"7\":2,"), std::string::npos);
+  EXPECT_NE(out.str().find("\"libretto\":28,\"piani\":9"), std::string::npos);
+}
+
+TEST(Esempio, IlGeneratoreRifaGliStessiByte) {
+  const std::string generatore = std::string(VARENA_BINARI) + "/examples/varena-esempio";
+  if (!fs::exists(generatore)) GTEST_SKIP() << "generator not built in this configuration";
+  prova::CartellaTemporanea t;
+  ASSERT_EQ(std::system((generatore + " " + t.Percorso()).c_str()), 0);
+  int confrontati = 0;
+  for (const auto& f : fs::directory_iterator(t.Percorso())) {
+    const std::string nome = f.path().filename().string();
+    EXPECT_EQ(prova::LeggiFileProva(f.path().string()),
+              prova::LeggiFileProva(std::string(VARENA_SORGENTI) + "/examples/" + nome))
+        << nome << " differs: rebuild the example with varena-esempio examples";
+    ++confrontati;
+  }
+  EXPECT_EQ(confrontati, 10);
+}
+
+}  // namespace
+}  // namespace varena

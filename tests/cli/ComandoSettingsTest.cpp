@@ -1,0 +1,86 @@
+// varena-cli settings: the settings in force and where each file was read from, without
+// writing anything.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "Comandi.h"
+#include "support/Supporto.h"
+
+namespace varena::cli {
+namespace {
+
+using prova::ScriviFileProva;
+
+// Points the program's folders at a temporary tree for the length of a test.
+class ComandoSettings : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea radice;
+  std::string lavoro = radice / "doc/VR2000/";
+  std::string programma = radice / "prog";
+  void SetUp() override {
+    setenv("VARENA_DOCUMENTI", (radice / "doc").c_str(), 1);
+    setenv("VARENA_PROGRAMMA", programma.c_str(), 1);
+  }
+  void TearDown() override {
+    unsetenv("VARENA_DOCUMENTI");
+    unsetenv("VARENA_PROGRAMMA");
+  }
+  int Esegui(std::vector<std::string> argomenti) {
+    out.str("");
+    err.str("");
+    return cli::Esegui(argomenti, out, err);
+  }
+  std::vector<std::string> FileNellAlbero() {
+    std::vector<std::string> file;
+    for (const auto& v : std::filesystem::recursive_directory_iterator(radice.Percorso()))
+      if (v.is_regular_file()) file.push_back(v.path().string());
+    return file;
+  }
+  std::ostringstream out, err;
+};
+
+TEST_F(ComandoSettings, MacchinaNuovaPredefinitiSenzaScrivere) {
+  ASSERT_EQ(Esegui({"settings"}), 0) << err.str();
+  const std::string t = out.str();
+  EXPECT_NE(t.find("Cartella di lavoro: " + lavoro + "\n"), std::string::npos);
+  EXPECT_NE(t.find("  Configurazione_Ambiente,FATTORE_DI_ZOOM,50\n"), std::string::npos);
+  EXPECT_NE(t.find("  Cartelle,Cartella_Archivio_Pregeo," + lavoro + "PREGEO/ARCH\n"), std::string::npos);
+  EXPECT_NE(t.find("COLORI.ini             assente  " + programma + "/COLORI.ini\n"), std::string::npos);
+  EXPECT_NE(t.find("  colori: 9\n  spessori: 0\n  tratteggi: 18\n  codici: 13\n"), std::string::npos);
+  EXPECT_TRUE(FileNellAlbero().empty());
+  EXPECT_FALSE(std::filesystem::exists(lavoro));
+}
+
+TEST_F(ComandoSettings, JsonConIFileLettiEGliErrori) {
+  std::filesystem::create_directories(lavoro);
+  std::filesystem::create_directories(programma);
+  ScriviFileProva(lavoro + "Configura.ini", "Testo,FontTestoDefault,Courier New\r\nx,FATTORE_DI_ZOOM,0.25\r\n");
+  ScriviFileProva(programma + "/colori.ini", "1,2,3,4\r\n\x01\x02\r\n");
+  ScriviFileProva(lavoro + "StampaPaginato.ini", "-1,\"2\",\"3\"\r\n");
+  ASSERT_EQ(Esegui({"settings", "--json"}), 2);  // a box was shown: the colours are not text
+  EXPECT_NE(err.str().find("Rilevato errore"), std::string::npos);
+  const std::string j = out.str();
+  EXPECT_EQ(j.rfind("{\"cartellaLavoro\":\"" + lavoro + "\",\"cartellaProgramma\":\"" + programma + "\"", 0), 0u);
+  EXPECT_NE(j.find("\"FontTestoDefault\":\"Courier New\""), std::string::npos);
+  EXPECT_NE(j.find("\"FATTORE_DI_ZOOM\":1,"), std::string::npos);
+  EXPECT_NE(j.find("\"DIMENSIONEUNICAPUNTO\":0,"), std::string::npos);
+  EXPECT_NE(j.find("{\"nome\":\"Configura.ini\",\"percorso\":\"" + lavoro + "Configura.ini\",\"stato\":\"letto\"}"),
+            std::string::npos);
+  EXPECT_NE(j.find("{\"nome\":\"COLORI.ini\",\"percorso\":\"" + programma + "/colori.ini\",\"stato\":\"errato\"}"),
+            std::string::npos);
+  EXPECT_NE(j.find("\"colori\":9,"), std::string::npos);  // the defaults stand
+  EXPECT_NE(j.find("\"paginazione\":{\"attiva\":true,\"colonne\":\"2\",\"righe\":\"3\"}}\n"), std::string::npos);
+  EXPECT_EQ(FileNellAlbero().size(), 3u);  // still only the three written here
+}
+
+TEST_F(ComandoSettings, UsoSbagliato) {
+  EXPECT_EQ(Esegui({"settings", "pippo"}), 64);
+  EXPECT_EQ(Esegui({"settings", "--xml"}), 64);
+  EXPECT_EQ(err.str(), "uso: varena-cli settings [--json]\n");
+}
+
+}  // namespace
+}  // namespace varena::cli

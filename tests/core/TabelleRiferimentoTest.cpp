@@ -1,0 +1,368 @@
+// The reference tables: default files byte for byte, reading back, limits and bad files.
+#include <gtest/gtest.h>
+
+#include "core/Codici.h"
+#include "core/Colori.h"
+#include "core/Comuni.h"
+#include "core/FileTabella.h"
+#include "core/Piani.h"
+#include "core/Sessione.h"
+#include "core/Tratteggi.h"
+#include "support/ProvaTabelle.h"
+
+namespace varena {
+namespace {
+
+using prova::Esiste;
+using prova::LeggiFileProva;
+using prova::ScriviFileProva;
+
+class TabelleRiferimento : public prova::ProvaTabelle {};
+
+// Bytes that no text table holds: NUL, control bytes, high bytes, commas and line ends.
+std::string Spazzatura(size_t n) {
+  std::string g;
+  for (size_t i = 0; i < n; ++i) g.push_back(static_cast<char>((i * 7919 + 13) % 256));
+  return g;
+}
+
+TEST_F(TabelleRiferimento, ColoriCreatiEConfezionati) {
+  CaricaColori(s, PercorsoColori(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")),
+            "255,0,0,1\r\n255,255,0,2\r\n0,255,0,3\r\n0,255,255,4\r\n0,0,255,5\r\n255,0,255,6\r\n"
+            "255,255,255,7\r\n65,65,65,8\r\n128,128,128,9\r\n");
+  EXPECT_EQ(s.Colori.NumeroColori, 9);
+  EXPECT_EQ(s.Colori[1], 0xFF0000u);
+  EXPECT_EQ(s.Colori[2], 0xFFFF00u);
+  EXPECT_EQ(s.Colori[5], 0x0000FFu);
+  EXPECT_EQ(s.Colori[8], 0x414141u);
+  EXPECT_EQ(s.Colori.Quarto[9], 9);
+  EXPECT_EQ(s.Colori[10], 0u);  // beyond the file: black
+  EXPECT_EQ(s.Colori[0], 0u);
+  EXPECT_EQ(s.Colori[-1], 0u);
+  EXPECT_EQ(s.Colori[9999], 0u);
+  ASSERT_NE(TrovaOrigine(s, "COLORI.ini"), nullptr);
+  EXPECT_EQ(TrovaOrigine(s, "COLORI.ini")->Stato, StatoFile::Creato);
+
+  // A file of the user, in another letter case, read as it stands.
+  std::filesystem::remove(Programma("COLORI.ini"));
+  ScriviFileProva(Programma("colori.INI"), "1,2,3,4\r\n\r\n 16 , 32 ,48\r\n300,-5,255,7,99\r\n");
+  CaricaColori(s, PercorsoColori(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(s.Colori.NumeroColori, 3);  // the blank line is no row
+  EXPECT_EQ(s.Colori[1], 0x010203u);
+  EXPECT_EQ(s.Colori[2], 0x102030u);
+  EXPECT_EQ(s.Colori.Quarto[2], 0);
+  EXPECT_EQ(s.Colori[3], 0xFF00FFu);  // components out of range go to the nearer end
+  EXPECT_EQ(s.Colori[4], 0u);
+  EXPECT_FALSE(Esiste(Programma("COLORI.ini")));  // nothing written beside the user's file
+}
+
+TEST_F(TabelleRiferimento, ColoriOltreIlLimiteTengonoLePrime257) {
+  std::string righe;
+  for (int i = 1; i <= 260; ++i) righe += std::to_string(i % 256) + ",0,0," + std::to_string(i) + "\r\n";
+  ScriviFileProva(Programma("COLORI.ini"), righe);
+  CaricaColori(s, PercorsoColori(s));
+  AttesoErrore("CaricaColori", "Subscript out of range");
+  EXPECT_EQ(s.Colori.NumeroColori, 257);
+  EXPECT_EQ(s.Colori[257], 0x010000u);  // 257 % 256
+  EXPECT_EQ(s.Colori.Quarto[257], 257);
+  EXPECT_EQ(TrovaOrigine(s, "COLORI.ini")->Stato, StatoFile::Errato);
+}
+
+TEST_F(TabelleRiferimento, ColoriGuastiDannoIlBoxEIPredefiniti) {
+  const std::string guasto = Spazzatura(4000);
+  ScriviFileProva(Programma("COLORI.ini"), guasto);
+  CaricaColori(s, PercorsoColori(s));
+  AttesoErrore("CaricaColori", "Invalid file format");
+  EXPECT_EQ(s.Colori.NumeroColori, 9);
+  EXPECT_EQ(s.Colori[7], 0xFFFFFFu);
+  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")), guasto);  // the user's file untouched
+
+  // A row that is not numbers after good rows: the good rows stay.
+  ScriviFileProva(Programma("COLORI.ini"), "10,20,30,1\r\nrosso,0,0,2\r\n");
+  CaricaColori(s, PercorsoColori(s));
+  AttesoErrore("CaricaColori", "Type mismatch");
+  EXPECT_EQ(s.Colori.NumeroColori, 1);
+  EXPECT_EQ(s.Colori[1], 0x0A141Eu);
+
+  // One enormous line of text: no row at all, so the defaults.
+  ScriviFileProva(Programma("COLORI.ini"), std::string(3'000'000, 'x') + "\r\n");
+  CaricaColori(s, PercorsoColori(s));
+  AttesoErrore("CaricaColori", "Type mismatch");
+  EXPECT_EQ(s.Colori.NumeroColori, 9);
+  EXPECT_EQ(p.ui.Messaggi.size(), 3u);
+}
+
+TEST_F(TabelleRiferimento, SpessoriDaUnoEDalFile) {
+  CaricaSpessori(s, PercorsoSpessori(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_FALSE(Esiste(Lavoro("SPESSORI1.ini")));
+  for (float v : s.Spessori.Spessore) EXPECT_EQ(v, 1.0f);
+
+  ScriviFileProva(Lavoro("Spessori1.ini"), "2\r\n0\r\n 0.5 \r\n");
+  CaricaSpessori(s, PercorsoSpessori(s));
+  EXPECT_EQ(s.Spessori.Letti, 3);
+  EXPECT_EQ(s.Spessori.Spessore[0], 1.0f);
+  EXPECT_EQ(s.Spessori.Spessore[1], 2.0f);
+  EXPECT_EQ(s.Spessori.Spessore[2], 0.0f);
+  EXPECT_EQ(s.Spessori.Spessore[3], 0.5f);
+  EXPECT_EQ(s.Spessori.Spessore[4], 1.0f);
+
+  // Up to entry 256: further lines are not read.
+  std::string molte;
+  for (int i = 1; i <= 300; ++i) molte += std::to_string(i) + "\r\n";
+  ScriviFileProva(Lavoro("Spessori1.ini"), molte);
+  CaricaSpessori(s, PercorsoSpessori(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(s.Spessori.Letti, 256);
+  EXPECT_EQ(s.Spessori.Spessore[256], 256.0f);
+
+  ScriviFileProva(Lavoro("Spessori1.ini"), "3\r\nX\r\n");
+  CaricaSpessori(s, PercorsoSpessori(s));
+  AttesoErrore("CaricaSpessori", "Type mismatch");
+  EXPECT_EQ(s.Spessori.Spessore[1], 3.0f);
+  EXPECT_EQ(s.Spessori.Spessore[2], 1.0f);
+}
+
+// The file as it must reach the disk when it is missing, typed from the table of styles.
+const char* const kLineeAttese =
+    "*CONTINUA,__ __ __ __ \r\nA, 0.5, 0\r\n"
+    "*TRATTEGG,__ __ __ __ \r\nA, 3, -3\r\n"
+    "*NASCOSTA,_ _ _ _ _ _ \r\nA, -0.5, 0.5\r\n"
+    "*ASSE,____ _ ____ _ ____\r\nA, 12.5, -25, 25, -25\r\n"
+    "*LINEE,_____ _ _ _____ _ _\r\nA, 12.5,-25, 25,-25, 25,-25\r\n"
+    "*PUNTINI,................\r\nA, 0, -25, 0, -25\r\n"
+    "*PUNTOLIN,__ . __ . __ .\r\nA, 50, -25, 0, -25\r\n"
+    "*BORDINO,__ __ . __ \r\nA, 50,-25, 50,-25, 0,-25\r\n"
+    "*DIVISION,__ . . __ . . \r\nA, 50, -25, 0, -25, 0, -25\r\n"
+    "*TRATT1,__ __ __ __ __ \r\nA, 50, -25\r\n"
+    "*TRATT2,_ _ _ _ _ _ _ _\r\nA, 25,-25\r\n"
+    "*ASSE1,____ _ ____ _ ____ _\r\nA, 12.5,-25, 25,-25\r\n"
+    "*TRATT3,_____ _ _ _____ _ _ \r\nA, 12.5, -25, 25, -25, 25, -25\r\n"
+    "*TRATT4,__ . __ . __ . __\r\nA, 50, -25, 0, -25\r\n"
+    "*TRATT5,__ __ . __ __ . \r\nA, 50, -25, 50, -25, 0, -25\r\n"
+    "*TRATT6,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n"
+    "*TRATT7,100,1 __ __ . __ __ . __ \r\nA, 50, -25, 50, -25, 0, -25\r\n"
+    "*TRATT8,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n";
+
+TEST_F(TabelleRiferimento, TratteggiCreatiELetti) {
+  CaricaTratteggi(s);
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), kLineeAttese);
+  const TabellaTratteggi& t = s.Tratteggi;
+  EXPECT_EQ(t.NumeroTratteggi, 18);
+  EXPECT_EQ(t.Stili[0].NumeroElementi(), 0);  // no style: the plain line
+  EXPECT_EQ(t.Stili[1].NomeTratteggio, "CONTINUA");
+  EXPECT_EQ(t.Stili[1].DisegnoTratteggio, "__ __ __ __ ");
+  EXPECT_EQ(t.Stili[1].NumeroElementi(), 2);
+  EXPECT_EQ(t.Stili[1].Elementi[1], 0.5);
+  EXPECT_EQ(t.Stili[1].Elementi[2], 0.0);
+  EXPECT_EQ(t.Stili[2].Elementi[2], -3.0);
+  const Tratteggio& linee = t.Stili[5];
+  EXPECT_EQ(linee.NomeTratteggio, "LINEE");
+  ASSERT_EQ(linee.NumeroElementi(), 6);
+  const double attesi[] = {12.5, -25, 25, -25, 25, -25};
+  for (int k = 0; k < 6; ++k) EXPECT_EQ(linee.Elementi[static_cast<size_t>(k + 1)], attesi[k]);
+  EXPECT_EQ(linee.ScalaElemento, 0.0);
+  const Tratteggio& t7 = t.Stili[17];
+  EXPECT_EQ(t7.NomeTratteggio, "TRATT7");
+  EXPECT_EQ(t7.DisegnoTratteggio, "100,1 __ __ . __ __ . __ ");
+  EXPECT_EQ(t7.ScalaElemento, 100.0);
+  EXPECT_EQ(t7.AngoloElemento, 1.0);
+  EXPECT_EQ(t7.NumeroElementi(), 6);
+  EXPECT_EQ(t.Stili[18].NomeTratteggio, "TRATT8");
+  EXPECT_EQ(t.Stili[19].NumeroElementi(), 0);
+}
+
+TEST_F(TabelleRiferimento, TratteggiGuastiEFuoriLimite) {
+  // A pattern row that is not one, and one broken in the middle: fewer elements, no box.
+  ScriviFileProva(Programma("LINEE.INI"),
+                  "*UNO,_ _\r\nB, 1, -1\r\n\r\n*DUE,__\r\nA, 2, -2, x, 4\r\n*TRE\r\n*QUATTRO,.\r\nA,1,2,3,4,5,6,7,8,9,"
+                  "10,11,12,13,14,15,16,17,18,19,20,21,22\r\n");
+  CaricaTratteggi(s);
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_FALSE(Esiste(Programma("linee.ini")));
+  const TabellaTratteggi& t = s.Tratteggi;
+  ASSERT_EQ(t.NumeroTratteggi, 4);
+  EXPECT_EQ(t.Stili[1].NumeroElementi(), 0);
+  EXPECT_EQ(t.Stili[2].NumeroElementi(), 2);
+  EXPECT_EQ(t.Stili[2].Elementi[2], -2.0);
+  EXPECT_EQ(t.Stili[3].NomeTratteggio, "TRE");
+  EXPECT_EQ(t.Stili[3].DisegnoTratteggio, "");
+  EXPECT_EQ(t.Stili[3].NumeroElementi(), 0);
+  EXPECT_EQ(t.Stili[4].NumeroElementi(), 20);  // at most twenty
+  EXPECT_EQ(t.Stili[4].Elementi[20], 20.0);
+
+  std::string molti;
+  for (int i = 1; i <= 52; ++i) molti += "*S" + std::to_string(i) + ",_\r\nA, " + std::to_string(i) + "\r\n";
+  ScriviFileProva(Programma("LINEE.INI"), molti);
+  CaricaTratteggi(s);
+  AttesoErrore("cARICAtRATTEGGI", "Subscript out of range");
+  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 50);
+  EXPECT_EQ(s.Tratteggi.Stili[50].NomeTratteggio, "S50");
+  EXPECT_EQ(s.Tratteggi.Stili[50].Elementi[1], 50.0);
+
+  ScriviFileProva(Programma("LINEE.INI"), Spazzatura(2000));
+  CaricaTratteggi(s);
+  AttesoErrore("cARICAtRATTEGGI", "Invalid file format");
+  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 18);
+  EXPECT_EQ(s.Tratteggi.Stili[1].NomeTratteggio, "CONTINUA");
+}
+
+TEST_F(TabelleRiferimento, TratteggiSalvatiERiletti) {
+  CaricaTratteggi(s);
+  s.Tratteggi.Stili[2].Elementi = {3, 1.25, -0.125, 0};
+  const std::string testo = TestoTratteggi(s.Tratteggi);
+  EXPECT_EQ(testo.rfind("*CONTINUA,__ __ __ __ \r\nA, 0.5, 0.0\r\n*TRATTEGG,", 0), 0u);
+  EXPECT_NE(testo.find("*TRATTEGG,__ __ __ __ \r\nA, 1.25, -0.125, 0.0\r\n"), std::string::npos);
+  EXPECT_NE(testo.find("*TRATT7,100,1 __ __ . __ __ . __ \r\nA, 50.0, -25.0, 50.0, -25.0, 0.0, -25.0\r\n"),
+            std::string::npos);
+  SalvaTratteggi(s);
+  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), testo);
+  EXPECT_TRUE(Esiste(s.CartellaLavoro + "Configura.ini"));  // the settings follow a save of the styles
+  prova::SessioneProva q;
+  q.s.CartellaProgramma = s.CartellaProgramma;
+  CaricaTratteggi(q.s);
+  EXPECT_EQ(q.s.Tratteggi.NumeroTratteggi, 18);
+  EXPECT_EQ(q.s.Tratteggi.Stili[2].Elementi, s.Tratteggi.Stili[2].Elementi);
+  EXPECT_EQ(q.s.Tratteggi.Stili[17].ScalaElemento, 100.0);
+}
+
+TEST_F(TabelleRiferimento, CodiciCreatiELetti) {
+  CaricaCodici(s, PercorsoCodici(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(LeggiFileProva(Lavoro("VRPUNTI.COD")),
+            "\"1\",\"CHIODO MINIATO\"\r\n\"2\",\"PICCHETTO IN LEGNO\"\r\n\"3\",\"PICCHETTO IN FERRO\"\r\n"
+            "\"4\",\"TOMBINO ENEL\"\r\n\"5\",\"TOMBINO SIP\"\r\n\"6\",\"S.F.\"\r\n\"7\",\"C.S.\"\r\n"
+            "\"8\",\"ASSE STRADA\"\r\n\"9\",\"ASSE FOSSO\"\r\n\"10\",\"CIGLIO STRADA\"\r\n"
+            "\"12\",\"POLLAIO\"\r\n\"13\",\"CANTINA\"\r\n\"14\",\"ASSE CAMPANILE\"\r\n");
+  ASSERT_EQ(s.Codici.Righe.size(), 13u);
+  EXPECT_EQ(s.Codici.Righe[10].Codice, "12");
+  EXPECT_EQ(CercaCodice(s.Codici, "11"), nullptr);
+  ASSERT_NE(CercaCodice(s.Codici, "14"), nullptr);
+  EXPECT_EQ(CercaCodice(s.Codici, "14")->Descrizione, "ASSE CAMPANILE");
+
+  // The code page of the disk: "è" is one byte there.
+  ScriviFileProva(Lavoro("vrpunti.cod"), "\"A1\",\"CASSETTA CITT\xC0\"\r\n20,\"PALO\"\r\n");
+  std::filesystem::remove(Lavoro("VRPUNTI.COD"));
+  CaricaCodici(s, PercorsoCodici(s));
+  ASSERT_EQ(s.Codici.Righe.size(), 2u);
+  EXPECT_EQ(s.Codici.Righe[0].Descrizione, "CASSETTA CITT\u00C0");
+  EXPECT_EQ(s.Codici.Righe[1].Codice, "20");
+}
+
+TEST_F(TabelleRiferimento, CodiciOltreIlLimiteETroncati) {
+  std::string molti;
+  for (int i = 0; i < 503; ++i) molti += "\"" + std::to_string(i) + "\",\"D" + std::to_string(i) + "\"\r\n";
+  ScriviFileProva(Lavoro("VRPUNTI.COD"), molti);
+  CaricaCodici(s, PercorsoCodici(s));
+  AttesoErrore("CaricaCodici", "Subscript out of range");
+  ASSERT_EQ(s.Codici.Righe.size(), 501u);
+  EXPECT_EQ(s.Codici.Righe[500].Descrizione, "D500");
+
+  ScriviFileProva(Lavoro("VRPUNTI.COD"), "\"1\",\"UNO\"\r\n\"2\"\r\n");
+  CaricaCodici(s, PercorsoCodici(s));
+  AttesoErrore("CaricaCodici", "Input past end of file");
+  ASSERT_EQ(s.Codici.Righe.size(), 1u);
+  EXPECT_EQ(s.Codici.Righe[0].Descrizione, "UNO");
+}
+
+TEST_F(TabelleRiferimento, ArchivioNoteCreatoELetto) {
+  CaricaArchivioNote(s);
+  EXPECT_EQ(LeggiFileProva(Lavoro("ArchivioNote.ini")),
+            "FABBRICATO DA INSERIRE\r\nNUOVA DIVIDENTE\r\nCONFINE\r\nFABRICATO ESISTENTE\r\nNUOVA COSTRUZIONE\r\n"
+            "RECINZIONE\r\nCONTORNO FABBRICATO\r\nASSE FOSSO\r\n");
+  ASSERT_EQ(s.Note.Note.size(), 8u);
+  EXPECT_EQ(s.Note.Note[3], "FABRICATO ESISTENTE");
+  std::filesystem::remove(Lavoro("ArchivioNote.ini"));
+  ScriviFileProva(Lavoro("Archivionote.ini"), "MURO\r\n\r\nSIEPE");
+  CaricaArchivioNote(s);
+  EXPECT_EQ(s.Note.Note, (std::vector<std::string>{"MURO", "SIEPE"}));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_F(TabelleRiferimento, ComuniDaArchivioPregeo) {
+  s.Imp.Cartella_Archivio_Pregeo = s.CartellaLavoro + "pregeo/arch";
+  CaricaComuni(s);
+  EXPECT_EQ(s.Comuni.NumeroComuni(), 0);  // absent: empty, quiet, not created
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(TrovaOrigine(s, "comunt.dat")->Stato, StatoFile::Assente);
+
+  std::filesystem::create_directories(s.CartellaLavoro + "PREGEO/ARCH");
+  ScriviFileProva(s.CartellaLavoro + "PREGEO/ARCH/COMUNT.DAT",
+                  "G 693PADOVA        PD@B\r\nA  01ABANO TERME \xC8 PD@B@BZ999 @B");
+  CaricaComuni(s);
+  ASSERT_EQ(s.Comuni.NumeroComuni(), 3);
+  EXPECT_EQ(s.Comuni.Righe[0].Codice, "G693");
+  EXPECT_EQ(s.Comuni.Righe[0].Resto, "PADOVA        PD");
+  EXPECT_EQ(s.Comuni.Righe[1].Codice, "A01");
+  EXPECT_EQ(s.Comuni.Righe[1].Resto, "ABANO TERME \u00C8 PD");
+  EXPECT_EQ(s.Comuni.Righe[2].Codice, "Z999");
+  EXPECT_EQ(s.Comuni.Righe[2].Resto, "");
+
+  // Read once: a table already filled is kept.
+  ScriviFileProva(s.CartellaLavoro + "PREGEO/ARCH/COMUNT.DAT", "X0001ALTRO@B");
+  CaricaComuni(s);
+  EXPECT_EQ(s.Comuni.NumeroComuni(), 3);
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_F(TabelleRiferimento, PianoCorrenteDaPianiIni) {
+  CaricaPiani1(s);
+  EXPECT_EQ(LeggiFileProva(Lavoro("PIANI.INI")), "\"0\"\r\n");
+  EXPECT_EQ(s.PianoCorrente, "0");
+  ScriviFileProva(Lavoro("PIANI.INI"), "\" STRADE |EDIFICI|\"\r\n");
+  CaricaPiani1(s);
+  EXPECT_EQ(s.PianoCorrente, "STRADE");
+  ScriviFileProva(Lavoro("PIANI.INI"), "\"\"\r\n");
+  CaricaPiani1(s);
+  EXPECT_EQ(s.PianoCorrente, "0");
+  ScriviFileProva(Lavoro("PIANI.INI"), Spazzatura(500));
+  CaricaPiani1(s);
+  AttesoErrore("Carica Piani 1", "Invalid file format");
+  EXPECT_EQ(s.PianoCorrente, "0");
+}
+
+TEST_F(TabelleRiferimento, PianiDelLavoroGuastiOVuoti) {
+  s.NomeLavoro = p.Lavoro("LAV");
+  ScriviFileProva(s.NomeLavoro + ".PIA", "");
+  CaricaPiani(s);
+  EXPECT_TRUE(s.Piani.empty());  // an empty member is no error and gives no layer
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  const std::string guasto = "STRADE|0|3|0|1|Arial|0|0|\r\n" + Spazzatura(300);
+  ScriviFileProva(s.NomeLavoro + ".PIA", guasto);
+  CaricaPiani(s);
+  AttesoErrore("Carica Piani", "Invalid file format");
+  ASSERT_EQ(s.Piani.size(), 1u);
+  EXPECT_EQ(s.Piani[0].Nome, "0");
+  EXPECT_EQ(s.Piani[0].Font, "Arial");
+  EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".PIA"), guasto);
+  // A member read in place for a report is never created.
+  std::filesystem::remove(s.NomeLavoro + ".PIA");
+  s.SolaLettura = true;
+  CaricaPiani(s);
+  EXPECT_EQ(s.Piani.size(), 1u);
+  EXPECT_FALSE(Esiste(s.NomeLavoro + ".PIA"));
+}
+
+TEST(FileTabella, NumeriDelleRighe) {
+  EXPECT_TRUE(EUnNumero(" -12.5 "));
+  EXPECT_TRUE(EUnNumero("1E3"));
+  EXPECT_TRUE(EUnNumero(".5"));
+  EXPECT_TRUE(EUnNumero("+7."));
+  EXPECT_FALSE(EUnNumero(""));
+  EXPECT_FALSE(EUnNumero("."));
+  EXPECT_FALSE(EUnNumero("12abc"));
+  EXPECT_FALSE(EUnNumero("1E"));
+  EXPECT_FALSE(EUnNumero("1 2"));
+  EXPECT_EQ(NumeriRiga("1, 2 ,3,,", ','), (std::vector<double>{1, 2, 3}));
+  EXPECT_THROW(NumeriRiga("1,,3", ','), ErroreVarena);
+  EXPECT_NO_THROW(ControllaTesto("a\tb\r\nc\x1A"));
+  EXPECT_THROW(ControllaTesto("a\x1A\r\n"), ErroreVarena);
+  EXPECT_THROW(ControllaTesto(std::string("a\0b", 3)), ErroreVarena);
+}
+
+}  // namespace
+}  // namespace varena

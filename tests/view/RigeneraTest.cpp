@@ -1,0 +1,259 @@
+// Regeneration into the display list and the redraw on the recording surface.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "view/Rigenera.h"
+#include "view/Ridisegna.h"
+#include "view/SuperficieRegistrata.h"
+
+namespace varena {
+namespace {
+
+// A session with the nine default colours, white background (7) and a surface 160 x 100 mm,
+// viewing 100 m around (1000, 2000): view x runs -80..80, y -50..50.
+struct Scena {
+  Sessione s;
+  SuperficieRegistrata sup{160, 100};
+  Scena() {
+    const ColoreRGB c[10] = {0, 0xFF0000, 0xFFFF00, 0x00FF00, 0x00FFFF, 0x0000FF, 0xFF00FF, 0xFFFFFF, 0x414141, 0x808080};
+    for (int i = 0; i < 10; ++i) s.Colori.Colore[static_cast<size_t>(i)] = c[i];
+    s.Colori.Colore[250] = 0x000000;
+    s.Schermo = &sup;
+    s.Vista.CentroEst = 1000;
+    s.Vista.CentroNord = 2000;
+    s.Vista.AltezzaVista = 100;
+    // CONTINUA is style 1, TRATTEGG style 2 (3 m strokes, 3 m gaps).
+    s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
+  }
+  int Linea(double x1, double y1, double x2, double y2, int colore = 1, int stile = 1) {
+    DimensionaLinee(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotLinee]);
+    s.LineaX1[r] = x1, s.LineaY1[r] = y1, s.LineaX2[r] = x2, s.LineaY2[r] = y2;
+    s.LineaColore[r] = colore;
+    s.LineaTratteggio[r] = static_cast<int16_t>(stile);
+    s.LineaPiano[r] = "0";
+    return s.ContaEntita[SlotLinee]++;
+  }
+  int Punto(const char* nome, double x, double y, int simbolo, double dimensione) {
+    DimensionaPunti(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotPunti]);
+    s.PuntoNome[r] = nome;
+    s.PuntoX[r] = x, s.PuntoY[r] = y, s.PuntoZ[r] = 12.345;
+    s.PuntoSimbolo[r] = static_cast<int16_t>(simbolo);
+    s.PuntoDimensioneSimbolo[r] = dimensione;
+    s.PuntoDimensioneNome[r] = s.PuntoDimensioneQuota[r] = s.PuntoDimensioneDescrizione[r] = 2;
+    s.PuntoColoreSimbolo[r] = s.PuntoColoreNome[r] = s.PuntoColoreQuota[r] = s.PuntoColoreDescrizione[r] = 1;
+    s.PuntoFont[r] = "Arial";
+    return s.ContaEntita[SlotPunti]++;
+  }
+  size_t Conta(const std::string& prefisso) const { return sup.Solo(prefisso).size(); }
+};
+
+TEST(ColoreVisibile, IndiciDaNonDipingereEFondo) {
+  Scena z;
+  EXPECT_EQ(ColoreVisibile(z.s, 0), 250);
+  EXPECT_EQ(ColoreVisibile(z.s, -3), 250);
+  EXPECT_EQ(ColoreVisibile(z.s, 8), 250);
+  EXPECT_EQ(ColoreVisibile(z.s, 255), 250);
+  EXPECT_EQ(ColoreVisibile(z.s, 7), kIndiceEvidenza);  // the background's own colour
+  EXPECT_EQ(ColoreVisibile(z.s, 3), 3);
+  ColoreRGB c;
+  EXPECT_TRUE(ColoreDaIndice(z.s, kIndiceEvidenza, c));
+  EXPECT_EQ(c, kColoreEvidenza);
+  EXPECT_FALSE(ColoreDaIndice(z.s, 258, c));
+}
+
+TEST(Rigenerazione, OrdineDelleTipologie) {
+  Scena z;
+  z.Linea(990, 1990, 1010, 1990);
+  DimensionaTesti(z.s);
+  z.s.TestoTesto[0] = "VIA ROMA";
+  z.s.TestoX[0] = 1000, z.s.TestoY[0] = 2000, z.s.TestoAltezza[0] = 2;
+  z.s.ContaEntita[SlotTesti] = 1;
+  DimensionaCerchi(z.s);
+  z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 2000, z.s.CerchioRaggio[0] = 5;
+  z.s.ContaEntita[SlotCerchi] = 1;
+  DimensionaArchi(z.s);
+  z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
+  z.s.ContaEntita[SlotArchi] = 1;
+  DimensionaBitmap(z.s);
+  z.s.BitmapNomeFile[0] = "foto.png";
+  z.s.BitmapX[0] = 990, z.s.BitmapY[0] = 2010, z.s.BitmapLarghezza[0] = 100, z.s.BitmapAltezza[0] = 50;
+  z.s.BitmapScalaLar[0] = z.s.BitmapScalaAlt[0] = 0.1;
+  z.s.ContaEntita[SlotBitmap] = 1;
+  RigeneraLista(z.s);
+  const ElencoDisegno& l = z.s.ListaDisegno;
+  // Image frame, arc, circle, line, text: the order of painting.
+  std::vector<int> tipi;
+  for (int64_t i = 0; i < l.Conta(); ++i)
+    if (tipi.empty() || tipi.back() != l.Tipo[static_cast<size_t>(i)]) tipi.push_back(l.Tipo[static_cast<size_t>(i)]);
+  EXPECT_EQ(tipi, (std::vector<int>{13, 4, 3, 2, 5}));
+  // The image frame: 10 m by 5 m down from its insertion.
+  EXPECT_EQ(l.X2[0], 1000);
+  EXPECT_EQ(l.Y1[1], 2010);
+  EXPECT_EQ(l.Y2[1], 2005);
+  // The arc is in gon: a quarter turn from North to East, ending at (1005, 2000).
+  size_t ultimaArco = 0;
+  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i)
+    if (l.Tipo[i] == SlotArchi) ultimaArco = i;
+  EXPECT_NEAR(l.X2[ultimaArco], 1005, 1e-9);
+  EXPECT_NEAR(l.Y2[ultimaArco], 2000, 1e-9);
+  // The circle stops short of its start: 399.99 gon, not a whole turn.
+  size_t ultimaCerchio = 0, primaCerchio = SIZE_MAX;
+  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i)
+    if (l.Tipo[i] == SlotCerchi) {
+      ultimaCerchio = i;
+      primaCerchio = std::min(primaCerchio, i);
+    }
+  EXPECT_NE(l.X2[ultimaCerchio], l.X1[primaCerchio]);
+  EXPECT_NEAR(l.X2[ultimaCerchio], 1000 + 5 * std::sin(399.99 * 3.14159265358979323846 / 200), 1e-9);
+
+  Ridisegna(z.s);
+  // Painted: the background, the image, the list, then the points (none here).
+  const auto& c = z.sup.Chiamate;
+  const auto immagine = std::find_if(c.begin(), c.end(), [](const std::string& x) { return x.rfind("Immagine", 0) == 0; });
+  const auto testo = std::find_if(c.begin(), c.end(), [](const std::string& x) { return x.rfind("Testo", 0) == 0; });
+  ASSERT_NE(immagine, c.end());
+  ASSERT_NE(testo, c.end());
+  EXPECT_LT(immagine, testo);
+  EXPECT_EQ(*immagine, "Immagine foto.png -10 10 0 5");
+  EXPECT_EQ(z.sup.Solo("Pulisci").size(), 1u);
+  EXPECT_EQ(z.sup.Solo("ColoreFondo").front(), "ColoreFondo #ffffff");
+}
+
+TEST(Rigenerazione, TrattiTroncaEQuota) {
+  Scena z;
+  // 20 m due East, dashed 3/3, shortened by 1 m at each end: 18 m from 991 to 1009.
+  const int r = z.Linea(990, 2000, 1010, 2000, 2, 2);
+  z.s.LineaTronca[static_cast<size_t>(r)] = 1;
+  RigeneraLista(z.s);
+  const ElencoDisegno& l = z.s.ListaDisegno;
+  ASSERT_EQ(l.Conta(), 3);  // 991-994, 997-1000, 1003-1006; the last gap reaches the end
+  EXPECT_DOUBLE_EQ(l.X1[0], 991);
+  EXPECT_DOUBLE_EQ(l.X2[2], 1006);
+  // A negative truncation lengthens the line before its pattern.
+  z.s.LineaTronca[static_cast<size_t>(r)] = -2;
+  z.s.LineaTratteggio[static_cast<size_t>(r)] = 1;
+  RigeneraLista(z.s);
+  ASSERT_EQ(l.Conta(), 1);
+  EXPECT_DOUBLE_EQ(l.X1[0], 988);
+  EXPECT_DOUBLE_EQ(l.X2[0], 1012);
+  // The length label: along the line from its start, "######0." and two decimals.
+  z.s.LineaTronca[static_cast<size_t>(r)] = 0;
+  z.s.LineaQuotata[static_cast<size_t>(r)] = 1;
+  z.s.LineaOffsetQuota[static_cast<size_t>(r)] = 4;
+  RigeneraLista(z.s);
+  ASSERT_EQ(l.Conta(), 2);
+  EXPECT_EQ(l.Primitiva[0], PrimTesto);
+  EXPECT_EQ(l.Testo(0), "20.00");
+  EXPECT_EQ(l.X1[0], 994);
+  EXPECT_EQ(l.Font(0), "Arial");
+  EXPECT_FLOAT_EQ(l.Rotazione[0], 400.0f);  // due East: 400 - 100 + 100
+  EXPECT_FLOAT_EQ(l.Altezza[0], 1.0f);
+  // Deleted and frozen lines give nothing.
+  z.s.LineaCongela[static_cast<size_t>(r)] = -1;
+  RigeneraLista(z.s);
+  EXPECT_EQ(l.Conta(), 0);
+}
+
+TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {
+  Scena z;
+  z.Linea(900, 1990, 910, 2010);   // wholly left of the view (x < 920)
+  z.Linea(850, 2000, 1150, 2001);  // both ends outside, crossing it
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const auto linee = z.sup.Solo("Linea ");
+  ASSERT_EQ(linee.size(), 1u);
+  EXPECT_EQ(linee[0], "Linea -150 0 150 1 #ff0000");
+}
+
+TEST(Ridisegno, TestoSenzaFontEColoreDelFondo) {
+  Scena z;
+  DimensionaTesti(z.s);
+  z.s.TestoTesto[0] = "ABC";
+  z.s.TestoX[0] = 1000, z.s.TestoY[0] = 2000, z.s.TestoAltezza[0] = 2;
+  z.s.TestoColore[0] = 7;  // the background's colour
+  z.s.ContaEntita[SlotTesti] = 1;
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const auto caratteri = z.sup.Solo("Carattere Curier");
+  ASSERT_EQ(caratteri.size(), 1u);  // the misspelled name, kept on purpose
+  // 2 m at 100 mm for 100 m: 2 mm, in points.
+  EXPECT_EQ(caratteri[0], "Carattere Curier New " + FormaSemplice(static_cast<float>(2.0 * 100 / 100 / 0.3528)));
+  EXPECT_EQ(z.sup.Solo("ColorePenna").back(), "ColorePenna #3399ff");
+  EXPECT_EQ(z.sup.Solo("Testo ").back(), "Testo 0 2 ABC");  // its top left, 2 m over the foot
+}
+
+TEST(Ridisegno, SimboliDeiPuntiEPixelDellaDimensionePrecedente) {
+  Scena z;
+  z.s.Imp.MostraNome = z.s.Imp.MostraQuota = z.s.Imp.MostraDescrizione = 0;
+  z.Punto("A", 1000, 2000, 97, 4);   // box and circle only
+  z.Punto("B", 1010, 2000, 2, -5);   // a plus, 5% of the view: 5 m
+  z.Punto("C", 1020, 2000, 0, 0.1);  // a dot, under the threshold of 0.5 m
+  z.Punto("D", 1030, 2000, 0, 4);    // a dot after a small one
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Riquadro"), (std::vector<std::string>{"Riquadro -1 -1 1 1 #ff0000"}));
+  EXPECT_EQ(z.sup.Solo("Cerchio"), (std::vector<std::string>{"Cerchio 0 0 1 #ff0000"}));
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea 7.5 0 12.5 0 #ff0000", "Linea 10 -2.5 10 2.5 #ff0000"}));
+  // The pixel before a symbol depends on the size of the point painted before: the first
+  // point (nothing before it) and D (after the small C) get one; C gets the dot of its base.
+  EXPECT_EQ(z.sup.Solo("Pixel"), (std::vector<std::string>{"Pixel 0 0 #ff0000", "Pixel 20 0 #ff0000",
+                                                            "Pixel 30 0 #ff0000", "Pixel 30 0 #ff0000"}));
+}
+
+TEST(Ridisegno, EtichetteSovrapposteERinvio) {
+  Scena z;
+  z.s.Imp.CollegaPuntoSimbolo = 1;
+  const auto r = static_cast<size_t>(z.Punto("101", 1000, 2000, 1, 2));
+  z.s.PuntoDescrizione[r] = "SPIGOLO";
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  // Name at (X + s/2, Y), height 1.5 h under it, description 1.5 h further; each printed
+  // 1.5 h above its line; no leader without a displacement.
+  EXPECT_EQ(z.sup.Solo("Testo"),
+            (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 12.35", "Testo 1 -3 SPIGOLO"}));
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial 20");  // 2 m of a 100 m view
+  EXPECT_TRUE(z.sup.Solo("Stile 2").empty());
+  z.s.PuntoSpoX[r] = 3;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Linea").front(), "Linea 0 0 3 0 #ff0000");  // the dotted leader
+  EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 101");
+  // A frozen name leaves its place to the height.
+  z.s.PuntoCongelaNome[r] = -1;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 12.35");
+}
+
+TEST(Ridisegno, LavoroVuotoDipingeIlFondoEAggiungeLaStoria) {
+  Scena z;
+  const size_t prima = z.s.Vista.Storia.size();
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  EXPECT_EQ(z.s.Vista.Storia.size(), prima + 1);
+  EXPECT_EQ(z.sup.Solo("Pulisci").size(), 1u);
+  EXPECT_TRUE(z.sup.Solo("Linea").empty());
+}
+
+TEST(Ridisegno, SelezioneInInversione) {
+  Scena z;
+  const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000));
+  z.s.StatoLinea[r] = 1;
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const auto& c = z.sup.Chiamate;
+  const auto linea = std::find(c.begin(), c.end(), "Linea -10 0 10 0 #ff0000");
+  ASSERT_NE(linea, c.end());
+  EXPECT_EQ(*(linea - 1), "Stile 2");
+  EXPECT_EQ(*(linea - 2), "Modo 6");
+  EXPECT_EQ(*(linea + 1), "Modo 13");
+}
+
+}  // namespace
+}  // namespace varena

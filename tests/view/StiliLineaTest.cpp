@@ -1,0 +1,140 @@
+// Dash patterns, arc chords and symbol codes.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "view/StiliLinea.h"
+
+namespace varena {
+namespace {
+
+std::vector<Tratto> Espandi(double x1, double y1, double x2, double y2, std::vector<double> elementi,
+                            double angolo = 0) {
+  std::vector<Tratto> out;
+  EspandiLinea(x1, y1, x2, y2, {elementi, angolo}, out);
+  return out;
+}
+
+TEST(EspandiLinea, TrattiEVuotiInMetri) {
+  // Due East, 10 m, strokes of 3 and gaps of 3: 0-3, 6-9, the third stroke cut at the end.
+  auto t = Espandi(100, 200, 110, 200, {3, -3});
+  ASSERT_EQ(t.size(), 2u);
+  EXPECT_DOUBLE_EQ(t[0].X1, 100);
+  EXPECT_DOUBLE_EQ(t[0].X2, 103);
+  EXPECT_DOUBLE_EQ(t[1].X1, 106);
+  EXPECT_DOUBLE_EQ(t[1].X2, 109);
+  t = Espandi(0, 0, 0, 13, {3, -3});  // due North, 13 m: the third stroke stops at the end
+  ASSERT_EQ(t.size(), 3u);
+  EXPECT_EQ(t[2].Y2, 13);
+  EXPECT_NEAR(t[2].Y1, 12, 1e-12);
+  EXPECT_EQ(Espandi(0, 0, 0, 11, {3, -3}).size(), 2u);  // ending in a gap adds nothing
+}
+
+TEST(EspandiLinea, LineaPiuCortaDelPrimoTratto) {
+  auto t = Espandi(5, 5, 6, 5, {12.5, -25, 25, -25});
+  ASSERT_EQ(t.size(), 1u);
+  EXPECT_EQ(t[0].X1, 5);
+  EXPECT_EQ(t[0].X2, 6);  // exactly the line's end
+}
+
+TEST(EspandiLinea, SoloVuotiNonDisegnaNulla) {
+  EXPECT_TRUE(Espandi(0, 0, 100, 0, {-2, -3}).empty());
+}
+
+TEST(EspandiLinea, PuntiComeTrattiDiLunghezzaZero) {
+  auto t = Espandi(0, 0, 60, 0, {0, -25});
+  ASSERT_EQ(t.size(), 3u);  // dots at 0, 25, 50
+  EXPECT_EQ(t[1].X1, 25);
+  EXPECT_EQ(t[1].X2, 25);
+  EXPECT_EQ(t[2].X1, 50);
+}
+
+TEST(EspandiLinea, PezziObliqui) {
+  // Aslant by 100 gon on a line due East: each stroke stands due South, the walk goes East.
+  auto t = Espandi(0, 0, 10, 0, {1, -4}, 100);
+  ASSERT_EQ(t.size(), 2u);
+  EXPECT_NEAR(t[0].X2, 0, 1e-12);
+  EXPECT_NEAR(t[0].Y2, -1, 1e-12);
+  EXPECT_NEAR(t[1].X1, 5, 1e-12);
+  EXPECT_NEAR(t[1].Y2, -1, 1e-12);
+}
+
+TEST(EspandiLinea, PienaSenzaElementiOTroppiPezzi) {
+  EXPECT_EQ(Espandi(0, 0, 3, 4, {}).size(), 1u);
+  EXPECT_EQ(Espandi(0, 0, 0, 0, {}).size(), 1u);
+  EXPECT_EQ(Espandi(0, 0, 1e6, 0, {0.001, -0.001}).size(), 1u);
+  EXPECT_EQ(Espandi(0, 0, 1, 0, {0, 0}).size(), 1u);  // a pattern of no length
+}
+
+TEST(EspandiArco, CordeEAltezze) {
+  std::vector<TrattoArco> out;
+  const double pi = 4 * std::atan(1.0);
+  // A quarter turn of radius 10 from North towards East.
+  EspandiArco(0, 0, 10, 0, pi / 2, {}, out);
+  ASSERT_GE(out.size(), 20u);
+  EXPECT_NEAR(out.front().X1, 0, 1e-12);
+  EXPECT_NEAR(out.front().Y1, 10, 1e-12);
+  EXPECT_NEAR(out.back().X2, 10, 1e-12);
+  EXPECT_NEAR(out.back().Y2, 0, 1e-9);
+  EXPECT_EQ(out.front().T1, 0);
+  EXPECT_EQ(out.back().T2, 1);
+  for (const auto& c : out) {
+    // No chord strays more than half a millimetre from the curve.
+    const double mx = (c.X1 + c.X2) / 2, my = (c.Y1 + c.Y2) / 2;
+    EXPECT_LE(10 - std::hypot(mx, my), 0.0005);
+  }
+  out.clear();
+  // A pattern on a circle of radius 1: strokes of 1 m become one radian of chords each.
+  const std::vector<double> e = {1, -1};
+  EspandiArco(0, 0, 1, 0, 2 * pi, {e, 0}, out);
+  EXPECT_NEAR(out.front().X1, 0, 1e-12);
+  double giro = 0;
+  for (const auto& c : out) giro += std::hypot(c.X2 - c.X1, c.Y2 - c.Y1);
+  // Strokes on 0-1, 2-3, 4-5 radians and the last from 6 to the end of the turn.
+  EXPECT_NEAR(giro, 3.0 + (2 * pi - 6.0), 0.001);
+}
+
+TEST(ScomponiSimbolo, DecorazioniEBasi) {
+  std::vector<ElementoSimbolo> e;
+  ScomponiSimbolo(97, 4, false, e);  // 97 - 96 = 1: box and circle, no base
+  ASSERT_EQ(e.size(), 2u);
+  EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Riquadro);
+  EXPECT_EQ(e[0].C, 1);
+  EXPECT_EQ(e[1].Tipo, ElementoSimbolo::Cerchio);
+  e.clear();
+  ScomponiSimbolo(66, 4, false, e);  // box, then a plus of half size 2
+  ASSERT_EQ(e.size(), 3u);
+  EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Riquadro);
+  EXPECT_EQ(e[1].A, -2);
+  EXPECT_EQ(e[1].C, 2);
+  e.clear();
+  ScomponiSimbolo(35, 4, false, e);  // circle, diagonal cross
+  ASSERT_EQ(e.size(), 3u);
+  EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Cerchio);
+  EXPECT_EQ(e[1].A, -2);
+  EXPECT_EQ(e[1].B, -2);
+  e.clear();
+  ScomponiSimbolo(32, 4, false, e);  // circle and a dot
+  ASSERT_EQ(e.size(), 2u);
+  EXPECT_EQ(e[1].Tipo, ElementoSimbolo::Punto);
+  e.clear();
+  ScomponiSimbolo(32, 4, true, e);  // on paper the dot is a cross of half size s/100
+  ASSERT_EQ(e.size(), 3u);
+  EXPECT_DOUBLE_EQ(e[1].C, 0.04);
+  e.clear();
+  ScomponiSimbolo(42, 10, false, e);  // triangle and a dot
+  ASSERT_EQ(e.size(), 4u);
+  EXPECT_DOUBLE_EQ(e[0].B, 4);  // first vertex due North at 0.4 s
+  e.clear();
+  ScomponiSimbolo(5, 2, false, e);
+  EXPECT_EQ(e.size(), 8u);
+  e.clear();
+  ScomponiSimbolo(93, 2, false, e);  // 93 - 96 < 0: box and circle only
+  EXPECT_EQ(e.size(), 2u);
+  e.clear();
+  ScomponiSimbolo(1, 2, false, e);
+  EXPECT_TRUE(e.empty());
+}
+
+}  // namespace
+}  // namespace varena
