@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <map>
+#include <string>
 #include <memory>
 #include <vector>
 
@@ -77,8 +78,11 @@ int main(int argc, char** argv) {
 
   benchmark::RegisterBenchmark("LetturaSemplice", LetturaSemplice)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   benchmark::RegisterBenchmark("CaricaLavoro", CaricaLavoroIntero)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
-  int argcB = 1;
-  benchmark::Initialize(&argcB, argv);
+  std::vector<char*> argomenti;
+  for (int i = 0; i < argc; ++i)
+    if (std::string(argv[i]) != "--rapido") argomenti.push_back(argv[i]);
+  int argcB = static_cast<int>(argomenti.size());
+  benchmark::Initialize(&argcB, argomenti.data());
   Raccolta r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double lettura = r.tempi["LetturaSemplice"], carica = r.tempi["CaricaLavoro"];

@@ -13,6 +13,10 @@ struct MisureLavoro {
   int64_t Linee = 0;
   int64_t Testi = 0;
   int64_t Falde = 0;
+  int64_t Archi = 0;
+  // Label sizes of the points: negative values are a share of the view, as the default
+  // point configurations have them; positive ones are metres on the sheet.
+  double DimensioneEtichette = -1.5;
 };
 
 // Fills the tables of `s` (cleared first) with a deterministic survey.
