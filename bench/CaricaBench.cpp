@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <memory>
 #include <vector>
 
@@ -67,8 +68,7 @@ int main(int argc, char** argv) {
 
   benchmark::RegisterBenchmark("LetturaSemplice", LetturaSemplice)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   benchmark::RegisterBenchmark("CaricaLavoro", CaricaLavoroIntero)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
-  int argcB = 1;
-  benchmark::Initialize(&argcB, argv);
+  InizializzaBenchmark(argc, argv);
   RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double lettura = r.tempi["LetturaSemplice"], carica = r.tempi["CaricaLavoro"];

@@ -90,8 +90,7 @@ int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("SnapshotCompleto", Snapshot, true)->Unit(benchmark::kMillisecond)->Iterations(3);
   benchmark::RegisterBenchmark("Annulla", Sposta, true)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
   benchmark::RegisterBenchmark("Ripristina", Sposta, false)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
-  int argcB = 1;
-  benchmark::Initialize(&argcB, argv);
+  InizializzaBenchmark(argc, argv);
   RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double una = r.tempi["SnapshotUnaLinea"], tutto = r.tempi["SnapshotCompleto"];

@@ -68,6 +68,8 @@ bool CreaAlberoCartelle(Sessione& s) {
   const std::string& p = s.CartellaProgramma;
   std::error_code ec;
   fs::create_directories(p, ec);  // the program's own data folder must exist to be written
+  // A fresh account may have no documents folder yet: it is the root of everything else.
+  fs::create_directories(d, ec);
   for (const std::string& cartella :
        {d + "/VR2000", d + "/VR2000/IMPORTA", p + "/GUIDA", d + "/VR2000/ESEMPI", d + "/VR2000/TEMP",
         d + "/VR2000/TEMP1", d + "/VR2000/LAVORI", d + "/VR2000/GRUPPI", d + "/VR2000/IMMAGINI",
