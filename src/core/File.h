@@ -64,7 +64,7 @@ bool StessoFile(std::string_view a, std::string_view b);
 
 // Test seam for fault injection: when set, it is asked before each operation that changes
 // the disk, with the path it is about to change; true makes that operation fail as a full
-// disk or a refused file would (a write leaves half its bytes in its temporary, then fails).
+// disk or a refused file would (a write fails with half its bytes in its temporary).
 // Not set in a normal run, where it costs one test of an empty function.
 enum class OperazioneFile { Scrittura, Copia, Rinomina, Collegamento, Eliminazione };
 using SondaGuasti = std::function<bool(OperazioneFile, std::string_view percorso)>;
