@@ -17,6 +17,7 @@
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "store/Slot.h"
+#include "view/Rigenera.h"
 
 namespace varena {
 
@@ -148,6 +149,8 @@ bool VR_SalvaUndo(Sessione& s, bool completo) {
     });
   }
   s.RoutineCorrente = "Uscito da VR_ Salvaundo ";
+  // The display list follows the tables just committed; the view stays as the user left it.
+  if (ok) Rigenerazione1(s);
   vista.Rimetti(s.Vista);
   return ok;
 }
