@@ -13,6 +13,7 @@
 #include "core/Riparazioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Importatori.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Slot.h"
@@ -223,6 +224,9 @@ void CaricaLavoro(Sessione& s) {
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
+  // Included tables are read anew at every load: their points are not saved with the job.
+  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
+    if (Maiuscolo(nome).find(".TAF") != std::string::npos) ImportaFile(s, TipoImportazione::TAF, Rifila(nome));
   // A job with no stored view is framed whole: the list is built first, so that its lines
   // count in the extent and not only its points.
   if (s.Vista.AltezzaVista <= 0) {
