@@ -1,15 +1,20 @@
 #include "FinestraPrincipale.h"
 
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "FinestreLavori.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
+#include "store/Registro.h"
+#include "store/Salvataggio.h"
+#include "store/Undo.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -63,9 +68,35 @@ FinestraPrincipale::~FinestraPrincipale() {
 
 void FinestraPrincipale::CreaMenu() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
-  file->addAction(tr("&Apri Lavoro..."), this, &FinestraPrincipale::ApriLavoro);
+  file->addAction(tr("&Nuovo Lavoro..."), this, &FinestraPrincipale::NuovoLavoro);
+  file->addAction(tr("&Apri Lavoro..."), QKeySequence::Open, this, &FinestraPrincipale::ApriLavoro);
+  file->addAction(tr("&Riapri Lavoro Recente..."), this, &FinestraPrincipale::RiapriLavoro);
+  file->addAction(tr("Lavori &Aperti (recupero)..."), this, &FinestraPrincipale::LavoriAperti);
   file->addSeparator();
+  file->addAction(tr("&Salva"), QKeySequence::Save, this, [this] {
+    Salva(s_);
+    MostraNomeDelFile();
+  });
+  file->addAction(tr("Salva &Con Nome..."), this, [this] {
+    if (VR_SalvaConNome(s_)) DopoCambioLavoro();
+  });
+  file->addAction(tr("&Includi Disegno..."), this, &FinestraPrincipale::IncludiDisegno);
+  file->addSeparator();
+  file->addAction(tr("&Chiudi Lavoro"), this, [this] {
+    if (!ChiusuraLavoro(s_, false)) return;
+    ClearAllTables(s_);
+    s_.NomeOriginale.clear();
+    s_.NomeLavoro.clear();
+    DopoCambioLavoro();
+  });
   file->addAction(tr("&Esci"), this, &QWidget::close);
+  QMenu* modifica = menuBar()->addMenu(tr("&Modifica"));
+  modifica->addAction(tr("&Annulla"), QKeySequence::Undo, this, [this] {
+    if (VR_UNDO(s_)) tela_->Rigenera();
+  });
+  modifica->addAction(tr("&Ripristina"), QKeySequence::Redo, this, [this] {
+    if (VR_REDO(s_)) tela_->Rigenera();
+  });
   QMenu* zoom = menuBar()->addMenu(tr("&Zoom"));
   zoom->addAction(tr("Zoom &Tutto"), this, [this] {
     (void)TuttoTutto(s_);
@@ -83,16 +114,46 @@ void FinestraPrincipale::MostraNomeDelFile() {
   setWindowTitle(nome.isEmpty() ? QStringLiteral("Varena") : QStringLiteral("Varena - ") + nome);
 }
 
-void FinestraPrincipale::ApriLavoro() {
-  const auto scelto = s_.Ui->ScegliFile(false, "Apri Lavoro", "File VR2000    (*.CFG)|*.CFG|", s_.Imp.Cartella_Default, "");
-  if (!scelto) return;
-  std::string base = *scelto;
-  if (base.size() > 4 && UgualeSenzaCaso(base.substr(base.size() - 4), ".CFG")) base.resize(base.size() - 4);
-  s_.NomeOriginale = base;
-  s_.TipoFile = "CFG";
-  VR_ApriLavoro(s_);
+bool FinestraPrincipale::ChiudiPrimaDi() {
+  if (Rifila(s_.NomeLavoro).empty()) return true;
+  return ChiusuraLavoro(s_, false);
+}
+
+void FinestraPrincipale::DopoCambioLavoro() {
   tela_->Rigenera();
   MostraNomeDelFile();
+}
+
+void FinestraPrincipale::ApriLavoro() {
+  FormApri f(s_, this);
+  if (f.exec() != QDialog::Accepted || f.Scelto().isEmpty() || !ChiudiPrimaDi()) return;
+  if (ApriLavoroScelto(s_, f.Scelto().toStdString())) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::RiapriLavoro() {
+  FormRiapriDisegno f(s_, this);
+  if (f.exec() != QDialog::Accepted || f.Scelto().isEmpty() || !ChiudiPrimaDi()) return;
+  if (ApriLavoroScelto(s_, f.Scelto().toStdString())) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::LavoriAperti() {
+  FormLavoriAperti f(s_, this);
+  f.exec();
+  if (f.Recuperato()) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::NuovoLavoro() {
+  if (!ChiudiPrimaDi()) return;
+  if (VR_CreaNuovoLavoroVuoto(s_)) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::IncludiDisegno() {
+  const QStringList scelti = QFileDialog::getOpenFileNames(this, tr("Includi Disegno"), QString::fromStdString(s_.Imp.Cartella_Fiducial),
+                                                           FiltroQt("File Varena (*.CFG)|*.CFG|File TAF (*.TAF)|*.TAF|"));
+  if (scelti.isEmpty()) return;
+  std::vector<std::string> percorsi;
+  for (const QString& p : scelti) percorsi.push_back(p.toStdString());
+  if (varena::IncludiDisegno(s_, percorsi)) DopoCambioLavoro();
 }
 
 void FinestraPrincipale::TestoComando() {
@@ -103,7 +164,11 @@ void FinestraPrincipale::TestoComando() {
 }
 
 void FinestraPrincipale::closeEvent(QCloseEvent* e) {
-  EliminaProvviso(s_);
+  // "Salvare il Lavoro?": Cancel, or a save that did not happen, keeps the program open.
+  if (!Rifila(s_.NomeLavoro).empty() && !ChiusuraLavoro(s_, true)) {
+    e->ignore();
+    return;
+  }
   e->accept();
 }
 

@@ -31,8 +31,15 @@ class FinestraPrincipale : public QMainWindow {
  private:
   void CreaMenu();
   void AggiornaLettura(double est, double nord);
-  void ApriLavoro();
   void TestoComando();
+  // The job commands: each asks first whether to save the job in hand, then calls the core.
+  bool ChiudiPrimaDi();
+  void DopoCambioLavoro();
+  void ApriLavoro();
+  void RiapriLavoro();
+  void LavoriAperti();
+  void NuovoLavoro();
+  void IncludiDisegno();
 
   Sessione& s_;
   Tela* tela_;
