@@ -4,7 +4,7 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <map>
+#include <string>
 #include <memory>
 #include <vector>
 
@@ -56,15 +56,6 @@ void CaricaLavoroIntero(benchmark::State& stato) {
   }
 }
 
-class Raccolta : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& r : runs) tempi[r.run_name.function_name] = r.GetAdjustedRealTime();
-    ConsoleReporter::ReportRuns(runs);
-  }
-  std::map<std::string, double> tempi;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -77,9 +68,8 @@ int main(int argc, char** argv) {
 
   benchmark::RegisterBenchmark("LetturaSemplice", LetturaSemplice)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   benchmark::RegisterBenchmark("CaricaLavoro", CaricaLavoroIntero)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
-  int argcB = 1;
-  benchmark::Initialize(&argcB, argv);
-  Raccolta r;
+  InizializzaBenchmark(argc, argv);
+  RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double lettura = r.tempi["LetturaSemplice"], carica = r.tempi["CaricaLavoro"];
   std::printf("Caricamento %.1f ms, lettura semplice %.1f ms, rapporto %.2f\n", carica, lettura,

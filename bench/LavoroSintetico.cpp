@@ -1,5 +1,6 @@
 #include "LavoroSintetico.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -12,18 +13,20 @@ namespace varena {
 
 void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& m) {
   ClearAllTables(s);
-  // A regular walk over a few square kilometres of Gauss-Boaga coordinates.
+  // A square grid of Gauss-Boaga coordinates, 2.5 m apart, with a little noise.
+  const auto lato = [](int64_t n) { return std::max<int64_t>(1, static_cast<int64_t>(std::ceil(std::sqrt(static_cast<double>(n))))); };
+  const int64_t lp = lato(m.Punti), ll = lato(m.Linee);
   PreparaRighe(s, SlotPunti, m.Punti);
   for (int64_t i = 0; i < m.Punti; ++i) {
     const auto r = static_cast<size_t>(i);
     s.PuntoIdent[r] = 0;
     s.PuntoNome[r] = i % 1000 == 0 ? "PF" + std::to_string(i / 1000 % 100) + "/0010/G693" : std::to_string(100 + i);
     s.PuntoDescrizione[r] = i % 7 == 0 ? "SPIGOLO FABBRICATO" : "";
-    s.PuntoX[r] = 1725000.0 + static_cast<double>(i % 1000) * 2.5 + std::sin(static_cast<double>(i)) * 0.3;
-    s.PuntoY[r] = 5030000.0 + static_cast<double>(i / 1000) * 2.5;
+    s.PuntoX[r] = 1725000.0 + static_cast<double>(i % lp) * 2.5 + std::sin(static_cast<double>(i)) * 0.3;
+    s.PuntoY[r] = 5030000.0 + static_cast<double>(i / lp) * 2.5;
     s.PuntoZ[r] = 14.0 + std::cos(static_cast<double>(i) * 0.01);
-    s.PuntoDimensioneSimbolo[r] = s.PuntoDimensioneNome[r] = -1.5;
-    s.PuntoDimensioneQuota[r] = s.PuntoDimensioneDescrizione[r] = -1.5;
+    s.PuntoDimensioneSimbolo[r] = -1.0;
+    s.PuntoDimensioneNome[r] = s.PuntoDimensioneQuota[r] = s.PuntoDimensioneDescrizione[r] = m.DimensioneEtichette;
     s.PuntoColoreSimbolo[r] = 24;
     s.PuntoColoreNome[r] = 10;
     s.PuntoAttendibilita[r] = 12;
@@ -37,8 +40,8 @@ void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& m) {
   for (int64_t i = 0; i < m.Linee; ++i) {
     const auto r = static_cast<size_t>(i);
     s.LineaIdent[r] = 0;
-    s.LineaX1[r] = 1725000.0 + static_cast<double>(i % 1000) * 2.5;
-    s.LineaY1[r] = 5030000.0 + static_cast<double>(i / 1000) * 2.5;
+    s.LineaX1[r] = 1725000.0 + static_cast<double>(i % ll) * 2.5;
+    s.LineaY1[r] = 5030000.0 + static_cast<double>(i / ll) * 2.5;
     s.LineaX2[r] = s.LineaX1[r] + 2.5;
     s.LineaY2[r] = s.LineaY1[r] + (i % 3 == 0 ? 2.5 : 0.0);
     s.LineaZ1[r] = 14.0;
@@ -52,8 +55,8 @@ void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& m) {
   for (int64_t i = 0; i < m.Testi; ++i) {
     const auto r = static_cast<size_t>(i);
     s.TestoIdent[r] = 0;
-    s.TestoX[r] = 1725000.0 + static_cast<double>(i % 100) * 25.0;
-    s.TestoY[r] = 5030000.0 + static_cast<double>(i / 100) * 25.0;
+    s.TestoX[r] = 1725000.0 + static_cast<double>(i % (lp / 10 + 1)) * 25.0;
+    s.TestoY[r] = 5030000.0 + static_cast<double>(i / (lp / 10 + 1)) * 25.0;
     s.TestoAltezza[r] = 1.5;
     s.TestoColore[r] = 1;
     s.TestoPiano[r] = "TESTI";
@@ -64,7 +67,7 @@ void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& m) {
   PreparaRighe(s, SlotFalde, m.Falde);
   for (int64_t i = 0; i < m.Falde; ++i) {
     const auto r = static_cast<size_t>(i);
-    const double x = 1725000.0 + static_cast<double>(i % 1000) * 2.5, y = 5030000.0 + static_cast<double>(i / 1000) * 2.5;
+    const double x = 1725000.0 + static_cast<double>(i % lp) * 2.5, y = 5030000.0 + static_cast<double>(i / lp) * 2.5;
     s.FaldaIdent[r] = 0;
     s.FaldaX1[r] = x;
     s.FaldaY1[r] = y;
@@ -77,6 +80,20 @@ void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& m) {
     s.FaldaPiano[r] = "FALDE";
   }
   s.ContaEntita[SlotFalde] = static_cast<int32_t>(m.Falde);
+  PreparaRighe(s, SlotArchi, m.Archi);
+  for (int64_t i = 0; i < m.Archi; ++i) {
+    const auto r = static_cast<size_t>(i);
+    s.ArcoIdent[r] = 0;
+    s.ArcoX[r] = 1725000.0 + static_cast<double>(i % (lp / 25 + 1)) * 62.5;
+    s.ArcoY[r] = 5030000.0 + static_cast<double>(i / (lp / 25 + 1)) * 62.5;
+    s.ArcoRaggio[r] = 5.0 + static_cast<double>(i % 7) * 3.0;
+    s.ArcoInizio[r] = static_cast<double>(i % 400);
+    s.ArcoFine[r] = 50.0 + static_cast<double>(i % 250);
+    s.ArcoColore[r] = 4;
+    s.ArcoTratteggio[r] = static_cast<int16_t>(i % 3);
+    s.ArcoPiano[r] = "STRADA";
+  }
+  s.ContaEntita[SlotArchi] = static_cast<int32_t>(m.Archi);
   s.Vista.CentroEst = 1726250;
   s.Vista.CentroNord = 5031250;
   s.Vista.AltezzaVista = 2500;
@@ -101,6 +118,14 @@ bool ModoRapido(int argc, char** argv) {
   for (int i = 1; i < argc; ++i)
     if (std::strcmp(argv[i], "--rapido") == 0) return true;
   return false;
+}
+
+void InizializzaBenchmark(int argc, char** argv) {
+  std::vector<char*> argomenti;
+  for (int i = 0; i < argc; ++i)
+    if (std::strcmp(argv[i], "--rapido") != 0) argomenti.push_back(argv[i]);
+  int n = static_cast<int>(argomenti.size());
+  benchmark::Initialize(&n, argomenti.data());
 }
 
 }  // namespace varena

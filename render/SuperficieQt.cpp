@@ -31,8 +31,8 @@ SuperficieQt::SuperficieQt(QPaintDevice* dispositivo, int larghezzaPx, int altez
   pittore_.setRenderHint(QPainter::Antialiasing, true);
   pittore_.setRenderHint(QPainter::TextAntialiasing, true);
   pittore_.setRenderHint(QPainter::SmoothPixmapTransform, true);
-  carattere_ = QFont(FamigliaCarattere("Courier New"));
-  carattere_.setPointSizeF(10);
+  pittore_.setBrush(Qt::NoBrush);
+  Carattere("Courier New", 10);
 }
 
 SuperficieQt::~SuperficieQt() { Fine(); }
@@ -53,6 +53,7 @@ void SuperficieQt::Pulisci() {
   pittore_.setCompositionMode(QPainter::CompositionMode_Source);
   pittore_.fillRect(QRectF(0, 0, larghezza_, altezza_), Qc(fondo_));
   pittore_.restore();
+  pennaColore_ = 0xFFFFFFFF;
 }
 
 void SuperficieQt::ColoreFondo(ColoreRGB c) { fondo_ = c; }
@@ -78,18 +79,26 @@ void SuperficieQt::Modo(ModoPenna m) {
 }
 
 void SuperficieQt::Carattere(std::string_view nome, double dimensione) {
+  if (dimensione == dimensioneCarattere_ && nome == nomeCarattere_) return;
+  nomeCarattere_ = std::string(nome);
+  dimensioneCarattere_ = dimensione;
   carattere_ = QFont(FamigliaCarattere(nome));
   carattere_.setPointSizeF(dimensione > 0.1 ? dimensione : 0.1);
+  ascesa_ = QFontMetricsF(carattere_, pittore_.device()).ascent();
+  pittore_.setFont(carattere_);
 }
 
 void SuperficieQt::Penna(ColoreRGB c) {
+  if (c == pennaColore_ && spessore_ == pennaSpessore_ && stile_ == pennaStile_) return;
+  pennaColore_ = c;
+  pennaSpessore_ = spessore_;
+  pennaStile_ = stile_;
   QPen p(Qc(c));
   p.setCosmetic(true);
   p.setWidth(spessore_);
   p.setStyle(stile_ == StilePenna::Punteggiato ? Qt::DotLine : Qt::SolidLine);
   p.setCapStyle(Qt::FlatCap);
   pittore_.setPen(p);
-  pittore_.setBrush(Qt::NoBrush);
 }
 
 void SuperficieQt::Linea(float x1, float y1, float x2, float y2, ColoreRGB c) {
@@ -105,6 +114,7 @@ void SuperficieQt::Riquadro(float x1, float y1, float x2, float y2, ColoreRGB c,
   Penna(c);
   if (pieno) pittore_.setBrush(Qc(c));
   pittore_.drawRect(QRectF(Mappa(x1, y1), Mappa(x2, y2)).normalized());
+  pittore_.setBrush(Qt::NoBrush);
 }
 
 void SuperficieQt::Cerchio(float x, float y, float raggio, ColoreRGB c) {
@@ -124,28 +134,30 @@ void SuperficieQt::Arco(float x, float y, float raggio, float inizio, float fine
 }
 
 void SuperficieQt::Pixel(float x, float y, ColoreRGB c) {
-  QPen p(Qc(c));
-  p.setCosmetic(true);
-  p.setWidth(1);
-  pittore_.setPen(p);
+  const int spessore = spessore_;
+  const StilePenna stile = stile_;
+  spessore_ = 1;
+  stile_ = StilePenna::Continuo;
+  Penna(c);
   pittore_.drawPoint(Mappa(x, y));
+  spessore_ = spessore;
+  stile_ = stile;
 }
 
 void SuperficieQt::Testo(float x, float y, std::string_view testo, float rotazione) {
-  pittore_.setFont(carattere_);
-  pittore_.setPen(QPen(Qc(penna_)));
-  const QFontMetricsF m(carattere_, pittore_.device());
+  Penna(penna_);
   const QPointF alto = Mappa(x, y);
   if (rotazione == 0) {
-    pittore_.drawText(QPointF(alto.x(), alto.y() + m.ascent()), Qs(testo));
+    pittore_.drawText(QPointF(alto.x(), alto.y() + ascesa_), Qs(testo));
     return;
   }
   // The device's y grows downwards: a counter-clockwise turn on the sheet is a negative one.
   pittore_.save();
   pittore_.translate(alto);
   pittore_.rotate(-rotazione * 180.0 / 3.14159265358979323846);
-  pittore_.drawText(QPointF(0, m.ascent()), Qs(testo));
+  pittore_.drawText(QPointF(0, ascesa_), Qs(testo));
   pittore_.restore();
+  pennaColore_ = 0xFFFFFFFF;  // restore() brought back an older pen
 }
 
 bool SuperficieQt::Immagine(const std::string& file, float x1, float y1, float x2, float y2) {
@@ -165,6 +177,41 @@ double SuperficieQt::LarghezzaTesto(std::string_view testo) const {
 double SuperficieQt::AltezzaTesto(std::string_view) const {
   const QFontMetricsF m(carattere_);
   return m.height() / std::fabs(sy_);
+}
+
+}  // namespace varena
+
+namespace varena {
+
+void SuperficieQt::Simbolo(int codice, float x, float y, double dimensione, ColoreRGB c, bool carta) {
+  const double pixel = dimensione * std::fabs(sx_);
+  if (modo_ != ModoPenna::Copia || carta || !(pixel > 0) || pixel > 96 || std::fabs(sx_ + sy_) > 1e-9 * std::fabs(sx_)) {
+    Superficie::Simbolo(codice, x, y, dimensione, c, carta);
+    return;
+  }
+  // A quarter of a pixel is as fine as a symbol's size is told apart.
+  const auto quarti = static_cast<quint64>(std::lround(pixel * 4));
+  const quint64 chiave = (quarti << 40) ^ (static_cast<quint64>(static_cast<quint16>(codice)) << 24) ^ (c & 0xFFFFFF) ^
+                         (static_cast<quint64>(spessore_ & 0xFF) << 56);
+  auto it = simboli_.find(chiave);
+  if (it == simboli_.end()) {
+    if (simboli_.size() > 2000) simboli_.clear();
+    const int lato = 2 * static_cast<int>(std::ceil(pixel)) + 5;
+    QImage img(lato, lato, QImage::Format_ARGB32_Premultiplied);
+    img.fill(Qt::transparent);
+    {
+      // The symbol painted once, centred, through the very same surface calls.
+      SuperficieQt sprite(&img, lato, lato, dpi_);
+      const double mezzo = lato / 2.0 / pixel * dimensione;
+      sprite.ScalaUtente(-mezzo, mezzo, 2 * mezzo, -2 * mezzo);
+      sprite.Spessore(spessore_);
+      sprite.Superficie::Simbolo(codice, 0, 0, dimensione, c, false);
+    }
+    it = simboli_.insert(chiave, img);
+  }
+  const QPointF centro = Mappa(x, y);
+  const double mezzoLato = it->width() / 2.0;
+  pittore_.drawImage(QPointF(std::round(centro.x() - mezzoLato), std::round(centro.y() - mezzoLato)), *it);
 }
 
 }  // namespace varena

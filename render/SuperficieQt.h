@@ -39,6 +39,9 @@ class SuperficieQt : public Superficie {
   bool Immagine(const std::string& file, float x1, float y1, float x2, float y2) override;
   double LarghezzaTesto(std::string_view testo) const override;
   double AltezzaTesto(std::string_view testo) const override;
+  // Small symbols painted in copy mode come from a cache of ready-made images: a survey of
+  // many points paints the same few symbols thousands of times.
+  void Simbolo(int codice, float x, float y, double dimensione, ColoreRGB c, bool carta) override;
 
   // Ends the painting, so that the device holds the whole picture.
   void Fine();
@@ -56,7 +59,17 @@ class SuperficieQt : public Superficie {
   ModoPenna modo_ = ModoPenna::Copia;
   int spessore_ = 1;
   QFont carattere_;
+  // The font asked for last, and the distance from its top to its base line: a redraw asks
+  // for the same few fonts thousands of times.
+  std::string nomeCarattere_;
+  double dimensioneCarattere_ = -1;
+  double ascesa_ = 0;
   QHash<QString, QImage> immagini_;
+  QHash<quint64, QImage> simboli_;
+  // The pen last set, so that a run of lines in one colour sets it once.
+  ColoreRGB pennaColore_ = 0xFFFFFFFF;
+  int pennaSpessore_ = -1;
+  StilePenna pennaStile_ = StilePenna::Continuo;
 };
 
 // The fonts the legacy jobs name, to the metric twins a Linux desktop has.

@@ -15,6 +15,7 @@
 #include "exchange/Importatori.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
+#include "store/Undo.h"
 
 namespace fs = std::filesystem;
 
@@ -67,6 +68,8 @@ bool CreaAlberoCartelle(Sessione& s) {
   const std::string& p = s.CartellaProgramma;
   std::error_code ec;
   fs::create_directories(p, ec);  // the program's own data folder must exist to be written
+  // A fresh account may have no documents folder yet: it is the root of everything else.
+  fs::create_directories(d, ec);
   for (const std::string& cartella :
        {d + "/VR2000", d + "/VR2000/IMPORTA", p + "/GUIDA", d + "/VR2000/ESEMPI", d + "/VR2000/TEMP",
         d + "/VR2000/TEMP1", d + "/VR2000/LAVORI", d + "/VR2000/GRUPPI", d + "/VR2000/IMMAGINI",
@@ -170,6 +173,7 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   s.RoutineCorrente = "VarenaLoad2";
   if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
   CaricaLavoro(s);
+  VR_SalvaUndo(s);
   Protetto(s, [&] {
     EliminaFile(comune);
     EliminaFile(comuneProgramma);

@@ -7,6 +7,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/Testo.h"
@@ -27,6 +30,10 @@ namespace {
     default: throw ErroreVarena(std::strerror(e));
   }
 }
+
+SondaGuasti gSonda;
+
+bool Guasto(OperazioneFile op, std::string_view percorso) { return gSonda && gSonda(op, percorso); }
 
 bool Esiste(const std::string& p, bool* cartella = nullptr) {
   std::error_code ec;
@@ -127,23 +134,50 @@ std::optional<std::string> LeggiByte(std::string_view percorso) {
 
 namespace {
 
-void Scrivi(std::string_view percorso, std::string_view byte, const char* modo) {
-  const std::string p = PercorsoPerScrivere(percorso);
-  FILE* f = std::fopen(p.c_str(), modo);
+// The write beside the file and the rename into place. With the fault seam set, the bytes go
+// in two halves with the seam asked between them, so that a fault (or a test that kills the
+// process there) meets a temporary that is really half written.
+void ScriviAccanto(const std::string& p, std::string_view byte) {
+  // A file the user made read-only is refused, as a write in place would be.
+  if (::access(p.c_str(), F_OK) == 0 && ::access(p.c_str(), W_OK) != 0) FallisceErrno(EACCES);
+  const std::string tmp = p + kSuffissoTemporaneo;
+  FILE* f = std::fopen(tmp.c_str(), "wb");
   if (!f) FallisceErrno(errno);
-  const size_t scritti = byte.empty() ? 0 : std::fwrite(byte.data(), 1, byte.size(), f);
-  const bool ok = scritti == byte.size() && std::fclose(f) == 0;
-  if (!ok) throw ErroreVarena("Disk full");
+  const size_t prima = gSonda ? byte.size() / 2 : byte.size();
+  size_t scritti = prima ? std::fwrite(byte.data(), 1, prima, f) : 0;
+  bool guasto = false;
+  if (gSonda) {
+    std::fflush(f);
+    guasto = Guasto(OperazioneFile::Scrittura, p);
+    if (!guasto && byte.size() > prima) scritti += std::fwrite(byte.data() + prima, 1, byte.size() - prima, f);
+  }
+  const bool chiuso = std::fclose(f) == 0;
+  if (guasto || scritti != byte.size() || !chiuso) {
+    std::remove(tmp.c_str());
+    throw ErroreVarena("Disk full");
+  }
+  if (std::rename(tmp.c_str(), p.c_str()) != 0) {
+    const int e = errno;
+    std::remove(tmp.c_str());
+    FallisceErrno(e);
+  }
 }
 
 }  // namespace
 
-void ScriviByte(std::string_view percorso, std::string_view byte) { Scrivi(percorso, byte, "wb"); }
+void ImpostaSondaGuasti(SondaGuasti sonda) { gSonda = std::move(sonda); }
+
+void ScriviByte(std::string_view percorso, std::string_view byte) { ScriviAccanto(PercorsoPerScrivere(percorso), byte); }
 void ScriviTesto(std::string_view percorso, std::string_view utf8) {
-  Scrivi(percorso, Utf8InCp1252(utf8), "wb");
+  ScriviAccanto(PercorsoPerScrivere(percorso), Utf8InCp1252(utf8));
 }
+// The small lists that grow a line at a time (the recent jobs): rewritten whole beside
+// themselves, so that they too are never left half written.
 void AggiungiTesto(std::string_view percorso, std::string_view utf8) {
-  Scrivi(percorso, Utf8InCp1252(utf8), "ab");
+  const std::string p = PercorsoPerScrivere(percorso);
+  std::string byte = LeggiByte(p).value_or(std::string());
+  byte += Utf8InCp1252(utf8);
+  ScriviAccanto(p, byte);
 }
 
 std::vector<std::string> RigheTesto(std::string_view t) {
@@ -185,14 +219,28 @@ bool NuovaCartella(std::string_view percorso) {
 void CopiaFile(std::string_view da, std::string_view a) {
   const auto sorgente = TrovaFile(da);
   if (!sorgente) throw ErroreVarena(kErroreFileNonTrovato);
+  const std::string dest = PercorsoPerScrivere(a);
+  if (gSonda) {
+    // Under the fault seam the copy is a write, so that it can fail or be cut half way.
+    if (Guasto(OperazioneFile::Copia, dest)) throw ErroreVarena("Disk full");
+    ScriviAccanto(dest, LeggiByte(*sorgente).value_or(std::string()));
+    return;
+  }
+  const std::string tmp = dest + kSuffissoTemporaneo;
   std::error_code ec;
-  fs::copy_file(*sorgente, PercorsoPerScrivere(a), fs::copy_options::overwrite_existing, ec);
-  if (ec) FallisceErrno(ec.value());
+  fs::copy_file(*sorgente, tmp, fs::copy_options::overwrite_existing, ec);
+  if (!ec) fs::rename(tmp, dest, ec);
+  if (ec) {
+    std::error_code via;
+    fs::remove(tmp, via);
+    FallisceErrno(ec.value());
+  }
 }
 
 bool EliminaFile(std::string_view percorso) {
   const auto t = TrovaFile(percorso);
   if (!t) return false;
+  if (Guasto(OperazioneFile::Eliminazione, *t)) throw ErroreVarena(kErrorePermesso);
   std::error_code ec;
   const bool fatto = fs::remove(*t, ec);
   if (ec) FallisceErrno(ec.value());
@@ -202,9 +250,41 @@ bool EliminaFile(std::string_view percorso) {
 void RinominaFile(std::string_view da, std::string_view a) {
   const auto sorgente = TrovaFile(da);
   if (!sorgente) throw ErroreVarena(kErroreFileNonTrovato);
+  const std::string dest = PercorsoPerScrivere(a);
+  if (Guasto(OperazioneFile::Rinomina, dest)) throw ErroreVarena(kErrorePermesso);
   std::error_code ec;
-  fs::rename(*sorgente, PercorsoPerScrivere(a), ec);
+  fs::rename(*sorgente, dest, ec);
   if (ec) FallisceErrno(ec.value());
+}
+
+bool EliminaFileEsatto(std::string_view percorso) {
+  const std::string p = NormalizzaPercorso(percorso);
+  if (Guasto(OperazioneFile::Eliminazione, p)) throw ErroreVarena(kErrorePermesso);
+  if (::unlink(p.c_str()) == 0) return true;
+  if (errno == ENOENT || errno == ENOTDIR) return false;
+  FallisceErrno(errno);
+}
+
+bool CollegaFile(std::string_view da, std::string_view a) {
+  const std::string sorgente = NormalizzaPercorso(da), dest = NormalizzaPercorso(a);
+  if (Guasto(OperazioneFile::Collegamento, dest)) return false;
+  if (::link(sorgente.c_str(), dest.c_str()) == 0) return true;
+  if (errno != EEXIST) return false;
+  // The target stands: the new name goes beside it and replaces it in one rename.
+  const std::string tmp = dest + kSuffissoTemporaneo;
+  ::unlink(tmp.c_str());
+  if (::link(sorgente.c_str(), tmp.c_str()) != 0) return false;
+  if (std::rename(tmp.c_str(), dest.c_str()) != 0) {
+    ::unlink(tmp.c_str());
+    return false;
+  }
+  return true;
+}
+
+bool StessoFile(std::string_view a, std::string_view b) {
+  struct stat sa {}, sb {};
+  if (::stat(NormalizzaPercorso(a).c_str(), &sa) != 0 || ::stat(NormalizzaPercorso(b).c_str(), &sb) != 0) return false;
+  return sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
 }
 
 int64_t LunghezzaFile(std::string_view percorso) {

@@ -2,6 +2,7 @@
 // matched without regard to letter case, paths written with "\" normalised.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,10 +28,14 @@ std::string PercorsoPerScrivere(std::string_view percorso);
 // The whole content of a file as bytes; no value when the file is absent.
 // A file that exists but cannot be read fails with the common error texts.
 std::optional<std::string> LeggiByte(std::string_view percorso);
+// Every write lands first beside its file, under the name + `kSuffissoTemporaneo`, and is
+// renamed into place only when complete: a failed or interrupted write leaves the old file
+// whole, and a file shared by a hard link is replaced, never changed under its other names.
 void ScriviByte(std::string_view percorso, std::string_view byte);
 // Text through the code page: UTF-8 in memory, Windows-1252 on disk.
 void ScriviTesto(std::string_view percorso, std::string_view utf8);
 void AggiungiTesto(std::string_view percorso, std::string_view utf8);
+inline constexpr const char* kSuffissoTemporaneo = ".~vr";
 // The lines of a text file in UTF-8, without their ends. Absent file: no lines.
 std::vector<std::string> RigheFile(std::string_view percorso);
 std::vector<std::string> RigheTesto(std::string_view testo);
@@ -42,10 +47,28 @@ std::string CaricaFileIntero(std::string_view percorso);
 // `NuovaCartella`: makes one folder level if absent. False when it could not.
 bool NuovaCartella(std::string_view percorso);
 
+// Copies through a temporary beside the target, as the writes do.
 void CopiaFile(std::string_view da, std::string_view a);
 bool EliminaFile(std::string_view percorso);  // true when something was removed
 void RinominaFile(std::string_view da, std::string_view a);
 int64_t LunghezzaFile(std::string_view percorso);  // -1 when absent
+
+// Exact paths, no matching of letter case: for the files the program names itself, where a
+// directory scan per absent name would cost more than the work.
+bool EliminaFileEsatto(std::string_view percorso);  // true when something was removed
+// `a` becomes a second name of `da` (a hard link), replacing any file `a` atomically.
+// False when the file system refuses; the caller then copies.
+bool CollegaFile(std::string_view da, std::string_view a);
+// Both names lead to the same file on disk.
+bool StessoFile(std::string_view a, std::string_view b);
+
+// Test seam for fault injection: when set, it is asked before each operation that changes
+// the disk, with the path it is about to change; true makes that operation fail as a full
+// disk or a refused file would (a write fails with half its bytes in its temporary).
+// Not set in a normal run, where it costs one test of an empty function.
+enum class OperazioneFile { Scrittura, Copia, Rinomina, Collegamento, Eliminazione };
+using SondaGuasti = std::function<bool(OperazioneFile, std::string_view percorso)>;
+void ImpostaSondaGuasti(SondaGuasti sonda);
 
 }  // namespace varena
 

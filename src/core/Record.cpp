@@ -1,6 +1,7 @@
 // Field tables of the binary records and the generic copy between records and tables.
 #include "core/Record.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <vector>
@@ -261,10 +262,18 @@ std::string LeggiCaratteri(const unsigned char* p, int larghezza, bool rifila) {
 }
 
 void ScriviCaratteri(unsigned char* p, int larghezza, const std::string& utf8) {
+  const auto w = static_cast<size_t>(larghezza);
+  // Names, layers and fonts are plain ASCII nearly always: no conversion, no allocation.
+  if (utf8.size() <= w &&
+      std::all_of(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+    std::memcpy(p, utf8.data(), utf8.size());
+    std::memset(p + utf8.size(), ' ', w - utf8.size());
+    return;
+  }
   const std::string byte = Utf8InCp1252(utf8);
-  const size_t n = std::min(byte.size(), static_cast<size_t>(larghezza));
+  const size_t n = std::min(byte.size(), w);
   std::memcpy(p, byte.data(), n);
-  std::memset(p + n, ' ', static_cast<size_t>(larghezza) - n);
+  std::memset(p + n, ' ', w - n);
 }
 
 template <class Tab>
@@ -305,27 +314,47 @@ void DecodificaRecord(const LayoutRecord<Tab>& layout, Tab& tab, int64_t primaRi
 }
 
 template <class Tab>
-void CodificaRecord(const LayoutRecord<Tab>& layout, const Tab& tab, int64_t riga, unsigned char* rec) {
-  const auto r = static_cast<size_t>(riga);
-  std::memset(rec, 0, static_cast<size_t>(layout.Lunghezza));
+void CodificaRighe(const LayoutRecord<Tab>& layout, const Tab& tab, std::span<const int64_t> righe, unsigned char* dati) {
+  const auto L = static_cast<size_t>(layout.Lunghezza);
+  // The bytes that no column fills, the same in every record: blanks and zeros.
+  std::vector<unsigned char> modello(L, 0);
+  std::vector<CampoRisolto> campi;
   for (const auto& c : layout.Campi) {
-    unsigned char* p = rec + c.Offset;
-    switch (c.Tipo) {
-      case T::Riservato: std::memset(p, ' ', static_cast<size_t>(c.Larghezza)); break;
-      case T::RiservatoNumerico: break;
-      case T::I16: Metti<int16_t>(p, (tab.*std::get<Colonna<int16_t> Tab::*>(c.Membro))[r]); break;
-      case T::I16Lungo:
+    if (c.Tipo == T::Riservato) std::memset(modello.data() + c.Offset, ' ', static_cast<size_t>(c.Larghezza));
+    const void* base = std::visit(
+        [&tab](auto m) -> const void* {
+          if constexpr (std::is_same_v<decltype(m), std::monostate>)
+            return nullptr;
+          else
+            return static_cast<const void*>((tab.*m).data());
+        },
+        c.Membro);
+    if (base) campi.push_back({c.Tipo, c.Offset, c.Larghezza, const_cast<void*>(base), c.Rifila});
+  }
+  for (size_t k = 0; k < righe.size(); ++k) {
+    unsigned char* rec = dati + k * L;
+    const auto r = static_cast<size_t>(righe[k]);
+    std::memcpy(rec, modello.data(), L);
+    for (const CampoRisolto& c : campi) {
+      unsigned char* p = rec + c.offset;
+      switch (c.tipo) {
+        case T::I16: Metti<int16_t>(p, static_cast<const int16_t*>(c.base)[r]); break;
         // A colour wider than the field keeps its low 16 bits, as a fixed record stores it.
-        Metti<int16_t>(p, static_cast<int16_t>((tab.*std::get<Colonna<int32_t> Tab::*>(c.Membro))[r]));
-        break;
-      case T::U8: *p = (tab.*std::get<Colonna<uint8_t> Tab::*>(c.Membro))[r]; break;
-      case T::F32: Metti<float>(p, (tab.*std::get<Colonna<float> Tab::*>(c.Membro))[r]); break;
-      case T::F64: Metti<double>(p, (tab.*std::get<Colonna<double> Tab::*>(c.Membro))[r]); break;
-      case T::Caratteri:
-        ScriviCaratteri(p, c.Larghezza, (tab.*std::get<Colonna<std::string> Tab::*>(c.Membro))[r]);
-        break;
+        case T::I16Lungo: Metti<int16_t>(p, static_cast<int16_t>(static_cast<const int32_t*>(c.base)[r])); break;
+        case T::U8: *p = static_cast<const uint8_t*>(c.base)[r]; break;
+        case T::F32: Metti<float>(p, static_cast<const float*>(c.base)[r]); break;
+        case T::F64: Metti<double>(p, static_cast<const double*>(c.base)[r]); break;
+        case T::Caratteri: ScriviCaratteri(p, c.larghezza, static_cast<const std::string*>(c.base)[r]); break;
+        case T::Riservato:
+        case T::RiservatoNumerico: break;
+      }
     }
   }
+}
+
+template <class Tab>
+void CodificaRecord(const LayoutRecord<Tab>& layout, const Tab& tab, int64_t riga, unsigned char* rec) {
+  CodificaRighe(layout, tab, std::span<const int64_t>(&riga, 1), rec);
 }
 
 template <class Tab>
@@ -353,6 +382,8 @@ ValoreCampo ValoreDi(const CampoRecord<Tab>& campo, const Tab& tab, int64_t riga
   template void DecodificaRecord<Tab>(const LayoutRecord<Tab>&, Tab&, int64_t, const unsigned char*, \
                                       int64_t);                                                    \
   template void CodificaRecord<Tab>(const LayoutRecord<Tab>&, const Tab&, int64_t, unsigned char*);  \
+  template void CodificaRighe<Tab>(const LayoutRecord<Tab>&, const Tab&, std::span<const int64_t>,     \
+                                   unsigned char*);                                                  \
   template ValoreCampo ValoreDi<Tab>(const CampoRecord<Tab>&, const Tab&, int64_t);
 
 VARENA_ISTANZIA(TabellaPunti)

@@ -66,6 +66,11 @@ void DecodificaRecord(const LayoutRecord<Tab>& layout, Tab& tab, int64_t primaRi
 template <class Tab>
 void CodificaRecord(const LayoutRecord<Tab>& layout, const Tab& tab, int64_t riga, unsigned char* record);
 
+// The rows listed in `righe`, in that order, as whole records laid end to end at `dati`:
+// the saver's bulk form, with the field table resolved once for the whole run.
+template <class Tab>
+void CodificaRighe(const LayoutRecord<Tab>& layout, const Tab& tab, std::span<const int64_t> righe, unsigned char* dati);
+
 // One value of one field of one row, for the dump and the text formats.
 using ValoreCampo = std::variant<int64_t, double, std::string>;
 template <class Tab>

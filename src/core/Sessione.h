@@ -101,6 +101,12 @@ struct Sessione : TabelleEntita, StatoComandi {
   // Members whose meaning belongs to later work, kept as read so that a save loses nothing.
   std::map<int, std::string> MembriConservati;
 
+  // The undo generations share unchanged members through hard links; false gives each
+  // generation copies of its own, as on a file system without links.
+  bool CollegaGenerazioni = true;
+  // The files the last save put in place beside the original, for the reports.
+  std::vector<std::string> FileSalvati;
+
   // The text of the status prompt under the drawing, as last shown (`MostraPrompt`).
   std::string Prompt;
 

@@ -38,38 +38,49 @@ void AzzeraTabelle(TabelleEntita& t) {
   Iniziale<TabellaCurve>(t);
   Iniziale<TabellaBitmap>(t);
   t.ContaEntita.fill(0);
+  SegnaTuttoModificato(t);
 }
 
 void DimensionaPunti(TabelleEntita& t) {
+  SegnaModificato(t, SlotPunti);
   Cresci<TabellaPunti>(t, t.PuntoIdent, t.ContaEntita[SlotPunti], 10);
 }
 void DimensionaLinee(TabelleEntita& t) {
+  SegnaModificato(t, SlotLinee);
   Cresci<TabellaLinee>(t, t.LineaIdent, t.ContaEntita[SlotLinee], 10);
 }
 void DimensionaCerchi(TabelleEntita& t) {
+  SegnaModificato(t, SlotCerchi);
   Cresci<TabellaCerchi>(t, t.CerchioIdent, t.ContaEntita[SlotCerchi], 10);
 }
 void DimensionaArchi(TabelleEntita& t) {
+  SegnaModificato(t, SlotArchi);
   Cresci<TabellaArchi>(t, t.ArcoIdent, t.ContaEntita[SlotArchi], 10);
 }
 void DimensionaTesti(TabelleEntita& t) {
+  SegnaModificato(t, SlotTesti);
   Cresci<TabellaTesti>(t, t.TestoIdent, t.ContaEntita[SlotTesti], 10);
 }
 void DimensionaFalde(TabelleEntita& t) {
+  SegnaModificato(t, SlotFalde);
   Cresci<TabellaFalde>(t, t.FaldaIdent, t.ContaEntita[SlotFalde], 10);
 }
 // Contorno-7 and bitmaps grow exactly to the row asked for, with no margin.
 void DimensionaSette(TabelleEntita& t) {
+  SegnaModificato(t, SlotSette);
   Cresci<TabellaSette>(t, t.SetteIdent, t.ContaEntita[SlotSette], 0);
 }
 void DimensionaCurve(TabelleEntita& t) {
+  SegnaModificato(t, SlotCurve);
   Cresci<TabellaCurve>(t, t.CurvaFlag, t.ContaEntita[SlotCurve], 10);
 }
 void DimensionaBitmap(TabelleEntita& t) {
+  SegnaModificato(t, SlotBitmap);
   Cresci<TabellaBitmap>(t, t.BitmapIdent, t.ContaEntita[SlotBitmap], 0);
 }
 
 void PreparaRighe(TabelleEntita& t, int slot, int64_t righe) {
+  SegnaModificato(t, slot);
   const auto n = static_cast<size_t>(std::max<int64_t>(righe, 0) + 11);
   auto almeno = [n](auto& tab, const auto& chiave) {
     if (chiave.size() < n) RidimensionaTabella(tab, n);

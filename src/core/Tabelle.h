@@ -214,6 +214,11 @@ struct TabellaBitmap {
 
 // Every table of one job, with the row count of each slot. Deleted rows (`Ident` not 0)
 // keep their place and their count until a save and reload.
+// `SlotModificato[slot]`: the table of that slot has changed since the job files were last
+// written from the tables, so the next snapshot must write its member again; the members of
+// the other record tables are left as they stand, shared with the undo generations.
+// Appending a row (the grow routines) sets it; every other change to a table calls
+// `SegnaModificato`. Clearing or loading the tables sets every slot.
 struct TabelleEntita : TabellaPunti,
                        TabellaLinee,
                        TabellaCerchi,
@@ -224,12 +229,19 @@ struct TabelleEntita : TabellaPunti,
                        TabellaCurve,
                        TabellaBitmap {
   std::array<int32_t, NumeroSlot> ContaEntita{};
+  std::array<bool, NumeroSlot> SlotModificato{};
 };
+
+inline void SegnaModificato(TabelleEntita& t, int slot) { t.SlotModificato[static_cast<size_t>(slot)] = true; }
+inline void SegnaTuttoModificato(TabelleEntita& t) { t.SlotModificato.fill(true); }
+// The job files now hold exactly what the tables hold.
+inline void SegnaTuttoSalvato(TabelleEntita& t) { t.SlotModificato.fill(false); }
 
 // The upper bound every table starts with, as the legacy arrays did.
 inline constexpr int kLimiteIniziale = 5;
 
-// Re-creates every table with the initial capacity and sets every count to 0.
+// Re-creates every table with the initial capacity and sets every count to 0; every slot
+// counts as changed.
 void AzzeraTabelle(TabelleEntita& t);
 
 // The grow routines: make row `ContaEntita[slot]` addressable. Every path that appends a row

@@ -13,9 +13,11 @@
 #include "core/Riparazioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Importatori.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Slot.h"
+#include "store/Undo.h"
 #include "view/Rigenera.h"
 #include "view/Zoom.h"
 
@@ -200,6 +202,8 @@ void ConvertiPuntiPDPV(Sessione& s) {
 std::string NomeLavoroNuovo(const Sessione& s) { return s.CartellaLavoro + "LAVORI/NUOVO/NUOVO"; }
 
 void CaricaLavoro(Sessione& s) {
+  // What the loaders repair or convert differs from the files: the next snapshot writes all.
+  SegnaTuttoModificato(s);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
   CaricaCFGProvvisorio(s);
@@ -219,6 +223,10 @@ void CaricaLavoro(Sessione& s) {
   CaricaPiani(s);
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
+  RicordaBloccoB(s);
+  // Included tables are read anew at every load: their points are not saved with the job.
+  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
+    if (Maiuscolo(nome).find(".TAF") != std::string::npos) ImportaFile(s, TipoImportazione::TAF, Rifila(nome));
   // A job with no stored view is framed whole: the list is built first, so that its lines
   // count in the extent and not only its points.
   if (s.Vista.AltezzaVista <= 0) {
@@ -234,9 +242,14 @@ void VR_ApriLavoro(Sessione& s) {
   s.RoutineCorrente = "VR_ApriLavoro";
   if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
   CaricaLavoro(s);
+  VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
     const auto r = static_cast<size_t>(p);
-    if (IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) s.PuntoNome[r] = Maiuscolo(s.PuntoNome[r]);
+    if (!IniziaCon(Maiuscolo(s.PuntoNome[r]), "PF")) continue;
+    const std::string maiuscolo = Maiuscolo(s.PuntoNome[r]);
+    if (maiuscolo == s.PuntoNome[r]) continue;
+    s.PuntoNome[r] = maiuscolo;
+    SegnaModificato(s, SlotPunti);
   }
   if (s.Vista.AltezzaVista <= 0) {
     RigeneraLista(s);

@@ -32,8 +32,8 @@ void ConvertiPuntiPDPV(Sessione& s);
 // The fixed load sequence.
 void CaricaLavoro(Sessione& s);
 
-// `VR_ApriLavoro` for a job file: clear, provisional copy, load, name fixes, view.
-// The first undo generation is taken by the caller that owns undo.
+// `VR_ApriLavoro` for a job file: clear, provisional copy, load, the first undo generation,
+// name fixes, view.
 void VR_ApriLavoro(Sessione& s);
 
 // The default-name routine: the empty job NUOVO under the working root.

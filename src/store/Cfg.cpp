@@ -186,20 +186,31 @@ void ApplicaBloccoB(Sessione& s) {
   s.Vista.AltezzaVista = c.VB(B_Vista, 2).Numero;
   s.Imp.MostraDescrizione = static_cast<int32_t>(c.VB(B_MostraDescrizione, 0).Numero);
   if (!Rifila(c.VB(B_PianoCorrente2, 0).Testo).empty()) s.PianoCorrente = c.VB(B_PianoCorrente2, 0).Testo;
+  RicordaBloccoB(s);
 }
 
 void RaccogliBloccoB(Sessione& s) {
   CfgLavoro& c = s.Cfg;
-  c.VB(B_FattoreZoom, 0).Numero = s.Imp.FATTORE_DI_ZOOM;
-  c.VB(B_ColoreDefault, 0).Numero = s.Imp.Colore_Default;
-  c.VB(B_PianoCorrente, 0).Testo = s.PianoCorrente;
-  c.VB(B_PianoCorrente2, 0).Testo = s.PianoCorrente;
+  const SettaggiB& letti = c.AlCaricamento;
+  if (s.Imp.FATTORE_DI_ZOOM != letti.FattoreZoom) c.VB(B_FattoreZoom, 0).Numero = s.Imp.FATTORE_DI_ZOOM;
+  if (s.Imp.Colore_Default != letti.ColoreDefault) c.VB(B_ColoreDefault, 0).Numero = s.Imp.Colore_Default;
+  if (s.Imp.TIPODISTANZA != letti.TipoDistanza) c.VB(B_TipoDistanza, 0).Numero = s.Imp.TIPODISTANZA;
+  if (s.Imp.MostraDescrizione != letti.MostraDescrizione)
+    c.VB(B_MostraDescrizione, 0).Numero = s.Imp.MostraDescrizione;
+  // Two statements name the current layer, and the second wins at load.
+  if (s.PianoCorrente != letti.PianoCorrente) {
+    c.VB(B_PianoCorrente, 0).Testo = s.PianoCorrente;
+    c.VB(B_PianoCorrente2, 0).Testo = s.PianoCorrente;
+  }
   c.VB(B_RapportoVista, 0).Numero = s.Vista.RapportoVista;
-  c.VB(B_TipoDistanza, 0).Numero = s.Imp.TIPODISTANZA;
   c.VB(B_Vista, 0).Numero = s.Vista.CentroEst;
   c.VB(B_Vista, 1).Numero = s.Vista.CentroNord;
   c.VB(B_Vista, 2).Numero = s.Vista.AltezzaVista;
-  c.VB(B_MostraDescrizione, 0).Numero = s.Imp.MostraDescrizione;
+}
+
+void RicordaBloccoB(Sessione& s) {
+  s.Cfg.AlCaricamento = {s.Imp.FATTORE_DI_ZOOM, s.Imp.Colore_Default, s.Imp.TIPODISTANZA, s.Imp.MostraDescrizione,
+                         s.PianoCorrente};
 }
 
 void CaricaCFGProvvisorio(Sessione& s) {

@@ -58,9 +58,22 @@ enum IstruzioneB : size_t {
   B_FileAssociati = 24,
 };
 
+// The settings that block B carries, as the block last gave them (and, after a job's load,
+// as the environment settings read over them left them). A value goes back into the block
+// only once the setting differs from this, so that a load and a save keep every value of
+// the file.
+struct SettaggiB {
+  double FattoreZoom = 50;
+  int32_t ColoreDefault = 1;
+  uint8_t TipoDistanza = 1;
+  int32_t MostraDescrizione = 1;
+  std::string PianoCorrente = "0";
+};
+
 struct CfgLavoro {
   BloccoCfg A;
   BloccoCfg B;
+  SettaggiB AlCaricamento;
   CfgLavoro();  // every statement present with its default value
   ValoreCfg& VB(size_t istruzione1, size_t valore) { return B(istruzione1 - 1, valore); }
   const ValoreCfg& VB(size_t istruzione1, size_t valore) const { return B(istruzione1 - 1, valore); }
@@ -83,6 +96,9 @@ std::string ScriviBloccoB(const BloccoCfg& b);
 // The named values of block B and the settings they carry, both ways.
 void ApplicaBloccoB(Sessione& s);
 void RaccogliBloccoB(Sessione& s);
+// The settings as they now stand become `AlCaricamento`: when block B has been applied, and
+// at the end of a load.
+void RicordaBloccoB(Sessione& s);
 
 // `CaricaCFGProvvisorio`: the `.CFG` of `NomeLavoro`. The whole text of a `.CFG` is
 // `TestoCfg`.

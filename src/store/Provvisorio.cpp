@@ -25,14 +25,17 @@ std::string TimbroTempo(std::time_t quando) {
 
 void ImpostaNomeProvvisorio(Sessione& s) {
   s.NomeLavoro = s.CartellaLavoro + "PROVVISO/" + Foglia(s.NomeOriginale) + "_" + TimbroTempo(s.Orologio());
+  // A new provisional copy holds none of the tables yet.
+  SegnaTuttoModificato(s);
 }
 
 void CopiaInProvvisorio(Sessione& s) {
   s.RoutineCorrente = "CopiaInProvvisorio";
+  // One look at the original's folder, instead of a search for each of the 25 names.
+  const FileLavoro originale = ElencaFileLavoro(s.NomeOriginale);
   for (int slot = 0; slot < NumeroSlot; ++slot) {
-    const std::string est = EstensioneFile(slot);
-    if (est.empty()) continue;
-    if (LunghezzaFile(s.NomeOriginale + est) > 0) CopiaFile(s.NomeOriginale + est, s.NomeLavoro + est);
+    const std::string& membro = originale.Membro[static_cast<size_t>(slot)];
+    if (!membro.empty() && LunghezzaFile(membro) > 0) CopiaFile(membro, s.NomeLavoro + EstensioneFile(slot));
   }
   IstruzioneLista inf;
   inf.Testo(s.NomeOriginale);

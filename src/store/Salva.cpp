@@ -1,8 +1,11 @@
 // Savers of the job members.
 #include "store/Salva.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Lista.h"
@@ -17,140 +20,202 @@ namespace varena {
 
 namespace {
 
-std::string Membro(const Sessione& s, int slot) { return s.NomeLavoro + EstensioneFile(slot); }
+// One pass of saving: the files of `NomeLavoro` as they stood when it began, kept up to
+// date as the savers remove them, so that no saver asks the disk for a name.
+struct Passata {
+  Sessione& s;
+  FileLavoro file;
+  bool soloSeDiverso;  // text members: leave a file that already holds the bytes
+};
 
-// The common start of a saver: the backup and the old member go; false when there is
-// nothing to write.
-bool Prepara(Sessione& s, int slot) {
-  EliminaFile(s.NomeLavoro + EstensioneBackup(slot));
-  EliminaFile(Membro(s, slot));
-  return s.ContaEntita[slot] >= 1;
+Passata Inizia(Sessione& s, bool soloSeDiverso) { return {s, ElencaFileLavoro(s.NomeLavoro), soloSeDiverso}; }
+
+void Togli(std::string& percorso) {
+  if (percorso.empty()) return;
+  EliminaFileEsatto(percorso);
+  percorso.clear();
 }
 
+// Where a member goes: over the file that stands (whatever its letter case), else under
+// the name of the slot table.
+std::string Destinazione(const Passata& p, int slot) {
+  const std::string& c = p.file.Membro[static_cast<size_t>(slot)];
+  return c.empty() ? p.s.NomeLavoro + EstensioneFile(slot) : c;
+}
+
+void Scrivi(Passata& p, int slot, std::string_view byte) {
+  const std::string dest = Destinazione(p, slot);
+  ScriviByte(dest, byte);
+  p.file.Membro[static_cast<size_t>(slot)] = dest;
+}
+
+// A record member. The legacy saver removed the file and wrote it anew; here the new file
+// replaces the old in one rename, so that the member is never missing or half written.
 template <class Tab, class Filtro>
-void SalvaRecord(Sessione& s, const LayoutRecord<Tab>& layout, const char* routine, Filtro tieni) {
+void SalvaRecord(Passata& p, const LayoutRecord<Tab>& layout, const char* routine, Filtro tieni) {
+  Sessione& s = p.s;
   s.RoutineCorrente = routine;
-  if (!Prepara(s, layout.Slot)) return;
-  const Tab& tab = s;
-  const auto L = static_cast<size_t>(layout.Lunghezza);
-  std::string byte;
-  byte.resize(static_cast<size_t>(s.ContaEntita[layout.Slot]) * L);
-  size_t scritti = 0;
-  for (int32_t r = 0; r < s.ContaEntita[layout.Slot]; ++r) {
-    if (!tieni(static_cast<size_t>(r))) continue;
-    CodificaRecord(layout, tab, r, reinterpret_cast<unsigned char*>(byte.data()) + scritti * L);
-    ++scritti;
+  const int slot = layout.Slot;
+  Togli(p.file.Backup[static_cast<size_t>(slot)]);
+  if (s.ContaEntita[slot] < 1) {
+    Togli(p.file.Membro[static_cast<size_t>(slot)]);
+    return;
   }
-  byte.resize(scritti * L);
-  ScriviByte(Membro(s, layout.Slot), byte);
+  std::vector<int64_t> righe;
+  righe.reserve(static_cast<size_t>(s.ContaEntita[slot]));
+  for (int32_t r = 0; r < s.ContaEntita[slot]; ++r)
+    if (tieni(static_cast<size_t>(r))) righe.push_back(r);
+  const auto L = static_cast<size_t>(layout.Lunghezza);
+  std::unique_ptr<char[]> byte(new char[righe.size() * L]);
+  const Tab& tab = s;
+  CodificaRighe(layout, tab, righe, reinterpret_cast<unsigned char*>(byte.get()));
+  // A count of rows none of which passes still opens the file: it stays, empty.
+  Scrivi(p, slot, std::string_view(byte.get(), righe.size() * L));
 }
 
-}  // namespace
+// A text member, given as the bytes of the file (no value: the member must not exist). In a
+// snapshot a file that already holds exactly those bytes is not touched, so that it stays
+// shared with the undo generations.
+void Deponi(Passata& p, int slot, const std::optional<std::string>& byte, std::string* backup) {
+  std::string& ora = p.file.Membro[static_cast<size_t>(slot)];
+  if (p.soloSeDiverso) {
+    if (!byte && ora.empty()) return;
+    if (byte && !ora.empty() && LeggiByte(ora) == byte) return;
+  }
+  if (backup) Togli(*backup);
+  if (!byte) {
+    Togli(ora);
+    return;
+  }
+  Scrivi(p, slot, *byte);
+}
 
-void SalvaPunti(Sessione& s) {
-  SalvaRecord(s, LayoutPunti(), "SalvaPunti",
+std::string* BackupDi(Passata& p, int slot) { return &p.file.Backup[static_cast<size_t>(slot)]; }
+
+void SalvaPunti(Passata& p) {
+  Sessione& s = p.s;
+  SalvaRecord(p, LayoutPunti(), "SalvaPunti",
               [&](size_t r) { return s.PuntoIdent[r] == 0 && Rifila(s.PuntoPiano[r]) != "INCLUSI"; });
 }
-void SalvaLinee(Sessione& s) {
-  SalvaRecord(s, LayoutLinee(), "SalvaLinee",
+void SalvaLinee(Passata& p) {
+  Sessione& s = p.s;
+  SalvaRecord(p, LayoutLinee(), "SalvaLinee",
               [&](size_t r) { return s.LineaIdent[r] == 0 && Rifila(s.LineaPiano[r]) != "ZZZ"; });
 }
-void SalvaCerchi(Sessione& s) {
-  SalvaRecord(s, LayoutCerchi(), "SalvaCerchi", [&](size_t r) { return s.CerchioIdent[r] == 0; });
+void SalvaCerchi(Passata& p) {
+  SalvaRecord(p, LayoutCerchi(), "SalvaCerchi", [&](size_t r) { return p.s.CerchioIdent[r] == 0; });
 }
-void SalvaArchi(Sessione& s) {
-  SalvaRecord(s, LayoutArchi(), "SalvaArchi", [&](size_t r) { return s.ArcoIdent[r] == 0; });
+void SalvaArchi(Passata& p) {
+  SalvaRecord(p, LayoutArchi(), "SalvaArchi", [&](size_t r) { return p.s.ArcoIdent[r] == 0; });
 }
-void SalvaTesti(Sessione& s) {
-  SalvaRecord(s, LayoutTesti(), "SalvaTesti", [&](size_t r) { return s.TestoIdent[r] == 0; });
+void SalvaTesti(Passata& p) {
+  SalvaRecord(p, LayoutTesti(), "SalvaTesti", [&](size_t r) { return p.s.TestoIdent[r] == 0; });
 }
-void SalvaFalde(Sessione& s) {
-  SalvaRecord(s, LayoutFalde(), "SalvaFalde", [&](size_t r) { return s.FaldaIdent[r] == 0; });
+void SalvaFalde(Passata& p) {
+  SalvaRecord(p, LayoutFalde(), "SalvaFalde", [&](size_t r) { return p.s.FaldaIdent[r] == 0; });
 }
 
-void SalvaCurve(Sessione& s) {
+void SalvaCurve(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "SalvaCurve";
   // The contour vertices keep one backup of their own: the old file becomes it.
-  EliminaFile(s.NomeLavoro + EstensioneBackup(SlotCurve));
-  if (EsisteFile(Membro(s, SlotCurve))) RinominaFile(Membro(s, SlotCurve), s.NomeLavoro + EstensioneBackup(SlotCurve));
+  std::string& backup = p.file.Backup[SlotCurve];
+  std::string& membro = p.file.Membro[SlotCurve];
+  Togli(backup);
+  if (!membro.empty()) {
+    backup = s.NomeLavoro + EstensioneBackup(SlotCurve);
+    RinominaFile(membro, backup);
+    membro.clear();
+  }
   if (s.ContaEntita[SlotCurve] < 1) return;
+  std::vector<int64_t> righe(static_cast<size_t>(s.ContaEntita[SlotCurve]));
+  for (size_t r = 0; r < righe.size(); ++r) righe[r] = static_cast<int64_t>(r);
+  std::string byte(righe.size() * 17, '\0');
   const TabellaCurve& tab = s;
-  std::string byte(static_cast<size_t>(s.ContaEntita[SlotCurve]) * 17, '\0');
-  for (int32_t r = 0; r < s.ContaEntita[SlotCurve]; ++r)
-    CodificaRecord(LayoutCurve(), tab, r, reinterpret_cast<unsigned char*>(byte.data()) + static_cast<size_t>(r) * 17);
-  ScriviByte(Membro(s, SlotCurve), byte);
+  CodificaRighe(LayoutCurve(), tab, righe, reinterpret_cast<unsigned char*>(byte.data()));
+  Scrivi(p, SlotCurve, byte);
 }
 
-void SalvaSette(Sessione& s) {
+void SalvaSette(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "SalvaSette";
-  // This saver has always removed its backup under the name ".haK".
-  EliminaFile(s.NomeLavoro + ".haK");
-  EliminaFile(Membro(s, SlotSette));
-  if (s.ContaEntita[SlotSette] < 1) return;
-  std::string testo;
-  for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k) {
-    const auto r = static_cast<size_t>(k);
-    testo += IstruzioneLista()
-                 .Numero(s.SetteIdent[r])
-                 .Testo(s.SetteContorno[r])
-                 .Testo(s.SetteCommento[r])
-                 .Testo(s.SetteParticella[r])
-                 .Numero(s.SetteColore[r])
-                 .Numero(s.SetteTratteggio[r])
-                 .Riga();
+  std::optional<std::string> testo;
+  if (s.ContaEntita[SlotSette] >= 1) {
+    testo.emplace();
+    for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k) {
+      const auto r = static_cast<size_t>(k);
+      *testo += IstruzioneLista()
+                    .Numero(s.SetteIdent[r])
+                    .Testo(s.SetteContorno[r])
+                    .Testo(s.SetteCommento[r])
+                    .Testo(s.SetteParticella[r])
+                    .Numero(s.SetteColore[r])
+                    .Numero(s.SetteTratteggio[r])
+                    .Riga();
+    }
+    testo = Utf8InCp1252(*testo);
   }
-  ScriviTesto(Membro(s, SlotSette), testo);
+  // This saver has always removed its backup as ".haK": the same name as ".HAK" to a
+  // folder that ignores letter case, which is how the listing finds it.
+  Deponi(p, SlotSette, testo, BackupDi(p, SlotSette));
 }
 
-void SalvaInf(Sessione& s) {
-  s.RoutineCorrente = "SalvaInf";
-  ScriviTesto(Membro(s, SlotInf), IstruzioneLista().Testo(s.NomeOriginale).Riga());
+void SalvaInf(Passata& p) {
+  p.s.RoutineCorrente = "SalvaInf";
+  Deponi(p, SlotInf, Utf8InCp1252(IstruzioneLista().Testo(p.s.NomeOriginale).Riga()), nullptr);
 }
 
-void SalvaSezioni(Sessione& s) {
-  s.RoutineCorrente = "Salva Sezioni";
+void SalvaSezioni(Passata& p) {
+  p.s.RoutineCorrente = "Salva Sezioni";
   // The section tables are kept as read until their editor exists: written back whole.
-  const auto it = s.MembriConservati.find(SlotSezioni);
-  if (it != s.MembriConservati.end()) ScriviByte(Membro(s, SlotSezioni), it->second);
+  const auto it = p.s.MembriConservati.find(SlotSezioni);
+  if (it != p.s.MembriConservati.end()) Scrivi(p, SlotSezioni, it->second);
 }
 
-void SalvaBitmap(Sessione& s) {
+void SalvaBitmap(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "sALVA BIT MAP1";
-  if (!Prepara(s, SlotBitmap)) return;
-  std::string testo;
-  for (int32_t k = 0; k < s.ContaEntita[SlotBitmap]; ++k) {
-    const auto r = static_cast<size_t>(k);
-    if (s.BitmapIdent[r] != 0) continue;
-    testo += IstruzioneLista()
-                 .Numero(s.BitmapIdent[r])
-                 .Testo(s.BitmapNomeFile[r])
-                 .Numero(s.BitmapX[r])
-                 .Numero(s.BitmapY[r])
-                 .Numero(s.BitmapLarghezza[r])
-                 .Numero(s.BitmapAltezza[r])
-                 .Numero(s.BitmapCongela[r])
-                 .Testo("++++++++")
-                 .Numero(s.BitmapZoom[r])
-                 .Numero(s.BitmapScalaLar[r])
-                 .Numero(s.BitmapScalaAlt[r])
-                 .Numero(s.BitmapRotazione[r])
-                 .Testo(s.BitmapPiano[r])
-                 .Riga();
+  std::optional<std::string> testo;
+  if (s.ContaEntita[SlotBitmap] >= 1) {
+    testo.emplace();
+    for (int32_t k = 0; k < s.ContaEntita[SlotBitmap]; ++k) {
+      const auto r = static_cast<size_t>(k);
+      if (s.BitmapIdent[r] != 0) continue;
+      *testo += IstruzioneLista()
+                    .Numero(s.BitmapIdent[r])
+                    .Testo(s.BitmapNomeFile[r])
+                    .Numero(s.BitmapX[r])
+                    .Numero(s.BitmapY[r])
+                    .Numero(s.BitmapLarghezza[r])
+                    .Numero(s.BitmapAltezza[r])
+                    .Numero(s.BitmapCongela[r])
+                    .Testo("++++++++")
+                    .Numero(s.BitmapZoom[r])
+                    .Numero(s.BitmapScalaLar[r])
+                    .Numero(s.BitmapScalaAlt[r])
+                    .Numero(s.BitmapRotazione[r])
+                    .Testo(s.BitmapPiano[r])
+                    .Riga();
+    }
+    testo = Utf8InCp1252(*testo);
   }
-  ScriviTesto(Membro(s, SlotBitmap), testo);
+  Deponi(p, SlotBitmap, testo, BackupDi(p, SlotBitmap));
 }
 
-void SalvaLibretto(Sessione& s) {
+void SalvaLibretto(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "sALVA lIBRETTO 1";
-  EliminaFile(s.NomeLavoro + EstensioneBackup(SlotLibretto));
-  EliminaFile(Membro(s, SlotLibretto));
-  if (s.LibrettoMisure.empty()) return;
-  std::string testo;
-  for (const std::string& riga : s.LibrettoMisure) testo += riga + "\r\n";
-  ScriviTesto(Membro(s, SlotLibretto), testo);
+  std::optional<std::string> testo;
+  if (!s.LibrettoMisure.empty()) {
+    testo.emplace();
+    for (const std::string& riga : s.LibrettoMisure) *testo += riga + "\r\n";
+    testo = Utf8InCp1252(*testo);
+  }
+  Deponi(p, SlotLibretto, testo, BackupDi(p, SlotLibretto));
 }
 
-void SalvaListaL(Sessione& s) {
+void SalvaListaL(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "SalvaListaL";
   if (s.ContaEntita[SlotPunti] < 2) return;
   std::string testo = IstruzioneLista().Numero(1001).Riga();
@@ -163,59 +228,89 @@ void SalvaListaL(Sessione& s) {
                  .Numero(s.PuntoX[r])
                  .Numero(s.PuntoY[r])
                  .Numero(s.PuntoZ[r])
-                 .Riga();
+                 .Corpo();
+    testo += "\r\n";
   }
-  ScriviTesto(Membro(s, SlotL), testo);
+  Scrivi(p, SlotL, Utf8InCp1252(testo));
 }
 
-void Salva126(Sessione& s) {
-  s.RoutineCorrente = "Salva126";
-  EliminaFile(s.NomeLavoro + EstensioneBackup(Slot126));
-  EliminaFile(Membro(s, Slot126));
-  if (!s.Testo126.empty()) ScriviTesto(Membro(s, Slot126), s.Testo126);
+std::optional<std::string> Blocco(const std::string& testo) {
+  if (testo.empty()) return std::nullopt;
+  return Utf8InCp1252(testo);
 }
 
-void SalvaCel(Sessione& s) {
-  s.RoutineCorrente = "SalvaCel";
+void Salva126(Passata& p) {
+  p.s.RoutineCorrente = "Salva126";
+  Deponi(p, Slot126, Blocco(p.s.Testo126), BackupDi(p, Slot126));
+}
+
+void SalvaCel(Passata& p) {
+  p.s.RoutineCorrente = "SalvaCel";
   // This saver removes ".CEK", the circles' backup name, not its own ".CKK": kept so.
-  EliminaFile(s.NomeLavoro + ".CEK");
-  EliminaFile(Membro(s, SlotCel));
-  if (!s.TestoCel.empty()) ScriviTesto(Membro(s, SlotCel), s.TestoCel);
+  Deponi(p, SlotCel, Blocco(p.s.TestoCel), BackupDi(p, SlotCerchi));
 }
 
-void SalvaCfg(Sessione& s) {
-  s.RoutineCorrente = "SalvaCfg";
-  ScriviTesto(Membro(s, SlotCfg), TestoCfg(s));
+void SalvaCfg(Passata& p) {
+  p.s.RoutineCorrente = "SalvaCfg";
+  Deponi(p, SlotCfg, Utf8InCp1252(TestoCfg(p.s)), nullptr);
 }
 
-void SalvaPiani(Sessione& s) {
+void SalvaPiani(Passata& p) {
+  Sessione& s = p.s;
   s.RoutineCorrente = "SalvaPiani";
-  EliminaFile(s.NomeLavoro + EstensioneBackup(SlotPiani));
-  EliminaFile(Membro(s, SlotPiani));
   std::string testo;
-  for (const Piano& p : s.Piani) testo += ScriviRigaPiano(p) + "\r\n";
-  if (!testo.empty()) ScriviTesto(Membro(s, SlotPiani), testo);
+  for (const Piano& piano : s.Piani) testo += ScriviRigaPiano(piano) + "\r\n";
+  Deponi(p, SlotPiani, Blocco(testo), BackupDi(p, SlotPiani));
 }
 
-bool SalvaTutto(Sessione& s) {
+template <void (*F)(Passata&)>
+void DaSolo(Sessione& s) {
+  Passata p = Inizia(s, false);
+  F(p);
+}
+
+}  // namespace
+
+void SalvaPunti(Sessione& s) { DaSolo<SalvaPunti>(s); }
+void SalvaLinee(Sessione& s) { DaSolo<SalvaLinee>(s); }
+void SalvaCerchi(Sessione& s) { DaSolo<SalvaCerchi>(s); }
+void SalvaArchi(Sessione& s) { DaSolo<SalvaArchi>(s); }
+void SalvaTesti(Sessione& s) { DaSolo<SalvaTesti>(s); }
+void SalvaFalde(Sessione& s) { DaSolo<SalvaFalde>(s); }
+void SalvaSette(Sessione& s) { DaSolo<SalvaSette>(s); }
+void SalvaCurve(Sessione& s) { DaSolo<SalvaCurve>(s); }
+void SalvaInf(Sessione& s) { DaSolo<SalvaInf>(s); }
+void SalvaSezioni(Sessione& s) { DaSolo<SalvaSezioni>(s); }
+void SalvaBitmap(Sessione& s) { DaSolo<SalvaBitmap>(s); }
+void SalvaLibretto(Sessione& s) { DaSolo<SalvaLibretto>(s); }
+void SalvaListaL(Sessione& s) { DaSolo<SalvaListaL>(s); }
+void Salva126(Sessione& s) { DaSolo<Salva126>(s); }
+void SalvaCel(Sessione& s) { DaSolo<SalvaCel>(s); }
+void SalvaCfg(Sessione& s) { DaSolo<SalvaCfg>(s); }
+void SalvaPiani(Sessione& s) { DaSolo<SalvaPiani>(s); }
+
+bool SalvaTutto(Sessione& s, bool completo) {
   return Protetto(s, [&] {
-    SalvaPunti(s);
-    SalvaLinee(s);
-    SalvaCerchi(s);
-    SalvaArchi(s);
-    SalvaTesti(s);
-    SalvaFalde(s);
-    SalvaSette(s);
-    SalvaCurve(s);
-    SalvaInf(s);
-    SalvaSezioni(s);
-    SalvaBitmap(s);
-    SalvaLibretto(s);
-    SalvaListaL(s);
-    Salva126(s);
-    SalvaCel(s);
-    SalvaCfg(s);
-    SalvaPiani(s);
+    Passata p = Inizia(s, !completo);
+    auto serve = [&](int slot) { return completo || s.SlotModificato[static_cast<size_t>(slot)]; };
+    if (serve(SlotPunti)) SalvaPunti(p);
+    if (serve(SlotLinee)) SalvaLinee(p);
+    if (serve(SlotCerchi)) SalvaCerchi(p);
+    if (serve(SlotArchi)) SalvaArchi(p);
+    if (serve(SlotTesti)) SalvaTesti(p);
+    if (serve(SlotFalde)) SalvaFalde(p);
+    SalvaSette(p);
+    if (serve(SlotCurve)) SalvaCurve(p);
+    SalvaInf(p);
+    if (serve(SlotSezioni)) SalvaSezioni(p);
+    SalvaBitmap(p);
+    SalvaLibretto(p);
+    if (serve(SlotPunti) || serve(SlotL)) SalvaListaL(p);
+    Salva126(p);
+    SalvaCel(p);
+    SalvaCfg(p);
+    SalvaPiani(p);
+    SegnaTuttoSalvato(s);
   });
 }
 

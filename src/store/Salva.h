@@ -1,5 +1,5 @@
 // The per-kind savers: each writes its member of `NomeLavoro` from the tables, keeping only
-// the rows that a reload should see.
+// the rows that a reload should see, and `SalvaTutto`, which writes the whole job.
 #pragma once
 
 namespace varena {
@@ -24,8 +24,12 @@ void SalvaCel(Sessione& s);
 void SalvaCfg(Sessione& s);
 void SalvaPiani(Sessione& s);
 
-// Every member of the job into `NomeLavoro`, in the fixed order. False when one failed
-// (the common error box has been shown).
-bool SalvaTutto(Sessione& s);
+// Every member of the job into `NomeLavoro`, in the fixed order, so that the files hold
+// what the tables hold. Only what changed is written: the record members of the slots
+// marked in `SlotModificato` (the point list `.L` goes with the points), and the text
+// members whose bytes differ from the file; every other member is left as it stands,
+// still shared with the undo generations. `completo` writes every member again.
+// False when one failed (the common error box has been shown); the marks then stay.
+bool SalvaTutto(Sessione& s, bool completo = false);
 
 }  // namespace varena

@@ -1,6 +1,9 @@
 // The slot table, as the job files have always been named.
 #include "store/Slot.h"
 
+#include <filesystem>
+
+#include "core/File.h"
 #include "core/Testo.h"
 
 namespace varena {
@@ -17,6 +20,39 @@ const std::array<DatiSlot, NumeroSlot>& TabellaSlot() {
       {"", "", 0},           {"", "", 0},           {"", "", 0},
   }};
   return tabella;
+}
+
+FileLavoro ElencaFileLavoro(const std::string& base) {
+  FileLavoro f;
+  const auto cartella = TrovaFile(Cartella(base));
+  if (!cartella) return f;
+  const std::string foglia = Foglia(base);
+  std::error_code ec;
+  for (std::filesystem::directory_iterator it(*cartella, ec), fine; !ec && it != fine; it.increment(ec)) {
+    const std::string nome = it->path().filename().string();
+    // The undo generations "name(n).EXT" share the folder: the length and the dot after the
+    // leaf set them aside before any comparison of letters.
+    if (nome.size() <= foglia.size() || nome[foglia.size()] != '.') continue;
+    if (!UgualeSenzaCaso(std::string_view(nome).substr(0, foglia.size()), foglia)) continue;
+    const std::string_view est = std::string_view(nome).substr(foglia.size());
+    for (int slot = 0; slot < NumeroSlot; ++slot) {
+      const auto k = static_cast<size_t>(slot);
+      if (EstensioneFile(slot)[0] == '\0') continue;
+      // An exact spelling wins over another case of the same name.
+      if (UgualeSenzaCaso(est, EstensioneFile(slot))) {
+        std::string percorso = it->path().string();
+        if (f.Membro[k].empty()) {
+          f.Membro[k] = std::move(percorso);
+        } else {
+          if (est == EstensioneFile(slot)) std::swap(f.Membro[k], percorso);
+          f.Doppioni.push_back(std::move(percorso));
+        }
+      }
+      if (UgualeSenzaCaso(est, EstensioneBackup(slot)) && (f.Backup[k].empty() || est == EstensioneBackup(slot)))
+        f.Backup[k] = it->path().string();
+    }
+  }
+  return f;
 }
 
 int64_t NumeroRecord(int64_t lunghezzaFile, int lunghezzaRecord) {

@@ -129,12 +129,52 @@ void DisegnaImmagine(Sessione& s, Superficie& sup, int32_t riga) {
                static_cast<float>(y0 - s.BitmapAltezza[r] * s.BitmapScalaAlt[r]));
 }
 
+// A share of the view, as label sizes are given when negative.
+double Misura(const Sessione& s, double valore);
+
+// Labels of a point take about three lines of 1.5 h and eight characters; when those of the
+// points near the view would cover it more than four times over they could not be read,
+// and painting them would only cost time: the redraw then thins them out.
+void PreparaSfoltimento(const Sessione& s, const std::vector<int64_t>& vicini, StatoPunti& stato) {
+  const StatoVista& v = s.Vista;
+  if (vicini.empty() || s.PuntoIdent.empty()) return;
+  const auto primo = static_cast<size_t>(vicini.front());
+  if (primo >= s.PuntoDimensioneNome.size()) return;
+  const double h = Misura(s, s.PuntoDimensioneNome[primo]);
+  const double larghezza = v.BordoDestro - v.BordoSinistro, altezza = v.BordoAlto - v.BordoBasso;
+  if (!(h > 0) || static_cast<double>(vicini.size()) * (4.5 * h) * (5.0 * h) <= 4.0 * larghezza * altezza) return;
+  stato.Sfoltisci = true;
+  stato.Cella = 1.5 * h;
+  stato.X0 = v.BordoSinistro;
+  stato.Y0 = v.BordoBasso;
+  stato.Colonne = static_cast<int>(std::min(4096.0, larghezza / stato.Cella + 2));
+  stato.Righe = static_cast<int>(std::min(4096.0, altezza / stato.Cella + 2));
+  stato.Occupate.assign(static_cast<size_t>(stato.Colonne) * static_cast<size_t>(stato.Righe), 0);
+}
+
+// True when the labels anchored at (x, y) may be painted; their cells are then taken.
+bool PostoPerEtichette(StatoPunti& stato, double x, double y, size_t caratteri) {
+  if (!stato.Sfoltisci) return true;
+  const int c0 = static_cast<int>(std::floor((x - stato.X0) / stato.Cella));
+  const int r0 = static_cast<int>(std::floor((y - stato.Y0) / stato.Cella));
+  if (c0 < 0 || r0 < 0 || c0 >= stato.Colonne || r0 >= stato.Righe) return true;
+  auto cella = [&stato](int c, int r) -> uint8_t& {
+    return stato.Occupate[static_cast<size_t>(r) * static_cast<size_t>(stato.Colonne) + static_cast<size_t>(c)];
+  };
+  if (cella(c0, r0)) return false;
+  const int larghe = std::max(1, static_cast<int>(static_cast<double>(caratteri) * 0.4));
+  for (int r = std::max(0, r0 - 2); r <= r0; ++r)
+    for (int c = c0; c < std::min(stato.Colonne, c0 + larghe); ++c) cella(c, r) = 1;
+  return true;
+}
+
 void DisegnaPunti(Sessione& s, Superficie& sup) {
   StatoPunti stato;
   const StatoVista& v = s.Vista;
   std::vector<int64_t> vicini;
   s.IndicePunti.Cerca(v.CentroEst + v.BordoSinistro, v.CentroNord + v.BordoBasso, v.CentroEst + v.BordoDestro,
                       v.CentroNord + v.BordoAlto, vicini);
+  PreparaSfoltimento(s, vicini, stato);
   for (int64_t i : vicini)
     if (i < s.ContaEntita[SlotPunti]) DisegnaPuntoAperto(s, sup, static_cast<int32_t>(i), stato);
   for (int64_t i = s.IndicePunti.Elementi(); i < s.ContaEntita[SlotPunti]; ++i)
@@ -178,27 +218,15 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     // The size tested here is the one the point before left behind.
     if (stato.DimensionePrecedente < v.SogliaSimbolo) sup.Pixel(fx, fy, c);
     stato.DimensionePrecedente = dimensione;
-    if (visibile) {
-      std::vector<ElementoSimbolo> elementi;
-      ScomponiSimbolo(s.PuntoSimbolo[r], dimensione, stato.Carta, elementi);
-      for (const ElementoSimbolo& e : elementi) {
-        const auto A = static_cast<float>(e.A), B = static_cast<float>(e.B), C = static_cast<float>(e.C),
-                   D = static_cast<float>(e.D);
-        switch (e.Tipo) {
-          case ElementoSimbolo::Linea: sup.Linea(fx + A, fy + B, fx + C, fy + D, c); break;
-          case ElementoSimbolo::Cerchio: sup.Cerchio(fx + A, fy + B, C, c); break;
-          case ElementoSimbolo::Riquadro: sup.Riquadro(fx + A - C, fy + B - C, fx + A + C, fy + B + C, c, false); break;
-          case ElementoSimbolo::Punto: sup.Pixel(fx, fy, c); break;
-        }
-      }
-    }
+    if (visibile) sup.Simbolo(s.PuntoSimbolo[r], fx, fy, dimensione, c, stato.Carta);
   }
   // Labels: name, height under it, description under that, each skipping the frozen ones.
   const double xn = s.PuntoX[r] + s.PuntoSpoX[r] - v.CentroEst + dimensione / 2;
   double y = s.PuntoY[r] + s.PuntoSpoY[r] - v.CentroNord;
   const std::string& font = s.PuntoFont[r];
+  const bool etichette = PostoPerEtichette(stato, xn, y, std::max(s.PuntoNome[r].size(), s.PuntoDescrizione[r].size()));
   bool primo = true;
-  if (s.PuntoCongelaNome[r] == 0 && s.Imp.MostraNome != 0) {
+  if (etichette && s.PuntoCongelaNome[r] == 0 && s.Imp.MostraNome != 0) {
     if (s.Imp.CollegaPuntoSimbolo == 1 && (s.PuntoSpoX[r] != 0 || s.PuntoSpoY[r] != 0)) {
       sup.Stile(StilePenna::Punteggiato);
       sup.Linea(fx, fy, static_cast<float>(xv + s.PuntoSpoX[r]), static_cast<float>(yv + s.PuntoSpoY[r]),
@@ -208,7 +236,7 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     DisegnaPuntoNuovo(s, sup, xn, y, Misura(s, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font, s.PuntoColoreNome[r]);
     primo = false;
   }
-  if (s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
+  if (etichette && s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
     const double h = Misura(s, s.PuntoDimensioneQuota[r]);
     if (!primo) y -= 1.5 * h;
     const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];
@@ -217,7 +245,7 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     DisegnaPuntoNuovo(s, sup, xn, y, h, testo, font, s.PuntoColoreQuota[r]);
     primo = false;
   }
-  if (s.PuntoCongelaDescrizione[r] == 0 && s.Imp.MostraDescrizione != 0) {
+  if (etichette && s.PuntoCongelaDescrizione[r] == 0 && s.Imp.MostraDescrizione != 0) {
     const double h = Misura(s, s.PuntoDimensioneDescrizione[r]);
     if (!primo) y -= 1.5 * h;
     const int32_t colore = s.PuntoColoreDescrizione[r] > 257 ? 1 : s.PuntoColoreDescrizione[r];

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "view/Superficie.h"
 
@@ -22,6 +24,12 @@ void Disegna1(Sessione& s, Superficie& sup);
 struct StatoPunti {
   double DimensionePrecedente = 0;
   bool Carta = false;  // drawing for paper: no culling, dots as small crosses
+  // When the labels in view would cover the surface many times over, a point's labels are
+  // drawn only where no label stands yet: cells of one label line, marked as they fill.
+  bool Sfoltisci = false;
+  double Cella = 0, X0 = 0, Y0 = 0;
+  int Colonne = 0, Righe = 0;
+  std::vector<uint8_t> Occupate;
 };
 void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& stato);
 

@@ -51,6 +51,10 @@ class Superficie {
   // Extent of a text in the current font, in user units.
   virtual double LarghezzaTesto(std::string_view testo) const = 0;
   virtual double AltezzaTesto(std::string_view testo) const = 0;
+
+  // A point's symbol of code `codice` and size `dimensione` at (x, y). By default it is
+  // painted element by element; a surface may keep ready-made symbols instead.
+  virtual void Simbolo(int codice, float x, float y, double dimensione, ColoreRGB c, bool carta);
 };
 
 }  // namespace varena

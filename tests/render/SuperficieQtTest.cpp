@@ -80,3 +80,36 @@ TEST(SuperficieQt, TestoELarghezza) {
 
 }  // namespace
 }  // namespace varena
+
+namespace varena {
+namespace {
+
+// Where the dark pixels of an image lie.
+QRect Scuri(const QImage& img) {
+  QRect r;
+  for (int y = 0; y < img.height(); ++y)
+    for (int x = 0; x < img.width(); ++x)
+      if (qGray(img.pixel(x, y)) < 160) r |= QRect(x, y, 1, 1);
+  return r;
+}
+
+TEST(SuperficieQt, SimboloPrecompostoComeQuelloDisegnato) {
+  for (int codice : {35, 66, 97, 42, 5}) {
+    QImage a = Tela(), b = Tela();
+    {
+      SuperficieQt sa(&a, 200, 100, 96), sb(&b, 200, 100, 96);
+      for (SuperficieQt* s : {&sa, &sb}) s->ScalaUtente(-10, 5, 20, -10);
+      sa.Simbolo(codice, 1.3f, -0.7f, 4, 0x000000, false);               // from the cache
+      sb.Superficie::Simbolo(codice, 1.3f, -0.7f, 4, 0x000000, false);   // element by element
+    }
+    const QRect ra = Scuri(a), rb = Scuri(b);
+    ASSERT_FALSE(rb.isEmpty()) << codice;
+    EXPECT_LE(std::abs(ra.left() - rb.left()), 1) << codice;
+    EXPECT_LE(std::abs(ra.right() - rb.right()), 1) << codice;
+    EXPECT_LE(std::abs(ra.top() - rb.top()), 1) << codice;
+    EXPECT_LE(std::abs(ra.bottom() - rb.bottom()), 1) << codice;
+  }
+}
+
+}  // namespace
+}  // namespace varena

@@ -1,9 +1,11 @@
 #include "support/Supporto.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 
 #include "store/Cfg.h"
+#include "store/Slot.h"
 
 namespace varena::prova {
 
@@ -70,6 +72,27 @@ std::time_t OrologioFisso() {
   tm.tm_sec = 15;
   tm.tm_isdst = -1;
   return std::mktime(&tm);
+}
+
+namespace {
+std::map<std::string, std::string> Raccogli(const std::string& base, bool backup) {
+  std::map<std::string, std::string> m;
+  for (int slot = 0; slot < NumeroSlot; ++slot) {
+    const std::string est = backup ? EstensioneBackup(slot) : EstensioneFile(slot);
+    if (!est.empty() && fs::is_regular_file(base + est)) m[est] = LeggiFileProva(base + est);
+  }
+  return m;
+}
+}  // namespace
+
+std::map<std::string, std::string> MembriDi(const std::string& base) { return Raccogli(base, false); }
+std::map<std::string, std::string> BackupDi(const std::string& base) { return Raccogli(base, true); }
+
+std::vector<std::string> NomiIn(const std::string& cartella) {
+  std::vector<std::string> nomi;
+  for (const auto& e : fs::directory_iterator(cartella)) nomi.push_back(e.path().filename().string());
+  std::sort(nomi.begin(), nomi.end());
+  return nomi;
 }
 
 SessioneProva::SessioneProva() {

@@ -6,9 +6,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 
+#include "core/File.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 
@@ -70,6 +72,22 @@ struct SessioneProva {
 };
 
 std::time_t OrologioFisso();
+
+// The members of a job as they stand: extension of the slot table -> bytes, for the
+// extensions whose file exists under exactly `base` + extension.
+std::map<std::string, std::string> MembriDi(const std::string& base);
+// The same for the backup extensions.
+std::map<std::string, std::string> BackupDi(const std::string& base);
+// Every file name in a folder (not recursive).
+std::vector<std::string> NomiIn(const std::string& cartella);
+
+// The fault seam of the file layer, set for the life of the object.
+struct SondaProva {
+  explicit SondaProva(SondaGuasti sonda) { ImpostaSondaGuasti(std::move(sonda)); }
+  ~SondaProva() { ImpostaSondaGuasti(nullptr); }
+  SondaProva(const SondaProva&) = delete;
+  SondaProva& operator=(const SondaProva&) = delete;
+};
 
 // A `.CFG` written by hand: the tag, block A with its 152 statements (each with its empty
 // label, strings "x", numbers 1), block B up to statement 17 with `vista` as statement 15

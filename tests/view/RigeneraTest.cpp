@@ -231,6 +231,23 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 12.35");
 }
 
+TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
+  Scena z;
+  // 40 x 40 points half a metre apart, labels of 2 m: they would cover the view 16 times.
+  for (int i = 0; i < 1600; ++i) z.Punto("P", 980 + (i % 40) * 0.5, 1990 + (i / 40) * 0.5, 1, 2);
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const size_t fitte = z.Conta("Testo");
+  EXPECT_GT(fitte, 0u);
+  EXPECT_LT(fitte, 300u);
+  // Spread over the view the same number of labels is not thinned at all.
+  Scena w;
+  for (int i = 0; i < 40; ++i) w.Punto("P", 925 + (i % 8) * 20, 1960 + (i / 8) * 20, 1, 2);
+  RigeneraLista(w.s);
+  Ridisegna(w.s);
+  EXPECT_EQ(w.Conta("Testo"), 80u);  // name and height; no description
+}
+
 TEST(Ridisegno, LavoroVuotoDipingeIlFondoEAggiungeLaStoria) {
   Scena z;
   const size_t prima = z.s.Vista.Storia.size();

@@ -1,0 +1,159 @@
+#include "FinestreLavori.h"
+
+#include <QDialogButtonBox>
+#include <QFileSystemModel>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "core/Sessione.h"
+#include "store/Registro.h"
+#include "store/Salvataggio.h"
+
+namespace varena {
+
+namespace {
+QString Qs(const std::string& s) { return QString::fromStdString(s); }
+}  // namespace
+
+FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
+  setWindowTitle(tr("Apri Lavoro"));
+  resize(900, 560);
+  auto* colonna = new QVBoxLayout(this);
+  griglia_ = new QTableWidget(this);
+  griglia_->setColumnCount(4);
+  griglia_->setHorizontalHeaderLabels({"Nome Lavoro", "Percorso Completo", "Descrizione", "Data"});
+  griglia_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  griglia_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  griglia_->horizontalHeader()->setStretchLastSection(true);
+  griglia_->setSortingEnabled(true);
+  const auto righe = CaricaGriglia(s_);
+  griglia_->setRowCount(static_cast<int>(righe.size()));
+  for (int r = 0; r < static_cast<int>(righe.size()); ++r) {
+    const VoceArchivio& v = righe[static_cast<size_t>(r)];
+    int c = 0;
+    for (const std::string& t : {v.Nome, v.Percorso, v.Descrizione, v.Data})
+      griglia_->setItem(r, c++, new QTableWidgetItem(Qs(t)));
+  }
+  connect(griglia_, &QTableWidget::cellDoubleClicked, this,
+          [this](int r, int) { Scegli(griglia_->item(r, 1)->text()); });
+
+  // The folder tree and the job files of the folder chosen.
+  auto* divisore = new QSplitter(this);
+  auto* cartelle = new QFileSystemModel(this);
+  cartelle->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+  cartelle->setRootPath("/");
+  auto* albero = new QTreeView(divisore);
+  albero->setModel(cartelle);
+  for (int k = 1; k < cartelle->columnCount(); ++k) albero->hideColumn(k);
+  auto* file = new QFileSystemModel(this);
+  file->setFilter(QDir::Files);
+  file->setNameFilters({"*.CFG", "*.cfg", "*.Cfg"});
+  file->setNameFilterDisables(false);
+  auto* elenco = new QTreeView(divisore);
+  elenco->setModel(file);
+  elenco->setRootIsDecorated(false);
+  const QString iniziale = Qs(s_.Imp.Cartella_Default);
+  albero->setCurrentIndex(cartelle->index(iniziale));
+  elenco->setRootIndex(file->setRootPath(iniziale));
+  connect(albero, &QTreeView::clicked, this, [cartelle, file, elenco](const QModelIndex& i) {
+    elenco->setRootIndex(file->setRootPath(cartelle->filePath(i)));
+  });
+  connect(elenco, &QTreeView::doubleClicked, this, [this, file](const QModelIndex& i) { Scegli(file->filePath(i)); });
+
+  colonna->addWidget(new QLabel(tr("Archivio dei lavori"), this));
+  colonna->addWidget(griglia_, 1);
+  colonna->addWidget(divisore, 2);
+  auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
+  connect(bottoni, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(bottoni, &QDialogButtonBox::accepted, this, [this, elenco, file] {
+    if (elenco->currentIndex().isValid())
+      Scegli(file->filePath(elenco->currentIndex()));
+    else if (griglia_->currentRow() >= 0)
+      Scegli(griglia_->item(griglia_->currentRow(), 1)->text());
+  });
+  colonna->addWidget(bottoni);
+}
+
+void FormApri::Scegli(const QString& percorso) {
+  scelto_ = percorso;
+  accept();
+}
+
+FormRiapriDisegno::FormRiapriDisegno(Sessione& s, QWidget* genitore) : QDialog(genitore) {
+  setWindowTitle(tr("Lavori Recenti"));
+  resize(640, 400);
+  auto* colonna = new QVBoxLayout(this);
+  elenco_ = new QListWidget(this);
+  const auto recenti = LavoriRecenti(s);
+  for (auto it = recenti.rbegin(); it != recenti.rend(); ++it) elenco_->addItem(Qs(*it));
+  colonna->addWidget(elenco_);
+  connect(elenco_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
+    scelto_ = i->text();
+    accept();
+  });
+  auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+  auto* svuota = bottoni->addButton(tr("Elimina Lavori Recenti"), QDialogButtonBox::ResetRole);
+  connect(svuota, &QPushButton::clicked, this, [this, &s] {
+    if (SvuotaLavoriRecenti(s)) elenco_->clear();
+  });
+  connect(bottoni, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  colonna->addWidget(bottoni);
+}
+
+FormLavoriAperti::FormLavoriAperti(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
+  setWindowTitle(tr("Lavori Aperti"));
+  resize(820, 420);
+  auto* colonna = new QVBoxLayout(this);
+  elenco_ = new QListWidget(this);
+  colonna->addWidget(elenco_);
+  auto* riga = new QHBoxLayout();
+  auto bottone = [&](const QString& testo, auto azione) {
+    auto* b = new QPushButton(testo, this);
+    connect(b, &QPushButton::clicked, this, azione);
+    riga->addWidget(b);
+  };
+  bottone(tr("Recupera"), [this] {
+    if (RecuperaLavoroAperto(s_, Voce().toStdString())) {
+      recuperato_ = true;
+      accept();
+    }
+  });
+  bottone(tr("Salva nell'originale"), [this] {
+    SalvaLavoroAperto(s_, Voce().toStdString());
+    Riempi();
+  });
+  bottone(tr("Salva con nome"), [this] {
+    if (RecuperaLavoroAperto(s_, Voce().toStdString()) && VR_SalvaConNome(s_)) {
+      recuperato_ = true;
+      accept();
+    }
+  });
+  bottone(tr("Nuovo"), [this] {
+    if (VR_CreaNuovoLavoroVuoto(s_)) {
+      recuperato_ = true;
+      accept();
+    }
+  });
+  bottone(tr("Elimina tutti"), [this] {
+    EliminaTuttiProvvisori(s_);
+    Riempi();
+  });
+  colonna->addLayout(riga);
+  Riempi();
+}
+
+void FormLavoriAperti::Riempi() {
+  elenco_->clear();
+  for (const LavoroProvvisorio& l : ElencaLavoriAperti(s_)) elenco_->addItem(Qs(l.Voce));
+}
+
+QString FormLavoriAperti::Voce() const {
+  return elenco_->currentItem() ? elenco_->currentItem()->text() : QString();
+}
+
+}  // namespace varena

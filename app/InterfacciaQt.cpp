@@ -1,0 +1,106 @@
+#include "InterfacciaQt.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace varena {
+
+namespace {
+
+QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
+
+QMessageBox::Icon IconaQt(Icona i) {
+  switch (i) {
+    case Icona::Informazione: return QMessageBox::Information;
+    case Icona::Avviso: return QMessageBox::Warning;
+    case Icona::Critico: return QMessageBox::Critical;
+    case Icona::Domanda: return QMessageBox::Question;
+    case Icona::Nessuna: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+QString FiltroQt(std::string_view filtro) {
+  // The legacy filter alternates a description and its patterns, all ended by "|".
+  const QStringList pezzi = Qs(filtro).split('|', Qt::SkipEmptyParts);
+  QStringList voci;
+  for (qsizetype i = 0; i + 1 < pezzi.size(); i += 2) {
+    QString descrizione = pezzi[i].simplified();
+    const QString modelli = QString(pezzi[i + 1]).replace(';', ' ');
+    if (!descrizione.contains('(')) descrizione += " (" + modelli + ")";
+    voci << descrizione;
+  }
+  return voci.join(";;");
+}
+
+void InterfacciaQt::Messaggio(std::string_view testo, std::string_view titolo, Icona icona) {
+  QMessageBox box(IconaQt(icona), Qs(titolo), Qs(testo), QMessageBox::Ok, finestra_);
+  box.exec();
+}
+
+Risposta InterfacciaQt::Domanda(std::string_view testo, std::string_view titolo, Bottoni bottoni, Icona icona,
+                                Risposta predefinita) {
+  QMessageBox::StandardButtons b = QMessageBox::Ok;
+  switch (bottoni) {
+    case Bottoni::Ok: b = QMessageBox::Ok; break;
+    case Bottoni::OkAnnulla: b = QMessageBox::Ok | QMessageBox::Cancel; break;
+    case Bottoni::SiNo: b = QMessageBox::Yes | QMessageBox::No; break;
+    case Bottoni::SiNoAnnulla: b = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel; break;
+  }
+  QMessageBox box(IconaQt(icona), Qs(titolo), Qs(testo), b, finestra_);
+  switch (predefinita) {
+    case Risposta::Si: box.setDefaultButton(QMessageBox::Yes); break;
+    case Risposta::No: box.setDefaultButton(QMessageBox::No); break;
+    case Risposta::Annulla: box.setDefaultButton(QMessageBox::Cancel); break;
+    case Risposta::Ok: box.setDefaultButton(QMessageBox::Ok); break;
+  }
+  switch (box.exec()) {
+    case QMessageBox::Yes: return Risposta::Si;
+    case QMessageBox::No: return Risposta::No;
+    case QMessageBox::Ok: return Risposta::Ok;
+    default: return Risposta::Annulla;
+  }
+}
+
+std::optional<std::string> InterfacciaQt::ScegliFile(bool salva, std::string_view titolo, std::string_view filtro,
+                                                     std::string_view cartella, std::string_view file) {
+  QString iniziale = Qs(cartella);
+  if (!file.empty()) iniziale = Qs(file).contains('/') ? Qs(file) : iniziale + "/" + Qs(file);
+  const QString scelto = salva ? QFileDialog::getSaveFileName(finestra_, Qs(titolo), iniziale, FiltroQt(filtro))
+                               : QFileDialog::getOpenFileName(finestra_, Qs(titolo), iniziale, FiltroQt(filtro));
+  if (scelto.isEmpty()) return std::nullopt;
+  return scelto.toStdString();
+}
+
+std::optional<std::string> InterfacciaQt::Imputa(std::string_view testo, std::string_view titolo,
+                                                 std::string_view predefinito) {
+  bool ok = false;
+  const QString v = QInputDialog::getText(finestra_, Qs(titolo), Qs(testo), QLineEdit::Normal, Qs(predefinito), &ok);
+  if (!ok) return std::nullopt;
+  return v.toStdString();
+}
+
+void InterfacciaQt::Prompt(std::string_view testo) {
+  if (prompt_) prompt_->setText(Qs(testo));
+}
+
+void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
+  if (totale <= 0 || fatto >= totale) {
+    if (progresso_) progresso_->deleteLater();
+    return;
+  }
+  if (!progresso_) {
+    progresso_ = new QProgressDialog(QObject::tr("Attendere..."), QString(), 0, 1000, finestra_);
+    progresso_->setWindowModality(Qt::WindowModal);
+    progresso_->setMinimumDuration(300);
+  }
+  progresso_->setValue(static_cast<int>(fatto * 1000 / totale));
+  // Let the window repaint while the work goes on.
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace varena

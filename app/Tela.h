@@ -1,0 +1,52 @@
+// The drawing surface of the main window (`Picture1`): an image the core paints through the
+// raster surface, shown as it stands; pointer and wheel events go to the core.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "SuperficieQt.h"
+
+namespace varena {
+
+struct Sessione;
+
+class Tela : public QWidget {
+  Q_OBJECT
+ public:
+  explicit Tela(Sessione& s, QWidget* genitore = nullptr);
+  ~Tela() override;
+
+  // A redraw of the view (the list as it stands) or a full regeneration first.
+  void Ridisegna();
+  void Rigenera();
+  // The picture on screen, for a screenshot or a test.
+  const QImage& Immagine() const { return immagine_; }
+
+ signals:
+  // The pointer moved: its position on the sheet, for the read-out.
+  void PuntatoreSulFoglio(double est, double nord);
+  void VistaCambiata();
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+  void resizeEvent(QResizeEvent*) override;
+  void mousePressEvent(QMouseEvent*) override;
+  void mouseMoveEvent(QMouseEvent*) override;
+  void mouseReleaseEvent(QMouseEvent*) override;
+  void wheelEvent(QWheelEvent*) override;
+
+ private:
+  void Prepara();
+  // The pointer in view coordinates (metres from the view's centre).
+  QPointF InVista(QPointF pixel) const;
+
+  Sessione& s_;
+  QImage immagine_;
+  std::unique_ptr<SuperficieQt> superficie_;
+  bool trascina_ = false;
+};
+
+}  // namespace varena

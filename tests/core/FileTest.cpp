@@ -1,0 +1,104 @@
+// Writes that land beside their file, hard links, and the fault seam of the file layer.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "core/Errori.h"
+#include "core/File.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+using prova::Esiste;
+using prova::LeggiFileProva;
+using prova::ScriviFileProva;
+
+TEST(File, LeScrittureSostituisconoSenzaToccareGliAltriNomiDelFile) {
+  prova::CartellaTemporanea c;
+  const std::string a = c / "A.LLL", b = c / "B.LLL";
+  ScriviFileProva(a, "vecchio");
+  ASSERT_EQ(::link(a.c_str(), b.c_str()), 0);
+  ScriviByte(a, "nuovo");
+  EXPECT_EQ(LeggiFileProva(a), "nuovo");
+  EXPECT_EQ(LeggiFileProva(b), "vecchio");
+  EXPECT_FALSE(StessoFile(a, b));
+  // A copy over a shared name, and text through the code page, behave the same.
+  ASSERT_EQ(::link(a.c_str(), (c / "C.LLL").c_str()), 0);
+  CopiaFile(b, a);
+  EXPECT_EQ(LeggiFileProva(a), "vecchio");
+  EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "nuovo");
+  ScriviTesto(c / "C.LLL", "è");
+  EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "\xE8");
+  AggiungiTesto(c / "C.LLL", "à\r\n");
+  EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "\xE8\xE0\r\n");
+  EXPECT_EQ(prova::NomiIn(c.Percorso()), (std::vector<std::string>{"A.LLL", "B.LLL", "C.LLL"}));
+}
+
+TEST(File, CollegamentiEdEliminazioneEsatta) {
+  prova::CartellaTemporanea c;
+  const std::string a = c / "A.TXT", b = c / "B.TXT";
+  ScriviFileProva(a, "uno");
+  ScriviFileProva(b, "due");
+  EXPECT_TRUE(CollegaFile(a, b));  // b stood: replaced by a second name of a
+  EXPECT_TRUE(StessoFile(a, b));
+  EXPECT_EQ(LeggiFileProva(b), "uno");
+  EXPECT_TRUE(CollegaFile(a, c / "C.TXT"));
+  EXPECT_FALSE(CollegaFile(c / "MANCA.TXT", c / "D.TXT"));
+  EXPECT_FALSE(Esiste(c / "D.TXT"));
+  EXPECT_FALSE(StessoFile(a, c / "MANCA.TXT"));
+  // The exact form ignores another letter case, where the matching form finds it.
+  EXPECT_FALSE(EliminaFileEsatto(c / "a.txt"));
+  EXPECT_TRUE(Esiste(a));
+  EXPECT_TRUE(EliminaFile(c / "a.txt"));
+  EXPECT_FALSE(Esiste(a));
+  EXPECT_TRUE(EliminaFileEsatto(b));
+  EXPECT_FALSE(EliminaFileEsatto(b));
+  EXPECT_EQ(prova::NomiIn(c.Percorso()), std::vector<std::string>{"C.TXT"});
+}
+
+TEST(File, LaSondaFaFallireOgniOperazioneELasciaIlFileComEra) {
+  prova::CartellaTemporanea c;
+  const std::string a = c / "A.LLL", b = c / "B.LLL";
+  ScriviFileProva(a, "vecchio contenuto");
+  ScriviFileProva(b, "altro");
+  std::vector<OperazioneFile> viste;
+  {
+    prova::SondaProva sonda([&](OperazioneFile op, std::string_view p) {
+      viste.push_back(op);
+      return p == a;
+    });
+    try {
+      ScriviByte(a, "nuovo contenuto, piu lungo");
+      ADD_FAILURE() << "la scrittura doveva fallire";
+    } catch (const ErroreVarena& e) {
+      EXPECT_STREQ(e.what(), "Disk full");
+    }
+    EXPECT_THROW(CopiaFile(b, a), ErroreVarena);
+    EXPECT_THROW(RinominaFile(b, a), ErroreVarena);
+    EXPECT_THROW(EliminaFile(a), ErroreVarena);
+    EXPECT_THROW(EliminaFileEsatto(a), ErroreVarena);
+    EXPECT_FALSE(CollegaFile(b, a));
+    // An operation on another file goes through, with the seam still asked.
+    ScriviByte(b, "scritto");
+  }
+  EXPECT_EQ(LeggiFileProva(a), "vecchio contenuto");
+  EXPECT_EQ(LeggiFileProva(b), "scritto");
+  EXPECT_EQ(viste, (std::vector<OperazioneFile>{OperazioneFile::Scrittura, OperazioneFile::Copia,
+                                                OperazioneFile::Rinomina, OperazioneFile::Eliminazione,
+                                                OperazioneFile::Eliminazione, OperazioneFile::Collegamento,
+                                                OperazioneFile::Scrittura}));
+  EXPECT_EQ(prova::NomiIn(c.Percorso()), (std::vector<std::string>{"A.LLL", "B.LLL"}));  // no temporaries
+}
+
+TEST(File, UnFileDiSolaLetturaNonVieneSostituito) {
+  if (::geteuid() == 0) GTEST_SKIP() << "root writes over read-only files";
+  prova::CartellaTemporanea c;
+  const std::string a = c / "A.CFG";
+  ScriviFileProva(a, "vecchio");
+  ::chmod(a.c_str(), 0444);
+  EXPECT_THROW(ScriviByte(a, "nuovo"), ErroreVarena);
+  EXPECT_EQ(LeggiFileProva(a), "vecchio");
+}
+
+}  // namespace
+}  // namespace varena

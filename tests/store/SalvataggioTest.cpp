@@ -1,0 +1,358 @@
+// Saving back to the original: backups, save as, the default job, new job, the close
+// question, and a job with every member through load, save and load again.
+#include <gtest/gtest.h>
+
+#include "core/File.h"
+#include "core/Record.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Carica.h"
+#include "store/Cfg.h"
+#include "store/Salvataggio.h"
+#include "store/Undo.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+using prova::BackupDi;
+using prova::Esiste;
+using prova::LeggiFileProva;
+using prova::MembriDi;
+using prova::Record;
+using prova::ScriviFileProva;
+
+std::string RecordLinea(double x1, double x2, const std::string& piano) {
+  Record r(128);
+  r.I16(0, 0).F64(2, x1).F64(10, 5031000).F64(18, 14.5).F64(26, x2).F64(34, 5031010.5).F64(42, 15).I16(50, 5);
+  r.I16(52, 2).I16(54, 0).I16(56, 1).F32(58, 0.5f).Car(62, 22, "").Car(84, 8, piano).F64(92, 0.25);
+  r.Car(100, 28, "");
+  return r.Byte();
+}
+
+// Block A of 152 statements with a value of its own in every place.
+std::string BloccoA() {
+  std::string a;
+  int k = 0;
+  for (const std::string& forma : FormaBloccoA()) {
+    a += "\"\"";
+    for (char t : forma) {
+      ++k;
+      a += t == 's' ? ",\"v" + std::to_string(k) + "\"" : (t == 'd' ? "," + std::to_string(k) + ".25" : "," + std::to_string(k % 200));
+    }
+    a += "\r\n";
+  }
+  return a;
+}
+
+const char* kBloccoB =
+    "0.5\r\n7\r\n1.5,2.5,3,1.25,0.75\r\n\"Arial\"\r\n5,0.5\r\n3\r\n\"STRADE\"\r\n2\r\n1.6\r\n\"a\",\"b\"\r\n"
+    "\"c\"\r\n2\r\n0.125\r\n4.5\r\n1725020,5031000,80\r\n\"scarto\"\r\n9\r\n1,2.5,3.5,4.5,5,6,\"L\"\r\n0\r\n"
+    "7\r\n\"EDIFICI\"\r\n1\r\n\"7|1|2\"\r\n\"A.CFG|\"\r\n";
+
+class Salvataggio : public ::testing::Test {
+ protected:
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  std::string lavori, base;
+  void SetUp() override {
+    lavori = s.CartellaLavoro + "LAVORI/";
+    std::filesystem::create_directories(lavori + "NUOVO");
+    base = lavori + "ROSSI";
+    Scrivi(".CFG", "\"VR2020\"\r\n" + BloccoA() + kBloccoB);
+    Scrivi(".LLL", prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte() +
+                       prova::RecordPuntoBase("PF01/0010/G693", 1725010.25, 5031005.5, 15).Byte());
+    Scrivi(".LIN", RecordLinea(1725000, 1725010, "RECINZ") + RecordLinea(1725010, 1725020, "FABBRIC"));
+    Scrivi(".PIA", "0|0|1|0|1|Arial|0|0|0\r\n");
+  }
+  void Scrivi(const char* est, const std::string& byte) { ScriviFileProva(base + est, byte); }
+  void Apri() {
+    s.NomeOriginale = base;
+    VR_ApriLavoro(s);
+  }
+  std::string Nomi() const {
+    std::string t;
+    for (const std::string& n : prova::NomiIn(Cartella(base))) t += n + " ";
+    return t;
+  }
+};
+
+TEST_F(Salvataggio, DueSalvataggiLascianoUnaSolaGenerazioneDiBackup) {
+  const auto originale = MembriDi(base);
+  Apri();
+  s.LineaX2[0] = 1725011;
+  SegnaModificato(s, SlotLinee);
+  ASSERT_TRUE(Salva(s));
+  const auto primo = MembriDi(base);
+  EXPECT_EQ(primo.at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
+  // The backups are the files as they were before this save, under their backup names.
+  EXPECT_EQ(BackupDi(base), (std::map<std::string, std::string>{{".CFK", originale.at(".CFG")},
+                                                               {".LLK", originale.at(".LLL")},
+                                                               {".LIK", originale.at(".LIN")},
+                                                               {".PIK", originale.at(".PIA")}}));
+  s.LineaX2[0] = 1725012;
+  SegnaModificato(s, SlotLinee);
+  ASSERT_TRUE(Salva(s));
+  const auto backup = BackupDi(base);
+  EXPECT_EQ(backup.size(), primo.size());
+  EXPECT_EQ(backup.at(".LIK"), primo.at(".LIN"));
+  EXPECT_EQ(backup.at(".INK"), primo.at(".INF"));
+  EXPECT_EQ(Nomi(),
+            "NUOVO ROSSI.CFG ROSSI.CFK ROSSI.INF ROSSI.INK ROSSI.K ROSSI.L ROSSI.LIK ROSSI.LIN ROSSI.LLK ROSSI.LLL "
+            "ROSSI.PIA ROSSI.PIK ROSSI.TXK ROSSI.TXT ");
+  EXPECT_EQ(s.FileSalvati.size(), primo.size());
+  EXPECT_EQ(LeggiFileProva(s.CartellaLavoro + "LavoriRecenti.txt"), base + ".CFG\r\n" + base + ".CFG\r\n");
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_F(Salvataggio, UnLavoroSenzaLineeNonHaNeLinNeLik) {
+  std::remove((base + ".LIN").c_str());
+  Scrivi(".LIK", "linee di un tempo");
+  Apri();
+  ASSERT_TRUE(Salva(s));
+  EXPECT_FALSE(Esiste(base + ".LIN"));
+  EXPECT_FALSE(Esiste(base + ".LIK"));
+  EXPECT_TRUE(Esiste(base + ".LLK"));
+}
+
+TEST_F(Salvataggio, InclusiEZzzNonSopravvivonoAlSalvataggio) {
+  Apri();
+  DimensionaPunti(s);
+  const auto r = static_cast<size_t>(s.ContaEntita[SlotPunti]++);
+  s.PuntoNome[r] = "T1", s.PuntoX[r] = 1, s.PuntoPiano[r] = "INCLUSI";
+  DimensionaLinee(s);
+  const auto l = static_cast<size_t>(s.ContaEntita[SlotLinee]++);
+  s.LineaX2[l] = 5, s.LineaPiano[l] = "ZZZ";
+  s.LineaIdent[1] = -1;
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 3);  // still in the tables until they are read again
+  prova::SessioneProva q;
+  q.s.CartellaLavoro = s.CartellaLavoro;
+  q.s.NomeOriginale = base;
+  VR_ApriLavoro(q.s);
+  EXPECT_EQ(q.s.ContaEntita[SlotPunti], 2);
+  ASSERT_EQ(q.s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(q.s.LineaPiano[0], "RECINZ");
+}
+
+TEST_F(Salvataggio, IlLavoroNuovoPassaSempreDalSalvaConNome) {
+  for (const std::string& nome : {lavori + "NUOVO/NUOVO", lavori + "nuovo/Nuovo", s.CartellaLavoro + "Lavori\\NUOVO\\nuovo"}) {
+    p.ui.SceltePresentate.clear();
+    s.NomeOriginale = nome;
+    VR_ApriLavoro(s);
+    EXPECT_FALSE(Salva(s));  // the dialog is cancelled: nothing is written
+    ASSERT_EQ(p.ui.SceltePresentate.size(), 1u) << nome;
+    EXPECT_EQ(p.ui.SceltePresentate[0], "Salva Con Nome ...|File VR2000 (*.CFG)|*.CFG|");
+    EXPECT_TRUE(prova::NomiIn(lavori + "NUOVO").empty());
+  }
+  DimensionaTesti(s);
+  s.TestoTesto[0] = "NOTA", s.TestoFont[0] = "Arial", s.TestoAltezza[0] = 2;
+  s.ContaEntita[SlotTesti] = 1;
+  const std::string vecchioProvvisorio = s.NomeLavoro;
+  p.ui.RispondiFile(lavori + "bianchi.cfg");
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(s.NomeOriginale, lavori + "BIANCHI");
+  EXPECT_EQ(s.NomeLavoro, s.CartellaLavoro + "PROVVISO/BIANCHI_20262111103015");
+  EXPECT_EQ(LeggiFileProva(PercorsoDiario(s)), " 1 \r\n 1 \r\n");
+  EXPECT_EQ(LeggiFileProva(lavori + "BIANCHI.INF"), "\"" + lavori + "BIANCHI\"\r\n");
+  EXPECT_EQ(LeggiFileProva(lavori + "BIANCHI.TES").size(), 256u);
+  EXPECT_TRUE(MembriDi(vecchioProvvisorio).empty());
+  EXPECT_EQ(s.TestoTesto[0], "NOTA");
+}
+
+TEST_F(Salvataggio, SalvaConNomeChiedePrimaDiSovrascrivere) {
+  const auto rossi = MembriDi(lavori + "ROSSI");
+  ScriviFileProva(lavori + "VERDI.CFG", "\"VR2020\"\r\n");
+  ScriviFileProva(lavori + "VERDI.TES", prova::Record(256).Byte());
+  Apri();
+  s.LineaIdent[0] = -1;  // compacted by the reload that follows a save as
+  SegnaModificato(s, SlotLinee);
+  p.ui.RispondiFile(lavori + "VERDI.CFG");
+  p.ui.Rispondi(Risposta::No);
+  EXPECT_FALSE(VR_SalvaConNome(s));
+  ASSERT_EQ(p.ui.Domande.size(), 1u);
+  EXPECT_EQ(p.ui.Domande[0].Titolo, "Salva Con Nome ...");
+  EXPECT_EQ(p.ui.Domande[0].Testo, "Il file :\r\n" + lavori + "VERDI\r\nè esistente!\r\nSalvare ugualmente?");
+  EXPECT_EQ(p.ui.Domande[0].Tipo, Icona::Avviso);
+  EXPECT_EQ(LeggiFileProva(lavori + "VERDI.CFG"), "\"VR2020\"\r\n");
+
+  p.ui.RispondiFile(lavori + "VERDI.CFG");
+  p.ui.Rispondi(Risposta::Si);
+  ASSERT_TRUE(VR_SalvaConNome(s));
+  EXPECT_EQ(s.NomeOriginale, lavori + "VERDI");
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(MembriDi(lavori + "ROSSI"), rossi);  // the old job is left as it was
+  // The old set was copied over the new name first: it is what the backups hold now, and a
+  // member only the overwritten job had became a backup too.
+  const auto backup = BackupDi(lavori + "VERDI");
+  EXPECT_EQ(backup.at(".LIK"), rossi.at(".LIN"));
+  EXPECT_EQ(backup.at(".CFK"), rossi.at(".CFG"));
+  EXPECT_EQ(backup.at(".TEK"), prova::Record(256).Byte());
+  EXPECT_EQ(LeggiFileProva(lavori + "VERDI.LIN").size(), 128u);
+}
+
+TEST_F(Salvataggio, NuovoLavoroVuotoConLeImpostazioniDelPrecedente) {
+  Apri();
+  s.Vista.AltezzaVista = 321;
+  p.ui.RispondiFile(lavori + "Vuoto.CFG");
+  ASSERT_TRUE(VR_CreaNuovoLavoroVuoto(s));
+  EXPECT_EQ(s.NomeOriginale, lavori + "Vuoto");
+  EXPECT_EQ(s.NomeLavoro, s.CartellaLavoro + "PROVVISO/Vuoto_20262111103015");
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(s.Vista.AltezzaVista, 321);
+  EXPECT_EQ(s.PianoCorrente, "EDIFICI");
+  EXPECT_EQ(s.Cfg.A(151, 0).Testo, "v264");  // block A of the previous job, to its last value
+  EXPECT_EQ(LeggiFileProva(PercorsoDiario(s)), " 1 \r\n 1 \r\n");
+  EXPECT_EQ(prova::NomiIn(s.CartellaLavoro + "PROVVISO").size(), MembriDi(s.NomeLavoro).size() * 2 + 1);
+}
+
+TEST_F(Salvataggio, LaDomandaDiChiusura) {
+  Apri();
+  s.LineaX2[0] = 1725011;
+  SegnaModificato(s, SlotLinee);
+  const auto prima = MembriDi(base);
+  p.ui.Rispondi(Risposta::Annulla);
+  EXPECT_FALSE(ChiusuraLavoro(s, true));
+  ASSERT_EQ(p.ui.Domande.size(), 1u);
+  EXPECT_EQ(p.ui.Domande[0].Titolo, "Chiusura Programma");
+  EXPECT_EQ(p.ui.Domande[0].Testo, "Salvare il Lavoro?");
+  EXPECT_FALSE(MembriDi(s.NomeLavoro).empty());
+
+  p.ui.Rispondi(Risposta::No);
+  EXPECT_TRUE(ChiusuraLavoro(s, false));
+  EXPECT_EQ(p.ui.Domande[1].Titolo, "Chiusura Lavoro Aperto");
+  EXPECT_EQ(p.ui.Domande[1].Testo, "Salvare le modifiche al Lavoro Attuale?");
+  EXPECT_TRUE(prova::NomiIn(s.CartellaLavoro + "PROVVISO").empty());
+  EXPECT_EQ(MembriDi(base), prima);
+
+  Apri();
+  s.LineaX2[0] = 1725011;
+  SegnaModificato(s, SlotLinee);
+  p.ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(ChiusuraLavoro(s, false));
+  EXPECT_NE(MembriDi(base).at(".LIN"), prima.at(".LIN"));
+  EXPECT_TRUE(prova::NomiIn(s.CartellaLavoro + "PROVVISO").empty());
+
+  // Yes on the default job, then the name dialog cancelled: the work stays open.
+  s.NomeOriginale = lavori + "NUOVO/NUOVO";
+  VR_ApriLavoro(s);
+  p.ui.Rispondi(Risposta::Si);
+  EXPECT_FALSE(ChiusuraLavoro(s, true));
+  EXPECT_FALSE(MembriDi(s.NomeLavoro).empty());
+}
+
+// Every field of every record kind, the text kinds and the settings of two sessions.
+template <class Tab>
+void StesseRighe(const Sessione& a, const Sessione& b, const LayoutRecord<Tab>& layout) {
+  ASSERT_EQ(a.ContaEntita[layout.Slot], b.ContaEntita[layout.Slot]) << layout.Slot;
+  const Tab &ta = a, &tb = b;
+  for (int32_t r = 0; r < a.ContaEntita[layout.Slot]; ++r)
+    for (const auto& campo : layout.Campi) {
+      if (campo.Membro.index() == 0) continue;
+      EXPECT_EQ(ValoreDi(campo, ta, r), ValoreDi(campo, tb, r)) << layout.Slot << " " << r << " " << campo.Nome;
+    }
+}
+
+void StessoLavoro(const Sessione& a, const Sessione& b) {
+  StesseRighe(a, b, LayoutPunti());
+  StesseRighe(a, b, LayoutLinee());
+  StesseRighe(a, b, LayoutCerchi());
+  StesseRighe(a, b, LayoutArchi());
+  StesseRighe(a, b, LayoutTesti());
+  StesseRighe(a, b, LayoutFalde());
+  StesseRighe(a, b, LayoutCurve());
+  StesseRighe(a, b, LayoutSette());
+  StesseRighe(a, b, LayoutBitmap());
+  for (size_t i = 0; i < a.Cfg.A.Istruzioni.size(); ++i) {
+    EXPECT_EQ(a.Cfg.A.Istruzioni[i].Etichetta, b.Cfg.A.Istruzioni[i].Etichetta);
+    for (size_t k = 0; k < a.Cfg.A.Istruzioni[i].Valori.size(); ++k) {
+      EXPECT_EQ(a.Cfg.A(i, k).Numero, b.Cfg.A(i, k).Numero) << i;
+      EXPECT_EQ(a.Cfg.A(i, k).Testo, b.Cfg.A(i, k).Testo) << i;
+    }
+  }
+  for (size_t i = 0; i < a.Cfg.B.Istruzioni.size(); ++i)
+    for (size_t k = 0; k < a.Cfg.B.Istruzioni[i].Valori.size(); ++k) {
+      EXPECT_EQ(a.Cfg.B(i, k).Numero, b.Cfg.B(i, k).Numero) << i;
+      EXPECT_EQ(a.Cfg.B(i, k).Testo, b.Cfg.B(i, k).Testo) << i;
+    }
+  EXPECT_EQ(a.LibrettoMisure, b.LibrettoMisure);
+  EXPECT_EQ(a.Testo126, b.Testo126);
+  EXPECT_EQ(a.TestoCel, b.TestoCel);
+  EXPECT_EQ(a.MembriConservati, b.MembriConservati);
+  ASSERT_EQ(a.Piani.size(), b.Piani.size());
+  for (size_t i = 0; i < a.Piani.size(); ++i) EXPECT_EQ(ScriviRigaPiano(a.Piani[i]), ScriviRigaPiano(b.Piani[i]));
+  EXPECT_EQ(a.PianoCorrente, b.PianoCorrente);
+  EXPECT_EQ(a.Imp.FATTORE_DI_ZOOM, b.Imp.FATTORE_DI_ZOOM);
+  EXPECT_EQ(a.Vista.CentroEst, b.Vista.CentroEst);
+  EXPECT_EQ(a.Vista.AltezzaVista, b.Vista.AltezzaVista);
+}
+
+TEST_F(Salvataggio, CaricaSalvaCaricaConservaOgniValoreDiOgniMembro) {
+  Record c(128);
+  c.I16(0, 0).F64(2, 1725005).F64(10, 5031002).F64(18, 1725005).F64(26, 2.5).Car(34, 16, "").I16(50, 3);
+  c.I16(52, 1).I16(54, -1).Car(56, 28, "").Car(84, 8, "VERDE").Car(92, 36, "");
+  Scrivi(".CER", c.Byte());
+  Record a(128);
+  a.I16(0, 0).F64(2, 5).F64(10, 6).F64(18, 7).F64(26, 10).F64(34, 3.25).F64(42, 1.5).I16(50, 8).I16(52, 1);
+  a.I16(54, -1).Car(56, 4, "").F64(60, 14.1).F64(68, 14.2).Car(76, 8, "").Car(84, 8, "STRADA").Car(92, 36, "");
+  Scrivi(".ARC", a.Byte());
+  Record t(256);
+  t.I16(0, 0).F64(2, 1.5).F64(10, 2.5).F64(18, 100).F64(26, 1.8).F64(42, 2).I16(50, 4).Car(52, 2, "").I16(54, 0);
+  t.F64(56, 3).Car(64, 20, "").Car(84, 8, "TESTI").Car(92, 23, "Arial").Car(115, 132, "VIA \xC0").Car(247, 9, "");
+  Scrivi(".TES", t.Byte());
+  Record f(256);
+  f.I16(0, 0).F64(2, 1).F64(26, 4).F64(60, 8).I16(50, 9).Car(78, 6, "").F64(84, 10).Car(108, 8, "FALDE");
+  f.Car(212, 44, "");
+  Scrivi(".EQU", f.Byte());
+  Record v(17);
+  v.U8(0, 2).F64(1, 10.5).F64(9, -3.25);
+  Scrivi(".CUV", v.Byte() + v.Byte());
+  Scrivi(".HAT", "0,\"101|PF01/0010/G693\",\"COGO\",\"245\",3,1\r\n");
+  Scrivi(".BTM", "0,\"foto.jpg\",10,20,30,40,0,\"++++++++\",1,0.5,0.25,12.5,\"IMMAGINI\"\r\n");
+  Scrivi(".INF", "\"" + base + "\"\r\n");
+  Scrivi(".TXT", "0|21112026|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|\r\n1|100|1.550|\r\n");
+  Scrivi(".126", "riga uno\r\nriga due\r\n");
+  Scrivi(".CEL", "citt\xE0\r\n");
+  Scrivi(".PIA", "0|0|1|0|1|Arial|0|0|0\r\nSTRADE|0|8|2|3|Courier New|0|0|0\r\n");
+  Scrivi(".L", "vecchia lista");
+  const std::string binario("\x00\x01\x02\xFF\r\n\x1A fine", 11);
+  for (const char* est : {".VRZ", ".DUE", ".SEZ", ".EDM", ".EMP", ".PNG", ".SMP", ".XVR", ".FOT"})
+    Scrivi(est, binario + est);
+  const auto fissati = MembriDi(base);
+  ASSERT_EQ(fissati.size(), 25u);
+
+  Apri();
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  ASSERT_EQ(s.ContaEntita[SlotCurve], 2);
+  ASSERT_TRUE(Salva(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  const auto salvati = MembriDi(base);
+  ASSERT_EQ(salvati.size(), 25u);
+  for (const auto& [est, byte] : fissati) {
+    if (est == ".CER" || est == ".L") continue;
+    EXPECT_EQ(salvati.at(est), byte) << est;
+  }
+  Record cAtteso = c;
+  EXPECT_EQ(salvati.at(".CER"), cAtteso.F64(18, 1725005).Byte());
+  EXPECT_EQ(salvati.at(".L"),
+            "1001\r\n\"0\",\"0\",0,0,0\r\n\"101\",\"\",1725000,5031000,14\r\n"
+            "\"PF01/0010/G693\",\"\",1725010.25,5031005.5,15\r\n");
+  EXPECT_EQ(BackupDi(base).at(".SEK"), fissati.at(".SEZ"));
+
+  prova::SessioneProva q;
+  q.s.CartellaLavoro = s.CartellaLavoro;
+  q.s.NomeOriginale = base;
+  VR_ApriLavoro(q.s);
+  StessoLavoro(s, q.s);
+  // The environment's settings are read over those the job carries, which the file keeps.
+  EXPECT_EQ(q.s.Cfg.VB(B_FattoreZoom, 0).Numero, 0.5);
+  EXPECT_EQ(q.s.Cfg.VB(B_ColoreDefault, 0).Numero, 3);
+  EXPECT_EQ(q.s.Imp.FATTORE_DI_ZOOM, 50);
+  EXPECT_EQ(q.s.PianoCorrente, "EDIFICI");
+  EXPECT_EQ(q.s.BitmapRotazione[0], 12.5);
+  EXPECT_EQ(q.s.TestoTesto[0], "VIA À");
+}
+
+}  // namespace
+}  // namespace varena

@@ -1,0 +1,229 @@
+// Snapshots, the journal, undo and redo, and the sharing of members between generations.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "core/File.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Carica.h"
+#include "store/Salva.h"
+#include "store/Undo.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+using prova::Esiste;
+using prova::LeggiFileProva;
+using prova::MembriDi;
+
+// A job of five points and four lines under LAVORI, written once by the savers.
+void PreparaLavoro(const std::string& base) {
+  Sessione s;
+  s.NomeLavoro = base;
+  for (int k = 0; k < 5; ++k) {
+    DimensionaPunti(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotPunti]++);
+    s.PuntoNome[r] = std::to_string(101 + k);
+    s.PuntoX[r] = 1725000 + 10 * k, s.PuntoY[r] = 5031000, s.PuntoPiano[r] = "PUNTI", s.PuntoFont[r] = "Arial";
+  }
+  for (int k = 0; k < 4; ++k) {
+    DimensionaLinee(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotLinee]++);
+    s.LineaX1[r] = 1725000 + 10 * k, s.LineaY1[r] = 5031000, s.LineaX2[r] = s.LineaX1[r] + 10;
+    s.LineaY2[r] = 5031000, s.LineaPiano[r] = "RECINZ";
+  }
+  s.Vista.CentroEst = 1725020, s.Vista.CentroNord = 5031000, s.Vista.AltezzaVista = 80;
+  s.Piani = {Piano{}};
+  AggiungiRigaLibretto(s, "0|21112026|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|");
+  ASSERT_TRUE(SalvaTutto(s));
+}
+
+class Undo : public ::testing::TestWithParam<bool> {
+ protected:
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  std::string base;
+  void SetUp() override {
+    base = s.CartellaLavoro + "LAVORI/ROSSI";
+    std::filesystem::create_directories(s.CartellaLavoro + "LAVORI");
+    PreparaLavoro(base);
+    s.CollegaGenerazioni = GetParam();
+    s.NomeOriginale = base;
+    VR_ApriLavoro(s);
+    ASSERT_EQ(s.NomeLavoro, s.CartellaLavoro + "PROVVISO/ROSSI_20262111103015");
+  }
+  std::string Diario() const { return LeggiFileProva(PercorsoDiario(s)); }
+  std::string Gen(int n, const char* est) const { return RadiceGenerazione(s, n) + est; }
+  void SpostaLinea(size_t r, double x2) {
+    s.LineaX2[r] = x2;
+    SegnaModificato(s, SlotLinee);
+    ASSERT_TRUE(VR_SalvaUndo(s));
+  }
+};
+
+TEST_P(Undo, LAperturaFaLaPrimaGenerazioneEUndoNonFaNulla) {
+  EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
+  const auto membri = MembriDi(s.NomeLavoro);
+  EXPECT_EQ(MembriDi(RadiceGenerazione(s, 1)), membri);
+  for (const char* est : {".LLL", ".LIN", ".CFG", ".INF", ".PIA", ".TXT", ".L"}) EXPECT_TRUE(membri.count(est)) << est;
+  // An edit not yet committed: undo with one generation neither reloads nor clears.
+  s.LineaIdent[1] = -1;
+  EXPECT_FALSE(VR_UNDO(s));
+  EXPECT_EQ(s.LineaIdent[1], -1);
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 4);
+  EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
+  EXPECT_FALSE(VR_REDO(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_P(Undo, RigheCancellateCompattateAllaRiletturaEDopoLUndo) {
+  s.LineaIdent[1] = -1;
+  SegnaModificato(s, SlotLinee);
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  EXPECT_EQ(Diario(), " 2 \r\n 2 \r\n");
+  EXPECT_EQ(LeggiFileProva(Gen(2, ".LIN")).size(), 3u * 128);
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 4);  // still counted until a reload
+
+  ASSERT_TRUE(VR_UNDO(s));
+  EXPECT_EQ(Diario(), " 1 \r\n 2 \r\n");
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 4);
+  EXPECT_EQ(s.LineaIdent[1], 0);
+  EXPECT_EQ(s.LineaX1[2], 1725020);
+
+  ASSERT_TRUE(VR_REDO(s));
+  EXPECT_EQ(Diario(), " 2 \r\n 2 \r\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
+  EXPECT_EQ(s.LineaX1[1], 1725020);  // the row after the deleted one took its number
+  EXPECT_FALSE(VR_REDO(s));
+}
+
+TEST_P(Undo, UnaNuovaModificaTogliIlRedo) {
+  SpostaLinea(0, 1725011);
+  ASSERT_TRUE(VR_UNDO(s));
+  EXPECT_EQ(s.LineaX2[0], 1725010);
+  SpostaLinea(0, 1725012);
+  EXPECT_EQ(Diario(), " 2 \r\n 2 \r\n");
+  EXPECT_FALSE(VR_REDO(s));
+  EXPECT_EQ(s.LineaX2[0], 1725012);
+  ASSERT_TRUE(VR_UNDO(s));
+  ASSERT_TRUE(VR_REDO(s));
+  EXPECT_EQ(s.LineaX2[0], 1725012);
+}
+
+TEST_P(Undo, UnMembroAssenteNellaGenerazioneEAssenteDopoIlRipristino) {
+  DimensionaCerchi(s);
+  s.CerchioRaggio[0] = 2, s.CerchioPiano[0] = "0";
+  s.ContaEntita[SlotCerchi] = 1;
+  s.Testo126 = "nota\r\n";
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  EXPECT_TRUE(Esiste(Gen(2, ".CER")));
+  EXPECT_FALSE(Esiste(Gen(1, ".CER")));
+  // A stray copy of another letter case counts as the member too.
+  prova::ScriviFileProva(s.NomeLavoro + ".cer", "estraneo");
+  ASSERT_TRUE(VR_UNDO(s));
+  EXPECT_EQ(s.ContaEntita[SlotCerchi], 0);
+  EXPECT_EQ(s.Testo126, "");
+  EXPECT_FALSE(EsisteFile(s.NomeLavoro + ".CER"));
+  EXPECT_FALSE(EsisteFile(s.NomeLavoro + ".126"));
+  ASSERT_TRUE(VR_REDO(s));
+  EXPECT_EQ(s.ContaEntita[SlotCerchi], 1);
+  EXPECT_EQ(s.Testo126, "nota\r\n");
+}
+
+TEST_P(Undo, OgniGenerazioneRipristinaEsattamenteIlSuoInsiemeDiFile) {
+  std::vector<std::map<std::string, std::string>> insiemi{MembriDi(s.NomeLavoro)};
+  SpostaLinea(3, 1725100);
+  insiemi.push_back(MembriDi(s.NomeLavoro));
+  s.PuntoX[2] = 1;
+  SegnaModificato(s, SlotPunti);
+  s.Vista.AltezzaVista = 500;  // the view goes with the settings member, unmarked
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  insiemi.push_back(MembriDi(s.NomeLavoro));
+  s.ContaEntita[SlotLinee] = 0;  // every line gone: the member goes too
+  SegnaModificato(s, SlotLinee);
+  s.LibrettoMisure.clear();
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  insiemi.push_back(MembriDi(s.NomeLavoro));
+  EXPECT_FALSE(insiemi[3].count(".LIN"));
+  EXPECT_FALSE(insiemi[3].count(".TXT"));
+  for (size_t k = 1; k < insiemi.size(); ++k) EXPECT_NE(insiemi[k], insiemi[k - 1]) << k;
+
+  // Unchanged members are one file under every name when links are allowed, never otherwise.
+  EXPECT_EQ(StessoFile(Gen(1, ".LLL"), Gen(2, ".LLL")), GetParam());
+  EXPECT_EQ(StessoFile(s.NomeLavoro + ".LLL", Gen(4, ".LLL")), GetParam());
+  EXPECT_FALSE(StessoFile(Gen(1, ".LIN"), Gen(2, ".LIN")));
+
+  for (int n = 3; n >= 1; --n) {
+    ASSERT_TRUE(VR_UNDO(s));
+    EXPECT_EQ(MembriDi(s.NomeLavoro), insiemi[static_cast<size_t>(n - 1)]) << n;
+  }
+  EXPECT_EQ(s.Vista.AltezzaVista, 80);
+  for (int n = 2; n <= 4; ++n) {
+    ASSERT_TRUE(VR_REDO(s));
+    EXPECT_EQ(MembriDi(s.NomeLavoro), insiemi[static_cast<size_t>(n - 1)]) << n;
+  }
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(s.PuntoX[2], 1);
+  EXPECT_EQ(s.Vista.AltezzaVista, 500);
+  // After a restore nothing waits to be written: an edit of the lines writes the lines alone.
+  EXPECT_EQ(s.SlotModificato, (std::array<bool, NumeroSlot>{}));
+}
+
+TEST_P(Undo, LoSnapshotConservaLaVistaELoStatoDelleVecchieGenerazioni) {
+  s.Vista.BordoSinistro = -3, s.Vista.BordoAlto = 7, s.Vista.RapportoVista = 1.25;
+  SpostaLinea(0, 1725013);
+  EXPECT_EQ(s.Vista.BordoSinistro, -3);
+  EXPECT_EQ(s.Vista.BordoAlto, 7);
+  EXPECT_EQ(s.Vista.RapportoVista, 1.25);
+  EXPECT_EQ(s.Vista.CentroEst, 1725020);
+  // Generation 1 still holds the line as it was, whatever happened to the provisional copy.
+  EXPECT_EQ(LeggiFileProva(Gen(1, ".LIN")).substr(26, 8), LeggiFileProva(base + ".LIN").substr(26, 8));
+}
+
+TEST_P(Undo, UnGuastoNelloSnapshotLasciaIlDiario) {
+  SpostaLinea(0, 1725014);
+  ASSERT_TRUE(VR_UNDO(s));  // a redo into generation 2 stands
+  s.LineaX2[0] = 1725015;
+  SegnaModificato(s, SlotLinee);
+  {
+    prova::SondaProva sonda([](OperazioneFile op, std::string_view pp) {
+      return op == OperazioneFile::Scrittura && FinisceCon(pp, ".LIN");
+    });
+    EXPECT_FALSE(VR_SalvaUndo(s));
+  }
+  EXPECT_EQ(Diario(), " 1 \r\n 2 \r\n");
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_NE(p.ui.Messaggi[0].Testo.find("Nella Routine SalvaLinee"), std::string::npos);
+  // Failing while generation 2 is being replaced gives up the redo before touching it.
+  {
+    prova::SondaProva sonda([](OperazioneFile op, std::string_view pp) {
+      return (op == OperazioneFile::Copia || op == OperazioneFile::Collegamento) && FinisceCon(pp, "(2).CFG");
+    });
+    EXPECT_FALSE(VR_SalvaUndo(s));
+  }
+  EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
+  EXPECT_NE(p.ui.Messaggi.back().Testo.find("Nella Routine VR_ Salvaundo 2"), std::string::npos);
+  EXPECT_FALSE(VR_REDO(s));
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  EXPECT_EQ(Diario(), " 2 \r\n 2 \r\n");
+  ASSERT_TRUE(VR_UNDO(s));
+  ASSERT_TRUE(VR_REDO(s));
+  EXPECT_EQ(s.LineaX2[0], 1725015);
+}
+
+TEST_P(Undo, UnMembroStaccatoSiPuoScrivereSulPosto) {
+  StaccaMembro(s, SlotLibretto);
+  EXPECT_FALSE(StessoFile(s.NomeLavoro + ".TXT", Gen(1, ".TXT")));
+  const std::string prima = LeggiFileProva(Gen(1, ".TXT"));
+  EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".TXT"), prima);
+  std::ofstream(s.NomeLavoro + ".TXT", std::ios::binary | std::ios::trunc) << "scritto da un altro programma";
+  EXPECT_EQ(LeggiFileProva(Gen(1, ".TXT")), prima);
+}
+
+INSTANTIATE_TEST_SUITE_P(CollegamentiECopie, Undo, ::testing::Bool(),
+                         [](const auto& info) { return info.param ? "Collegamenti" : "Copie"; });
+
+}  // namespace
+}  // namespace varena
