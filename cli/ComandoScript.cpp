@@ -40,7 +40,7 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   s.NomeOriginale = *base;
   VR_ApriLavoro(s);
   RigeneraLista(s);
-  const EsitoScript esito = EseguiScript(s, ui, testo, out, nullptr);
+  const EsitoScript esito = EseguiScript(s, ui, testo, out);
   EliminaProvviso(s);
   if (esito.Codice != 0) {
     err << a.Posizionali[1] << ", riga " << esito.Riga << ": " << esito.Errore << "\n";

@@ -9,7 +9,10 @@
 #include "commands/TabellaDialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "store/Salvataggio.h"
+#include "store/Undo.h"
 #include "view/Ridisegna.h"
+#include "view/Rigenera.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -53,6 +56,7 @@ void AzionePassoDimensioni(Sessione& s) {
   auto& colonna = tag[1] == 'N' ? s.PuntoDimensioneNome : s.PuntoDimensioneSimbolo;
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
     if (s.PuntoIdent[static_cast<size_t>(r)] == 0) colonna[static_cast<size_t>(r)] *= fattore;
+  SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
 }
 
@@ -72,6 +76,38 @@ void AzioneProgrammaEsterno(Sessione& s) {
 void AzioneEstrattoNonAssociato(Sessione& s) {
   // No extract is associated with a job in this version.
   s.Ui->Messaggio("Impossibile continuare", "Estratto Non Associato", Icona::Nessuna);
+}
+
+namespace {
+
+// The tables were read again: no row number of the command in progress means anything any
+// more, so the command starts again from its first step.
+void DopoRilettura(Sessione& s) {
+  Rigenerazione1(s);
+  if (s.ComandoCorrente != 0) ArmaComando(s);
+}
+
+}  // namespace
+
+void AzioneAnnulla(Sessione& s) {
+  if (VR_UNDO(s)) DopoRilettura(s);
+}
+
+void AzioneRipristina(Sessione& s) {
+  if (VR_REDO(s)) DopoRilettura(s);
+}
+
+void AzioneSalva(Sessione& s) { Salva(s); }
+
+void AzioneSalvaConNome(Sessione& s) {
+  if (VR_SalvaConNome(s)) DopoRilettura(s);
+}
+
+void AzioneNuovoVuoto(Sessione& s) {
+  // The work in hand first: saved, dropped, or the new job not made.
+  if (!Rifila(s.NomeLavoro).empty() && !ChiusuraLavoro(s, false)) return;
+  InterrompiComando(s);
+  if (VR_CreaNuovoLavoroVuoto(s)) Rigenerazione1(s);
 }
 
 void AzioneZoomTutto(Sessione& s) { EseguiSeguito(s, TuttoTutto(s)); }

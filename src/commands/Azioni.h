@@ -21,6 +21,13 @@ void AzioneProgrammaEsterno(Sessione& s);
 // CONFIGURA_ESTRATTO, COLORE_ESTRATTO without an associated extract.
 void AzioneEstrattoNonAssociato(Sessione& s);
 
+// The job: undo, redo, save, save as, a new empty job.
+void AzioneAnnulla(Sessione& s);
+void AzioneRipristina(Sessione& s);
+void AzioneSalva(Sessione& s);
+void AzioneSalvaConNome(Sessione& s);
+void AzioneNuovoVuoto(Sessione& s);
+
 // Zoom tags.
 void AzioneZoomTutto(Sessione& s);
 void AzioneZoomFinestra(Sessione& s);

@@ -239,6 +239,7 @@ void AlternaVisualizzazione(Sessione& s, char tag) {
   const int nuovo = prima == 0 ? 1 : 0;
   ScriviImpostazioneUtente(s, "VISUALIZZA", chiave, std::to_string(nuovo));
   const int16_t congela = nuovo == 1 ? 0 : -1;
+  SegnaModificato(s, tag == 'L' ? SlotLinee : SlotPunti);
   if (tag == 'L') {
     for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r)
       if (s.LineaIdent[static_cast<size_t>(r)] == 0) s.LineaCongela[static_cast<size_t>(r)] = congela;

@@ -48,6 +48,7 @@ void Marca(Sessione& s, const char* marca) {
   // One mark at a time: an older one goes first.
   if (IniziaCon(d, "<PV>") || IniziaCon(d, "<PD>")) d.erase(0, 4);
   d = marca + d;
+  SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
   ArmaComando(s);
 }
@@ -65,6 +66,7 @@ void DisegnoEntitaPunto(Sessione& s) {
                               "Cambiare il Nome al Punto Esistente";
     if (s.Ui->Domanda(testo, "Punto Esistente", Bottoni::SiNo, Icona::Domanda, Risposta::No) == Risposta::Si) {
       s.PuntoNome[static_cast<size_t>(esistente)] = nome;
+      SegnaModificato(s, SlotPunti);
       ProponiProssimo(s, nome);
       FineModifica(s, false);
     }
@@ -99,6 +101,7 @@ void subNomeScambio(Sessione& s) {
   nomeA = "|IL_A_NO|";
   nomeA = nomeB;
   nomeB = primo;
+  SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
   ArmaComando(s);
 }
@@ -119,6 +122,7 @@ void subEditNomeSposta(Sessione& s) {
   const auto k = static_cast<size_t>(r);
   s.PuntoSpoX[k] = s.PuntoCorrenteX - s.PuntoX[k];
   s.PuntoSpoY[k] = s.PuntoCorrenteY - s.PuntoY[k];
+  SegnaModificato(s, SlotPunti);
   // A regeneration: the point's place in the grid of the searches follows its label.
   FineModifica(s, true);
   ArmaComando(s);
@@ -141,6 +145,7 @@ std::string PromptIncollaQuota(const Sessione& s) {
 void subIncollaQuota(Sessione& s) {
   if (!SuUnPunto(s)) return;
   s.PuntoZ[static_cast<size_t>(s.PuntoCorrenteIndice)] = s.QuotaCopiata;
+  SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
   ArmaComando(s);
 }

@@ -37,6 +37,7 @@ void subScalaImmagine(Sessione& s) {
   if (v.Riga < 0 || v.Riga >= s.ContaEntita[SlotBitmap]) return;
   const auto k = static_cast<size_t>(v.Riga);
   s.BitmapScalaLar[k] = s.BitmapScalaAlt[k] = MetriPerPixel(s.ComandoCorrente);
+  SegnaModificato(s, SlotBitmap);
   // The whole drawing framed again, with the image at its new size.
   RigeneraLista(s);
   (void)TuttoTutto(s);

@@ -11,6 +11,7 @@
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "store/Salvataggio.h"
 #include "view/Ridisegna.h"
 
 namespace varena {
@@ -231,7 +232,7 @@ EsitoScript EseguiScript(Sessione& s, InterfacciaScript& ui, std::istream& scrip
       s.Vista.AltezzaVista = altezza;
       Ridisegna(s);
     } else if (azione == "SAVE") {
-      if (!salva || !salva(s)) return ferma(2, "lavoro non salvato");
+      if (!(salva ? salva(s) : Salva(s))) return ferma(2, "lavoro non salvato");
     } else {
       return ferma(64, "azione sconosciuta: " + azione);
     }

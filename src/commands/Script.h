@@ -64,9 +64,10 @@ struct EsitoScript {
   std::string Errore;
 };
 
-// Runs the lines of `script` on `s`, whose interface must be `ui`. `salva` saves the job
-// (false when it was not saved). Stops at the first line that cannot be run.
+// Runs the lines of `script` on `s`, whose interface must be `ui`. SAVE saves the job as the
+// program's save does (`Salva`), or through `salva` when one is given. Stops at the first
+// line that cannot be run.
 EsitoScript EseguiScript(Sessione& s, InterfacciaScript& ui, std::istream& script, std::ostream& out,
-                         const std::function<bool(Sessione&)>& salva);
+                         const std::function<bool(Sessione&)>& salva = {});
 
 }  // namespace varena

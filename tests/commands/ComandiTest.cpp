@@ -4,6 +4,8 @@
 #include "commands/Comandi.h"
 #include "commands/Tastiera.h"
 #include "core/ImpostazioniUtente.h"
+#include "store/Carica.h"
+#include "store/Undo.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {
@@ -235,6 +237,36 @@ TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   b.Script("TAG L\n");
   EXPECT_EQ(s.LineaCongela[0], -1);
   EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?"), "0");
+}
+
+// On an open job a toggle is a change of the job: a snapshot is taken, and the frozen flag
+// is in the provisional point file.
+TEST(Visualizza, UnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
+  Banco b;
+  const std::string base = b.cartella / "ROSSI";
+  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "0,0,100"));
+  ScriviFileProva(base + ".LLL", RecordPuntoBase("1", 0, 0, 10).Byte());
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
+  const int64_t prima = LeggiDiario(b.s)->Passo;
+  b.Script("TAG N\n");
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 1);
+  const std::string lll = LeggiFileProva(b.s.NomeLavoro + ".LLL");
+  ASSERT_EQ(lll.size(), 256u);
+  EXPECT_EQ(lll.substr(128, 2), std::string("\xff\xff", 2));  // Congela Nome -1
+  // Undone, the name is shown again, and the command in progress starts over.
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
+  EXPECT_EQ(b.s.PuntoCongelaNome[0], 0);
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima);
+  EXPECT_EQ(b.s.ComandoCorrente, 22);
+  EXPECT_EQ(b.s.PassoComando, 0);
+  b.Script("KEY F10\n");
+  EXPECT_EQ(b.s.PuntoCongelaNome[0], -1);
+  // A line drawn is one more generation.
+  b.Script("CLICK left 5 5\nCLICK left 6 6\n");
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 2);
+  EXPECT_EQ(LeggiFileProva(b.s.NomeLavoro + ".LIN").size(), 128u);
 }
 
 TEST(Esegui_Comando_TAG, MenuLettereEPassiDiDimensione) {

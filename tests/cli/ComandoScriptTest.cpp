@@ -1,0 +1,112 @@
+// varena-cli script on a job built byte by byte: what it prints, the original left alone
+// until SAVE, what SAVE writes, and the errors of a script.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+
+#include "Comandi.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+namespace fs = std::filesystem;
+using prova::ScriviFileProva;
+
+struct Esito {
+  int stato;
+  std::string out, err;
+};
+
+Esito Cli(std::vector<std::string> argomenti) {
+  std::ostringstream out, err;
+  const int stato = cli::Esegui(argomenti, out, err);
+  return {stato, out.str(), err.str()};
+}
+
+double F64(const std::string& byte, size_t off) {
+  double v = 0;
+  std::memcpy(&v, byte.data() + off, sizeof v);
+  return v;
+}
+
+class CliScript : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea dir, casa;
+  std::string base, script;
+  void SetUp() override {
+    setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
+    setenv("VARENA_PROGRAMMA", (casa / "prog").c_str(), 1);
+    base = dir / "ROSSI";
+    ScriviFileProva(base + ".CFG", prova::CfgManuale("VR2020", "0,0,100"));
+    ScriviFileProva(base + ".LLL", prova::RecordPuntoBase("1", 0, 0, 10).Byte() +
+                                       prova::RecordPuntoBase("2", 30, 40, 20).Byte());
+    script = dir / "linea.txt";
+    ScriviFileProva(script,
+                    "# a line between the two points\r\n"
+                    "TAG DISEGNA_LINEA_2_P\r\n"
+                    "KEY P\r\n"
+                    "CLICK left 1 1\r\n"
+                    "KEY P\r\n"
+                    "CLICK left 29 41\r\n");
+  }
+  void TearDown() override {
+    unsetenv("VARENA_DOCUMENTI");
+    unsetenv("VARENA_PROGRAMMA");
+  }
+};
+
+TEST_F(CliScript, StampaOgniPromptELasciaLOriginaleSenzaSave) {
+  const std::string punti = prova::LeggiFileProva(base + ".LLL");
+  const Esito e = Cli({"script", base, script});
+  EXPECT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(e.out,
+            "> TAG DISEGNA_LINEA_2_P\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n"
+            "> KEY P\n"
+            "> CLICK left 1 1\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> KEY P\n"
+            "> CLICK left 29 41\n"
+            "PROMPT Disegno Linea 2P - Primo Punto:\n");
+  EXPECT_EQ(e.err, "");
+  EXPECT_FALSE(prova::Esiste(base + ".LIN"));
+  EXPECT_EQ(prova::LeggiFileProva(base + ".LLL"), punti);
+  // The provisional copy is gone.
+  EXPECT_TRUE(fs::is_empty(casa.Percorso() + "/VR2000/PROVVISO"));
+}
+
+TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
+  ScriviFileProva(script, prova::LeggiFileProva(script) + "SAVE\n");
+  const Esito e = Cli({"script", base + ".cfg", script});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  const std::string linee = prova::LeggiFileProva(base + ".LIN");
+  ASSERT_EQ(linee.size(), 128u);
+  EXPECT_EQ(linee.substr(0, 2), std::string("\0\0", 2));
+  EXPECT_EQ(F64(linee, 2), 0.0);
+  EXPECT_EQ(F64(linee, 10), 0.0);
+  EXPECT_EQ(F64(linee, 18), 10.0);
+  EXPECT_EQ(F64(linee, 26), 30.0);
+  EXPECT_EQ(F64(linee, 34), 40.0);
+  EXPECT_EQ(F64(linee, 42), 20.0);
+}
+
+TEST_F(CliScript, ErroriDelloScript) {
+  Esito e = Cli({"script", base, dir / "manca.txt"});
+  EXPECT_EQ(e.stato, 1);
+  EXPECT_EQ(e.err, "Script non trovato: " + (dir / "manca.txt") + "\n");
+  e = Cli({"script", dir / "manca", script});
+  EXPECT_EQ(e.stato, 1);
+  EXPECT_EQ(e.err, "Lavoro non trovato: " + (dir / "manca") + "\n");
+  EXPECT_EQ(Cli({"script", base}).stato, 64);
+  ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nVOLA 1 2\nCLICK left 0 0\n");
+  e = Cli({"script", base, script});
+  EXPECT_EQ(e.stato, 64);
+  EXPECT_EQ(e.out, "> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> VOLA 1 2\n");
+  EXPECT_EQ(e.err, script + ", riga 2: azione sconosciuta: VOLA\n");
+}
+
+}  // namespace
+}  // namespace varena
