@@ -17,9 +17,7 @@ void ClearAllTables(Sessione& s) {
   s.ListaDisegno.Svuota();
   s.IndiceLista.Svuota();
   s.IndicePunti.Svuota();
-  s.IndiceCerchi.Svuota();
-  s.IndiceArchi.Svuota();
-  s.IndiceTesti.Svuota();
+  s.Vicinanza = {};
   s.ImmagineInCima = -1;
 }
 

@@ -26,6 +26,7 @@
 #include "core/Tratteggi.h"
 #include "store/Cfg.h"
 #include "view/Elastico.h"
+#include "view/IndiceAlbero.h"
 #include "view/IndiceGriglia.h"
 #include "view/ListaDisegno.h"
 #include "view/StatoVista.h"
@@ -63,11 +64,8 @@ struct Sessione : TabelleEntita, StatoComandi {
   ElencoDisegno ListaDisegno;
   IndiceGriglia IndiceLista;
   IndiceGriglia IndicePunti;
-  // The nearest-entity searches read the circles, arcs and texts from their tables; these
-  // grids keep a click to what is near it.
-  IndiceGriglia IndiceCerchi;
-  IndiceGriglia IndiceArchi;
-  IndiceGriglia IndiceTesti;
+  // The trees of the nearest-entity searches, made with the grids.
+  IndiciVicinanza Vicinanza;
   int32_t ImmagineInCima = -1;  // the image painted over the others
   bool EvidenziaTutto = false;  // every point symbol in the highlight colour
   int16_t TipoStampa = 0;       // 5: drawing goes to paper

@@ -88,7 +88,9 @@ void PreparaVicina(Sessione& s, double x, double y) {
   s.UltimaVicinaY = y;
 }
 
-EsitoSnap RisolviSnap(Sessione& s) {
+namespace {
+
+EsitoSnap RisolviModo(Sessione& s) {
   const int16_t modo = s.SoloPunti ? int16_t{SnapNodo} : s.ModoSnap;
   switch (modo) {
     case SnapNodo: return Nodo(s);
@@ -133,6 +135,15 @@ EsitoSnap RisolviSnap(Sessione& s) {
     default: break;
   }
   return EsitoSnap::Punto;
+}
+
+}  // namespace
+
+EsitoSnap RisolviSnap(Sessione& s) {
+  const EsitoSnap esito = RisolviModo(s);
+  // What the move prepared serves this click only: the click may change the drawing.
+  s.UltimaVicinaValida = false;
+  return esito;
 }
 
 int16_t ModoDaTagSnap(std::string_view tag) {

@@ -1,11 +1,9 @@
-// The searches by kind, one expanding search over the grids for all of them, and the
+// The searches by kind over the trees of the drawing, the general search, and the
 // notable points of the entity found.
 #include "snap/Vicino.h"
 
-#include <array>
 #include <cmath>
 #include <limits>
-#include <vector>
 
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -15,7 +13,6 @@ namespace varena {
 
 namespace {
 
-constexpr int kTipi = 16;
 constexpr uint32_t Bit(int tipo) { return 1u << tipo; }
 constexpr uint32_t kTipiLista =
     Bit(SlotLinee) | Bit(SlotFalde) | Bit(SlotSette) | Bit(SlotSezioni) | Bit(SlotBitmap) | Bit(14);
@@ -55,121 +52,81 @@ struct Migliore {
   int64_t I;
 };
 
+// The searches of one pointer position, kind by kind: the rows added since the trees were
+// made one by one, then the tree from the nearest box outwards, as far as the best so far.
 class Ricerca {
  public:
-  Ricerca(const Sessione& s, double x, double y, uint32_t tipi) : s_(s), x_(x), y_(y), tipi_(tipi) {}
+  Ricerca(const Sessione& s, double x, double y)
+      : s_(s), x_(x), y_(y), margine_(1e-8 * (std::fabs(x) + std::fabs(y)) + 1e-9) {}
 
-  void Limite(int tipo, double limite) { m_[static_cast<size_t>(tipo)] = {limite, -1}; }
-  const Migliore& Risultato(int tipo) const { return m_[static_cast<size_t>(tipo)]; }
-
-  void Esegui() {
-    double hMassimo = 0;
-    for (int t = 0; t < kTipi; ++t)
-      if (Vuole(t)) hMassimo = std::max(hMassimo, m_[static_cast<size_t>(t)].D);
-    if (!(hMassimo > 0)) return;
-    Code();
-    // Rounding of the feet grows with the coordinates: a square is trusted to hold every
-    // candidate only this much inside its edge.
-    const double margine = 1e-8 * (std::fabs(x_) + std::fabs(y_)) + 1e-12;
-    double h = std::max(s_.Vista.AltezzaVista / 100, 1e-3);
-    for (;;) {
-      const bool ultimo = h >= hMassimo;
-      if (ultimo) h = hMassimo + 2 * margine + 1e-9 * hMassimo;
-      Quadrato(h);
-      double g = std::numeric_limits<double>::infinity();
-      for (int t = 0; t < kTipi; ++t)
-        if (Vuole(t) && m_[static_cast<size_t>(t)].I >= 0) g = std::min(g, m_[static_cast<size_t>(t)].D);
-      // Whatever lies within `g` touches the square: nothing unseen can be nearer.
-      if (g <= h - margine - 1e-9 * h || ultimo) return;
-      h *= 4;
+  // The nearest row of `tipo` no farther than `limite`; row -1 when there is none.
+  Migliore Tipo(int tipo, double limite) {
+    Migliore m{limite, -1};
+    const IndiciVicinanza& v = s_.Vicinanza;
+    switch (tipo) {
+      case SlotPunti: Scorri(m, v.Punti, s_.ContaEntita[SlotPunti], [&](int64_t i) { return Punto(i); }); break;
+      case SlotCerchi: Scorri(m, v.Cerchi, s_.ContaEntita[SlotCerchi], [&](int64_t i) { return Cerchio(i); }); break;
+      case SlotArchi: Scorri(m, v.Archi, s_.ContaEntita[SlotArchi], [&](int64_t i) { return Arco(i); }); break;
+      case SlotTesti: Scorri(m, v.Testi, s_.ContaEntita[SlotTesti], [&](int64_t i) { return Testo(i); }); break;
+      default:
+        Scorri(m, tipo == SlotLinee ? v.Linee : v.AltreLinee, s_.ListaDisegno.Conta(),
+               [&](int64_t i) { return Lista(tipo, i); });
+        break;
     }
+    return m;
   }
 
  private:
-  bool Vuole(int tipo) const { return (tipi_ & Bit(tipo)) != 0; }
+  static constexpr double kNulla = -1;  // a row that does not take part
 
-  void Considera(int tipo, int64_t i, double d) {
-    Migliore& m = m_[static_cast<size_t>(tipo)];
-    if (d < m.D || (d == m.D && i > m.I)) m = {d, i};
+  template <class Distanza>
+  void Scorri(Migliore& m, const IndiceAlbero& albero, int64_t righe, Distanza distanza) const {
+    auto considera = [&](int64_t i) {
+      const double d = distanza(i);
+      if (d >= 0 && (d < m.D || (d == m.D && i > m.I))) m = {d, i};
+    };
+    for (int64_t i = albero.Elementi(); i < righe; ++i) considera(i);
+    // Rounding of the feet grows with the coordinates: a box is trusted to hold its entity
+    // only this much inside the best distance.
+    albero.Visita(
+        x_, y_, [&](int64_t i) { if (i < righe) considera(i); }, [&] { return m.D + margine_; });
   }
 
-  void Lista(int64_t i) {
+  double Lista(int tipo, int64_t i) const {
     const ElencoDisegno& l = s_.ListaDisegno;
     const auto k = static_cast<size_t>(i);
-    if (l.Primitiva[k] != PrimLinea) return;
-    const uint8_t tipo = l.Tipo[k];
-    // Circles and arcs have records in the list too, as chords: they are sought in their tables.
-    if (tipo >= kTipi || !(kTipiLista & Bit(tipo)) || !Vuole(tipo) || !RigaListaCercabile(s_, tipo, l.Riga[k])) return;
-    Considera(tipo, i, DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x_, y_, 0}));
+    if (l.Primitiva[k] != PrimLinea || l.Tipo[k] != tipo || !RigaListaCercabile(s_, l.Tipo[k], l.Riga[k]))
+      return kNulla;
+    return DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x_, y_, 0});
   }
-  void Punto(int64_t i) {
+  double Punto(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (!PuntoCercabile(s_, k)) return;
-    Considera(SlotPunti, i, Distanza2D(x_, y_, s_.PuntoX[k], s_.PuntoY[k] + s_.PuntoSpoY[k]));
+    if (!PuntoCercabile(s_, k)) return kNulla;
+    return Distanza2D(x_, y_, s_.PuntoX[k], s_.PuntoY[k] + s_.PuntoSpoY[k]);
   }
-  void Cerchio(int64_t i) {
+  double Cerchio(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.CerchioIdent[k] != 0 || s_.CerchioCongela[k] != 0) return;
-    Considera(SlotCerchi, i, std::fabs(Distanza2D(x_, y_, s_.CerchioX[k], s_.CerchioY[k]) - s_.CerchioRaggio[k]));
+    if (s_.CerchioIdent[k] != 0 || s_.CerchioCongela[k] != 0) return kNulla;
+    return std::fabs(Distanza2D(x_, y_, s_.CerchioX[k], s_.CerchioY[k]) - s_.CerchioRaggio[k]);
   }
-  void Arco(int64_t i) {
+  double Arco(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.ArcoIdent[k] != 0 || s_.ArcoCongela[k] != 0) return;
-    Considera(SlotArchi, i, DistanzaArco(s_, k, x_, y_));
+    if (s_.ArcoIdent[k] != 0 || s_.ArcoCongela[k] != 0) return kNulla;
+    return DistanzaArco(s_, k, x_, y_);
   }
-  void Testo(int64_t i) {
+  double Testo(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.TestoIdent[k] != 0 || s_.TestoCongela[k] != 0) return;
-    Considera(SlotTesti, i, Distanza2D(x_, y_, s_.TestoX[k], s_.TestoY[k]));
-  }
-
-  // What the grids do not hold yet: rows added since they were built.
-  void Code() {
-    if (tipi_ & kTipiLista)
-      for (int64_t i = s_.IndiceLista.Elementi(); i < s_.ListaDisegno.Conta(); ++i) Lista(i);
-    auto coda = [&](int tipo, const IndiceGriglia& g, auto valuta) {
-      if (!Vuole(tipo)) return;
-      for (int64_t i = g.Elementi(); i < s_.ContaEntita[tipo]; ++i) (this->*valuta)(i);
-    };
-    coda(SlotPunti, s_.IndicePunti, &Ricerca::Punto);
-    coda(SlotCerchi, s_.IndiceCerchi, &Ricerca::Cerchio);
-    coda(SlotArchi, s_.IndiceArchi, &Ricerca::Arco);
-    coda(SlotTesti, s_.IndiceTesti, &Ricerca::Testo);
-  }
-
-  void Quadrato(double h) {
-    const double x0 = x_ - h, y0 = y_ - h, x1 = x_ + h, y1 = y_ + h;
-    if (tipi_ & kTipiLista) {
-      s_.IndiceLista.Cerca(x0, y0, x1, y1, candidati_);
-      const int64_t n = std::min(s_.ListaDisegno.Conta(), s_.IndiceLista.Elementi());
-      for (int64_t i : candidati_)
-        if (i < n) Lista(i);
-    }
-    auto griglia = [&](int tipo, const IndiceGriglia& g, auto valuta) {
-      if (!Vuole(tipo)) return;
-      g.Cerca(x0, y0, x1, y1, candidati_);
-      const int64_t n = std::min<int64_t>(s_.ContaEntita[tipo], g.Elementi());
-      for (int64_t i : candidati_)
-        if (i < n) (this->*valuta)(i);
-    };
-    griglia(SlotPunti, s_.IndicePunti, &Ricerca::Punto);
-    griglia(SlotCerchi, s_.IndiceCerchi, &Ricerca::Cerchio);
-    griglia(SlotArchi, s_.IndiceArchi, &Ricerca::Arco);
-    griglia(SlotTesti, s_.IndiceTesti, &Ricerca::Testo);
+    if (s_.TestoIdent[k] != 0 || s_.TestoCongela[k] != 0) return kNulla;
+    return Distanza2D(x_, y_, s_.TestoX[k], s_.TestoY[k]);
   }
 
   const Sessione& s_;
-  double x_, y_;
-  uint32_t tipi_;
-  std::array<Migliore, kTipi> m_{};
-  std::vector<int64_t> candidati_;
+  double x_, y_, margine_;
 };
 
 Vicina DiUnTipo(const Sessione& s, double x, double y, int tipo, double altezze) {
-  Ricerca r(s, x, y, Bit(tipo));
-  r.Limite(tipo, s.Vista.AltezzaVista * altezze);
-  r.Esegui();
-  const Migliore& m = r.Risultato(tipo);
+  Ricerca r(s, x, y);
+  const Migliore m = r.Tipo(tipo, s.Vista.AltezzaVista * altezze);
   Vicina v;
   if (m.I < 0) return v;
   v.Distanza = m.D;
@@ -299,17 +256,15 @@ RisultatoVicina LapiuvicinaBitMap(const Sessione& s, double x, double y, const P
   const double h = s.Vista.AltezzaVista;
   static constexpr int kOrdine[] = {SlotBitmap, SlotFalde, SlotSette, SlotSezioni, 14,
                                     SlotLinee,  SlotCerchi, SlotArchi, SlotTesti,  SlotPunti};
-  uint32_t tipi = 0;
-  for (int t : kOrdine) tipi |= Bit(t);
-  Ricerca ricerca(s, x, y, tipi);
-  for (int t : kOrdine) ricerca.Limite(t, h * (t == SlotPunti ? kLimitePunti : kLimiteEntita));
-  ricerca.Esegui();
-
+  Ricerca ricerca(s, x, y);
   RisultatoVicina r;
   double migliore = h * kLimiteGenerale;
   int64_t riga = -1;
   for (int t : kOrdine) {
-    const Migliore& m = ricerca.Risultato(t);
+    // A kind is sought only as far as it could still win: not beyond its own limit, nor
+    // beyond the best of the kinds before it.
+    const double limite = std::min(h * (t == SlotPunti ? kLimitePunti : kLimiteEntita), migliore);
+    const Migliore m = ricerca.Tipo(t, limite);
     if (m.I < 0) continue;
     // A contour takes the place only when strictly nearer; every other kind also on a tie.
     if (t == SlotSette ? m.D < migliore : m.D <= migliore) {

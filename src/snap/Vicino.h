@@ -1,7 +1,7 @@
 // The nearest-entity searches. There is no pick aperture: a click resolves to the nearest
 // entity however far it is, within limits of hundreds of view heights. Each search gives
 // the same row as a scan of its table from row 0 up in which a later row at an equal
-// distance wins; grids keep a click to what is near it.
+// distance wins; trees keep a click to what is near it.
 #pragma once
 
 #include <cstdint>

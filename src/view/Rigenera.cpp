@@ -246,26 +246,51 @@ void IndicizzaDisegno(Sessione& s) {
   });
   const int64_t punti = s.ContaEntita[SlotPunti];
   s.IndicePunti.Costruisci(punti, [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    a = c = s.PuntoX[static_cast<size_t>(i)];
+    b = d = s.PuntoY[static_cast<size_t>(i)];
+  });
+  IndicizzaVicinanza(s);
+}
+
+void IndicizzaVicinanza(Sessione& s) {
+  IndiciVicinanza& v = s.Vicinanza;
+  const ElencoDisegno& l = s.ListaDisegno;
+  // A point is measured at the North offset of its label.
+  v.Punti.Costruisci(s.ContaEntita[SlotPunti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
     const auto k = static_cast<size_t>(i);
     a = c = s.PuntoX[k];
-    b = s.PuntoY[k];
-    // Up to the North offset of the label as well: the point search measures there.
-    d = s.PuntoY[k] + s.PuntoSpoY[k];
+    b = d = s.PuntoY[k] + s.PuntoSpoY[k];
+    return true;
   });
-  s.IndiceCerchi.Costruisci(s.ContaEntita[SlotCerchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+  auto segmenti = [&l](auto tipo) {
+    return [&l, tipo](int64_t i, double& a, double& b, double& c, double& d) {
+      const auto k = static_cast<size_t>(i);
+      if (l.Primitiva[k] != PrimLinea || !tipo(l.Tipo[k])) return false;
+      a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
+      return true;
+    };
+  };
+  v.Linee.Costruisci(l.Conta(), segmenti([](uint8_t t) { return t == SlotLinee; }));
+  v.AltreLinee.Costruisci(l.Conta(), segmenti([](uint8_t t) {
+    return t == SlotFalde || t == SlotSette || t == SlotSezioni || t == SlotBitmap || t == 14;
+  }));
+  v.Cerchi.Costruisci(s.ContaEntita[SlotCerchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
     const auto k = static_cast<size_t>(i);
     const double r = std::fabs(s.CerchioRaggio[k]);
     a = s.CerchioX[k] - r, b = s.CerchioY[k] - r, c = s.CerchioX[k] + r, d = s.CerchioY[k] + r;
+    return true;
   });
   // An arc by the box of its whole circle: a little more than it covers, never less.
-  s.IndiceArchi.Costruisci(s.ContaEntita[SlotArchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+  v.Archi.Costruisci(s.ContaEntita[SlotArchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
     const auto k = static_cast<size_t>(i);
     const double r = std::fabs(s.ArcoRaggio[k]);
     a = s.ArcoX[k] - r, b = s.ArcoY[k] - r, c = s.ArcoX[k] + r, d = s.ArcoY[k] + r;
+    return true;
   });
-  s.IndiceTesti.Costruisci(s.ContaEntita[SlotTesti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
+  v.Testi.Costruisci(s.ContaEntita[SlotTesti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
     a = c = s.TestoX[static_cast<size_t>(i)];
     b = d = s.TestoY[static_cast<size_t>(i)];
+    return true;
   });
 }
 

@@ -45,7 +45,9 @@ void RigeneraArco(Sessione& s, int32_t riga);
 void RigeneraTesto(Sessione& s, int32_t riga);
 void RigeneraBitMapSingola(Sessione& s, int32_t riga);
 
-// After a change of the list, the spatial index of the records and of the points.
+// After a change of the list, the spatial index of the records and of the points, then
+// the trees of the nearest-entity searches.
 void IndicizzaDisegno(Sessione& s);
+void IndicizzaVicinanza(Sessione& s);
 
 }  // namespace varena

@@ -1,5 +1,5 @@
 // The nearest-entity searches: what each kind skips, its limit and tie rule, the order of
-// kinds of the general search, every field of its record, and the grids giving the same
+// kinds of the general search, every field of its record, and the trees giving the same
 // winner as a plain scan of the tables, ties included.
 #include <gtest/gtest.h>
 
@@ -272,7 +272,7 @@ TEST(LapiuvicinaBitMap, PuntiLungoUnArcoConLeQuote) {
 }
 
 // A plain scan of each table from row 0 up, "not farther" replacing: the reference the
-// grids must agree with. Distances by the plane primitives, to the last bit as the searches
+// trees must agree with. Distances by the plane primitives, to the last bit as the searches
 // take them, so that ties are ties for both.
 struct Scansione {
   const Sessione& s;
@@ -330,45 +330,48 @@ struct Scansione {
   }
 };
 
-TEST(Griglie, StessoVincitoreDellaScansioneConLeParita) {
+void ConfrontaConScansione(double ox, double oy) {
   Banco b;
   Sessione& s = b.s;
   std::mt19937 caso(8);
   // Whole metres on a small field: many entities exactly as far as others.
   auto c = [&](int n) { return static_cast<double>(static_cast<int>(caso() % static_cast<unsigned>(n)) - n / 2); };
+  // Whole metres from an origin: at cadastral coordinates the differences stay exact.
+  auto x = [&](int n) { return ox + c(n); };
+  auto y = [&](int n) { return oy + c(n); };
   for (int i = 0; i < 2500; ++i) {
-    const double x = c(400), y = c(400);
-    MettiLinea(s, x, y, x + c(30), y + c(30));
-    if (i % 50 == 0) MettiLinea(s, x, y, s.LineaX2[static_cast<size_t>(i)], s.LineaY2[static_cast<size_t>(i)]);
+    const double x1 = x(400), y1 = y(400);
+    MettiLinea(s, x1, y1, x1 + c(30), y1 + c(30));
+    if (i % 50 == 0) MettiLinea(s, x1, y1, s.LineaX2[static_cast<size_t>(i)], s.LineaY2[static_cast<size_t>(i)]);
     if (i % 97 == 0) s.LineaCongela[static_cast<size_t>(s.ContaEntita[SlotLinee] - 1)] = -1;
   }
   for (int i = 0; i < 2000; ++i) {
-    const int32_t r = MettiPunto(s, std::to_string(i), c(400), c(400));
+    const int32_t r = MettiPunto(s, std::to_string(i), x(400), y(400));
     if (i % 7 == 0) s.PuntoSpoY[static_cast<size_t>(r)] = c(6);
     if (i % 31 == 0) s.PuntoIdent[static_cast<size_t>(r)] = -1;
   }
-  for (int i = 0; i < 300; ++i) MettiCerchio(s, c(400), c(400), 1 + std::fabs(c(20)));
-  for (int i = 0; i < 300; ++i) MettiTesto(s, c(400), c(400), "t");
-  for (int i = 0; i < 300; ++i) MettiArco(s, c(400), c(400), 1 + std::fabs(c(20)), 100 * std::fabs(c(8)), 100);
-  b.Pronto(0, 0, 30);
-  // Rows added after the grids were made are searched as well.
+  for (int i = 0; i < 300; ++i) MettiCerchio(s, x(400), y(400), 1 + std::fabs(c(20)));
+  for (int i = 0; i < 300; ++i) MettiTesto(s, x(400), y(400), "t");
+  for (int i = 0; i < 300; ++i) MettiArco(s, x(400), y(400), 1 + std::fabs(c(20)), 100 * std::fabs(c(8)), 100);
+  b.Pronto(ox, oy, 30);
+  // Rows added after the trees were made are searched as well.
   for (int i = 0; i < 20; ++i) {
-    MettiPunto(s, "nuovo", c(400), c(400));
-    RigeneraLineaSingola(s, MettiLinea(s, c(400), c(400), c(400), c(400)));
+    MettiPunto(s, "nuovo", x(400), y(400));
+    RigeneraLineaSingola(s, MettiLinea(s, x(400), y(400), x(400), y(400)));
   }
   for (int q = 0; q < 400; ++q) {
-    const double x = c(500), y = c(500);
-    const Scansione scan{s, x, y};
+    const double px = x(500), py = y(500);
+    const Scansione scan{s, px, py};
     const auto [rp, dp] = scan.Punti();
     const auto [rl, dl] = scan.Linee();
     const auto [rc, dc] = scan.Cerchi();
     const auto [ra, da] = scan.Archi();
     const auto [rt, dt] = scan.Testi();
-    ASSERT_EQ(IlPiuVicinoPunto(s, x, y).Riga, rp) << x << "," << y;
-    ASSERT_EQ(IlPiuVicinoLinea(s, x, y).RigaLista, rl) << x << "," << y;
-    ASSERT_EQ(IlPiuVicinoCerchio(s, x, y).Riga, rc) << x << "," << y;
-    ASSERT_EQ(IlPiuVicinoArco(s, x, y).Riga, ra) << x << "," << y;
-    ASSERT_EQ(IlPiuVicinoTesto(s, x, y).Riga, rt) << x << "," << y;
+    ASSERT_EQ(IlPiuVicinoPunto(s, px, py).Riga, rp) << px << "," << py;
+    ASSERT_EQ(IlPiuVicinoLinea(s, px, py).RigaLista, rl) << px << "," << py;
+    ASSERT_EQ(IlPiuVicinoCerchio(s, px, py).Riga, rc) << px << "," << py;
+    ASSERT_EQ(IlPiuVicinoArco(s, px, py).Riga, ra) << px << "," << py;
+    ASSERT_EQ(IlPiuVicinoTesto(s, px, py).Riga, rt) << px << "," << py;
     // The general search: the nearest of all, a later kind first at a tie.
     int tipo = 0;
     int64_t riga = -1;
@@ -378,12 +381,16 @@ TEST(Griglie, StessoVincitoreDellaScansioneConLeParita) {
                            std::tuple{int(SlotArchi), ra, da}, std::tuple{int(SlotTesti), rt, dt},
                            std::tuple{int(SlotPunti), rp, dp}})
       if (r >= 0 && d <= migliore) migliore = d, tipo = t, riga = r;
-    const RisultatoVicina g = LapiuvicinaBitMap(s, x, y, {});
-    ASSERT_EQ(g.VicinaTipo, tipo) << x << "," << y;
-    ASSERT_EQ(g.VicinaRiga, riga) << x << "," << y;
-    ASSERT_EQ(g.VicinaDistanza, tipo ? migliore : 0.0) << x << "," << y;
+    const RisultatoVicina g = LapiuvicinaBitMap(s, px, py, {});
+    ASSERT_EQ(g.VicinaTipo, tipo) << px << "," << py;
+    ASSERT_EQ(g.VicinaRiga, riga) << px << "," << py;
+    ASSERT_EQ(g.VicinaDistanza, tipo ? migliore : 0.0) << px << "," << py;
   }
 }
+
+TEST(Alberi, StessoVincitoreDellaScansioneConLeParita) { ConfrontaConScansione(0, 0); }
+
+TEST(Alberi, StessoVincitoreAlleCoordinateCatastali) { ConfrontaConScansione(1725000, 5030000); }
 
 }  // namespace
 }  // namespace varena
