@@ -174,6 +174,7 @@ void InterrompiComando(Sessione& s) {
   Azzera(s.StatoPunto), Azzera(s.StatoLinea), Azzera(s.StatoCerchio), Azzera(s.StatoArco), Azzera(s.StatoTesto);
   Azzera(s.StatoFalda), Azzera(s.StatoCurva), Azzera(s.StatoBitmap);
   s.UltimoComando = s.ComandoCorrente;
+  s.UltimaVoce = s.VoceArmata;
   s.UltimoSnap = s.ModoSnap;
   s.ModoSnap = SnapLibero;
   s.SnapDaTasto = false;
@@ -200,6 +201,8 @@ void InterrompiComando(Sessione& s) {
 void RipetiComando(Sessione& s) {
   if (s.UltimoComando == 0) return;
   s.ComandoCorrente = s.UltimoComando;
+  // The row of the tag that armed it: two tags of one code may open different dialogs.
+  s.VoceArmata = s.UltimaVoce;
   ArmaComando(s);
 }
 

@@ -123,7 +123,12 @@ void PulsanteDestro(Sessione& s) {
       s.Ui->MenuContestuale("MENU_EDIT");
     return;
   }
-  const char* titolo = c == 230 ? "SQUADRO" : c == 430 ? "COGO" : c == 298 ? "LIVELLAZIONE DAL MEZZO" : c == 299 ? "LIVELLAZIONE RAGGIANTE" : c == 300 ? "POLIGONALE" : nullptr;
+  const char* titolo = c == 230   ? "SQUADRO"
+                       : c == 430 ? "COGO"
+                       : c == 298 ? "LIVELLAZIONE DAL MEZZO"
+                       : c == 299 ? "LIVELLAZIONE RAGGIANTE"
+                       : c == 300 ? "POLIGONALE"
+                                  : nullptr;
   if (titolo || Tra(c, {190, 248, 379})) {
     // The chain is finished there: its dialog takes over.
     ApriDialogoDiTabella(s, "ContornoSette");

@@ -107,6 +107,7 @@ struct StatoComandi {
   // The row of the command table that armed the command, so that a re-arming opens what the
   // same tag opened; -1 none.
   int32_t VoceArmata = -1;
+  int32_t UltimaVoce = -1;       // that of the last command ended, for its repeat
 
   // What the pointer machine shows beside the drawing, for the desktop to put on screen.
   std::string LetturaCoordinate;  // "N=... E=..." and the view height
