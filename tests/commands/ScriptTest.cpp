@@ -169,13 +169,15 @@ TEST(Script, OrtogonaleSoloAPuntoLibero) {
            "KEY P\n"
            "CLICK left 19 8\n"   // on the point: as it is
            "CLICK left 21 20\n"  // free again: from (20, 7) the larger step is North, (20, 20)
+           "CLICK left 25 25\n"  // a step as long East as North keeps the North one: (20, 25)
            "TAG ORTOSINO\n"
            "CLICK left 25 22\n");  // off: as clicked
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 5);
   AttesaLinea(b.s, 0, {0, 0, 0, 10, 0, 0});
   AttesaLinea(b.s, 1, {10, 0, 0, 20, 7, 0});
   AttesaLinea(b.s, 2, {20, 7, 0, 20, 20, 0});
-  AttesaLinea(b.s, 3, {20, 20, 0, 25, 22, 0});
+  AttesaLinea(b.s, 3, {20, 20, 0, 20, 25, 0});
+  AttesaLinea(b.s, 4, {20, 25, 0, 25, 22, 0});
   EXPECT_EQ(b.s.Ortogonale, 0);
 }
 
