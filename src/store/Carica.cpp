@@ -206,21 +206,16 @@ void CaricaLavoro(Sessione& s) {
   SegnaTuttoModificato(s);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
-  CaricaCFGProvvisorio(s);
-  CaricaPunti(s);
-  CaricaLinee(s);
-  CaricaCerchi(s);
-  CaricaArchi(s);
-  CaricaTesti(s);
-  CaricaFalde(s);
-  CaricaSette(s);
-  CaricaCurveLivello(s);
-  CaricaBitmap(s);
-  CaricaInf(s);
-  CaricaTesto126Cel(s);
-  ConservaMembri(s);
-  CaricaLibretto(s);
-  CaricaPiani(s);
+  // The members in their fixed order; the interface shows how far a large job has come.
+  using Passo = void (*)(Sessione&);
+  constexpr Passo kPassi[] = {CaricaCFGProvvisorio, CaricaPunti,    CaricaLinee,     CaricaCerchi,      CaricaArchi,
+                              CaricaTesti,          CaricaFalde,    CaricaSette,     CaricaCurveLivello, CaricaBitmap,
+                              CaricaInf,            CaricaTesto126Cel, ConservaMembri, CaricaLibretto,    CaricaPiani};
+  constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassi));
+  for (int64_t k = 0; k < kQuanti; ++k) {
+    kPassi[k](s);
+    s.Ui->Progresso(k + 1, kQuanti);
+  }
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
