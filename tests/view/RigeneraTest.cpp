@@ -217,7 +217,8 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   // 1.5 h above its line; no leader without a displacement.
   EXPECT_EQ(z.sup.Solo("Testo"),
             (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 12.35", "Testo 1 -3 SPIGOLO"}));
-  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial 20");  // 2 m of a 100 m view
+  // 2 m in a view of 100 m shown 100 mm high: 2 mm, in points.
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
   EXPECT_TRUE(z.sup.Solo("Stile 2").empty());
   z.s.PuntoSpoX[r] = 3;
   z.sup.Chiamate.clear();
