@@ -249,6 +249,27 @@ TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
   EXPECT_EQ(w.Conta("Testo"), 80u);  // name and height; no description
 }
 
+TEST(Ridisegno, ImmagineInCimaDipintaPerUltima) {
+  Scena z;
+  for (int k = 0; k < 3; ++k) {
+    DimensionaBitmap(z.s);
+    const auto r = static_cast<size_t>(k);
+    z.s.BitmapNomeFile[r] = "foto" + std::to_string(k) + ".png";
+    z.s.BitmapX[r] = 990 + k, z.s.BitmapY[r] = 2010;
+    z.s.BitmapLarghezza[r] = z.s.BitmapAltezza[r] = 10;
+    z.s.BitmapScalaLar[r] = z.s.BitmapScalaAlt[r] = 1;
+    ++z.s.ContaEntita[SlotBitmap];
+  }
+  z.s.BitmapCongela[2] = -1;  // frozen: not painted
+  z.s.ImmagineInCima = 0;
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const auto immagini = z.sup.Solo("Immagine");
+  ASSERT_EQ(immagini.size(), 2u);
+  EXPECT_EQ(immagini[0].substr(0, 18), "Immagine foto1.png");
+  EXPECT_EQ(immagini[1].substr(0, 18), "Immagine foto0.png");
+}
+
 TEST(Ridisegno, LavoroVuotoDipingeIlFondoEAggiungeLaStoria) {
   Scena z;
   const size_t prima = z.s.Vista.Storia.size();
