@@ -75,13 +75,13 @@ void Riprendi(Sessione& s, std::string_view prompt) {
   MostraPrompt(s, prompt);
 }
 
-std::optional<double> ChiediNumero(Sessione& s, std::string_view testo, std::string_view titolo) {
-  const auto risposta = s.Ui->Imputa(testo, titolo, s.ValoreImputato);
+std::optional<double> ChiediNumero(Sessione& s, std::string_view testo, std::string_view titolo,
+                                   std::string_view predefinito) {
+  const auto risposta = s.Ui->Imputa(testo, titolo, predefinito);
   if (!risposta) {
     InterrompiComando(s);
     return std::nullopt;
   }
-  s.ValoreImputato = *risposta;
   return Val(VirgolaInPunto(*risposta));
 }
 

@@ -36,8 +36,10 @@ void EvidenziaEntita(Sessione& s, uint8_t tipo, int32_t riga, int16_t stato);
 // first prompt (or `prompt`), without asking again.
 void Riprendi(Sessione& s, std::string_view prompt = {});
 
-// A number asked with the value prompt. No value when cancelled: the command has ended.
-std::optional<double> ChiediNumero(Sessione& s, std::string_view testo, std::string_view titolo);
+// A number asked with the value prompt, `predefinito` offered. No value when cancelled: the
+// command has ended.
+std::optional<double> ChiediNumero(Sessione& s, std::string_view testo, std::string_view titolo,
+                                   std::string_view predefinito = {});
 
 // The value typed at arming, as a length: its absolute value.
 double ValoreArmato(const Sessione& s);

@@ -97,7 +97,8 @@ void OrtogonaliOAsse(Sessione& s, bool asse) {
   if (s.PassoComando == 0) {
     const int32_t riga = LineaCliccata(s);
     if (riga < 0) return;
-    const auto lunghezza = ChiediNumero(s, nome + " - Lunghezza", asse ? "Disegno Asse Linea" : "Disegno Ortogonali");
+    const auto lunghezza = ChiediNumero(s, nome + " - Lunghezza", asse ? "Disegno Asse Linea" : "Disegno Ortogonali",
+                                        v.Lunghezza > 0 ? TestoMetri(v.Lunghezza) : std::string());
     if (!lunghezza || *lunghezza == 0) return;
     v.RigaScelta = riga;
     v.Lunghezza = std::fabs(*lunghezza);
@@ -150,8 +151,7 @@ void subLineaLunghezza(Sessione& s) {
   const PuntoXYZ fermo = fine ? InizioLinea(s, riga) : FineLinea(s, riga);
   const PuntoXYZ mosso = fine ? FineLinea(s, riga) : InizioLinea(s, riga);
   const AzimutEDistanza ad = AzimutDistanza(fermo, mosso);
-  s.ValoreImputato = TestoMetri(ad.Distanza);
-  const auto lunghezza = ChiediNumero(s, "Nuova Lunghezza della Linea :", "Linea Lunghezza");
+  const auto lunghezza = ChiediNumero(s, "Nuova Lunghezza della Linea :", "Linea Lunghezza", TestoMetri(ad.Distanza));
   if (!lunghezza || *lunghezza <= 0 || ad.Distanza == 0) return;
   PuntoXYZ nuovo = Polare(fermo.X, fermo.Y, ad.Azimut, *lunghezza);
   nuovo.Z = mosso.Z;
@@ -220,7 +220,8 @@ void subDisegnoPerpenDa(Sessione& s) {
     }
     case 1: {
       const PuntoXYZ attacco = PuntoCorrente(s);
-      const auto lunghezza = ChiediNumero(s, "Lunghezza della Perpendicolare :", "Disegno Perpen.. Da ...");
+      const auto lunghezza = ChiediNumero(s, "Lunghezza della Perpendicolare :", "Disegno Perpen.. Da ...",
+                                          v.Lunghezza > 0 ? TestoMetri(v.Lunghezza) : std::string());
       if (!lunghezza || *lunghezza == 0) return;
       v.Lunghezza = std::fabs(*lunghezza);
       s.PuntoCorrenteX = attacco.X, s.PuntoCorrenteY = attacco.Y, s.PuntoCorrenteZ = attacco.Z;

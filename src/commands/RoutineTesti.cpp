@@ -92,6 +92,7 @@ void subQuotaturaProgressiva(Sessione& s) {
 
 void subIncollaDaAppunti(Sessione& s) {
   const std::string testo = s.Clip->Leggi();
+  if (Rifila(testo).empty()) return;
   const double x = s.PuntoCorrenteX, y = s.PuntoCorrenteY;
   s.RoutineCorrente = "subIncollaDaAppunti";
   // What was pasted is kept beside the settings, for the next session to find.

@@ -341,7 +341,7 @@ constexpr SchedaCodice kSchede[] = {
     {377, subMarcaVertice, FormaElastico::Nessuna, nullptr},
     {378, subMarcaDirezione, FormaElastico::Nessuna, nullptr},
     {219, subMemorizzaPunto, FormaElastico::Nessuna, nullptr},
-    // The other two-point commands, whose routines come with their own work.
+    // The two-point commands and the curves; those without a routine come with later work.
     {132, subDisegnoCerchioTrePunti, FormaElastico::Cerchio3P, nullptr},
     {133, subDisegnoCerchioCentroTangente, FormaElastico::CerchioCentro, nullptr},
     {134, subDisegnoCerchioCentroRaggio, FormaElastico::CerchioRaggio, nullptr},
@@ -383,7 +383,7 @@ constexpr SchedaCodice kSchede[] = {
     {414, nullptr, Li, nullptr},
     {415, nullptr, Li, nullptr},
     {601, nullptr, Li, nullptr},
-    // The drawing commands whose clicks show no rubber band.
+    // The rest of the drawing commands.
     {136, subDisegnoParallela, FormaElastico::Nessuna, nullptr},
     {175, subDisegnoPerpenDa, FormaElastico::Nessuna, nullptr},
     {177, subLineaLunghezza, FormaElastico::Nessuna, nullptr},
