@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "commands/Comandi.h"
+#include "commands/GeometriaDisegno.h"
 #include "commands/TabellaComandi.h"
 #include "commands/TabellaDialoghi.h"
 #include "core/Errori.h"
@@ -258,24 +259,6 @@ void GuideZoom(Sessione& s) {
     MostraLinea(s, s.Elastico.GuidaLinea, g.X1, g.Y1, g.X2, g.Y2);
   else
     NascondiLinea(s, s.Elastico.GuidaLinea);
-}
-
-// The centre of the circle through three points: the crossing of two perpendicular
-// bisectors, drawn `mezzo` metres to each side of their midpoints.
-bool CentroTrePunti(const PuntoXYZ& a, const PuntoXYZ& b, const PuntoXYZ& c, double mezzo, PuntoXYZ& centro) {
-  auto bisettrice = [mezzo](const PuntoXYZ& p, const PuntoXYZ& q, PuntoXYZ& u, PuntoXYZ& v) {
-    const double mx = (p.X + q.X) / 2, my = (p.Y + q.Y) / 2;
-    const double az = AzimutDistanza(p, q).Azimut + PiGreco / 2;
-    u = Polare(mx, my, az, mezzo);
-    v = Polare(mx, my, az + PiGreco, mezzo);
-  };
-  PuntoXYZ u1, v1, u2, v2;
-  bisettrice(a, b, u1, v1);
-  bisettrice(b, c, u2, v2);
-  double x = 0, y = 0;
-  if (IncrocioRette(u1, v1, u2, v2, x, y) >= 2) return false;
-  centro = {x, y, 0};
-  return true;
 }
 
 double DuePi() { return 2 * PiGreco; }

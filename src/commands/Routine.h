@@ -22,6 +22,46 @@ std::string PromptIncollaQuota(const Sessione& s);
 // Lines.
 void DisegnoEntitaLinea(Sessione& s);  // 2, 22, 349
 
+// The drawing commands: lines.
+void subDisegnoPerpenDa(Sessione& s);       // 175
+void subLineaProietta(Sessione& s);         // 176
+void subLineaLunghezza(Sessione& s);        // 177
+void subDisegnoLineaEstremo(Sessione& s);   // 178
+void subDisegnoLineaAllunga(Sessione& s);   // 179
+void subDisegnoPercorso(Sessione& s);       // 180
+void subRettangolo(Sessione& s);            // 183
+void subSquadrato(Sessione& s);             // 301
+void subDisegnoOrtogonali(Sessione& s);     // 302
+void subDisegnoAsseLinea(Sessione& s);      // 315
+void subDisegnoParallela(Sessione& s);      // 136
+void subParallelaPerPunto(Sessione& s);     // 305
+void subVerificaParallele(Sessione& s);     // 226
+void subArcoRaccordo(Sessione& s);          // 209
+
+// The drawing commands: circles and arcs.
+void subDisegnoCerchioTrePunti(Sessione& s);        // 132
+void subDisegnoCerchioCentroTangente(Sessione& s);  // 133
+void subDisegnoCerchioCentroRaggio(Sessione& s);    // 134
+void subDisegnoArcoTrePunti(Sessione& s);           // 135
+void subArcoDuePunti(Sessione& s);                  // 137
+void subDisegnoCerchioDiametro(Sessione& s);        // 145
+void subDisegnoCerchioInscritto(Sessione& s);       // 181
+void subArcoInCerchio(Sessione& s);                 // 182
+
+// The drawing commands: series of points, texts, the callout, pictures.
+void subSerieLineare(Sessione& s);          // 184
+void subSerieAllineata(Sessione& s);        // 185
+void subSerieCircolare(Sessione& s);        // 186
+void subSerieRettangolare(Sessione& s);     // 187
+void subDisegnoTesto(Sessione& s);          // 701
+void subDisegnoTestoDaFile(Sessione& s);    // 197
+void subTestodistanza(Sessione& s);         // 198
+void subQuotaturaProgressiva(Sessione& s);  // 199
+void subIncollaDaAppunti(Sessione& s);      // 207
+void subTestoAllinea(Sessione& s);          // 220
+void subDisegnaFumetto(Sessione& s);        // 337
+void subDisegnaBitMap(Sessione& s);         // 202
+
 // Information.
 void subInfoDistanza(Sessione& s);     // 28, 249
 void subInfoAngolo(Sessione& s);       // 213

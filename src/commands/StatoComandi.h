@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/StatoDisegno.h"
 #include "snap/RisultatoVicina.h"
 
 namespace varena {
@@ -103,6 +104,7 @@ struct StatoComandi {
   std::string NomeCopiato;
   double OrigineFoglioX = 0, OrigineFoglioY = 0;  // command 254
   bool AnteprimaFoglio = false;
+  StatoDisegno ValoriDisegno;    // the drawing commands' picks and dialog choices
 
   // The row of the command table that armed the command, so that a re-arming opens what the
   // same tag opened; -1 none.

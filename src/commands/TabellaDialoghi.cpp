@@ -2,6 +2,7 @@
 #include "commands/TabellaDialoghi.h"
 
 #include "commands/Comandi.h"
+#include "commands/DialoghiDisegno.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -15,6 +16,11 @@ namespace {
 constexpr SchedaDialogo kDialoghi[] = {
     {"NuovoPunto", ApriNuovoPunto},
     {"ZoomScala", ApriZoomScala},
+    {"ProprietaTesto", ApriProprietaTesto},
+    {"FormSelezionaImmagine", ApriFormSelezionaImmagine},
+    {"Imputa2", ApriImputa2},
+    {"ParametriSerie", ApriParametriSerie},
+    {"FormSelezionaContorno", ApriFormSelezionaContorno},
 };
 
 // The name the next point is offered: the one after the last live point's, "1" on an

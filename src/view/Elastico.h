@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace varena {
@@ -52,10 +54,23 @@ struct Elastico {
 
 struct SpezzataTemporanea {
   std::vector<double> X, Y;
+  // Beside each vertex, the height and the name of the point it was taken on ("*" for none).
+  std::vector<double> Z;
+  std::vector<std::string> Nome;
   std::size_t Conta() const { return X.size(); }
+  void Aggiungi(double x, double y, double z, std::string nome) {
+    X.push_back(x);
+    Y.push_back(y);
+    Z.resize(X.size() - 1);
+    Nome.resize(X.size() - 1);
+    Z.push_back(z);
+    Nome.push_back(std::move(nome));
+  }
   void Svuota() {
     X.clear();
     Y.clear();
+    Z.clear();
+    Nome.clear();
   }
 };
 

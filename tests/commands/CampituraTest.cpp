@@ -1,0 +1,154 @@
+// The hatch of a contour: the lines against a clipping worked out another way, concave
+// contours and corners on a scan line, the cap on vertices, and the command with its
+// dialog, its one undo generation and the end of the fill.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "commands/Campitura.h"
+#include "store/Carica.h"
+#include "store/Undo.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+struct Tratto {
+  double X1, Y1, X2, Y2;
+};
+
+// The hatch of the square [0, 10]² at `gon` (both direction components positive), `passo`
+// apart, measured from the corner (0, 0) on the normal: each scan line clipped against the
+// four sides by their slabs.
+std::vector<Tratto> QuadratoAtteso(double gon, double passo) {
+  const double a = gon * M_PI / 200;
+  const double dx = std::sin(a), dy = std::cos(a), nx = std::cos(a), ny = -std::sin(a);
+  // The corner farthest back along the normal is (0, 10); the farthest ahead (10, 0).
+  const double inizio = 10 * ny, fine = 10 * nx;
+  std::vector<Tratto> attesi;
+  for (int k = 1; inizio + k * passo <= fine; ++k) {
+    const double t = inizio + k * passo;
+    const double bx = t * nx, by = t * ny;
+    const double u0 = std::max(-bx / dx, -by / dy), u1 = std::min((10 - bx) / dx, (10 - by) / dy);
+    if (u1 > u0) attesi.push_back({bx + u0 * dx, by + u0 * dy, bx + u1 * dx, by + u1 * dy});
+  }
+  return attesi;
+}
+
+void Uguali(const std::vector<SegmentoCampitura>& fatti, const std::vector<Tratto>& attesi) {
+  ASSERT_EQ(fatti.size(), attesi.size());
+  for (size_t i = 0; i < attesi.size(); ++i) {
+    EXPECT_NEAR(fatti[i].A.X, attesi[i].X1, 1e-9) << i;
+    EXPECT_NEAR(fatti[i].A.Y, attesi[i].Y1, 1e-9) << i;
+    EXPECT_NEAR(fatti[i].B.X, attesi[i].X2, 1e-9) << i;
+    EXPECT_NEAR(fatti[i].B.Y, attesi[i].Y2, 1e-9) << i;
+  }
+}
+
+TEST(SegmentiCampitura, QuadratoA45GonConcavoEAngoliSullaLinea) {
+  const std::vector<PuntoXYZ> quadrato{{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0}};
+  // 45 gon is 40.5°: the square is 10 (cos + sin) = 14.098 wide across the hatch, 14 lines.
+  const std::vector<Tratto> attesi = QuadratoAtteso(45, 1);
+  EXPECT_EQ(attesi.size(), 14u);
+  Uguali(SegmentiCampitura(quadrato, 45, 1), attesi);
+  // The same square the other way round gives the same lines.
+  const std::vector<PuntoXYZ> rovescio{{0, 10, 0}, {10, 10, 0}, {10, 0, 0}, {0, 0, 0}};
+  std::vector<SegmentoCampitura> r = SegmentiCampitura(rovescio, 45, 1);
+  ASSERT_EQ(r.size(), 14u);
+  EXPECT_NEAR(r[13].B.X, attesi[13].X2, 1e-9);
+
+  // A U lying open to the North, hatched with East-West lines from the top down: two pieces
+  // across the arms, one across the base.
+  const std::vector<PuntoXYZ> u{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {6, 9, 0},
+                                {6, 3, 0}, {3, 3, 0}, {3, 9, 0}, {0, 9, 0}};
+  Uguali(SegmentiCampitura(u, 100, 2.5),
+         {{0, 6.5, 3, 6.5}, {6, 6.5, 9, 6.5}, {0, 4, 3, 4}, {6, 4, 9, 4}, {0, 1.5, 9, 1.5}});
+
+  // A diamond: the line through the side corners crosses each of them once; the top and
+  // bottom corners, only grazed, make no line.
+  const std::vector<PuntoXYZ> rombo{{5, 0, 0}, {10, 5, 0}, {5, 10, 0}, {0, 5, 0}};
+  Uguali(SegmentiCampitura(rombo, 100, 2.5), {{2.5, 7.5, 7.5, 7.5}, {0, 5, 10, 5}, {2.5, 2.5, 7.5, 2.5}});
+
+  // Degenerate inputs: no spacing, fewer than three vertices.
+  EXPECT_TRUE(SegmentiCampitura(quadrato, 45, 0).empty());
+  EXPECT_TRUE(SegmentiCampitura(std::vector<PuntoXYZ>(quadrato.begin(), quadrato.begin() + 2), 45, 1).empty());
+}
+
+TEST(SegmentiCampitura, OltreIMilleVerticiIlContornoSiFerma) {
+  // The square's outline walked in 1000 vertices, then a 1001st far out to the North-East.
+  std::vector<PuntoXYZ> contorno;
+  for (int i = 0; i < 250; ++i) contorno.push_back({i * 0.04, 0, 0});
+  for (int i = 0; i < 250; ++i) contorno.push_back({10, i * 0.04, 0});
+  for (int i = 0; i < 250; ++i) contorno.push_back({10 - i * 0.04, 10, 0});
+  for (int i = 0; i < 250; ++i) contorno.push_back({0, 10 - i * 0.04, 0});
+  ASSERT_EQ(contorno.size(), kMassimoVerticiCampitura);
+  const std::vector<SegmentoCampitura> mille = SegmentiCampitura(contorno, 45, 1);
+  Uguali(mille, QuadratoAtteso(45, 1));
+  contorno.push_back({500, 500, 0});
+  const std::vector<SegmentoCampitura> oltre = SegmentiCampitura(contorno, 45, 1);
+  ASSERT_EQ(oltre.size(), mille.size());
+  for (size_t i = 0; i < mille.size(); ++i) EXPECT_EQ(oltre[i].B.X, mille[i].B.X);
+  // A spacing that would sweep millions of lines is refused.
+  EXPECT_TRUE(SegmentiCampitura(contorno, 45, 1e-6).empty());
+}
+
+TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
+  Banco b;
+  const std::string base = b.cartella / "ROSSI";
+  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "5,5,40"));
+  ScriviFileProva(base + ".LLL", RecordPuntoBase("1", 0, 0, 10).Byte());
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+  b.s.Imp.Colore_Default = 6;
+  b.s.PianoCorrente = "CAMPITURA";
+  const int64_t prima = LeggiDiario(b.s)->Passo;
+  EXPECT_EQ(b.Script("TAG DISEGNA_CAMPITURA\nFIELD Imputa2.Angolo_Campitura 45\nFIELD Distanza_Campitura 1\n"
+                     "PRESS Imputa2.OK\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\nCLICK left 0 10\n"
+                     "CLICK right 0 0\n"),
+            "> TAG DISEGNA_CAMPITURA\n"
+            "DIALOGO + Imputa2 [Campitura] Angolo_Campitura=\"45\" Distanza_Campitura=\"1\" (OK, Annulla)\n"
+            "PROMPT Seleziona Contorno - Primo Punto\n"
+            "> FIELD Imputa2.Angolo_Campitura 45\n"
+            "> FIELD Distanza_Campitura 1\n"
+            "> PRESS Imputa2.OK\n"
+            "DIALOGO - Imputa2\n"
+            "> KEY P\n"
+            "> CLICK left 0 1\n"
+            "PROMPT Seleziona Contorno - Punto Contorno\n"
+            "> CLICK left 10 0\n"
+            "PROMPT Seleziona Contorno - Punto Contorno\n"
+            "> CLICK left 10 10\n"
+            "PROMPT Seleziona Contorno - Punto Contorno\n"
+            "> CLICK left 0 10\n"
+            "PROMPT Seleziona Contorno - Punto Contorno\n"
+            "> CLICK right 0 0\n"
+            "DIALOGO + FormSelezionaContorno [Seleziona Contorno] Contorno=\"Progr\tNome\tNord\tEst\tQuota | "
+            "1\t1\t0.0\t0.0\t10.0 | 2\t*\t0.0\t10.0\t0.0 | 3\t*\t10.0\t10.0\t0.0 | 4\t*\t10.0\t0.0\t0.0\" (Chiudi)\n"
+            "PROMPT Seleziona Contorno - Primo Punto\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 14);
+  const std::vector<Tratto> attesi = QuadratoAtteso(45, 1);
+  for (size_t k = 0; k < attesi.size(); ++k) {
+    EXPECT_NEAR(b.s.LineaX1[k], attesi[k].X1, 1e-9);
+    EXPECT_NEAR(b.s.LineaY2[k], attesi[k].Y2, 1e-9);
+    EXPECT_EQ(b.s.LineaColore[k], 6);
+    EXPECT_EQ(b.s.LineaPiano[k], "CAMPITURA");
+  }
+  // One generation for the whole fill, and the contour cleared for the next.
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 1);
+  EXPECT_EQ(b.s.SpezzataTemporanea.Conta(), 0u);
+  EXPECT_EQ(b.s.ComandoCorrente, 196);
+  b.Script("KEY F9\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima);
+  // The settings went to `Configura.ini`; a spacing of 0 ends the command.
+  EXPECT_NE(LeggiFileProva(b.s.CartellaLavoro + "Configura.ini").find("Angolo_Campitura,45"), std::string::npos);
+  b.Script("TAG G\nFIELD Distanza_Campitura 0\nPRESS Imputa2.OK\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+}
+
+}  // namespace
+}  // namespace varena

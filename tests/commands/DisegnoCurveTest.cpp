@@ -1,0 +1,165 @@
+// The drawing commands of circles and arcs: centres and radii worked out by hand, arcs
+// stored as a start azimuth and a positive amplitude in gon.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+void AttesoCerchio(const Sessione& s, int32_t riga, double x, double y, double raggio) {
+  ASSERT_LT(riga, s.ContaEntita[SlotCerchi]);
+  const auto k = static_cast<size_t>(riga);
+  EXPECT_NEAR(s.CerchioX[k], x, 1e-9);
+  EXPECT_NEAR(s.CerchioY[k], y, 1e-9);
+  EXPECT_NEAR(s.CerchioRaggio[k], raggio, 1e-9);
+}
+
+void AttesoArco(const Sessione& s, int32_t riga, double x, double y, double raggio, double inizio, double ampiezza) {
+  ASSERT_LT(riga, s.ContaEntita[SlotArchi]);
+  const auto k = static_cast<size_t>(riga);
+  EXPECT_NEAR(s.ArcoX[k], x, 1e-9);
+  EXPECT_NEAR(s.ArcoY[k], y, 1e-9);
+  EXPECT_NEAR(s.ArcoRaggio[k], raggio, 1e-9);
+  // A start is kept within one turn; a hair below 400 is the same direction as 0.
+  EXPECT_GE(s.ArcoInizio[k], 0);
+  EXPECT_LT(s.ArcoInizio[k], 400);
+  EXPECT_NEAR(std::remainder(s.ArcoInizio[k] - inizio, 400.0), 0, 1e-9);
+  EXPECT_NEAR(s.ArcoFine[k], ampiezza, 1e-9);
+}
+
+TEST(CerchioTrePunti, CentroDalleBisettriciPuntiAllineatiNessunCerchio) {
+  Banco b;
+  b.s.Imp.Colore_Default = 4;
+  b.s.PianoCorrente = "POZZI";
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_CERCHIO_3_P\nCLICK left 0 0\nCLICK left 1 1\nCLICK left 2 2\n"),
+            "> TAG DISEGNA_CERCHIO_3_P\n"
+            "PROMPT Cerchio Tre Punti - Indicare il Primo:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Cerchio Tre Punti - Secondo Punto:\n"
+            "> CLICK left 1 1\n"
+            "PROMPT Cerchio Tre Punti - Terzo Punto:\n"
+            "> CLICK left 2 2\n");
+  // Three points in a row: no circle, and the third point is awaited still.
+  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 0);
+  EXPECT_EQ(b.s.PassoComando, 2);
+  EXPECT_EQ(b.Script("CLICK left 0 2\n"), "> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n");
+  // Through (0, 0), (1, 1), (0, 2): centre (0, 1), radius 1.
+  AttesoCerchio(b.s, 0, 0, 1, 1);
+  EXPECT_EQ(b.s.CerchioColore[0], 4);
+  EXPECT_EQ(b.s.CerchioPiano[0], "POZZI");
+  EXPECT_EQ(b.s.PassoComando, 0);
+}
+
+TEST(Cerchi, DiametroCentroRaggioCentroTangenteInscritto) {
+  Banco b;
+  MettiLinea(b.s, 0, -50, 100, -50);
+  MettiCerchio(b.s, 50, 50, 3);
+  b.Pronto(50, 0, 200);
+  b.Script("TAG CERCHIO_DIAMETRO\nCLICK left 0 0\nCLICK left 6 8\n");
+  AttesoCerchio(b.s, 1, 3, 4, 5);
+  // The radius asked once serves every click.
+  b.Script("ANSWER 2.5\nTAG CERCHIO_CENTRO_RAGGIO\nCLICK left 10 10\nCLICK left 20 10\n");
+  AttesoCerchio(b.s, 2, 10, 10, 2.5);
+  AttesoCerchio(b.s, 3, 20, 10, 2.5);
+  // Tangent to a line: the distance of the centre from it; to a circle, from outside: the
+  // gap between the two curves on the line of the centres.
+  EXPECT_EQ(b.Script("TAG CERCHIO_CENTRO_TANGENTE\nCLICK left 10 -45\nCLICK left 20 -49.5\n"),
+            "> TAG CERCHIO_CENTRO_TANGENTE\n"
+            "PROMPT Cerchio Centro Tangente - Centro Cerchio:\n"
+            "> CLICK left 10 -45\n"
+            "PROMPT Cerchio Centro Tangente - Entita per Tangente:\n"
+            "> CLICK left 20 -49.5\n"
+            "PROMPT Cerchio Centro Tangente - Centro Cerchio:\n");
+  AttesoCerchio(b.s, 4, 10, -45, 5);
+  b.Script("CLICK left 50 60\nCLICK left 50 53.2\n");
+  AttesoCerchio(b.s, 5, 50, 60, 7);
+  // The 3-4-5 triangle: the inscribed radius is (3 + 4 - 5) / 2.
+  EXPECT_EQ(b.Script("TAG CERCHIO_INSCRITTO\nCLICK left 0 0\nCLICK left 4 0\nCLICK left 0 3\n"),
+            "> TAG CERCHIO_INSCRITTO\n"
+            "PROMPT Cerchio Inscritto - Primo Punto:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Cerchio Inscritto - Secondo Punto:\n"
+            "> CLICK left 4 0\n"
+            "PROMPT Cerchio Inscritto - Terzo Punto:\n"
+            "> CLICK left 0 3\n"
+            "PROMPT Cerchio Inscritto - Primo Punto:\n");
+  AttesoCerchio(b.s, 6, 1, 1, 1);
+}
+
+TEST(ArcoTrePunti, InizioEAmpiezzaPositivaInGon) {
+  Banco b;
+  MettiPunto(b.s, "A", 10, 0, 1);
+  MettiPunto(b.s, "B", 0, 10, 2);
+  MettiPunto(b.s, "C", -10, 0, 3);
+  b.Pronto();
+  // East, North, West: the arc over the North, stored from West clockwise through 200 gon,
+  // and its heights from the point it starts at.
+  b.Script("TAG DISEGNA_ARCO_3_P\nKEY P\nCLICK left 10 0\nKEY P\nCLICK left 0 10\nKEY P\nCLICK left -10 0\n");
+  AttesoArco(b.s, 0, 0, 0, 10, 300, 200);
+  EXPECT_EQ(b.s.ArcoQuotaInizio[0], 3);
+  EXPECT_EQ(b.s.ArcoQuotaFinale[0], 1);
+  // The other way round, by the South: from East clockwise.
+  b.Script("CLICK left 10 0\nCLICK left 0 -10\nCLICK left -10 0\n");
+  AttesoArco(b.s, 1, 0, 0, 10, 100, 200);
+  // A quarter: (0, 10), (7.0711, 7.0711), (10, 0) runs from North to East.
+  b.Script("CLICK left 0 10\nCLICK left 7.0710678118654755 7.0710678118654755\nCLICK left 10 0\n");
+  AttesoArco(b.s, 2, 0, 0, 10, 0, 100);
+  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 3);
+}
+
+TEST(ArcoDuePunti, DalCentroInSensoOrarioFinoAllaDirezione) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG ARCO_CENTRO_INIZIO_FINE\nCLICK left 0 0\nCLICK left 5 0\nCLICK left 0 3\n"),
+            "> TAG ARCO_CENTRO_INIZIO_FINE\n"
+            "PROMPT Arco Due Punti - Centro Arco:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Arco Due Punti - Punto Inizio:\n"
+            "> CLICK left 5 0\n"
+            "PROMPT Arco Due Punti - Punto Per Angolo\n"
+            "> CLICK left 0 3\n"
+            "PROMPT Arco Due Punti - Centro Arco:\n");
+  // From East (100) to North (0): -100 made positive by a turn.
+  AttesoArco(b.s, 0, 0, 0, 5, 100, 300);
+  b.Script("CLICK left 0 0\nCLICK left 0 5\nCLICK left -3 0\n");
+  AttesoArco(b.s, 1, 0, 0, 5, 0, 300);
+  // The angle point on the start's own direction gives no arc.
+  b.Script("CLICK left 0 0\nCLICK left 0 5\nCLICK left 0 9\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 2);
+  EXPECT_EQ(b.s.PassoComando, 2);
+}
+
+TEST(subArcoInCerchio, LArcoDiventaIlCerchioIntero) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG ARCO_IN_CERCHIO\nCLICK left 1 1\n"),
+            "> TAG ARCO_IN_CERCHIO\n"
+            "PROMPT Arco In Cerchio - Indicare un Arco:\n"
+            "> CLICK left 1 1\n"
+            "MESSAGGIO [Arco non Trovato] Nessun Arco nel Disegno!\n");
+  MettiArco(b.s, 10, 20, 4, 50, 100);
+  b.s.ArcoColore[0] = 3;
+  b.s.ArcoTratteggio[0] = 5;
+  b.s.ArcoPiano[0] = "CIGLIO";
+  b.s.ArcoZ[0] = 12;
+  b.Pronto();
+  b.Script("CLICK left 13 23\n");
+  EXPECT_NE(b.s.ArcoIdent[0], 0);
+  AttesoCerchio(b.s, 0, 10, 20, 4);
+  EXPECT_EQ(b.s.CerchioZ[0], 12);
+  EXPECT_EQ(b.s.CerchioColore[0], 3);
+  EXPECT_EQ(b.s.CerchioTratteggio[0], 5);
+  EXPECT_EQ(b.s.CerchioPiano[0], "CIGLIO");
+  // Only the circle is in the display list now.
+  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
+    EXPECT_EQ(b.s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotCerchi);
+}
+
+}  // namespace
+}  // namespace varena

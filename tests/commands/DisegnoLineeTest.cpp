@@ -1,0 +1,350 @@
+// The drawing commands that make and change lines, driven click by click as the user does,
+// with the rows they write checked against values worked out by hand.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+struct Estremi {
+  double X1, Y1, X2, Y2;
+};
+
+void AttesaLinea(const Sessione& s, int32_t riga, Estremi e, double tolleranza = 1e-9) {
+  const auto k = static_cast<size_t>(riga);
+  ASSERT_LT(riga, s.ContaEntita[SlotLinee]);
+  EXPECT_NEAR(s.LineaX1[k], e.X1, tolleranza) << "riga " << riga;
+  EXPECT_NEAR(s.LineaY1[k], e.Y1, tolleranza) << "riga " << riga;
+  EXPECT_NEAR(s.LineaX2[k], e.X2, tolleranza) << "riga " << riga;
+  EXPECT_NEAR(s.LineaY2[k], e.Y2, tolleranza) << "riga " << riga;
+}
+
+TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 7);
+  b.s.PianoCorrente = "RECINTO";
+  b.Pronto();
+  // Twice the same free place: a line of no length is written.
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nCLICK left 5 5\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  AttesaLinea(b.s, 0, {5, 5, 5, 5}, 0);
+  EXPECT_EQ(b.s.LineaPiano[0], "RECINTO");
+  // Twice the same point of the table: nothing, and the second point is still awaited.
+  b.Script("KEY P\nCLICK left 0 1\nKEY P\nCLICK left 0 1\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(b.s.PassoComando, 1);
+  // The breakline goes on from each point reached, on its own layer, with the heights of
+  // the points snapped.
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_DISCONTINUITA\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\n"),
+            "> TAG DISEGNA_LINEA_DISCONTINUITA\n"
+            "PROMPT Disegno Linea Discontinuità - Dal Punto:\n"
+            "> KEY P\n"
+            "> CLICK left 0 1\n"
+            "PROMPT Disegno Linea Discontinuità - Al Punto:\n"
+            "> CLICK left 10 0\n"
+            "PROMPT Disegno Linea Discontinuità - Al Punto:\n"
+            "> CLICK left 10 10\n"
+            "PROMPT Disegno Linea Discontinuità - Al Punto:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(b.s, 1, {0, 0, 10, 0}, 0);
+  AttesaLinea(b.s, 2, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(b.s.LineaZ1[1], 7);
+  EXPECT_EQ(b.s.LineaPiano[1], "DISCONTI");
+  EXPECT_EQ(b.s.LineaPiano[2], "DISCONTI");
+}
+
+TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 30, 40, 1, 2);
+  b.Pronto();
+  EXPECT_EQ(b.Script("ANSWER 5\nTAG DISEGNA_LINEA_ALLUNGA\nCLICK left 29 39\n"),
+            "> ANSWER 5\n"
+            "> TAG DISEGNA_LINEA_ALLUNGA\n"
+            "IMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n"
+            "> CLICK left 29 39\n");
+  // 5 more along the 3-4-5 direction: the far end moves by (3, 4).
+  AttesaLinea(b.s, 0, {0, 0, 33, 44});
+  EXPECT_EQ(b.s.LineaZ2[0], 2);
+  // The length is asked once: the next click takes it again, at the other end.
+  b.Script("CLICK left 1 0\n");
+  AttesaLinea(b.s, 0, {-3, -4, 33, 44});
+  EXPECT_EQ(b.s.ComandoCorrente, 179);
+}
+
+TEST(subLineaLunghezza, LEstremoVicinoSiMuoveLAltroResta) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 30, 40);
+  b.Pronto();
+  b.Script("TAG DISEGNA_LINEA_LUNGHEZZA\nANSWER 25\nCLICK left 1 1\n");
+  // Measured from (30, 40) back towards the pick: 25 of the 50.
+  AttesaLinea(b.s, 0, {15, 20, 30, 40});
+  EXPECT_EQ(b.s.Prompt, "Linea Lunghezza - Indica Linea:");
+  // A prompt cancelled ends the command and changes nothing.
+  b.Script("ANSWER cancel\nCLICK left 29 40\n");
+  AttesaLinea(b.s, 0, {15, 20, 30, 40});
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+}
+
+TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_ESTREMO\nCLICK left 9 1\nCLICK left 10 10\nCLICK left 0 10\n"),
+            "> TAG DISEGNA_LINEA_ESTREMO\n"
+            "PROMPT Linea Estremo - Indica Estremo Linea:\n"
+            "> CLICK left 9 1\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> CLICK left 10 10\n"
+            "PROMPT Disegno Linea - Al Punto:\n"
+            "> CLICK left 0 10\n"
+            "PROMPT Disegno Linea - Al Punto:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(b.s, 1, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(b.s.LineaZ1[1], 2);
+  AttesaLinea(b.s, 2, {10, 10, 0, 10}, 0);
+}
+
+TEST(subLineaProietta, DalPuntoAlSuoPiedeSullaLinea) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0, 0, 10);
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PROIETTA\nCLICK left 5 0.2\nCLICK left 3 7\n"),
+            "> TAG DISEGNA_LINEA_PROIETTA\n"
+            "PROMPT Linea Proietta - Indica Entità:\n"
+            "> CLICK left 5 0.2\n"
+            "PROMPT Punto da Proiettare:\n"
+            "> CLICK left 3 7\n"
+            "PROMPT Linea Proietta - Indica Entità:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  AttesaLinea(b.s, 1, {3, 7, 3, 0});
+  // The foot takes the height of the line where it falls.
+  EXPECT_NEAR(b.s.LineaZ2[1], 3, 1e-12);
+}
+
+TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiCerchio(b.s, 100, 0, 5);
+  b.Pronto(50, 0, 200);
+  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PERPENDA\nCLICK left 5 0.2\nANSWER 3\nCLICK left 4 0\nCLICK left 6 -5\n"),
+            "> TAG DISEGNA_LINEA_PERPENDA\n"
+            "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n"
+            "> CLICK left 5 0.2\n"
+            "PROMPT Perpen .. Da .. - Punto di Attacco\n"
+            "> ANSWER 3\n"
+            "> CLICK left 4 0\n"
+            "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
+            "PROMPT Perpen Da ... - Da quale parte\n"
+            "> CLICK left 6 -5\n"
+            "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n");
+  AttesaLinea(b.s, 1, {4, 0, 4, -3});
+  // On the circle at (103, 4), the click outside: along the radius, outwards.
+  b.Script("CLICK left 100 5.1\nANSWER 5\nCLICK left 103 4\nCLICK left 106 8\n");
+  AttesaLinea(b.s, 2, {103, 4, 106, 8});
+  // A text is no entity to be square to: the click is ignored.
+  MettiTesto(b.s, 50, 50, "NOTA");
+  b.Pronto(50, 0, 200);
+  b.Script("CLICK left 50 50\n");
+  EXPECT_EQ(b.s.PassoComando, 0);
+}
+
+TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG ESTREMI_LINEA\nANSWER 2\nCLICK left 5 0.1\nCLICK left 5 3\n"),
+            "> TAG ESTREMI_LINEA\n"
+            "PROMPT Disegno Ortogonali - Indicare Linea:\n"
+            "> ANSWER 2\n"
+            "> CLICK left 5 0.1\n"
+            "IMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
+            "PROMPT Disegno Ortogonali - Da quale parte\n"
+            "> CLICK left 5 3\n"
+            "PROMPT Disegno Ortogonali - Indicare Linea:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(b.s, 1, {0, 0, 0, 2});
+  AttesaLinea(b.s, 2, {10, 0, 10, 2});
+  const std::string asse = b.Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n");
+  EXPECT_NE(asse.find("IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"), std::string::npos);
+  EXPECT_NE(asse.find("PROMPT Disegno AsseLinea - Da quale parte\n"), std::string::npos);
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(b.s, 3, {5, 0, 5, -4});
+}
+
+TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
+  b.s.LineaColore[0] = 5;
+  b.s.LineaTratteggio[0] = 3;
+  b.s.LineaPiano[0] = "MURI";
+  b.s.LineaQuotata[0] = 1;
+  MettiCerchio(b.s, 50, 0, 5, 9);
+  b.s.CerchioColore[0] = 6;
+  MettiArco(b.s, 100, 0, 5, 50, 100);
+  b.s.ArcoPiano[0] = "CIGLIO";
+  b.Pronto(50, 0, 200);
+  EXPECT_EQ(b.Script("ANSWER 2\nTAG DISEGNA_PARALLELA\nCLICK left 5 0.1\n"),
+            "> ANSWER 2\n"
+            "> TAG DISEGNA_PARALLELA\n"
+            "IMPUTA [Parallela] Distanza della Parallela : -> 2\n"
+            "PROMPT Disegno parallela - Indicare Entità:\n"
+            "> CLICK left 5 0.1\n"
+            "PROMPT Disegno parallela - Da quale parte\n");
+  // The line picked is shown highlighted until the side is given.
+  int64_t evidenziati = 0;
+  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
+    if (b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotLinee)
+      evidenziati += b.s.ListaDisegno.Stato[static_cast<size_t>(i)];
+  EXPECT_GT(evidenziati, 0);
+  b.Script("CLICK left 5 7\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  AttesaLinea(b.s, 1, {0, 2, 10, 2});
+  EXPECT_EQ(b.s.LineaZ1[1], 1);
+  EXPECT_EQ(b.s.LineaColore[1], 5);
+  EXPECT_EQ(b.s.LineaTratteggio[1], 3);
+  EXPECT_EQ(b.s.LineaPiano[1], "MURI");
+  EXPECT_EQ(b.s.LineaQuotata[1], 1);
+  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) EXPECT_EQ(b.s.ListaDisegno.Stato[static_cast<size_t>(i)], 0);
+  // The distance is asked once; a click inside the circle shrinks, outside the arc grows.
+  b.Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotCerchi], 2);
+  EXPECT_EQ(b.s.CerchioRaggio[1], 3);
+  EXPECT_EQ(b.s.CerchioX[1], 50);
+  EXPECT_EQ(b.s.CerchioZ[1], 9);
+  EXPECT_EQ(b.s.CerchioColore[1], 6);
+  ASSERT_EQ(b.s.ContaEntita[SlotArchi], 2);
+  EXPECT_EQ(b.s.ArcoRaggio[1], 7);
+  EXPECT_EQ(b.s.ArcoInizio[1], 50);
+  EXPECT_EQ(b.s.ArcoFine[1], 100);
+  EXPECT_EQ(b.s.ArcoPiano[1], "CIGLIO");
+  // A circle cannot shrink below nothing: the click is ignored.
+  b.Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 2);
+  EXPECT_EQ(b.s.PassoComando, 1);
+}
+
+TEST(subParallelaPerPunto, LaStessaLunghezzaPerIlPunto) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG PARALLELA_PER_PUNTO\nCLICK left 5 0.1\nCLICK left 3 4\n"),
+            "> TAG PARALLELA_PER_PUNTO\n"
+            "PROMPT Parallelaperpunto - Indica Linea :\n"
+            "> CLICK left 5 0.1\n"
+            "PROMPT Parallelaperpunto - Indica Punto :\n"
+            "> CLICK left 3 4\n"
+            "PROMPT Parallelaperpunto - Indica Linea :\n");
+  AttesaLinea(b.s, 1, {0, 4, 10, 4});
+}
+
+TEST(subVerificaParallele, AzimutEDifferenza) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 10);
+  MettiLinea(b.s, 20, 0, 29, 10);
+  b.Pronto();
+  // atan2(9, 10) from North: 46.65246 gon; the first line is 50 gon.
+  EXPECT_EQ(b.Script("TAG VERIFICA_PARALLELE\nCLICK left 5 5\nCLICK left 24.5 5\n"),
+            "> TAG VERIFICA_PARALLELE\n"
+            "PROMPT Prima Linea :\n"
+            "> CLICK left 5 5\n"
+            "PROMPT Seconda Linea :\n"
+            "> CLICK left 24.5 5\n"
+            "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
+            "PROMPT Prima Linea :\n");
+}
+
+TEST(subDisegnoPercorso, LatiDaAzimutEDistanzaFinoAlTastoDestro) {
+  Banco b;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG DISEGNA_PERCORSO\nANSWER 100\nANSWER 10\nCLICK left 0 0\nANSWER 150\nANSWER 5\n"
+                     "CLICK left 99 99\nCLICK right 0 0\n"),
+            "> TAG DISEGNA_PERCORSO\n"
+            "PROMPT Disegno Percorso - Punto Partenza:\n"
+            "> ANSWER 100\n"
+            "> ANSWER 10\n"
+            "> CLICK left 0 0\n"
+            "IMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
+            "IMPUTA [Disegno Percorso] Distanza : -> 10\n"
+            "PROMPT Disegno Percorso - Prossimo Lato:\n"
+            "> ANSWER 150\n"
+            "> ANSWER 5\n"
+            "> CLICK left 99 99\n"
+            "IMPUTA [Disegno Percorso] Azimut (gon) : -> 150\n"
+            "IMPUTA [Disegno Percorso] Distanza : -> 5\n"
+            "PROMPT Disegno Percorso - Prossimo Lato:\n"
+            "> CLICK right 0 0\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  AttesaLinea(b.s, 0, {0, 0, 10, 0});
+  // 150 gon is South-East: 5 along it is (5/√2, -5/√2) further.
+  const double m = 5 / std::sqrt(2.0);
+  AttesaLinea(b.s, 1, {10, 0, 10 + m, -m});
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+}
+
+TEST(RettangoloESquadrato, IlTerzoPuntoDaLaProfondita) {
+  Banco b;
+  b.s.Imp.Colore_Default = 4;
+  b.Pronto();
+  EXPECT_EQ(b.Script("TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\nCLICK left 3 4\n"),
+            "> TAG RETTANGOLO\n"
+            "PROMPT Disegno Rettangolo - Primo Punto:\n"
+            "> CLICK left 0 0\n"
+            "PROMPT Disegno Rettangolo - Secondo Punto:\n"
+            "> CLICK left 10 0\n"
+            "PROMPT Disegno Rettangolo - Terzo Punto:\n"
+            // On the first side: no depth, no figure, the third point is still awaited.
+            "> CLICK left 5 0\n"
+            "> CLICK left 3 4\n"
+            "PROMPT Disegno Rettangolo - Primo Punto:\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(b.s, 0, {0, 0, 10, 0}, 0);
+  AttesaLinea(b.s, 1, {10, 0, 10, 4}, 0);
+  AttesaLinea(b.s, 2, {10, 4, 0, 4}, 0);
+  AttesaLinea(b.s, 3, {0, 4, 0, 0}, 0);
+  EXPECT_EQ(b.s.LineaColore[3], 4);
+  b.Script("TAG SQUADRATO\nCLICK left 0 10\nCLICK left 0 20\nCLICK left 7 15\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 6);
+  AttesaLinea(b.s, 4, {0, 10, 0, 20}, 0);
+  AttesaLinea(b.s, 5, {0, 20, 7, 20}, 0);
+}
+
+TEST(subArcoRaccordo, TagliaLeLineeEScriveLArco) {
+  Banco b;
+  MettiLinea(b.s, -10, 0, 10, 0, 1, 1);
+  MettiLinea(b.s, 0, -10, 0, 10);
+  b.Pronto();
+  EXPECT_EQ(b.Script("ANSWER 2\nTAG ARCO_RACCORDO\nCLICK left -5 0.1\nCLICK left 0.1 5\n"),
+            "> ANSWER 2\n"
+            "> TAG ARCO_RACCORDO\n"
+            "IMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
+            "PROMPT Arco Raccorda - Prima Linea:\n"
+            "> CLICK left -5 0.1\n"
+            "PROMPT Arco Raccorda - Seconda Linea:\n"
+            "> CLICK left 0.1 5\n"
+            "PROMPT Arco Raccorda - Prima Linea:\n");
+  // The corner between the West and the North arms: centre (-2, 2), feet (-2, 0), (0, 2).
+  AttesaLinea(b.s, 0, {-10, 0, -2, 0});
+  AttesaLinea(b.s, 1, {0, 2, 0, 10});
+  ASSERT_EQ(b.s.ContaEntita[SlotArchi], 1);
+  EXPECT_NEAR(b.s.ArcoX[0], -2, 1e-9);
+  EXPECT_NEAR(b.s.ArcoY[0], 2, 1e-9);
+  EXPECT_EQ(b.s.ArcoRaggio[0], 2);
+  // Clockwise from East of the centre (the foot on the North arm) to South of it.
+  EXPECT_NEAR(b.s.ArcoInizio[0], 100, 1e-9);
+  EXPECT_NEAR(b.s.ArcoFine[0], 100, 1e-9);
+  EXPECT_EQ(b.s.ArcoQuotaFinale[0], 1);
+  // Two parallel lines have no corner: nothing changes.
+  MettiLinea(b.s, -10, 20, 10, 20);
+  MettiLinea(b.s, -10, 30, 10, 30);
+  b.Pronto();
+  b.Script("CLICK left 0 20.1\nCLICK left 0 29.9\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 1);
+}
+
+}  // namespace
+}  // namespace varena
