@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "snap/RisultatoVicina.h"
+#include "survey/CostruzionePunti.h"
 
 namespace varena {
 
@@ -102,6 +103,7 @@ struct StatoComandi {
   double QuotaCopiata = 0;       // commands 320, 321
   std::string NomeCopiato;
   double OrigineFoglioX = 0, OrigineFoglioY = 0;  // command 254
+  SchedaCostruzione Costruzione; // the known points of a point construction and its result
   bool AnteprimaFoglio = false;
 
   // The row of the command table that armed the command, so that a re-arming opens what the

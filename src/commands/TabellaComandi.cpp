@@ -6,6 +6,7 @@
 
 #include "commands/Azioni.h"
 #include "commands/Routine.h"
+#include "commands/RoutineCostruzione.h"
 #include "commands/StatoComandi.h"
 
 namespace varena {
@@ -145,7 +146,8 @@ constexpr VoceComando kTabella[] = {
     Arma("DISEGNA_IMMAGINE", 202, {}, L, {}, "Immagine", "Inserisci Immagine"),
     Arma("INFO_AREA", 27, "Seleziona Contorno - Primo Punto", V, {}, "Info", "Area"),
     Arma("TRACCIAMENTO", 290, "Tracciamento - Stazione :", P, {}, "Punto", "Tracciamento"),
-    Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, {}, "Punto", "Interseca Direzione"),
+    Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, "NuovoPunto", "Punto",
+         "Interseca Direzione"),
     Arma("CONTORNO_7", 190, "Indica Punto per Contorno 7", P, {}, "Catasto", "Contorno 7"),
     Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
@@ -158,7 +160,7 @@ constexpr VoceComando kTabella[] = {
     Arma("EDIT_CAMBIA_NOME", 266, "Edit Cambia Nome - Indica il Punto :", P, {}, "Edit", "Cambia Nome"),
     Arma("EDIT_SPOSTA_NOME", 24, "Nome Sposta - Indicare il Punto :", P, {}, "Edit", "Sposta Nome"),
     Arma("EDIT_SPOSTAPUNTO", 191, "Sposta Punto - Indicare il Punto :", P, {}, "Edit", "Sposta Punto"),
-    Arma("PUNTO_DISTANZA", 601, "Punto Distanza - Primo Punto:", P, {}, "Punto", "Punto Distanza"),
+    Arma("PUNTO_DISTANZA", 601, "Punto Distanza - Primo Punto:", P, "NuovoPunto", "Punto", "Punto Distanza"),
     Arma("INFO_DISTANZA_2P", 249, "Info Distanza 2P - Primo Punto:", V, {}, "Info", "Distanza 2 Punti"),
     Arma("PUNTO_PARALLELA", 251, "Punto Parallela - Primo Punto:", P, {}, "Punto", "Punto Parallela"),
     Arma("CAMBIA_SCONGELA", 141, {}, V, {}, "Cambia", "Scongela"),
@@ -192,6 +194,20 @@ constexpr VoceComando kTabella[] = {
     Arma("PUNTO_VERTICE", 377, "Punto Vertice <PV> - Indica il Punto :", P, {}, "Punto", "Punto Vertice"),
     Arma("PUNTO_DIREZIONE", 378, "Punto Direzione <PD> - Indica il Punto :", P, {}, "Punto", "Punto Direzione"),
     Arma("IMMAGINE_IN_CIMA", 336, "Indica l'Immagine :", V, {}, "Immagine", "Immagine in Primo Piano"),
+    // The point constructions: each point made goes through the new-point dialog.
+    Arma("PUNTO_BILATERA", 160, "Punto Bilatera - Primo Punto:", P, "NuovoPunto", "Punto", "Punto Bilatera"),
+    Arma("PUNTO_STAZIONE_LIBERA", 332, "Punto StazioneLibera - Primo Punto:", P, "NuovoPunto", "Punto",
+         "Punto Stazione Libera"),
+    Arma("PUNTO_PIEDE", 26, "Punto Piede - Primo Punto :", P, "NuovoPunto", "Punto", "Punto Piede"),
+    Arma("PUNTO_APERTURA", 158, "Punto Apertura - Punto Origine :", P, "NuovoPunto", "Punto", "Punto Apertura"),
+    Arma("PUNTO_SQUADRO", 161, "Punto Squadro - Punto Origine :", P, "NuovoPunto", "Punto", "Punto Squadro"),
+    Arma("IRRAGGIAMENTO", 170, "Irraggiamento - Punto di Stazione:", P, "NuovoPunto", "Punto", "Irraggiamento"),
+    Arma("PUNTO_INCROCIO", 164, "Punto Incrocio - Primo Punto:", P, "NuovoPunto", "Punto", "Punto Incrocio"),
+    Arma("PUNTO_MEDIO", 159, "Punto Medio - Primo Punto:", P, "NuovoPunto", "Punto", "Punto Medio"),
+    Arma("PUNTO_IN_AVANTI", 172, "Punto In Avanti - Primo Punto:", P, "NuovoPunto", "Punto", "Punto In Avanti"),
+    Arma("PUNTO_TANGENTE", 171, "Punto Tangente - Dal Punto:", P, "NuovoPunto", "Punto", "Punto Tangente"),
+    Arma("POLARI_CARTESIANE", 169, "Polari Cartesiane - Indica un Punto", P, "NuovoPunto", "Punto",
+         "Polari > Cartesiane"),
     // Codes reached only from another command.
     Arma({}, 321, {}, P, {}, {}, {}),
     Arma({}, 219, "Indicare il Punto da memorizzare :", V, {}, {}, {}),
@@ -300,7 +316,7 @@ constexpr SchedaCodice kSchede[] = {
     {349, DisegnoEntitaLinea, Li, nullptr},
     {23, subNomeScambio, Li, nullptr},
     {24, subEditNomeSposta, Li, nullptr},
-    {26, nullptr, Li, nullptr},
+    {26, subPuntoPiede, Li, nullptr},
     {27, nullptr, Li, nullptr},
     {28, subInfoDistanza, Li, nullptr},
     {249, subInfoDistanza, Li, nullptr},
@@ -330,14 +346,15 @@ constexpr SchedaCodice kSchede[] = {
     {145, nullptr, Li, nullptr},
     {147, nullptr, Li, nullptr},
     {155, nullptr, Li, nullptr},
-    {158, nullptr, Li, nullptr},
-    {159, nullptr, Li, nullptr},
-    {160, nullptr, Li, nullptr},
-    {161, nullptr, Li, nullptr},
-    {164, nullptr, Li, nullptr},
-    {169, nullptr, Li, nullptr},
-    {170, nullptr, Li, nullptr},
-    {172, nullptr, Li, nullptr},
+    {158, subPuntoApertura, Li, nullptr},
+    {159, subPuntoMedio, Li, nullptr},
+    {160, subPuntoBilatera, Li, nullptr},
+    {161, subPuntoSquadro, Li, nullptr},
+    {164, subPuntoIncrocio, Li, nullptr},
+    {169, subPolariCartesiane, FormaElastico::Nessuna, nullptr},
+    {170, subPuntoIrraggiamento, Li, PromptIrraggiamento},
+    {171, subPuntoTangente, Li, nullptr},
+    {172, subPuntoInAvanti, Li, nullptr},
     {176, nullptr, Li, nullptr},
     {178, nullptr, Li, nullptr},
     {180, nullptr, Li, nullptr},
@@ -356,11 +373,11 @@ constexpr SchedaCodice kSchede[] = {
     {290, nullptr, Li, nullptr},
     {301, nullptr, Li, nullptr},
     {303, nullptr, Li, nullptr},
-    {332, nullptr, Li, nullptr},
-    {372, nullptr, Li, nullptr},
+    {332, subStazioneLibera, Li, nullptr},
+    {372, subIntersecaDirezione, Li, nullptr},
     {414, nullptr, Li, nullptr},
     {415, nullptr, Li, nullptr},
-    {601, nullptr, Li, nullptr},
+    {601, subPuntoDistanza, Li, nullptr},
 };
 
 }  // namespace
