@@ -3,6 +3,8 @@
 #include "commands/Comandi.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "commands/Modifica.h"
 #include "commands/Puntatore.h"
@@ -208,6 +210,11 @@ void RipetiComando(Sessione& s) {
 
 void ChiudiDialoghiLavoro(Sessione& s) {
   for (std::string_view nome : kDialoghiLavoro) ChiudiDialogo(s, nome);
+  // The dialogs a command opened for its own measures go with it.
+  std::vector<std::string> diLavoro;
+  for (const auto& d : s.Dialoghi)
+    if (d->DiLavoro) diLavoro.push_back(d->Nome);
+  for (const std::string& nome : diLavoro) ChiudiDialogo(s, nome);
   ChiudiSnapPunto(s);
 }
 

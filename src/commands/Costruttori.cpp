@@ -2,6 +2,9 @@
 #include "commands/Costruttori.h"
 
 #include "commands/GeometriaDisegno.h"
+#include "commands/Modifica.h"
+#include "commands/TabellaDialoghi.h"
+#include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "view/Rigenera.h"
@@ -209,6 +212,25 @@ int32_t ScriviImmagine(Sessione& s, std::string_view file, double x, double y, d
   s.StatoBitmap[k] = 0;
   s.ContaEntita[SlotBitmap] = riga + 1;
   RigeneraBitMapSingola(s, riga);
+  return riga;
+}
+
+void ProponiProssimoNome(Sessione& s, const std::string& nome) {
+  const Dialogo* d = TrovaDialogo(s, "NuovoPunto");
+  if (!d) return;
+  const std::string prossimo = ProssimoNomePunto(s, nome, Rifila(d->Valore("Automatico")) != "0", d->Valore("Passo"));
+  AggiornaCampo(s, "NuovoPunto", "Nome", prossimo.empty() ? nome : prossimo);
+}
+
+int32_t InserisciPuntoNuovo(Sessione& s, const PuntoXYZ& p) {
+  const Dialogo* d = TrovaDialogo(s, "NuovoPunto");
+  std::string nome = d ? Rifila(d->Valore("Nome")) : std::string();
+  // A point made from measures is never lost for want of a name.
+  if (nome.empty()) nome = PrimoNomeProposto(s);
+  const int32_t riga =
+      ScriviPunto(s, nome, p, d ? d->Valore("Descrizione") : std::string(), d ? d->Valore("Piano") : s.PianoCorrente);
+  ProponiProssimoNome(s, nome);
+  FineModifica(s, false);
   return riga;
 }
 

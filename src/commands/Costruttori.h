@@ -48,5 +48,13 @@ int32_t ScriviTesto(Sessione& s, double x, double y, std::string_view testo, dou
 // corner at (x, y).
 int32_t ScriviImmagine(Sessione& s, std::string_view file, double x, double y, double larghezza, double altezza,
                        double scala, std::string_view piano);
+// After a point named `nome`: the new-point dialog, when open, offers the name that follows
+// as its numbering asks, or `nome` again when the numbering is off, for the user to change.
+void ProponiProssimoNome(Sessione& s, const std::string& nome);
+
+// A point computed by a command, through the new-point dialog: its name (the next free one
+// when the dialog is closed or its name empty), description and layer; the next name
+// offered, and the undo snapshot. Returns its row.
+int32_t InserisciPuntoNuovo(Sessione& s, const PuntoXYZ& p);
 
 }  // namespace varena

@@ -26,15 +26,6 @@ int32_t PuntoEsistente(const Sessione& s, double x, double y) {
   return -1;
 }
 
-// The name after `nome` as the dialog's numbering asks for it; the same name when the
-// numbering is off, for the user to change.
-void ProponiProssimo(Sessione& s, const std::string& nome) {
-  const Dialogo* d = TrovaDialogo(s, "NuovoPunto");
-  if (!d) return;
-  const std::string prossimo = ProssimoNomePunto(s, nome, Rifila(d->Valore("Automatico")) != "0", d->Valore("Passo"));
-  AggiornaCampo(s, "NuovoPunto", "Nome", prossimo.empty() ? nome : prossimo);
-}
-
 std::string Quota(double z) { return Rifila(FormatoMaschera(z, "#########0.000")); }
 
 // A point of the tables under the click, or nothing: the routines on points do not advance.
@@ -67,7 +58,7 @@ void DisegnoEntitaPunto(Sessione& s) {
     if (s.Ui->Domanda(testo, "Punto Esistente", Bottoni::SiNo, Icona::Domanda, Risposta::No) == Risposta::Si) {
       s.PuntoNome[static_cast<size_t>(esistente)] = nome;
       SegnaModificato(s, SlotPunti);
-      ProponiProssimo(s, nome);
+      ProponiProssimoNome(s, nome);
       FineModifica(s, false);
     }
     return;
@@ -78,7 +69,7 @@ void DisegnoEntitaPunto(Sessione& s) {
   s.PuntoCorrenteIndice = riga;
   SpostaPunti(s);
   s.PassoComando = 1;
-  ProponiProssimo(s, nome);
+  ProponiProssimoNome(s, nome);
   const Dialogo* dopo = TrovaDialogo(s, "NuovoPunto");
   MostraPrompt(s, (dopo ? Rifila(dopo->Valore("Nome")) : nome) + " - " + kPromptNuovoPunto);
   FineModifica(s, false);

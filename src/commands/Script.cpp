@@ -214,11 +214,13 @@ EsitoScript EseguiScript(Sessione& s, InterfacciaScript& ui, std::istream& scrip
     } else if (azione == "ANSWER") {
       if (resto.empty()) return ferma(64, "ANSWER vuole una risposta");
       ui.Accoda(resto);
-    } else if (azione == "FIELD") {
-      if (arg.empty()) return ferma(64, "FIELD vuole un campo");
+    } else if (azione == "FIELD" || azione == "PASTE") {
+      if (arg.empty()) return ferma(64, azione + " vuole un campo");
       const auto [dialogo, campo] = Destinazione(arg[0]);
-      const std::string testo = Rifila(resto.substr(arg[0].size()));
-      if (!ScriviCampo(s, dialogo, campo, testo)) return ferma(2, "nessun dialogo aperto con il campo " + arg[0]);
+      std::string testo = Rifila(resto.substr(arg[0].size()));
+      const bool scritto = azione == "FIELD" ? ScriviCampo(s, dialogo, campo, std::move(testo))
+                                             : IncollaCampo(s, dialogo, campo, std::move(testo));
+      if (!scritto) return ferma(2, "nessun dialogo aperto con il campo " + arg[0]);
     } else if (azione == "PRESS") {
       if (arg.size() != 1) return ferma(64, "PRESS vuole un bottone");
       const auto [dialogo, bottone] = Destinazione(arg[0]);

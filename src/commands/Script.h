@@ -11,6 +11,7 @@
 //   TYPE <text>                         typed in the box beside the drawing, then Enter
 //   ANSWER <yes|no|cancel|ok|text>      queued for the next question or value prompt
 //   FIELD [<dialog>.]<field> <text>     typed into a field of an open dialog
+//   PASTE [<dialog>.]<field> <text>     pasted into it: no key press sees the text
 //   PRESS [<dialog>.]<button>           a button of an open dialog
 //   VIEW <east> <north> <height>        the view, as a zoom would set it
 //   SAVE                                the job saved over its original

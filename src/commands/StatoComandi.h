@@ -10,6 +10,7 @@
 
 #include "commands/StatoDisegno.h"
 #include "snap/RisultatoVicina.h"
+#include "survey/CostruzionePunti.h"
 
 namespace varena {
 
@@ -103,6 +104,7 @@ struct StatoComandi {
   double QuotaCopiata = 0;       // commands 320, 321
   std::string NomeCopiato;
   double OrigineFoglioX = 0, OrigineFoglioY = 0;  // command 254
+  SchedaCostruzione Costruzione; // the known points of a point construction and its result
   bool AnteprimaFoglio = false;
   StatoDisegno ValoriDisegno;    // the drawing commands' picks and dialog choices
 

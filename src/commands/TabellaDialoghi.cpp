@@ -3,6 +3,7 @@
 
 #include "commands/Comandi.h"
 #include "commands/DialoghiDisegno.h"
+#include "commands/RoutineCostruzione.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -21,10 +22,21 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"Imputa2", ApriImputa2},
     {"ParametriSerie", ApriParametriSerie},
     {"FormSelezionaContorno", ApriFormSelezionaContorno},
+    // The measures of the point constructions, opened at their last click.
+    {"PuntoBilatera", ApriPuntoBilatera},
+    {"StazioneLibera", ApriStazioneLibera},
+    {"PuntoPiede", ApriPuntoPiede},
+    {"PuntoApertura", ApriPuntoApertura},
+    {"PuntoSquadro", ApriPuntoSquadro},
+    {"Irraggiamento", ApriIrraggiamento},
+    {"PuntoInAvanti", ApriPuntoInAvanti},
+    {"PolariCartesiane", ApriPolariCartesiane},
+    {"IntersecaDirezione", ApriIntersecaDirezione},
+    {"PuntoDistanza", ApriPuntoDistanza},
 };
 
-// The name the next point is offered: the one after the last live point's, "1" on an
-// empty job.
+}  // namespace
+
 std::string PrimoNomeProposto(const Sessione& s) {
   for (int32_t r = s.ContaEntita[SlotPunti] - 1; r >= 0; --r)
     if (s.PuntoIdent[static_cast<size_t>(r)] == 0) {
@@ -33,8 +45,6 @@ std::string PrimoNomeProposto(const Sessione& s) {
     }
   return ProssimoNomePunto(s, "0", true, "1");
 }
-
-}  // namespace
 
 std::span<const SchedaDialogo> TabellaDialoghi() { return kDialoghi; }
 

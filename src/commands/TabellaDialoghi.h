@@ -4,6 +4,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace varena {
@@ -23,6 +24,10 @@ std::span<const SchedaDialogo> TabellaDialoghi();
 // no builder for it; false only when it was cancelled.
 bool ApriDialogoDiTabella(Sessione& s, std::string_view nome);
 bool DialogoDisponibile(std::string_view nome);
+
+// The name the next point is offered: the one after the last live point's, "1" on an
+// empty job.
+std::string PrimoNomeProposto(const Sessione& s);
 
 // Builders of the dialogs of this folder.
 bool ApriNuovoPunto(Sessione& s);

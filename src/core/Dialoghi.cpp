@@ -23,7 +23,11 @@ std::string Dialogo::Valore(std::string_view nome) const {
   return c ? c->Testo : std::string();
 }
 
-double Dialogo::Numero(std::string_view nome) const { return Val(VirgolaInPunto(Valore(nome))); }
+double Dialogo::Numero(std::string_view nome) const {
+  const CampoDialogo* c = Campo(nome);
+  if (!c) return 0;
+  return c->VirgolaAlTasto ? Val(c->Testo) : Val(VirgolaInPunto(c->Testo));
+}
 
 const BottoneDialogo* Dialogo::Bottone(std::string_view nome) const {
   for (const BottoneDialogo& b : Bottoni)
@@ -32,7 +36,17 @@ const BottoneDialogo* Dialogo::Bottone(std::string_view nome) const {
 }
 
 Dialogo& Dialogo::AggiungiCampo(std::string nome, std::string etichetta, std::string testo) {
-  Campi.push_back({std::move(nome), std::move(etichetta), std::move(testo)});
+  CampoDialogo c;
+  c.Nome = std::move(nome);
+  c.Etichetta = std::move(etichetta);
+  c.Testo = std::move(testo);
+  Campi.push_back(std::move(c));
+  return *this;
+}
+
+Dialogo& Dialogo::AggiungiDato(std::string nome, std::string etichetta, std::string testo) {
+  AggiungiCampo(std::move(nome), std::move(etichetta), std::move(testo));
+  Campi.back().SoloLettura = true;
   return *this;
 }
 
@@ -96,12 +110,28 @@ Dialogo* Bersaglio(Sessione& s, std::string_view dialogo, Ha ha) {
   return nullptr;
 }
 
+// The field of that name the user can type into, in the dialog named or the latest one.
+CampoDialogo* CampoScrivibile(Sessione& s, std::string_view dialogo, std::string_view campo) {
+  Dialogo* d = Bersaglio(s, dialogo, [&](const Dialogo& x) {
+    const CampoDialogo* c = x.Campo(campo);
+    return c && !c->SoloLettura;
+  });
+  return d ? d->Campo(campo) : nullptr;
+}
+
 }  // namespace
 
 bool ScriviCampo(Sessione& s, std::string_view dialogo, std::string_view campo, std::string testo) {
-  Dialogo* d = Bersaglio(s, dialogo, [&](const Dialogo& x) { return x.Campo(campo) != nullptr; });
-  if (!d) return false;
-  d->Campo(campo)->Testo = std::move(testo);
+  CampoDialogo* c = CampoScrivibile(s, dialogo, campo);
+  if (!c) return false;
+  c->Testo = c->VirgolaAlTasto ? VirgolaInPunto(testo) : std::move(testo);
+  return true;
+}
+
+bool IncollaCampo(Sessione& s, std::string_view dialogo, std::string_view campo, std::string testo) {
+  CampoDialogo* c = CampoScrivibile(s, dialogo, campo);
+  if (!c) return false;
+  c->Testo = std::move(testo);
   return true;
 }
 

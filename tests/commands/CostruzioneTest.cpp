@@ -1,0 +1,493 @@
+// The point constructions driven by scripts as the user drives them: the clicks on the known
+// points, the measures typed into the dialogs, the buttons. Every expected coordinate is
+// worked by hand from the figure (right triangles, isosceles triangles, quarter turns), not
+// from the code under test.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/Dialoghi.h"
+#include "store/Carica.h"
+#include "store/Undo.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+constexpr double kMm = 1e-9;  // far below any survey tolerance, above the rounding of sin and cos
+
+// The row of the live point of that name, -1 when none.
+int32_t Riga(const Sessione& s, const std::string& nome) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
+    if (s.PuntoIdent[static_cast<size_t>(r)] == 0 && s.PuntoNome[static_cast<size_t>(r)] == nome) return r;
+  return -1;
+}
+
+// The point of that name is at (x, y, z).
+::testing::AssertionResult In(const Sessione& s, const std::string& nome, double x, double y, double z) {
+  const int32_t r = Riga(s, nome);
+  if (r < 0) return ::testing::AssertionFailure() << "no point " << nome;
+  const auto k = static_cast<size_t>(r);
+  if (std::fabs(s.PuntoX[k] - x) > kMm || std::fabs(s.PuntoY[k] - y) > kMm || std::fabs(s.PuntoZ[k] - z) > kMm)
+    return ::testing::AssertionFailure() << nome << " at " << s.PuntoX[k] << ", " << s.PuntoY[k] << ", "
+                                         << s.PuntoZ[k];
+  return ::testing::AssertionSuccess();
+}
+
+std::string Etichetta(Sessione& s, const char* dialogo, const char* campo) {
+  const Dialogo* d = TrovaDialogo(s, dialogo);
+  return d && d->Campo(campo) ? d->Campo(campo)->Etichetta : "?";
+}
+
+TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
+  Banco b;
+  // The base runs North for 5 m and climbs 10 m. With 3 from A and 4 from B the angle at the
+  // new point is right: its foot is 3²/5 = 1.8 from A, its offset 3·4/5 = 2.4.
+  MettiPunto(b.s, "A", 100, 200, 10);
+  MettiPunto(b.s, "B", 100, 205, 20);
+  b.s.PianoCorrente = "RILIEVO";
+  b.Pronto(100, 200, 50);
+  EXPECT_EQ(b.Script("TAG PUNTO_BILATERA\nCLICK left 100 200\nCLICK left 100 205.2\n"),
+            "> TAG PUNTO_BILATERA\n"
+            "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"B1\" Descrizione=\"\" Piano=\"RILIEVO\" Automatico=\"1\" "
+            "Passo=\"1\" (Prendi, Annulla)\n"
+            "PROMPT Punto Bilatera - Primo Punto:\n"
+            "> CLICK left 100 200\n"
+            "PROMPT Punto Bilatera - Secondo Punto:\n"
+            "> CLICK left 100 205.2\n"
+            "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0\" Base=\"5.0\" "
+            "Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
+            "PROMPT Punto Bilatera - Primo Punto:\n");
+  EXPECT_EQ(Etichetta(b.s, "PuntoBilatera", "Primo"), "Primo Punto   : ");
+  EXPECT_EQ(Etichetta(b.s, "PuntoBilatera", "Azimut"), "Azimut   : ");
+  EXPECT_EQ(Etichetta(b.s, "PuntoBilatera", "Base"), "Distanza : ");
+  EXPECT_EQ(Etichetta(b.s, "PuntoBilatera", "Distanza1"), "Distanza da A :");
+  EXPECT_EQ(Etichetta(b.s, "PuntoBilatera", "Distanza2"), "Distanza da B :");
+  b.Script("FIELD NuovoPunto.Descrizione spigolo\nFIELD Distanza1 3\nFIELD Distanza2 4\nPRESS OK\n");
+  // Right of A to B, which runs North: East. The height of the foot, 1.8 of 5 up the slope.
+  EXPECT_TRUE(In(b.s, "B1", 102.4, 201.8, 13.6));
+  const auto k = static_cast<size_t>(Riga(b.s, "B1"));
+  EXPECT_EQ(b.s.PuntoPiano[k], "RILIEVO");
+  EXPECT_EQ(b.s.PuntoDescrizione[k], "spigolo");
+  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
+  EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "B2");
+  EXPECT_EQ(b.s.PassoComando, 0);
+
+  // The other side: from B to A, 4 from B and 3 from A, right of South is West.
+  b.Script("CLICK left 100 205\nCLICK left 100 200\nFIELD Distanza1 4\nFIELD Distanza2 3\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "B2", 97.6, 201.8, 13.6));
+
+  // 1 + 1 cannot reach across 5: the box, the command ends, nothing is made.
+  const std::string uscita =
+      b.Script("CLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 1\nFIELD Distanza2 1\nPRESS OK\n");
+  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+            "> PRESS OK\n"
+            "MESSAGGIO [Punto Bilatera] Distanze non ammissibili!\n"
+            "DIALOGO - NuovoPunto\n"
+            "DIALOGO - PuntoBilatera\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  // Sides that just close leave the point on the base, 2 from A: no tolerance either way.
+  b.Script("TAG PUNTO_BILATERA\nCLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 2\nFIELD Distanza2 3\n"
+           "PRESS OK\n");
+  EXPECT_TRUE(In(b.s, "B3", 100, 202, 14));
+}
+
+TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 10);
+  MettiPunto(b.s, "B", 100, 0, 10);
+  b.Pronto(50, 0, 200);
+  b.Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 300\nCLICK left 0 0\nCLICK left 100 0\n");
+  EXPECT_EQ(Etichetta(b.s, "StazioneLibera", "Lettura1"), "Azimut e Distanza da A :");
+  EXPECT_EQ(Etichetta(b.s, "StazioneLibera", "Lettura2"), "Azimut e Distanza da B :");
+  EXPECT_EQ(TrovaDialogo(b.s, "StazioneLibera")->Titolo, "Punto Stazione Libera");
+  // A right angle between two sights of 71 m: the measured base is 71·√2 = 100.40916 m,
+  // 0.40916 longer than the true one. Laid centred on the true base, each end moves out by
+  // half of it, and the station stands c/2 = 71/√2 = 50.20458 square off the middle, to the
+  // right of A to B (South). The readings carry any orientation of the instrument.
+  const std::string uscita = b.Script(
+      "FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\nPRESS OK\n");
+  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+            "> PRESS OK\n"
+            "MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0 | Distanza Rilevata = 100.4092 | "
+            "Differenza = -0.4092\n"
+            "DIALOGO - StazioneLibera\n"
+            "PROMPT Punto StazioneLibera - Primo Punto:\n");
+  EXPECT_TRUE(In(b.s, "300", 50, -50.20458146424487, 10));
+  // The irradiation that follows offers the station.
+  b.Script("TAG IRRAGGIAMENTO\n");
+  EXPECT_EQ(b.s.Prompt, "Irraggiamento - Punto di Stazione: 300");
+
+  // Sights without error: (20, -40) sees A at 20√5 and B at 40√5, square to each other.
+  b.Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 400\nCLICK left 0 0\nCLICK left 100 0\n"
+           "FIELD Lettura1 0\nFIELD Distanza1 44.721359549995796\nFIELD Lettura2 100\n"
+           "FIELD Distanza2 89.44271909999159\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "400", 20, -40, 10));
+
+  // No angle between the sights: the base shrinks to 30 - 10 = 20 about (50, 0) and the
+  // station lies on it, 30 from its first end (40, 0).
+  b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Lettura1 50\nFIELD Distanza1 30\nFIELD Lettura2 50\n"
+           "FIELD Distanza2 10\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "401", 70, 0, 10));
+
+  // Equal sights with no angle make no triangle: the report, then the failure.
+  const std::string fallita =
+      b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n");
+  EXPECT_NE(fallita.find("MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0 | Distanza Rilevata = 0.0 | "
+                        "Differenza = 100.0\n"
+                        "MESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"),
+            std::string::npos)
+      << fallita;
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
+}
+
+// Three points from one station, the dialog left up, each point one generation of undo.
+TEST(Irraggiamento, UnVentaglioDiTrePuntiConLeAltezze) {
+  Banco b;
+  const std::string base = b.cartella / "ROSSI";
+  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "1000,2000,100"));
+  ScriviFileProva(base + ".LLL", RecordPuntoBase("100", 1000, 2000, 50).Byte() +
+                                     RecordPuntoBase("101", 1000, 2100, 60).Byte());
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 2);
+  b.s.PuntoHPrisma[0] = 1.5f;
+  const int64_t prima = LeggiDiario(b.s)->Passo;
+
+  b.Script("TAG IRRAGGIAMENTO\nFIELD NuovoPunto.Nome 1\nCLICK left 1000 2000\nCLICK left 1000 2100\n");
+  const Dialogo* d = TrovaDialogo(b.s, "Irraggiamento");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Stazione"), "100");
+  EXPECT_EQ(d->Valore("Orientamento"), "101");
+  EXPECT_EQ(d->Valore("Azimut"), "0.0");
+  EXPECT_EQ(d->Valore("Base"), "100.0");
+  EXPECT_EQ(d->Valore("QuotaStazione"), "50.0");
+  EXPECT_EQ(d->Valore("AltezzaStazione"), "1.50");
+  EXPECT_EQ(d->Valore("LetturaOrientamento"), "0");
+  EXPECT_EQ(d->Valore("Zenitale"), "100");
+  EXPECT_EQ(Etichetta(b.s, "Irraggiamento", "Stazione"), "Stazione     : ");
+  EXPECT_EQ(Etichetta(b.s, "Irraggiamento", "LetturaOrientamento"), "Lettura Orientamento : ");
+  EXPECT_EQ(Etichetta(b.s, "Irraggiamento", "AltezzaStazione"), "Altezza Stazione : ");
+
+  // The orientation point, due North, was read at 30: the correction is 370, and a reading
+  // of 130 looks East. A level sight: the height of the station plus the instrument less
+  // the prism.
+  b.Script("FIELD LetturaOrientamento 30\nFIELD Lettura 130\nFIELD Distanza 10\nFIELD Prisma 1.5\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 1010, 2000, 50));
+  // 230 looks South; 90 gon above the horizon the sight climbs 20·cos(81°) = 3.12869.
+  b.Script("FIELD Lettura 230\nFIELD Distanza 20\nFIELD Zenitale 90\nFIELD Prisma 2\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
+  // 80 looks North-East; the distance is horizontal as typed; no zenith means a level sight.
+  b.Script("FIELD Lettura 80\nFIELD Distanza 14.142135623730951\nFIELD Zenitale\nFIELD Prisma 0\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "3", 1010, 2010, 51.5));
+  EXPECT_EQ(TrovaDialogo(b.s, "Irraggiamento")->Valore("Zenitale"), "100");
+
+  EXPECT_TRUE(DialogoAperto(b.s, "Irraggiamento"));
+  EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "4");
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 3);
+  // Closed by its second button: the command ends and nothing more is made.
+  b.Script("PRESS Irraggiamento.Chiudi\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
+  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 3);
+  // One undo takes back the last point only.
+  b.Script("KEY F9\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(In(b.s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
+}
+
+TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 0);
+  MettiPunto(b.s, "B", 10, 0, 0);
+  b.Pronto(5, 0, 40);
+  b.Script("TAG PUNTO_IN_AVANTI\nFIELD NuovoPunto.Nome 20\nCLICK left 0 0\nCLICK left 10 0\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoInAvanti")->Titolo, "Punto In Avanti");
+  EXPECT_EQ(Etichetta(b.s, "PuntoInAvanti", "Angolo1"), "Primo Angolo :");
+  EXPECT_EQ(Etichetta(b.s, "PuntoInAvanti", "Angolo2"), "Secondo Angolo :");
+  // Half a right angle at each end of a base running East: the apex of the right isosceles
+  // triangle, 5 South of the middle.
+  b.Script("FIELD Angolo1 50\nFIELD Angolo2 50\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "20", 5, -5, 0));
+  EXPECT_FALSE(DialogoAperto(b.s, "PuntoInAvanti"));
+  // A right angle at A and half of one at B: straight South of A, as far as the base is long.
+  b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 100\nFIELD Angolo2 50\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "21", 0, -10, 0));
+  // Angles that add up to a half turn never meet: no point, the dialog waits.
+  b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(DialogoAperto(b.s, "PuntoInAvanti"));
+}
+
+TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
+  Banco b;
+  MettiPunto(b.s, "O", 0, 0, 0);
+  MettiPunto(b.s, "N", 0, 10, 0);
+  b.Pronto(0, 5, 40);
+  b.Script("TAG PUNTO_SQUADRO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->Valore("Angolo"), "0");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->Campo("Angolo")->Scelte,
+            (std::vector<std::string>{"0", "100", "200", "300"}));
+  // 3 along the orientation (North), 4 to its right (East).
+  b.Script("FIELD Lato1 3\nFIELD Lato2 4\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 4, 3, 0));
+  // The dialog stays: 0 along and 5 across lies on the perpendicular at the origin.
+  b.Script("FIELD Lato1 0\nFIELD Lato2 5\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "2", 5, 0, 0));
+  // A negative second leg goes to the left; an angle of 200 turns the figure round.
+  b.Script("FIELD Lato1 3\nFIELD Lato2 -4\nPRESS OK\nFIELD Lato2 4\nFIELD Angolo 200\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "3", -4, 3, 0));
+  EXPECT_TRUE(In(b.s, "4", -4, -3, 0));
+  // A negative first leg: the box, and nothing happens; the dialog waits.
+  EXPECT_EQ(b.Script("FIELD Lato1 -1\nPRESS OK\n"),
+            "> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 6);
+  EXPECT_TRUE(DialogoAperto(b.s, "PuntoSquadro"));
+  EXPECT_EQ(b.s.ComandoCorrente, 161);
+}
+
+// Squadro, Apertura and Irraggiamento turn a typed "," into "." at the key press and read
+// the text as it stands; the other dialogs read a "," as a point whatever way it came.
+TEST(VirgolaDecimale, AlTastoOppureAllaLettura) {
+  Banco b;
+  MettiPunto(b.s, "O", 0, 0, 0);
+  MettiPunto(b.s, "N", 0, 10, 0);
+  b.Pronto(0, 5, 40);
+  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoApertura")->Campo("Angolo")->Scelte,
+            (std::vector<std::string>{"100", "200", "300", "0"}));
+  // Typed: the comma became a point as the key went down. A quarter turn from North.
+  b.Script("PRESS 100\nFIELD Distanza 5,5\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoApertura")->Valore("Distanza"), "5.5");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoApertura")->Valore("Angolo"), "100");
+  b.Script("PRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 5.5, 0, 0));
+  // Pasted: no key press saw it, and the comma ends the number.
+  b.Script("PRESS 200\nPASTE Distanza 5,5\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "2", 0, -5, 0));
+  // The bilateration reads a comma as a point, typed or pasted: 6 and 8 on a base of 10.
+  b.Script("TAG PUNTO_BILATERA\nFIELD NuovoPunto.Nome 3\nCLICK left 0 0\nCLICK left 0 10\n"
+           "PASTE Distanza1 6,0\nFIELD Distanza2 8,0\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoBilatera")->Valore("Distanza2"), "8,0");
+  b.Script("PRESS OK\n");
+  EXPECT_TRUE(In(b.s, "3", 4.8, 3.6, 0));
+  // A value the dialog only shows takes no typing.
+  b.Script("CLICK left 0 0\nCLICK left 0 10\nFIELD Base 3\n");
+  EXPECT_EQ(b.UltimoEsito.Codice, 2);
+}
+
+TEST(PuntoApertura, AngoloDAperturaDallOrientamentoEQuotaDelPiede) {
+  Banco b;
+  MettiPunto(b.s, "O", 0, 0, 0);
+  MettiPunto(b.s, "N", 0, 10, 10);
+  b.Pronto(0, 5, 40);
+  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
+  // Half a right angle off North, 4√2 away: (4, 4), whose foot (0, 4) is 0.4 up the slope.
+  b.Script("FIELD Angolo 50\nFIELD Distanza 5.656854249492381\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 4, 4, 4));
+  // The four buttons set the angle; the dialog stays up for a fan of points.
+  b.Script("PRESS 300\nFIELD Distanza 2\nPRESS OK\nPRESS 0\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "2", -2, 0, 10));  // the foot falls on O, which takes N's height
+  EXPECT_TRUE(In(b.s, "3", 0, 2, 2));
+  EXPECT_TRUE(DialogoAperto(b.s, "PuntoApertura"));
+}
+
+TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 0);
+  MettiPunto(b.s, "B", 10, 0, 10);
+  MettiPunto(b.s, "P", 4, 3, 0);
+  MettiPunto(b.s, "Q", -2, -5, 0);
+  b.Pronto(0, 0, 40);
+  const std::string uscita =
+      b.Script("TAG PUNTO_PIEDE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 4 3\n");
+  EXPECT_NE(uscita.find("PROMPT Punto Piede - Primo Punto :\n"
+                        "> FIELD NuovoPunto.Nome 1\n"
+                        "> CLICK left 0 0\n"
+                        "PROMPT Punto Piede - Secondo Punto:\n"
+                        "> CLICK left 10 0\n"
+                        "PROMPT Punto Piede - Punto da Proiettare:\n"
+                        "> CLICK left 4 3\n"
+                        "DIALOGO + PuntoPiede [Punto Piede]"),
+            std::string::npos)
+      << uscita;
+  // The foot of (4, 3) on the line running East is (4, 0), 0.4 up the slope; the point lies
+  // left of the line.
+  EXPECT_TRUE(In(b.s, "1", 4, 0, 4));
+  const Dialogo* d = TrovaDialogo(b.s, "PuntoPiede");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Terzo"), "P");
+  EXPECT_EQ(d->Valore("QuotaPiede"), "4.0");
+  EXPECT_EQ(d->Valore("Ascissa"), "4.0");
+  EXPECT_EQ(d->Valore("Distacco"), "-3.0");
+  EXPECT_EQ(Etichetta(b.s, "PuntoPiede", "Terzo"), "Terzo Punto : ");
+  EXPECT_EQ(Etichetta(b.s, "PuntoPiede", "QuotaPiede"), "Quota Piede : ");
+  // Behind A and to the right: (-2, 0), extrapolated down the slope to -2.
+  b.Script("CLICK left 0 0\nCLICK left 10 0\nCLICK left -2 -5\n");
+  EXPECT_TRUE(In(b.s, "2", -2, 0, -2));
+  d = TrovaDialogo(b.s, "PuntoPiede");
+  EXPECT_EQ(d->Valore("Ascissa"), "-2.0");
+  EXPECT_EQ(d->Valore("Distacco"), "5.0");
+  // The first button starts again at the first point.
+  b.Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "PuntoPiede"));
+  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(b.s.Prompt, "Punto Piede - Primo Punto :");
+}
+
+TEST(PuntoIncrocio, DueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 0);
+  MettiPunto(b.s, "B", 10, 10, 10);
+  MettiPunto(b.s, "C", 0, 10, 0);
+  MettiPunto(b.s, "D", 10, 0, 0);
+  MettiPunto(b.s, "E", 0, 20, 7);
+  MettiPunto(b.s, "F", 10, 20, 7);
+  MettiPunto(b.s, "G", 0, 30, 7);
+  MettiPunto(b.s, "H", 10, 30, 7);
+  b.Pronto(5, 15, 60);
+  const std::string uscita = b.Script("TAG PUNTO_INCROCIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\n"
+                                      "CLICK left 10 10\nCLICK left 0 10\nCLICK left 10 0\n");
+  EXPECT_NE(uscita.find("PROMPT Punto Incrocio - Secondo Punto:\n> CLICK left 10 10\n"
+                        "PROMPT Punto Incrocio - Terzo Punto:\n> CLICK left 0 10\n"
+                        "PROMPT Punto Incrocio - Quarto Punto:\n> CLICK left 10 0\n"
+                        "PROMPT Punto Incrocio - Primo Punto:\n"),
+            std::string::npos)
+      << uscita;
+  // The diagonals of the square meet in its middle, half way up A-B.
+  EXPECT_TRUE(In(b.s, "1", 5, 5, 5));
+  // Two parallel lines: the point made before is made again, with the height of the first
+  // line there.
+  b.Script("CLICK left 0 20\nCLICK left 10 20\nCLICK left 0 30\nCLICK left 10 30\n");
+  EXPECT_TRUE(In(b.s, "2", 5, 5, 7));
+}
+
+TEST(PuntoMedioETangente, IlMezzoDiDuePuntiEIlTangenteDaUnPuntoAUnCerchio) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 3);
+  MettiPunto(b.s, "B", 10, 20, 4);
+  MettiCerchio(b.s, 10, 0, 5);
+  b.Pronto(5, 5, 60);
+  b.Script("TAG PUNTO_MEDIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 20\n");
+  EXPECT_TRUE(In(b.s, "1", 5, 10, 3.5));
+  EXPECT_EQ(b.s.Prompt, "Punto Medio - Primo Punto:");
+  // From A, 10 from the centre of a circle of radius 5: the tangent is √75 long, 30° off
+  // the line of centres, so it touches at (7.5, ±4.33013), at the height of A.
+  b.Script("TAG PUNTO_TANGENTE\nFIELD NuovoPunto.Nome 2\nCLICK left 0 0\n");
+  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Indica Entità:");
+  EXPECT_EQ(b.s.ModoSnap, 8);
+  b.Script("CLICK left 7.6 4.5\n");
+  EXPECT_TRUE(In(b.s, "2", 7.5, 4.330127018922193, 3));
+  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Dal Punto:");
+  EXPECT_EQ(b.s.ModoSnap, 1);
+}
+
+TEST(PolariCartesiane, AzimutEDistanzaDaUnOrigine) {
+  Banco b;
+  MettiPunto(b.s, "O", 100, 200, 7);
+  b.Pronto(100, 200, 40);
+  b.Script("TAG POLARI_CARTESIANE\nFIELD NuovoPunto.Nome 1\nCLICK left 100 200\n");
+  const Dialogo* d = TrovaDialogo(b.s, "PolariCartesiane");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Titolo, "Polari > Cartesiane");
+  EXPECT_EQ(d->Valore("Nord"), "200.0");
+  EXPECT_EQ(d->Valore("Est"), "100.0");
+  EXPECT_EQ(d->Valore("Quota"), "7.0");
+  EXPECT_EQ(Etichetta(b.s, "PolariCartesiane", "Origine"), "Punto Origine : ");
+  EXPECT_EQ(Etichetta(b.s, "PolariCartesiane", "Nord"), "         Nord : ");
+  EXPECT_EQ(Etichetta(b.s, "PolariCartesiane", "Est"), "          Est : ");
+  EXPECT_EQ(Etichetta(b.s, "PolariCartesiane", "Quota"), "        Quota : ");
+  // North-East by √2, then West by 5: the origin's height both times, the dialog up.
+  b.Script("FIELD Azimut 50\nFIELD Distanza 1.4142135623730951\nPRESS OK\nFIELD Azimut 300\nFIELD Distanza 5\n"
+           "PRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 101, 201, 7));
+  EXPECT_TRUE(In(b.s, "2", 95, 200, 7));
+  EXPECT_TRUE(DialogoAperto(b.s, "PolariCartesiane"));
+}
+
+TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 10, 0);
+  MettiPunto(b.s, "B", 20, 10, 0);
+  const int32_t st = MettiPunto(b.s, "S", 5, 0, 100);
+  MettiPunto(b.s, "O", 5, 50, 0);
+  b.s.PuntoHPrisma[static_cast<size_t>(st)] = 1.5f;
+  b.s.PuntoErroreOrientamento[static_cast<size_t>(st)] = 10;
+  b.Pronto(5, 10, 60);
+  b.Script("TAG INTERSECA_DIREZIONE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\n");
+  const Dialogo* d = TrovaDialogo(b.s, "IntersecaDirezione");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Stazione"), "S");
+  EXPECT_EQ(d->Valore("AltezzaStrumento"), "1.50");
+  EXPECT_EQ(d->Valore("LetturaOrientamento"), "10.0");
+  EXPECT_EQ(d->Valore("Orientamento"), "A");
+  EXPECT_EQ(Etichetta(b.s, "IntersecaDirezione", "Azimutale"), "Lettura Azimutale : ");
+  EXPECT_EQ(Etichetta(b.s, "IntersecaDirezione", "Zenitale"), "Lettura Zenitale :");
+  // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
+  // (5, 10), 10 away. 90 gon over the horizon over 10 m of plan climbs 10·cot(81°).
+  b.Script("FIELD Orientamento O\nFIELD Azimutale 10\nFIELD Zenitale 90\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
+  EXPECT_FALSE(DialogoAperto(b.s, "IntersecaDirezione"));
+  // 60 looks North-East: (15, 10); a level sight keeps the instrument's level.
+  b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\nFIELD Azimutale 60\n"
+           "FIELD Zenitale 100\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "2", 15, 10, 101.5));
+}
+
+TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 0);
+  MettiPunto(b.s, "B", 0, 30, 6);
+  b.Pronto(0, 15, 60);
+  b.Script("TAG PUNTO_DISTANZA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 30\n");
+  const Dialogo* d = TrovaDialogo(b.s, "PuntoDistanza");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Distanza"), "30.");
+  EXPECT_EQ(d->Valore("Dislivello"), "6.0");
+  EXPECT_EQ(Etichetta(b.s, "PuntoDistanza", "Azimut"), "Azimut     : ");
+  EXPECT_EQ(Etichetta(b.s, "PuntoDistanza", "Dislivello"), "Dislivello : ");
+  // Steps of 10 up a slope of 1 in 5.
+  b.Script("FIELD Distanza 10\nPRESS OK\nPRESS OK\nPRESS OK\n");
+  EXPECT_TRUE(In(b.s, "1", 0, 10, 2));
+  EXPECT_TRUE(In(b.s, "2", 0, 20, 4));
+  EXPECT_TRUE(In(b.s, "3", 0, 30, 6));
+  d = TrovaDialogo(b.s, "PuntoDistanza");
+  EXPECT_EQ(d->Valore("Primo"), "3");
+  EXPECT_EQ(d->Valore("Base"), "0.0");
+}
+
+TEST(DialoghiDiCostruzione, EscUnAltroTagOUnNuovoClicLiChiudono) {
+  Banco b;
+  MettiPunto(b.s, "A", 0, 0, 0);
+  MettiPunto(b.s, "B", 10, 0, 0);
+  b.Pronto(5, 0, 40);
+  // Esc on the dialog presses its second button: no point, the command ends.
+  b.Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
+  ASSERT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->BottoneEsc, "Chiudi");
+  b.Script("PRESS Chiudi\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 2);
+  EXPECT_TRUE(b.s.Dialoghi.empty());
+  // Another tag closes the dialog of the command it replaces.
+  b.Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
+  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
+  // A click while the dialog is up starts the construction again from that point.
+  b.Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
+  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(b.s.Costruzione.Primo.Nome, "B");
+  b.Script("CLICK left 0 0\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoBilatera")->Valore("Primo"), "B");
+  // The end of the command by the keyboard closes it too.
+  b.Script("KEY ESC\n");
+  EXPECT_TRUE(b.s.Dialoghi.empty());
+}
+
+}  // namespace
+}  // namespace varena
