@@ -1,8 +1,15 @@
 #include "DialogoQt.h"
 
-#include <QFormLayout>
+#include <QComboBox>
+#include <QFontComboBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
 #include "core/Dialoghi.h"
@@ -11,30 +18,123 @@
 namespace varena {
 
 namespace {
+
 QString Qs(const std::string& s) { return QString::fromStdString(s); }
+
+// A field that turns the comma key into a point as the key goes down: the old dialogs did
+// so, and a comma that arrives by a paste is left as it is.
+class LineaVirgolaAlTasto : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void keyPressEvent(QKeyEvent* e) override {
+    if (e->text() == ",") {
+      insert(".");
+      emit textEdited(text());
+      return;
+    }
+    QLineEdit::keyPressEvent(e);
+  }
+};
+
+// A read-only grid: rows on lines, cells between tabs.
+void RiempiGriglia(QTableWidget* g, const QString& testo) {
+  const QStringList righe = testo.split('\n', Qt::SkipEmptyParts);
+  g->setRowCount(static_cast<int>(righe.size()));
+  int colonne = 0;
+  for (const QString& r : righe) colonne = std::max(colonne, static_cast<int>(r.split('\t').size()));
+  g->setColumnCount(colonne);
+  for (int i = 0; i < righe.size(); ++i) {
+    const QStringList celle = righe[i].split('\t');
+    for (int j = 0; j < celle.size(); ++j) g->setItem(i, j, new QTableWidgetItem(celle[j]));
+  }
+}
+
 }  // namespace
+
+QWidget* DialogoQt::CreaCampo(const CampoDialogo& c) {
+  const QString testo = Qs(c.Testo);
+  const std::string campo = c.Nome;
+  auto scrivi = [this, campo](const QString& t) { ScriviCampo(s_, nome_.toStdString(), campo, t.toStdString()); };
+  if (c.SoloLettura) {
+    if (testo.contains('\t') || testo.count('\n') > 1) {
+      auto* g = new QTableWidget(this);
+      g->setEditTriggers(QAbstractItemView::NoEditTriggers);
+      g->horizontalHeader()->setVisible(false);
+      g->setMinimumHeight(160);
+      RiempiGriglia(g, testo);
+      return g;
+    }
+    return new QLabel(testo, this);
+  }
+  if (!c.Scelte.empty()) {
+    auto* combo = new QComboBox(this);
+    combo->setEditable(true);
+    for (const std::string& v : c.Scelte) combo->addItem(Qs(v));
+    combo->setCurrentText(testo);
+    connect(combo, &QComboBox::currentTextChanged, this, scrivi);
+    return combo;
+  }
+  if (c.Nome == "Font") {
+    auto* font = new QFontComboBox(this);
+    font->setEditable(true);
+    font->setCurrentText(testo);
+    connect(font, &QComboBox::currentTextChanged, this, scrivi);
+    return font;
+  }
+  if (c.Nome.find("Colore") != std::string::npos) {
+    // A colour is an index of the colour table: the list shows each one's swatch.
+    auto* combo = new QComboBox(this);
+    combo->setEditable(true);
+    for (int i = 1; i <= std::max(9, s_.Colori.NumeroColori); ++i) {
+      QPixmap p(14, 14);
+      const ColoreRGB rgb = s_.Colori[i];
+      p.fill(QColor((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF));
+      combo->addItem(QIcon(p), QString::number(i));
+    }
+    combo->setCurrentText(testo);
+    connect(combo, &QComboBox::currentTextChanged, this, scrivi);
+    return combo;
+  }
+  if (c.VirgolaAlTasto) {
+    auto* linea = new LineaVirgolaAlTasto(testo, this);
+    // The widget already made the typed comma a point: what arrives is taken as it stands.
+    connect(linea, &QLineEdit::textEdited, this, [this, campo](const QString& t) {
+      IncollaCampo(s_, nome_.toStdString(), campo, t.toStdString());
+    });
+    return linea;
+  }
+  auto* linea = new QLineEdit(testo, this);
+  connect(linea, &QLineEdit::textEdited, this, scrivi);
+  return linea;
+}
 
 DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, QWidget* genitore)
     : QDialog(genitore, Qt::Tool), s_(s), nome_(Qs(d.Nome)), bottoneEsc_(Qs(d.BottoneEsc)), dopo_(std::move(dopo)) {
   setObjectName(nome_);
   setWindowTitle(Qs(d.Titolo));
   setModal(false);
-  setAttribute(Qt::WA_DeleteOnClose, false);
   auto* colonna = new QVBoxLayout(this);
-  auto* modulo = new QFormLayout();
+  auto* griglia = new QGridLayout();
+  int riga = -1, colonnaGriglia = 0;
   for (const CampoDialogo& c : d.Campi) {
-    auto* linea = new QLineEdit(Qs(c.Testo), this);
-    linea->setObjectName(Qs(c.Nome));
-    const std::string campo = c.Nome;
-    connect(linea, &QLineEdit::textEdited, this, [this, campo](const QString& t) {
-      ScriviCampo(s_, nome_.toStdString(), campo, t.toStdString());
-    });
-    modulo->addRow(Qs(c.Etichetta), linea);
-    campi_.insert(Qs(c.Nome), linea);
+    QWidget* w = CreaCampo(c);
+    w->setObjectName(Qs(c.Nome));
+    campi_.insert(Qs(c.Nome), w);
+    // A field without a label stands on the row of the field before it.
+    if (c.Etichetta.empty() && riga >= 0) {
+      griglia->addWidget(w, riga, colonnaGriglia++);
+      continue;
+    }
+    ++riga;
+    griglia->addWidget(new QLabel(Qs(c.Etichetta), this), riga, 0);
+    griglia->addWidget(w, riga, 1);
+    colonnaGriglia = 2;
   }
-  colonna->addLayout(modulo);
-  auto* riga = new QHBoxLayout();
-  riga->addStretch(1);
+  colonna->addLayout(griglia);
+  auto* bottoni = new QHBoxLayout();
+  bottoni->addStretch(1);
   for (const BottoneDialogo& b : d.Bottoni) {
     auto* bottone = new QPushButton(Qs(b.Etichetta), this);
     bottone->setObjectName(Qs(b.Nome));
@@ -44,16 +144,31 @@ DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, 
       PremiBottone(s_, nome_.toStdString(), nome);
       if (dopo_) dopo_();
     });
-    riga->addWidget(bottone);
+    bottoni->addWidget(bottone);
   }
-  colonna->addLayout(riga);
+  colonna->addLayout(bottoni);
+}
+
+void DialogoQt::MostraTesto(QWidget* w, const QString& testo) {
+  if (auto* l = qobject_cast<QLineEdit*>(w)) {
+    if (l->text() != testo) l->setText(testo);
+  } else if (auto* c = qobject_cast<QComboBox*>(w)) {
+    if (c->currentText() != testo) c->setCurrentText(testo);
+  } else if (auto* e = qobject_cast<QLabel*>(w)) {
+    e->setText(testo);
+  } else if (auto* g = qobject_cast<QTableWidget*>(w)) {
+    RiempiGriglia(g, testo);
+  }
 }
 
 void DialogoQt::Aggiorna(const Dialogo& d) {
   setWindowTitle(Qs(d.Titolo));
   for (const CampoDialogo& c : d.Campi) {
-    QLineEdit* linea = campi_.value(Qs(c.Nome));
-    if (linea && linea->text() != Qs(c.Testo)) linea->setText(Qs(c.Testo));
+    QWidget* w = campi_.value(Qs(c.Nome));
+    if (!w) continue;
+    // The program's own change of a field must not come back to it as typing.
+    const QSignalBlocker zitto(w);
+    MostraTesto(w, Qs(c.Testo));
   }
 }
 

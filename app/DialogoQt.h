@@ -4,14 +4,15 @@
 #pragma once
 
 #include <QDialog>
-#include <QLineEdit>
 #include <QMap>
+#include <QWidget>
 #include <functional>
 
 namespace varena {
 
 struct Sessione;
 struct Dialogo;
+struct CampoDialogo;
 
 class DialogoQt : public QDialog {
   Q_OBJECT
@@ -20,17 +21,20 @@ class DialogoQt : public QDialog {
   DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, QWidget* genitore);
   void Aggiorna(const Dialogo& d);
   const QString& Nome() const { return nome_; }
-  // For a test: the line of a field.
-  QLineEdit* Linea(const QString& campo) const { return campi_.value(campo); }
+  // For a test: the widget of a field.
+  QWidget* Campo(const QString& campo) const { return campi_.value(campo); }
 
  protected:
   void reject() override;  // Esc presses the dialog's own Esc button, if it has one
 
  private:
+  QWidget* CreaCampo(const CampoDialogo& c);
+  static void MostraTesto(QWidget* w, const QString& testo);
+
   Sessione& s_;
   QString nome_;
   QString bottoneEsc_;
-  QMap<QString, QLineEdit*> campi_;
+  QMap<QString, QWidget*> campi_;
   std::function<void()> dopo_;
 };
 

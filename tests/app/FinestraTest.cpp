@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "DialogoQt.h"
 #include "FinestraPrincipale.h"
 #include "FinestreLavori.h"
 #include "core/Avvio.h"
@@ -249,6 +251,42 @@ TEST_F(Desktop, LineaColMouseConGliSnap) {
   // The right button ends the command.
   QTest::mouseClick(T(), Qt::RightButton, {}, p);
   EXPECT_EQ(s->ComandoCorrente, 0);
+}
+
+TEST_F(Desktop, BilaterazioneNeiDialoghiAMano) {
+  Avvia(base + ".CFG");
+  f->EseguiTag("PUNTO_BILATERA");
+  DialogoQt* nuovo = f->Interfaccia()->DialogoAperto("NuovoPunto");
+  ASSERT_NE(nuovo, nullptr);
+  EXPECT_TRUE(nuovo->isVisible());
+  EXPECT_FALSE(nuovo->isModal());
+  EXPECT_EQ(nuovo->windowTitle(), "Nuovo Punto");
+  auto* nome = qobject_cast<QLineEdit*>(nuovo->Campo("Nome"));
+  ASSERT_NE(nome, nullptr);
+  nome->clear();
+  QTest::keyClicks(nome, "B1");
+  // The base: station 100 and point 105, clicked on the drawing (the command snaps on points).
+  Clic(kE0, kN0);
+  Clic(kE0 + 2.510, kN0 - 6.020);
+  DialogoQt* misure = f->Interfaccia()->DialogoAperto("PuntoBilatera");
+  ASSERT_NE(misure, nullptr);
+  EXPECT_EQ(misure->windowTitle(), "Punto Bilatera");
+  // 100 to 105 is 6.5223 m: a triangle of sides 5 and 4 on it.
+  QTest::keyClicks(qobject_cast<QLineEdit*>(misure->Campo("Distanza1")), "5");
+  QTest::keyClicks(qobject_cast<QLineEdit*>(misure->Campo("Distanza2")), "4");
+  const int prima = s->ContaEntita[SlotPunti];
+  QTest::mouseClick(misure->findChild<QPushButton*>("OK"), Qt::LeftButton);
+  ASSERT_EQ(s->ContaEntita[SlotPunti], prima + 1);
+  const auto r = static_cast<size_t>(prima);
+  EXPECT_EQ(s->PuntoNome[r], "B1");
+  // Worked apart: with c = |A-B|, the foot lies (d1² - d2² + c²) / 2c from A along A-B and
+  // the point sqrt(d1² - a²) to its right.
+  const double dx = 2.510, dy = -6.020, c = std::hypot(dx, dy);
+  const double a = (25.0 - 16.0 + c * c) / (2 * c), h = std::sqrt(25.0 - a * a);
+  const double ux = dx / c, uy = dy / c;  // along the base; its right is (uy, -ux)
+  EXPECT_NEAR(s->PuntoX[r], kE0 + a * ux + h * uy, 1e-6);
+  EXPECT_NEAR(s->PuntoY[r], kN0 + a * uy - h * ux, 1e-6);
+  EXPECT_EQ(f->Interfaccia()->DialogoAperto("PuntoBilatera"), nullptr);  // closed after OK
 }
 
 }  // namespace
