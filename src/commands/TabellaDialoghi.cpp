@@ -2,6 +2,8 @@
 #include "commands/TabellaDialoghi.h"
 
 #include "commands/Comandi.h"
+#include "commands/DialoghiSelezione.h"
+#include "commands/RoutineModifica.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -15,6 +17,11 @@ namespace {
 constexpr SchedaDialogo kDialoghi[] = {
     {"NuovoPunto", ApriNuovoPunto},
     {"ZoomScala", ApriZoomScala},
+    {"Selezentita", ApriSelezentita},
+    {"SelezPerPiano", ApriSelezPerPiano},
+    {"SelezPunti", ApriSelezPunti},
+    {"DN", ApriDN},
+    {"FormRotoTraslazione", ApriRotoTraslazione},
 };
 
 // The name the next point is offered: the one after the last live point's, "1" on an
