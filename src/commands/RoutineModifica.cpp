@@ -420,8 +420,9 @@ void subRotazioneVerticale(Sessione& s) {
   }
   AsseOrizzontale asse;
   asse.A = a;
-  asse.Ux = std::sin(ad.Azimut), asse.Uy = std::cos(ad.Azimut);
-  asse.Nx = std::cos(ad.Azimut), asse.Ny = -std::sin(ad.Azimut);
+  // Along the axis, and square to it on its right: a North axis has East on its right.
+  asse.Ux = (b.X - a.X) / ad.Distanza, asse.Uy = (b.Y - a.Y) / ad.Distanza;
+  asse.Nx = asse.Uy, asse.Ny = -asse.Ux;
   asse.L = ad.Distanza;
   asse.DZ = b.Z - a.Z;
   asse.Seno = std::sin(gon * GonToRad), asse.Coseno = std::cos(gon * GonToRad);
