@@ -45,8 +45,11 @@ void Raccogli(Sessione& s, uint8_t fase, const char* prompt) {
   MostraPrompt(s, prompt);
 }
 
+// The window borrows the guide of the zoom window; the right button or Esc takes it back as
+// they take back a zoom, and the prompt before it returns.
 void ArmaFinestra(Sessione& s, const char* prompt) {
   s.FaseSelezione = 2;
+  s.Vista.PromptSalvato = s.Prompt;
   s.Vista.ModoZoom = ZoomFinestra;
   s.Vista.PrimoPuntoZoom = 0;
   MostraPrompt(s, prompt);
