@@ -1,10 +1,14 @@
-// The main window: the drawing surface, the menus and toolbars, the prompt, the command text
-// box and the read-out. Every action is a call on the core.
+// The main window: the drawing surface, the menus and toolbars built from the command table,
+// the prompt, the command text box, the read-outs, the snap lamps and the colour bar. Every
+// action is a tag or a call on the core; after each the window shows what the core left.
 #pragma once
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMap>
+#include <QToolBar>
+#include <QToolButton>
 #include <memory>
 
 #include "InterfacciaQt.h"
@@ -21,33 +25,52 @@ class FinestraPrincipale : public QMainWindow {
   ~FinestraPrincipale() override;
 
   Tela* Disegno() { return tela_; }
-  QLabel* EtichettaPrompt() { return prompt_; }
+  QLineEdit* CasellaComando() { return comando_; }
+  InterfacciaQt* Interfaccia() { return ui_.get(); }
   // The title shows the job as the user knows it.
   void MostraNomeDelFile();
+  // A tag from a menu, a toolbar or the colour bar: the windows of the job commands are the
+  // desktop's own, every other tag goes to the core.
+  void EseguiTag(const QString& tag);
+  // After every event: the surface, the prompt, the read-outs, the lamps.
+  void Aggiorna();
+  // The key table of the program, as the core reads it; false when the key was not used.
+  bool Tasto(QKeyEvent* e);
+  // The end of a run that asked nothing of the user (a screenshot): the provisional copy
+  // goes, no question is asked.
+  void EsciSenzaDomande();
+  // The toolbars and the colour bar, from the settings and tables read at start.
+  void PreparaBarre();
 
  protected:
   void closeEvent(QCloseEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
 
  private:
   void CreaMenu();
-  void AggiornaLettura(double est, double nord);
-  void TestoComando();
-  // The job commands: each asks first whether to save the job in hand, then calls the core.
+  void CreaToolbar();
+  void CreaBarraColori();
+  void CreaSpie();
+  void MenuContestuale(std::string_view nome);
+  bool AttivoTag(const std::string& tag) const;
   bool ChiudiPrimaDi();
   void DopoCambioLavoro();
   void ApriLavoro();
   void RiapriLavoro();
   void LavoriAperti();
-  void NuovoLavoro();
   void IncludiDisegno();
+  void AssegnaBottone(QToolButton* b);
+  bool senzaDomande_ = false;
 
   Sessione& s_;
   Tela* tela_;
   QLabel* prompt_;
   QLineEdit* comando_;
-  QLabel* nord_;
-  QLabel* est_;
-  QLabel* altezza_;
+  QLabel* lettura_;
+  QLabel* segmento_;
+  QLabel* etichettaSnap_;
+  QMap<int, QToolButton*> spie_;
+  QMap<QString, QMenu*> menu_;
   std::unique_ptr<InterfacciaQt> ui_;
 };
 

@@ -5,6 +5,9 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "DialogoQt.h"
+#include "core/Dialoghi.h"
+
 namespace varena {
 
 namespace {
@@ -101,6 +104,34 @@ void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
   progresso_->setValue(static_cast<int>(fatto * 1000 / totale));
   // Let the window repaint while the work goes on.
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+InterfacciaQt::~InterfacciaQt() {
+  for (DialogoQt* d : dialoghi_) delete d;
+}
+
+void InterfacciaQt::MostraDialogo(const Dialogo& d) {
+  const QString nome = QString::fromStdString(d.Nome);
+  if (DialogoQt* vecchio = dialoghi_.take(nome)) vecchio->deleteLater();
+  auto* nuovo = new DialogoQt(s_, d, aggiorna_, finestra_);
+  dialoghi_.insert(nome, nuovo);
+  nuovo->show();
+}
+
+void InterfacciaQt::AggiornaDialogo(const Dialogo& d) {
+  if (DialogoQt* q = dialoghi_.value(QString::fromStdString(d.Nome))) q->Aggiorna(d);
+}
+
+void InterfacciaQt::NascondiDialogo(const Dialogo& d) {
+  // The press that closes a dialog may be running inside it: it goes once the press is over.
+  if (DialogoQt* q = dialoghi_.take(QString::fromStdString(d.Nome))) {
+    q->hide();
+    q->deleteLater();
+  }
+}
+
+void InterfacciaQt::MenuContestuale(std::string_view nome) {
+  if (menu_) menu_(nome);
 }
 
 }  // namespace varena

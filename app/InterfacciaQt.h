@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QLabel>
+#include <QMap>
 #include <QPointer>
+#include <functional>
 #include <QProgressDialog>
 #include <QWidget>
 
@@ -11,9 +13,16 @@
 
 namespace varena {
 
+struct Sessione;
+class DialogoQt;
+
 class InterfacciaQt : public Interfaccia {
  public:
-  InterfacciaQt(QWidget* finestra, QLabel* prompt) : finestra_(finestra), prompt_(prompt) {}
+  // `aggiorna` runs after a dialog's button has done its work; `menu` shows a popup menu.
+  InterfacciaQt(Sessione& s, QWidget* finestra, QLabel* prompt, std::function<void()> aggiorna,
+                std::function<void(std::string_view)> menu)
+      : s_(s), finestra_(finestra), prompt_(prompt), aggiorna_(std::move(aggiorna)), menu_(std::move(menu)) {}
+  ~InterfacciaQt() override;
 
   void Messaggio(std::string_view testo, std::string_view titolo, Icona icona) override;
   Risposta Domanda(std::string_view testo, std::string_view titolo, Bottoni bottoni, Icona icona,
@@ -24,11 +33,22 @@ class InterfacciaQt : public Interfaccia {
                                     std::string_view predefinito) override;
   void Prompt(std::string_view testo) override;
   void Progresso(int64_t fatto, int64_t totale) override;
+  void MostraDialogo(const Dialogo& d) override;
+  void AggiornaDialogo(const Dialogo& d) override;
+  void NascondiDialogo(const Dialogo& d) override;
+  void MenuContestuale(std::string_view nome) override;
+
+  // The dialog of that name on screen, or null (for tests).
+  DialogoQt* DialogoAperto(const QString& nome) const { return dialoghi_.value(nome); }
 
  private:
+  Sessione& s_;
   QPointer<QWidget> finestra_;
   QPointer<QLabel> prompt_;
   QPointer<QProgressDialog> progresso_;
+  std::function<void()> aggiorna_;
+  std::function<void(std::string_view)> menu_;
+  QMap<QString, DialogoQt*> dialoghi_;
 };
 
 // "Nome (*.EST)|*.EST|Altro (*.X)|*.X|" as a Qt file dialog filter.

@@ -1,10 +1,9 @@
 // The drawing surface of the main window (`Picture1`): an image the core paints through the
-// raster surface, shown as it stands; pointer and wheel events go to the core.
+// raster surface, shown as it stands; pointer, wheel and key events go to the core.
 #pragma once
 
 #include <QImage>
 #include <QWidget>
-#include <functional>
 #include <memory>
 
 #include "SuperficieQt.h"
@@ -19,16 +18,18 @@ class Tela : public QWidget {
   explicit Tela(Sessione& s, QWidget* genitore = nullptr);
   ~Tela() override;
 
-  // A redraw of the view (the list as it stands) or a full regeneration first.
+  // A redraw of the view (the list as it stands), or a full regeneration first.
   void Ridisegna();
   void Rigenera();
   // The picture on screen, for a screenshot or a test.
   const QImage& Immagine() const { return immagine_; }
+  // The pointer at pixel `p`, in view coordinates (metres from the view's centre).
+  QPointF InVista(QPointF p) const;
+  QPointF InPixel(double est, double nord) const;
 
  signals:
-  // The pointer moved: its position on the sheet, for the read-out.
-  void PuntatoreSulFoglio(double est, double nord);
-  void VistaCambiata();
+  // Something the core does may have changed what the window shows.
+  void Evento();
 
  protected:
   void paintEvent(QPaintEvent*) override;
@@ -37,16 +38,15 @@ class Tela : public QWidget {
   void mouseMoveEvent(QMouseEvent*) override;
   void mouseReleaseEvent(QMouseEvent*) override;
   void wheelEvent(QWheelEvent*) override;
+  void keyPressEvent(QKeyEvent*) override;
 
  private:
   void Prepara();
-  // The pointer in view coordinates (metres from the view's centre).
-  QPointF InVista(QPointF pixel) const;
+  void Puntatore();
 
   Sessione& s_;
   QImage immagine_;
   std::unique_ptr<SuperficieQt> superficie_;
-  bool trascina_ = false;
 };
 
 }  // namespace varena

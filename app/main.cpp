@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
     riga += (riga.isEmpty() ? "" : " ") + a;
   }
   varena::VarenaLoad(s, riga.toStdString());
+  finestra.PreparaBarre();
   finestra.MostraNomeDelFile();
   finestra.show();
   // The first painting once the window has its size.
@@ -30,7 +31,7 @@ int main(int argc, char** argv) {
     if (schermata.isEmpty()) return;
     QTimer::singleShot(200, &finestra, [&finestra, schermata] {
       finestra.grab().save(schermata);
-      QApplication::quit();
+      finestra.EsciSenzaDomande();
     });
   });
   return QApplication::exec();

@@ -15,6 +15,7 @@
 #include "exchange/Importatori.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
+#include "store/Salvataggio.h"
 #include "store/Undo.h"
 
 namespace fs = std::filesystem;
@@ -129,6 +130,14 @@ std::string LeggiComune(const std::string& percorso) {
   return in.Fine() ? std::string() : in.LeggiTesto();
 }
 
+// The job handed over: its extension as `DividiNomeComune` finds it, its name upper-cased as
+// it always was but for the folders above it, named as they stand on disk on this system.
+NomeConEstensione NomeDaComune(const std::string& letto) {
+  NomeConEstensione n = DividiNomeComune(letto);
+  if (!n.Nome.empty()) n.Nome = NomeMaiuscolo(letto.substr(0, n.Nome.size()));
+  return n;
+}
+
 }  // namespace
 
 void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
@@ -148,7 +157,7 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   bool importato = false;
   Protetto(s, [&] {
     if (!EsisteFile(comune)) return;
-    const NomeConEstensione n = DividiNomeComune(LeggiComune(comune));
+    const NomeConEstensione n = NomeDaComune(LeggiComune(comune));
     s.NomeOriginale = n.Nome;
     s.RoutineCorrente = "DOPOCARICACOMUNI2";
     if (n.Estensione.empty()) return;
@@ -165,7 +174,7 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   if (importato) return;
   Protetto(s, [&] {
     if (!EsisteFile(comune) && EsisteFile(comuneProgramma))
-      s.NomeOriginale = DividiNomeComune(LeggiComune(comuneProgramma)).Nome;
+      s.NomeOriginale = NomeDaComune(LeggiComune(comuneProgramma)).Nome;
   });
   if (Rifila(s.NomeOriginale).empty()) return;
   s.TipoFile = "CFG";

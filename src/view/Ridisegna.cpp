@@ -190,7 +190,11 @@ double Misura(const Sessione& s, double valore) {
 
 void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double h, std::string_view testo,
                        std::string_view font, int32_t colore) {
-  const double punti = h >= 0 ? h / s.Vista.AltezzaVista * 1000.0 : std::fabs(h);
+  // A label of h metres is h metres at the view's scale, as texts are: the old fixed ratio
+  // of a thousand points to the view's height was right for one screen only, and on any
+  // other made the lines of a point's labels run into each other. A negative h stays a
+  // size in points.
+  const double punti = h >= 0 ? PuntiTesto(s, sup, h) : std::fabs(h);
   if (punti < kPuntiMinimi || testo.empty()) return;
   // The print position is moved by a pixel of the background, as the old painter did.
   const double ys = h >= 0 ? y + 1.5 * std::fabs(h) : y;

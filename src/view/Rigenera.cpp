@@ -19,6 +19,21 @@ float SpessoreDi(const Sessione& s, int32_t colore) {
   return colore >= 0 && colore <= kMassimoSpessori ? s.Spessori.Spessore[static_cast<size_t>(colore)] : 1.0f;
 }
 
+// The attributes every record of one entity shares.
+RecordDisegno RecordDi(const Sessione& s, uint8_t tipo, int32_t riga, int32_t colore, uint8_t stato,
+                       const std::string& piano) {
+  RecordDisegno b;
+  b.Tipo = tipo;
+  b.Riga = riga;
+  b.Colore = ColoreVisibile(s, colore);
+  b.Stato = stato;
+  b.Piano = piano;
+  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(colore, -32768, 32767));
+  b.Spessore = SpessoreDi(s, colore);
+  return b;
+}
+
+
 void RigeneraImmagini(Sessione& s) {
   for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r) RigeneraBitMapSingola(s, r);
 }
@@ -106,16 +121,9 @@ void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio) {
 void RigeneraLineaSingola(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   if (s.LineaIdent[r] != 0 || s.LineaCongela[r] != 0) return;
-  RecordDisegno b;
+  RecordDisegno b = RecordDi(s, SlotLinee, riga, s.LineaColore[r], s.StatoLinea[r], s.LineaPiano[r]);
   b.X1 = s.LineaX1[r], b.Y1 = s.LineaY1[r], b.Z1 = s.LineaZ1[r];
   b.X2 = s.LineaX2[r], b.Y2 = s.LineaY2[r], b.Z2 = s.LineaZ2[r];
-  b.Tipo = SlotLinee;
-  b.Riga = riga;
-  b.Colore = ColoreVisibile(s, s.LineaColore[r]);
-  b.Stato = s.StatoLinea[r];
-  b.Piano = s.LineaPiano[r];
-  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.LineaColore[r], -32768, 32767));
-  b.Spessore = SpessoreDi(s, s.LineaColore[r]);
   const AzimutEDistanza ad = AzimutDistanza(b.X1, b.Y1, b.X2, b.Y2);
   const double L = ad.Distanza, az = ad.Azimut;
   const double sa = std::sin(az), ca = std::cos(az);
@@ -158,14 +166,7 @@ void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double y
 void RigeneraCerchio(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   if (s.CerchioIdent[r] != 0 || s.CerchioCongela[r] != 0) return;
-  RecordDisegno b;
-  b.Tipo = SlotCerchi;
-  b.Riga = riga;
-  b.Colore = ColoreVisibile(s, s.CerchioColore[r]);
-  b.Stato = s.StatoCerchio[r];
-  b.Piano = s.CerchioPiano[r];
-  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.CerchioColore[r], -32768, 32767));
-  b.Spessore = SpessoreDi(s, s.CerchioColore[r]);
+  const RecordDisegno b = RecordDi(s, SlotCerchi, riga, s.CerchioColore[r], s.StatoCerchio[r], s.CerchioPiano[r]);
   // A circle runs from azimuth 0 through 399.99 gon: the old program never closed the turn.
   RigeneraArcoTratteggio(s, b, s.CerchioX[r], s.CerchioY[r], s.CerchioRaggio[r], 0.0, 399.99 * GonToRad,
                          s.CerchioTratteggio[r], s.CerchioZ[r], s.CerchioZ[r]);
@@ -174,14 +175,7 @@ void RigeneraCerchio(Sessione& s, int32_t riga) {
 void RigeneraArco(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   if (s.ArcoIdent[r] != 0 || s.ArcoCongela[r] != 0) return;
-  RecordDisegno b;
-  b.Tipo = SlotArchi;
-  b.Riga = riga;
-  b.Colore = ColoreVisibile(s, s.ArcoColore[r]);
-  b.Stato = s.StatoArco[r];
-  b.Piano = s.ArcoPiano[r];
-  b.Penna = static_cast<int16_t>(std::clamp<int32_t>(s.ArcoColore[r], -32768, 32767));
-  b.Spessore = SpessoreDi(s, s.ArcoColore[r]);
+  const RecordDisegno b = RecordDi(s, SlotArchi, riga, s.ArcoColore[r], s.StatoArco[r], s.ArcoPiano[r]);
   // The record holds gon, as the user reads them; the curve is walked in radians.
   RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], s.ArcoInizio[r] * GonToRad,
                          s.ArcoFine[r] * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r], s.ArcoQuotaFinale[r]);

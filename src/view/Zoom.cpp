@@ -47,18 +47,29 @@ void Cerchio(const Sessione& s, size_t i, Ingombro& b) {
 
 void RipristinaPrompt(Sessione& s) { MostraPrompt(s, s.Vista.PromptSalvato); }
 
+void CurveETesti(const Sessione& s, Ingombro& b);
+
 }  // namespace
 
-Ingombro IngombroTabelle(const Sessione& s) {
-  Ingombro b;
-  for (size_t i = 0; i < N(s, SlotPunti); ++i)
-    if (s.PuntoIdent[i] == 0 && s.PuntoCongelaSimbolo[i] == 0) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
+namespace {
+
+// Circles, arc ends and text insertions: what both extents take from the tables.
+void CurveETesti(const Sessione& s, Ingombro& b) {
   for (size_t i = 0; i < N(s, SlotCerchi); ++i)
     if (s.CerchioIdent[i] == 0) Cerchio(s, i, b);
   for (size_t i = 0; i < N(s, SlotArchi); ++i)
     if (s.ArcoIdent[i] == 0) ArcoEstremi(s, i, b);
   for (size_t i = 0; i < N(s, SlotTesti); ++i)
     if (s.TestoIdent[i] == 0) b.Aggiungi(s.TestoX[i], s.TestoY[i]);
+}
+
+}  // namespace
+
+Ingombro IngombroTabelle(const Sessione& s) {
+  Ingombro b;
+  for (size_t i = 0; i < N(s, SlotPunti); ++i)
+    if (s.PuntoIdent[i] == 0 && s.PuntoCongelaSimbolo[i] == 0) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
+  CurveETesti(s, b);
   return b;
 }
 
@@ -82,12 +93,7 @@ std::optional<Rettangolo> IngombroEntita(const Sessione& s) {
       b.Aggiungi(s.LineaX1[i], s.LineaY1[i]);
       b.Aggiungi(s.LineaX2[i], s.LineaY2[i]);
     }
-  for (size_t i = 0; i < N(s, SlotCerchi); ++i)
-    if (s.CerchioIdent[i] == 0) Cerchio(s, i, b);
-  for (size_t i = 0; i < N(s, SlotArchi); ++i)
-    if (s.ArcoIdent[i] == 0) ArcoEstremi(s, i, b);
-  for (size_t i = 0; i < N(s, SlotTesti); ++i)
-    if (s.TestoIdent[i] == 0) b.Aggiungi(s.TestoX[i], s.TestoY[i]);
+  CurveETesti(s, b);
   for (size_t i = 0; i < N(s, SlotFalde); ++i)
     if (s.FaldaIdent[i] == 0) {
       b.Aggiungi(s.FaldaX1[i], s.FaldaY1[i]);

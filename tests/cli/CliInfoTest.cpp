@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "Comandi.h"
+#include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -14,16 +15,8 @@ namespace fs = std::filesystem;
 using prova::Record;
 using prova::ScriviFileProva;
 
-struct Esito {
-  int stato;
-  std::string out, err;
-};
-
-Esito Cli(std::vector<std::string> argomenti) {
-  std::ostringstream out, err;
-  const int stato = cli::Esegui(argomenti, out, err);
-  return {stato, out.str(), err.str()};
-}
+using prova::Cli;
+using Esito = prova::EsitoCli;
 
 std::string Elenco(const std::string& cartella) {
   std::string e;

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "Comandi.h"
+#include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -15,16 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 using prova::ScriviFileProva;
 
-struct Esito {
-  int stato;
-  std::string out, err;
-};
-
-Esito Cli(std::vector<std::string> argomenti) {
-  std::ostringstream out, err;
-  const int stato = cli::Esegui(argomenti, out, err);
-  return {stato, out.str(), err.str()};
-}
+using prova::Cli;
+using Esito = prova::EsitoCli;
 
 double F64(const std::string& byte, size_t off) {
   double v = 0;

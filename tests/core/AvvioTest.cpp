@@ -57,8 +57,8 @@ TEST_F(Avvio, RigaDiComandoTraVirgoletteConSpazi) {
   const std::string base = CopiaEsempio(utente / "lavori con spazi");
   VarenaLoad(s, "\"" + base + ".cfg\"  ");
   EXPECT_TRUE(ui.Messaggi.empty()) << (ui.Messaggi.empty() ? "" : ui.Messaggi[0].Testo);
-  // The name is upper-cased on its way through COMMON.CFG; members are still found.
-  EXPECT_EQ(s.NomeOriginale, Maiuscolo(base));
+  // The job's name is upper-cased on its way through COMMON.CFG, its folders are not.
+  EXPECT_EQ(s.NomeOriginale, base);
   EXPECT_EQ(s.ContaEntita[SlotPunti], 20);
   EXPECT_EQ(s.ContaEntita[SlotLinee], 12);
   EXPECT_EQ(s.LibrettoMisure.size(), 28u);

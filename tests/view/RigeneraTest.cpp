@@ -217,7 +217,8 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   // 1.5 h above its line; no leader without a displacement.
   EXPECT_EQ(z.sup.Solo("Testo"),
             (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 12.35", "Testo 1 -3 SPIGOLO"}));
-  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial 20");  // 2 m of a 100 m view
+  // 2 m in a view of 100 m shown 100 mm high: 2 mm, in points.
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
   EXPECT_TRUE(z.sup.Solo("Stile 2").empty());
   z.s.PuntoSpoX[r] = 3;
   z.sup.Chiamate.clear();
@@ -246,6 +247,27 @@ TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
   RigeneraLista(w.s);
   Ridisegna(w.s);
   EXPECT_EQ(w.Conta("Testo"), 80u);  // name and height; no description
+}
+
+TEST(Ridisegno, ImmagineInCimaDipintaPerUltima) {
+  Scena z;
+  for (int k = 0; k < 3; ++k) {
+    DimensionaBitmap(z.s);
+    const auto r = static_cast<size_t>(k);
+    z.s.BitmapNomeFile[r] = "foto" + std::to_string(k) + ".png";
+    z.s.BitmapX[r] = 990 + k, z.s.BitmapY[r] = 2010;
+    z.s.BitmapLarghezza[r] = z.s.BitmapAltezza[r] = 10;
+    z.s.BitmapScalaLar[r] = z.s.BitmapScalaAlt[r] = 1;
+    ++z.s.ContaEntita[SlotBitmap];
+  }
+  z.s.BitmapCongela[2] = -1;  // frozen: not painted
+  z.s.ImmagineInCima = 0;
+  RigeneraLista(z.s);
+  Ridisegna(z.s);
+  const auto immagini = z.sup.Solo("Immagine");
+  ASSERT_EQ(immagini.size(), 2u);
+  EXPECT_EQ(immagini[0].substr(0, 18), "Immagine foto1.png");
+  EXPECT_EQ(immagini[1].substr(0, 18), "Immagine foto0.png");
 }
 
 TEST(Ridisegno, LavoroVuotoDipingeIlFondoEAggiungeLaStoria) {

@@ -1,0 +1,37 @@
+// A core dialog shown on screen: its caption, a labelled line per field and a row of
+// buttons. What the user types goes to the core as typed; a button press runs the core's
+// action; the core's own changes come back through `Aggiorna`.
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QMap>
+#include <functional>
+
+namespace varena {
+
+struct Sessione;
+struct Dialogo;
+
+class DialogoQt : public QDialog {
+  Q_OBJECT
+ public:
+  // `dopo` runs after each press, so the main window shows what the action changed.
+  DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, QWidget* genitore);
+  void Aggiorna(const Dialogo& d);
+  const QString& Nome() const { return nome_; }
+  // For a test: the line of a field.
+  QLineEdit* Linea(const QString& campo) const { return campi_.value(campo); }
+
+ protected:
+  void reject() override;  // Esc presses the dialog's own Esc button, if it has one
+
+ private:
+  Sessione& s_;
+  QString nome_;
+  QString bottoneEsc_;
+  QMap<QString, QLineEdit*> campi_;
+  std::function<void()> dopo_;
+};
+
+}  // namespace varena

@@ -1,0 +1,255 @@
+// The main window driven as a user drives it: keys, wheel, drag, toolbar tags, the job
+// windows, and a line drawn with the mouse through the snaps.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "FinestraPrincipale.h"
+#include "FinestreLavori.h"
+#include "core/Avvio.h"
+#include "core/Sessione.h"
+#include "store/Registro.h"
+#include "store/Undo.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double kE0 = 1725300.0, kN0 = 5031200.0;  // the example's sheet corner
+
+std::string CopiaEsempio(const std::string& cartella) {
+  fs::create_directories(cartella);
+  for (const auto& f : fs::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
+    if (f.path().stem() == "RILIEVO") fs::copy_file(f.path(), cartella + "/" + f.path().filename().string());
+  return cartella + "/RILIEVO";
+}
+
+// Answers the next message box that appears with `bottone`.
+void RispondiAlBox(QMessageBox::StandardButton bottone) {
+  QTimer::singleShot(20, [bottone] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+      box->button(bottone)->click();
+    else
+      RispondiAlBox(bottone);
+  });
+}
+
+class Desktop : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea doc, prog, utente;
+  std::string base;
+  std::unique_ptr<Sessione> s;
+  std::unique_ptr<FinestraPrincipale> f;
+
+  void SetUp() override {
+    setenv("VARENA_DOCUMENTI", doc.Percorso().c_str(), 1);
+    setenv("VARENA_PROGRAMMA", prog.Percorso().c_str(), 1);
+    base = CopiaEsempio(utente / "lavori");
+  }
+  void TearDown() override {
+    if (f) f->EsciSenzaDomande();
+    f.reset();
+    s.reset();
+    unsetenv("VARENA_DOCUMENTI");
+    unsetenv("VARENA_PROGRAMMA");
+  }
+  void Avvia(const std::string& riga) {
+    s = std::make_unique<Sessione>();
+    f = std::make_unique<FinestraPrincipale>(*s);
+    VarenaLoad(*s, riga);
+    f->PreparaBarre();
+    f->resize(1200, 800);
+    f->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(f.get()));
+    f->Disegno()->Rigenera();
+    f->MostraNomeDelFile();
+  }
+  Tela* T() { return f->Disegno(); }
+  QPoint Pixel(double e, double n) { return T()->InPixel(e, n).toPoint(); }
+  void Clic(double e, double n) {
+    QTest::mouseMove(T(), Pixel(e, n));
+    QTest::mouseClick(T(), Qt::LeftButton, {}, Pixel(e, n));
+  }
+  void Tasto(char c) { QTest::keyClick(T(), c); }
+};
+
+TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecenti) {
+  Avvia(base + ".CFG");
+  EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
+  EXPECT_TRUE(f->windowTitle().contains("RILIEVO"));
+  EXPECT_DOUBLE_EQ(s->Vista.AltezzaVista, 70);
+
+  QTest::keyClick(T(), Qt::Key_PageUp);  // ZOOM_+: one fiftieth less
+  EXPECT_DOUBLE_EQ(s->Vista.AltezzaVista, 70 - 70.0 / 50);
+  QTest::keyClick(T(), Qt::Key_Insert);  // everything in view
+  const double tutto = s->Vista.AltezzaVista;
+  EXPECT_GT(tutto, 500);
+
+  // The wheel zooms about the pointer: the point under it stays put.
+  const QPoint sotto(300, 200);
+  const QPointF prima = T()->InVista(sotto);
+  const double ePrima = prima.x() + s->Vista.CentroEst, nPrima = prima.y() + s->Vista.CentroNord;
+  QWheelEvent rotella(QPointF(sotto), T()->mapToGlobal(QPointF(sotto)), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+  QApplication::sendEvent(T(), &rotella);
+  EXPECT_NEAR(s->Vista.AltezzaVista, tutto * 0.8, 1e-6);
+  const QPointF dopo = T()->InVista(sotto);
+  EXPECT_NEAR(dopo.x() + s->Vista.CentroEst, ePrima, 1e-6);
+  EXPECT_NEAR(dopo.y() + s->Vista.CentroNord, nPrima, 1e-6);
+
+  // The middle button drags the drawing with the pointer.
+  const double metriPixel = s->Vista.AltezzaVista / T()->height();
+  const double centro = s->Vista.CentroEst;
+  QTest::mousePress(T(), Qt::MiddleButton, {}, QPoint(400, 300));
+  QMouseEvent muovi(QEvent::MouseMove, QPointF(500, 300), T()->mapToGlobal(QPointF(500, 300)), Qt::NoButton,
+                    Qt::MiddleButton, Qt::NoModifier);
+  QApplication::sendEvent(T(), &muovi);
+  QTest::mouseRelease(T(), Qt::MiddleButton, {}, QPoint(500, 300));
+  EXPECT_NEAR(s->Vista.CentroEst, centro - 100 * metriPixel, 1e-6);
+
+  // A display toggle typed in the text box, "_N": a change of the job, with its snapshot.
+  const int64_t passo = LeggiDiario(*s)->Passo;
+  Tasto('_');  // the first typed character goes to the text box
+  EXPECT_EQ(f->CasellaComando()->text(), "_");
+  QTest::keyClicks(f->CasellaComando(), "N");
+  QTest::keyClick(f->CasellaComando(), Qt::Key_Return);
+  EXPECT_EQ(LeggiDiario(*s)->Passo, passo + 1);
+
+  // Save by its toolbar tag; the original gets its backups and the recent list the job.
+  f->EseguiTag("SALVA_VELOCE");
+  EXPECT_TRUE(prova::Esiste(base + ".LLK"));
+  const auto recenti = LavoriRecenti(*s);
+  ASSERT_FALSE(recenti.empty());
+  EXPECT_EQ(recenti.back(), base + ".CFG");
+
+  // The save took its own snapshot; undo goes one generation back.
+  EXPECT_EQ(LeggiDiario(*s)->Passo, passo + 2);
+  f->EseguiTag("ANNULLA");
+  EXPECT_EQ(LeggiDiario(*s)->Passo, passo + 1);
+
+  // The recent jobs window lists it first, and a double click chooses it.
+  FormRiapriDisegno recentiFinestra(*s, f.get());
+  auto* elenco = recentiFinestra.findChild<QListWidget*>();
+  ASSERT_NE(elenco, nullptr);
+  ASSERT_GE(elenco->count(), 1);
+  EXPECT_EQ(elenco->item(0)->text().toStdString(), base + ".CFG");
+  QTimer::singleShot(0, [elenco] { emit elenco->itemDoubleClicked(elenco->item(0)); });
+  ASSERT_EQ(recentiFinestra.exec(), QDialog::Accepted);
+  RispondiAlBox(QMessageBox::No);  // "Salvare le modifiche al Lavoro Attuale?"
+  ASSERT_TRUE(ApriLavoroScelto(*s, recentiFinestra.Scelto().toStdString()));
+  EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
+}
+
+TEST_F(Desktop, RecuperaLaCopiaDiUnProgrammaUcciso) {
+  // A run that edits the job and is killed before it can close.
+  const pid_t figlio = fork();
+  ASSERT_GE(figlio, 0);
+  if (figlio == 0) {
+    Sessione morto;
+    VarenaLoad(morto, base + ".CFG");
+    morto.PuntoNome[3] = "CENTO";
+    SegnaModificato(morto, SlotPunti);
+    VR_SalvaUndo(morto);
+    raise(SIGKILL);
+  }
+  int stato = 0;
+  waitpid(figlio, &stato, 0);
+  ASSERT_TRUE(WIFSIGNALED(stato));
+
+  Avvia("");
+  FormLavoriAperti finestra(*s, f.get());
+  auto* elenco = finestra.findChild<QListWidget*>();
+  ASSERT_NE(elenco, nullptr);
+  ASSERT_EQ(elenco->count(), 1);
+  EXPECT_TRUE(elenco->item(0)->text().endsWith(QString::fromStdString(" - " + base)));
+  elenco->setCurrentRow(0);
+  QPushButton* recupera = nullptr;
+  for (auto* b : finestra.findChildren<QPushButton*>())
+    if (b->text() == "Recupera") recupera = b;
+  ASSERT_NE(recupera, nullptr);
+  QTimer::singleShot(0, recupera, &QPushButton::click);
+  finestra.exec();
+  EXPECT_TRUE(finestra.Recuperato());
+  EXPECT_EQ(s->PuntoNome[3], "CENTO");
+  EXPECT_EQ(s->NomeOriginale, base);
+}
+
+TEST_F(Desktop, LineaColMouseConGliSnap) {
+  Avvia(base + ".CFG");
+  const double e100 = kE0, n100 = kN0;  // station 100
+  const double e101 = kE0 + 12.004, n101 = kN0 + 8.117, e102 = kE0 + 24.522, n102 = kN0 + 9.968;
+  const double e103 = kE0 + 22.671, n103 = kN0 + 22.486;
+  auto ultima = [this] {
+    const auto r = static_cast<size_t>(s->ContaEntita[SlotLinee] - 1);
+    return std::array<double, 4>{s->LineaX1[r], s->LineaY1[r], s->LineaX2[r], s->LineaY2[r]};
+  };
+  f->EseguiTag("DISEGNA_LINEA_2_P");
+  // Each line starts on station 100 (snap P) and ends on what the snap letter finds.
+  struct Caso {
+    char lettera;
+    double e, n;        // where the pointer clicks
+    double attE, attN;  // where the end must land
+  };
+  const double eMedio = (e101 + e102) / 2, nMedio = (n101 + n102) / 2;
+  const Caso casi[] = {
+      {'P', e101 + 0.2, n101 + 0.2, e101, n101},                // a known point
+      {'F', e102 - 0.5, n102 - 0.08, e102, n102},               // the nearer end of a line
+      {'M', eMedio + 1, nMedio + 0.16, eMedio, nMedio},         // the middle of a line
+      {'C', kE0 + 5.87 + 2.5, kN0 + 31.44, kE0 + 5.87, kN0 + 31.44},  // the centre of a circle
+      {'Q', kE0 + 5.87 + 0.3, kN0 + 31.44 + 2.49, kE0 + 5.87, kN0 + 31.44 + 2.5},  // its North quadrant
+  };
+  for (const Caso& c : casi) {
+    const int prima = s->ContaEntita[SlotLinee];
+    Tasto('P');
+    ASSERT_EQ(s->ModoSnap, 1) << s->ComandoCorrente << " " << s->Prompt;
+    Clic(e100 + 0.1, n100 + 0.1);
+    Tasto(c.lettera);
+    Clic(c.e, c.n);
+    ASSERT_EQ(s->ContaEntita[SlotLinee], prima + 1) << c.lettera;
+    const auto l = ultima();
+    EXPECT_NEAR(l[0], e100, 1e-9) << c.lettera;
+    EXPECT_NEAR(l[1], n100, 1e-9) << c.lettera;
+    EXPECT_NEAR(l[2], c.attE, 1e-6) << c.lettera;
+    EXPECT_NEAR(l[3], c.attN, 1e-6) << c.lettera;
+  }
+  // Intersection: two clicks on two lines meeting at 102.
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('I');
+  Clic((e101 + 3 * e102) / 4, (n101 + 3 * n102) / 4);
+  Clic((e103 + 3 * e102) / 4, (n103 + 3 * n102) / 4);
+  auto l = ultima();
+  // The crossing works on whole cadastral coordinates: a few hundredths of a millimetre.
+  EXPECT_NEAR(l[2], e102, 1e-4);
+  EXPECT_NEAR(l[3], n102, 1e-4);
+  // Free: exactly where the pointer is, in metres of this view.
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('L');
+  const QPoint p = Pixel(kE0 + 40, kN0 - 5);
+  QTest::mouseMove(T(), p);
+  QTest::mouseClick(T(), Qt::LeftButton, {}, p);
+  const QPointF pv = T()->InVista(p);
+  l = ultima();
+  EXPECT_NEAR(l[2], pv.x() + s->Vista.CentroEst, 1e-9);
+  EXPECT_NEAR(l[3], pv.y() + s->Vista.CentroNord, 1e-9);
+  // The right button ends the command.
+  QTest::mouseClick(T(), Qt::RightButton, {}, p);
+  EXPECT_EQ(s->ComandoCorrente, 0);
+}
+
+}  // namespace
+}  // namespace varena
