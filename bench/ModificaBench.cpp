@@ -99,16 +99,9 @@ int main(int argc, char** argv) {
   const int64_t k = rapido ? 10 : 1;
   gMisure = {80000 / k, 100000 / k, 20000 / k, 0};
   gScelti[0] = 40000 / k, gScelti[1] = 50000 / k, gScelti[2] = 10000 / k;
-  const auto radice = std::filesystem::temp_directory_path() / "varena-bench-modifica";
-  std::filesystem::remove_all(radice);
   Sessione s;
   gS = &s;
-  s.CartellaDocumenti = radice.string();
-  s.CartellaLavoro = s.CartellaDocumenti + "/VR2000/";
-  std::filesystem::create_directories(s.CartellaLavoro + "PROVVISO");
-  const std::string base = s.CartellaLavoro + "LAVORI/SINTETICO";
-  ScriviLavoroSintetico(base, gMisure);
-  s.NomeOriginale = base;
+  s.NomeOriginale = PreparaLavoroSintetico(s, "varena-bench-modifica", gMisure);
   VR_ApriLavoro(s);
   std::printf("Lavoro sintetico: %lld punti, %lld linee, %lld testi; selezione di %lld entità\n",
               static_cast<long long>(gMisure.Punti), static_cast<long long>(gMisure.Linee),
@@ -123,6 +116,6 @@ int main(int argc, char** argv) {
   benchmark::RunSpecifiedBenchmarks(&r);
   std::printf("Spostamento di %lld entità con lo snapshot: %.1f ms (obiettivo 300 ms)\n",
               static_cast<long long>(gScelti[0] + gScelti[1] + gScelti[2]), r.tempi["SpostaSelezione"]);
-  std::filesystem::remove_all(radice);
+  std::filesystem::remove_all(s.CartellaDocumenti);
   return 0;
 }

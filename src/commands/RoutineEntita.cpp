@@ -537,22 +537,37 @@ void subCambiaRifila(Sessione& s) {
   ArmaComando(s);
 }
 
-void subCambiaTaglia(Sessione& s) {
-  uint8_t tipo = 0;
-  int32_t riga = -1;
-  if (!Presa(s, tipo, riga)) return;
+namespace {
+
+// The steps that cut and extend share: the first pick gives the reference, shown selected;
+// each later one an entity, and where its carrier meets the reference's. False while there
+// is nothing to work on.
+bool ControRiferimento(Sessione& s, const char* prompt, uint8_t& tipo, int32_t& riga, PuntoXYZ (&incroci)[2],
+                       int& n) {
+  if (!Presa(s, tipo, riga)) return false;
   if (s.PassoComando == 0) {
     TieniPrima(s, tipo, riga);
     Evidenzia(s, tipo, riga);
     s.PassoComando = 1;
-    MostraPrompt(s, "Cambia Taglia - Parte da Tagliare:");
-    return;
+    MostraPrompt(s, prompt);
+    return false;
   }
-  if (tipo == s.PrimaEntitaTipo && riga == s.PrimaEntitaRiga) return;
-  Portante rif, q;
+  if (tipo == s.PrimaEntitaTipo && riga == s.PrimaEntitaRiga) return false;
+  Portante riferimento, questa;
+  if (!PortanteDi(s, s.PrimaEntitaTipo, s.PrimaEntitaRiga, riferimento) || !PortanteDi(s, tipo, riga, questa))
+    return false;
+  n = Incroci(riferimento, questa, incroci);
+  return true;
+}
+
+}  // namespace
+
+void subCambiaTaglia(Sessione& s) {
+  uint8_t tipo = 0;
+  int32_t riga = -1;
   PuntoXYZ incroci[2];
-  if (!PortanteDi(s, s.PrimaEntitaTipo, s.PrimaEntitaRiga, rif) || !PortanteDi(s, tipo, riga, q)) return;
-  const int n = Incroci(rif, q, incroci);
+  int n = 0;
+  if (!ControRiferimento(s, "Cambia Taglia - Parte da Tagliare:", tipo, riga, incroci, n)) return;
   const PuntoXYZ pick{s.PuntoCorrenteX, s.PuntoCorrenteY, 0};
   const auto k = static_cast<size_t>(riga);
   bool fatto = false;
@@ -569,19 +584,9 @@ void subCambiaTaglia(Sessione& s) {
 void subCambiaAllunga(Sessione& s) {
   uint8_t tipo = 0;
   int32_t riga = -1;
-  if (!Presa(s, tipo, riga)) return;
-  if (s.PassoComando == 0) {
-    TieniPrima(s, tipo, riga);
-    Evidenzia(s, tipo, riga);
-    s.PassoComando = 1;
-    MostraPrompt(s, "Cambia Allunga - Entità da Allungare:");
-    return;
-  }
-  if (tipo == s.PrimaEntitaTipo && riga == s.PrimaEntitaRiga) return;
-  Portante bordo, q;
   PuntoXYZ incroci[2];
-  if (!PortanteDi(s, s.PrimaEntitaTipo, s.PrimaEntitaRiga, bordo) || !PortanteDi(s, tipo, riga, q)) return;
-  const int n = Incroci(bordo, q, incroci);
+  int n = 0;
+  if (!ControRiferimento(s, "Cambia Allunga - Entità da Allungare:", tipo, riga, incroci, n)) return;
   const auto k = static_cast<size_t>(riga);
   bool fatto = false;
   if (tipo == SlotLinee) fatto = AllungaLinea(s, k, incroci, n);

@@ -16,15 +16,6 @@ namespace {
 
 using namespace prova;
 
-void ApriLavoroVuoto(Banco& b) {
-  const std::string base = b.cartella / "ROSSI";
-  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "0,0,100"));
-  b.s.NomeOriginale = base;
-  VR_ApriLavoro(b.s);
-}
-
-int64_t Passo(const Sessione& s) { return LeggiDiario(s)->Passo; }
-
 // An azimuth in gon worked out apart from the program's own formula.
 double Gon(double dx, double dy) {
   double a = std::atan2(dx, dy) * 200 / M_PI;
@@ -45,13 +36,13 @@ TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
   MettiLinea(b.s, 0, 0, 10, 0);
   MettiLinea(b.s, 0, 5, 10, 5);
   b.Pronto(5, 2, 30);
-  const int64_t prima = Passo(b.s);
+  const int64_t prima = PassoUndo(b.s);
   EXPECT_EQ(b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 2 5.1\n"),
             "> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
             "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\nPROMPT Cambia Rifila - Prima Entita:\n");
   Linea(b.s, 0, 0, 0, 10, 0);
   Linea(b.s, 1, 0, 5, 10, 5);
-  EXPECT_EQ(Passo(b.s), prima);
+  EXPECT_EQ(PassoUndo(b.s), prima);
   EXPECT_EQ(b.s.PassoComando, 0);
   // A text is refused, silently, and the step does not move.
   MettiTesto(b.s, 20, 20, "T");
@@ -104,7 +95,7 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   MettiCerchio(s, 5, 0, 2);
   MettiLinea(s, 0, 1, 10, 1);
   b.Pronto(5, 0, 30);
-  const int64_t prima = Passo(s);
+  const int64_t prima = PassoUndo(s);
   EXPECT_EQ(b.Script("TAG CAMBIA_TAGLIA\nCLICK left 5 2\n"),
             "> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
             "PROMPT Cambia Taglia - Parte da Tagliare:\n");
@@ -129,13 +120,13 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
     EXPECT_EQ(s.LineaTronca[k], 0.25);
     EXPECT_EQ(s.StatoLinea[k], 0);
   }
-  EXPECT_EQ(Passo(s), prima + 1);
+  EXPECT_EQ(PassoUndo(s), prima + 1);
   // Still on the second step, against the same reference: the part from the pick to the
   // one crossing on its side goes.
   EXPECT_EQ(s.PassoComando, 1);
   b.Script("CLICK left 1 1.1\n");
   Linea(s, 1, 5 - std::sqrt(3.0), 1, 10, 1);
-  EXPECT_EQ(Passo(s), prima + 2);
+  EXPECT_EQ(PassoUndo(s), prima + 2);
   EXPECT_EQ(s.StatoCerchio[0], 1);
   b.Script("KEY ESC\n");
   EXPECT_EQ(s.StatoCerchio[0], 0);
@@ -270,7 +261,7 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   MettiPunto(s, "A", 30, 0, 5);
   MettiPunto(s, "B", 40, 0, 6);
   b.Pronto(20, 0, 60);
-  const int64_t prima = Passo(s);
+  const int64_t prima = PassoUndo(s);
   b.Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");
   const Dialogo* d = TrovaDialogo(s, "FormEditModifica1");
   ASSERT_NE(d, nullptr);
@@ -280,7 +271,7 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   b.Script("FIELD Est2 20,5\nPRESS OK\n");
   EXPECT_EQ(s.LineaX2[0], 20.5);
   EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);  // shown rounded, kept to the last bit
-  EXPECT_EQ(Passo(s), prima + 1);
+  EXPECT_EQ(PassoUndo(s), prima + 1);
   EXPECT_FALSE(DialogoAperto(s, "FormEditModifica1"));
   // A point opens its own editor; a name already borne asks first.
   b.Script("CLICK left 30 0.1\n");
@@ -297,7 +288,7 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   b.Script("CLICK left 40 0.1\nKEY DELETE\n");
   EXPECT_EQ(s.PuntoIdent[1], -1);
   EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(Passo(s), prima + 3);
+  EXPECT_EQ(PassoUndo(s), prima + 3);
 }
 
 }  // namespace

@@ -18,15 +18,6 @@ namespace {
 
 using namespace prova;
 
-void ApriLavoroVuoto(Banco& b) {
-  const std::string base = b.cartella / "ROSSI";
-  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "0,0,100"));
-  b.s.NomeOriginale = base;
-  VR_ApriLavoro(b.s);
-}
-
-int64_t Passo(const Sessione& s) { return LeggiDiario(s)->Passo; }
-
 TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   Banco b;
   Sessione& s = b.s;
@@ -87,18 +78,18 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   s.TestoAltezza[0] = 1.5;
   MettiImmagine(s, 0, 10, 100, 50, 0.1);
   b.Pronto(5, 5, 40);
-  const int64_t prima = Passo(s);
+  const int64_t prima = PassoUndo(s);
   EXPECT_NE(b.Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n")
                 .find("PROMPT Centro di Riduzione:\n> ANSWER 1\n> CLICK left 5 5\n"
                       "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
             std::string::npos);
-  EXPECT_EQ(Passo(s), prima + 1);
+  EXPECT_EQ(PassoUndo(s), prima + 1);
   EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);
   EXPECT_EQ(s.LineaY2[0], 9.9);
   EXPECT_EQ(s.CerchioRaggio[0], 2);
   // Twice as large about (1, 1).
   b.Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
-  EXPECT_EQ(Passo(s), prima + 2);
+  EXPECT_EQ(PassoUndo(s), prima + 2);
   EXPECT_DOUBLE_EQ(s.LineaX1[0], 1 + 2 * (0.1 + 0.2 - 1));
   EXPECT_DOUBLE_EQ(s.LineaY1[0], 4.6 - 1);
   EXPECT_DOUBLE_EQ(s.LineaX2[0], 14.4);
@@ -110,7 +101,7 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   EXPECT_EQ(s.BitmapScalaLar[0], 0.2);
   // A value prompt cancelled leaves the centre to be given again.
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
-  EXPECT_EQ(Passo(s), prima + 2);
+  EXPECT_EQ(PassoUndo(s), prima + 2);
   EXPECT_EQ(s.PassoComando, 0);
   EXPECT_TRUE(s.SelezioneConfermata);
 }
@@ -191,9 +182,9 @@ TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
   MettiLinea(s, 0, 9, 10, 9);
   ASSERT_TRUE(VR_SalvaUndo(s));
   b.Pronto(5, 5, 40);
-  const int64_t prima = Passo(s);
+  const int64_t prima = PassoUndo(s);
   b.Script("TAG CAMBIA_ELIMINA\nPRESS Singola\nCLICK left 5 5.1\nKEY ESC\nPRESS OK\n");
-  EXPECT_EQ(Passo(s), prima + 1);
+  EXPECT_EQ(PassoUndo(s), prima + 1);
   EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(s.LineaIdent[1], -1);
   EXPECT_EQ(RigheVive(s, SlotLinee), 2);

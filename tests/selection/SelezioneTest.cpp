@@ -18,15 +18,6 @@ namespace {
 
 using namespace prova;
 
-// A job of no entities opened from a `.CFG` written by hand: the snapshots and the list
-// files then have a provisional folder to go to.
-void ApriLavoroVuoto(Banco& b) {
-  const std::string base = b.cartella / "ROSSI";
-  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "0,0,100"));
-  b.s.NomeOriginale = base;
-  VR_ApriLavoro(b.s);
-}
-
 // Every kind around the box from (5, -5) to (20, 5).
 struct Scena {
   Banco b;
