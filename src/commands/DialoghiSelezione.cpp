@@ -26,16 +26,11 @@ constexpr const char* kSelezPunti = "SelezPunti";
 std::string TestoPunti(const Sessione& s) { return s.PuntiInSelezione == 1 ? "Punti SI " : "Punti NO"; }
 std::string TestoModo(const Sessione& s) { return s.ValoreSelezione != 0 ? "Aggiungi" : "Togli"; }
 
-// The mode of each click and button: the state byte of one row set or cleared.
-void Scrivi(Sessione& s, int tipo, int32_t riga, bool alterna) {
+// A click on one row: in the adding mode it toggles, a row already selected being taken
+// away again; in the remove mode it only takes away.
+void Scrivi(Sessione& s, int tipo, int32_t riga) {
   if (!Selezionabile(s, tipo, riga)) return;
-  uint8_t* b = ByteStato(s, tipo, riga);
-  // In the adding mode a click on a row already selected takes it away again.
-  const uint8_t v = s.ValoreSelezione == 0 ? 0 : (alterna && *b == 1 ? 0 : 1);
-  const int32_t valore = s.ValoreSelezione;
-  s.ValoreSelezione = v;
-  MarcaEntita(s, tipo, riga);
-  s.ValoreSelezione = valore;
+  MarcaEntita(s, tipo, riga, s.ValoreSelezione != 0 && StatoDi(s, tipo, riga) != 1 ? 1 : 0);
 }
 
 // A phase that picks on the drawing: the dialog steps aside until the right button or Esc.
@@ -110,7 +105,7 @@ void PrendiPiano(Sessione& s) {
 // A click on one entity of any kind, of the facets or of the images.
 void Alterna(Sessione& s, uint8_t tipo, int32_t riga) {
   if (riga < 0) return;
-  Scrivi(s, tipo, riga, true);
+  Scrivi(s, tipo, riga);
   DopoSelezione(s);
 }
 
@@ -447,7 +442,7 @@ void ClicDiSelezione(Sessione& s) {
 void ClicSelezPunti(Sessione& s, double x, double y) {
   const Vicina v = IlPiuVicinoPunto(s, x, y);
   if (v.Riga < 0) return;
-  Scrivi(s, SlotPunti, v.Riga, true);
+  Scrivi(s, SlotPunti, v.Riga);
   // Points are painted from their table: a redraw shows the change.
   Ridisegna(s);
   AggiornaCampo(s, kSelezPunti, "Selezione", std::to_string(ContaPuntiSelezionati(s)));

@@ -227,10 +227,12 @@ bool Selezionabile(const Sessione& s, int tipo, int32_t riga) {
   return riga >= 0 && static_cast<size_t>(riga) < Righe(s, tipo) && Prendibile(s, tipo, static_cast<size_t>(riga));
 }
 
-void MarcaEntita(Sessione& s, int tipo, int32_t riga) {
+void MarcaEntita(Sessione& s, int tipo, int32_t riga) { MarcaEntita(s, tipo, riga, Valore(s)); }
+
+void MarcaEntita(Sessione& s, int tipo, int32_t riga, uint8_t valore) {
   uint8_t* b = ByteStato(s, tipo, riga);
   if (!b) return;
-  *b = Valore(s);
+  *b = valore;
   s.UltimaSelezioneTipo = static_cast<uint8_t>(tipo);
   s.UltimaSelezioneRiga = riga;
 }

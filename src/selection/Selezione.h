@@ -26,6 +26,8 @@ bool Selezionabile(const Sessione& s, int tipo, int32_t riga);
 
 // `MarcaEntita`: `ValoreSelezione` into the state byte, and the row kept as the last one.
 void MarcaEntita(Sessione& s, int tipo, int32_t riga);
+// The same with the value given.
+void MarcaEntita(Sessione& s, int tipo, int32_t riga, uint8_t valore);
 
 // The rows selected over every kind (and over the points alone).
 int64_t ContaSelezionati(const Sessione& s);
