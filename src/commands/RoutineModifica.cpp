@@ -115,14 +115,19 @@ void MostraGriglia(Sessione& s) {
   }
 }
 
-// The four points as the grid holds them: the user may have typed the targets.
+// The four points as the grid holds them: the user may have typed the targets. A cell left
+// as it was shown keeps the picked value to the last bit, not its rounding to the millimetre.
 void LeggiGriglia(Sessione& s, const Dialogo& d) {
+  auto leggi = [&](double& v, const std::string& campo) {
+    const std::string testo = d.Valore(campo);
+    if (Rifila(testo) != Coordinata(v)) v = Numero(testo);
+  };
   for (size_t i = 0; i < 4; ++i) {
     PuntoNominato& p = s.PuntiRotoTraslazione[i];
     p.Nome = Rifila(d.Valore(Campo(kRigheRT[i], "Nome")));
-    p.Y = Numero(d.Valore(Campo(kRigheRT[i], "Nord")));
-    p.X = Numero(d.Valore(Campo(kRigheRT[i], "Est")));
-    p.Z = Numero(d.Valore(Campo(kRigheRT[i], "Quota")));
+    leggi(p.Y, Campo(kRigheRT[i], "Nord"));
+    leggi(p.X, Campo(kRigheRT[i], "Est"));
+    leggi(p.Z, Campo(kRigheRT[i], "Quota"));
   }
 }
 

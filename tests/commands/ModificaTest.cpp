@@ -286,7 +286,8 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   Sessione& s = b.s;
   MettiPunto(s, "O", 0, 0, 1);
   MettiPunto(s, "OR", 0, 10, 2);
-  MettiPunto(s, "NO", 100, 100, 3);
+  // Picked to the tenth of a millimetre, shown to the millimetre: the pick is what counts.
+  MettiPunto(s, "NO", 100.0004, 100, 3);
   MettiPunto(s, "NOR", 110, 100, 4);
   MettiLinea(s, 0, 0, 0, 5, 7, 8);
   MettiTesto(s, 0, 2, "T");
@@ -310,12 +311,12 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0");
   EXPECT_EQ(d->Valore("Differenza_Distanza"), "0.0");
   // The target typed over the picked one: due South of the new origin.
-  b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100\nPRESS Calcola\n");
+  b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0");
   b.Script("PRESS FormRotoTraslazione.OK\n");
-  EXPECT_NEAR(s.LineaX1[0], 100, 1e-9);
+  EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
   EXPECT_NEAR(s.LineaY1[0], 100, 1e-9);
-  EXPECT_NEAR(s.LineaX2[0], 100, 1e-9);
+  EXPECT_NEAR(s.LineaX2[0], 100.0004, 1e-9);
   EXPECT_NEAR(s.LineaY2[0], 95, 1e-9);
   EXPECT_EQ(s.LineaZ2[0], 8);
   EXPECT_NEAR(s.TestoY[0], 98, 1e-9);
@@ -339,7 +340,7 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   b.Script("PRESS TutteLinee\nPRESS OK\nCLICK left 0 0\nCLICK left 0 1\nCLICK left 0 2\nCLICK left 0 3\n"
            "PRESS FormRotoTraslazione.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
-  EXPECT_NEAR(s.LineaX1[0], 100, 1e-9);
+  EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
 }
 
 TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
