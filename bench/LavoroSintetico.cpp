@@ -114,6 +114,18 @@ int64_t ScriviLavoroSintetico(const std::string& base, const MisureLavoro& m) {
   return totale;
 }
 
+std::string PreparaLavoroSintetico(Sessione& s, const std::string& nome, const MisureLavoro& misure, int64_t* byte) {
+  const auto radice = std::filesystem::temp_directory_path() / nome;
+  std::filesystem::remove_all(radice);
+  s.CartellaDocumenti = radice.string();
+  s.CartellaLavoro = s.CartellaDocumenti + "/VR2000/";
+  std::filesystem::create_directories(s.CartellaLavoro + "PROVVISO");
+  const std::string base = s.CartellaLavoro + "LAVORI/SINTETICO";
+  const int64_t scritti = ScriviLavoroSintetico(base, misure);
+  if (byte) *byte = scritti;
+  return base;
+}
+
 bool ModoRapido(int argc, char** argv) {
   for (int i = 1; i < argc; ++i)
     if (std::strcmp(argv[i], "--rapido") == 0) return true;

@@ -29,6 +29,12 @@ void RiempiLavoroSintetico(Sessione& s, const MisureLavoro& misure);
 // Writes that job as `base`.* and returns the sum of its members' sizes in bytes.
 int64_t ScriviLavoroSintetico(const std::string& base, const MisureLavoro& misure);
 
+// A working root `nome` under the system's temporary folder, emptied first, set in `s`, and
+// the synthetic job written in it; returns the job's base path (not yet opened) and, in
+// `byte`, the size of its members.
+std::string PreparaLavoroSintetico(Sessione& s, const std::string& nome, const MisureLavoro& misure,
+                                   int64_t* byte = nullptr);
+
 // --rapido among the arguments: the small sizes CI runs with.
 bool ModoRapido(int argc, char** argv);
 // Google Benchmark's own options from the command line, ours left out.

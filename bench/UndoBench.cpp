@@ -67,15 +67,10 @@ void Sposta(benchmark::State& stato, bool annulla) {
 int main(int argc, char** argv) {
   const bool rapido = ModoRapido(argc, argv);
   const MisureLavoro misure{rapido ? 20000 : 1000000, rapido ? 2000 : 100000, 0, 0};
-  const auto radice = std::filesystem::temp_directory_path() / "varena-bench-undo";
-  std::filesystem::remove_all(radice);
   Sessione s;
   gS = &s;
-  s.CartellaDocumenti = radice.string();
-  s.CartellaLavoro = s.CartellaDocumenti + "/VR2000/";
-  std::filesystem::create_directories(s.CartellaLavoro + "PROVVISO");
-  const std::string base = s.CartellaLavoro + "LAVORI/SINTETICO";
-  const int64_t byte = ScriviLavoroSintetico(base, misure);
+  int64_t byte = 0;
+  const std::string base = PreparaLavoroSintetico(s, "varena-bench-undo", misure, &byte);
   std::printf("Lavoro sintetico: %lld punti, %lld linee, %.1f MB\n", static_cast<long long>(misure.Punti),
               static_cast<long long>(misure.Linee), static_cast<double>(byte) / 1e6);
   s.NomeOriginale = base;
@@ -98,6 +93,6 @@ int main(int argc, char** argv) {
               una > 0 ? tutto / una : 0.0);
   std::printf("Annulla %.1f ms, ripristina %.1f ms (ciascuno ricarica tutto il lavoro)\n", r.tempi["Annulla"],
               r.tempi["Ripristina"]);
-  std::filesystem::remove_all(radice);
+  std::filesystem::remove_all(s.CartellaDocumenti);
   return 0;
 }

@@ -5,6 +5,7 @@
 
 #include "commands/Comandi.h"
 #include "commands/GeometriaDisegno.h"
+#include "commands/DialoghiSelezione.h"
 #include "commands/TabellaComandi.h"
 #include "commands/TabellaDialoghi.h"
 #include "core/Errori.h"
@@ -32,63 +33,6 @@ bool Tra(int32_t c, std::initializer_list<int32_t> codici) {
   return false;
 }
 
-// The state byte of an entity, for a selection by click.
-uint8_t* ByteStato(Sessione& s, uint8_t tipo, int32_t riga) {
-  if (riga < 0) return nullptr;
-  const auto r = static_cast<size_t>(riga);
-  auto in = [&](auto& colonna, int slot) -> uint8_t* {
-    return riga < s.ContaEntita[slot] && r < colonna.size() ? &colonna[r] : nullptr;
-  };
-  switch (tipo) {
-    case SlotPunti: return in(s.StatoPunto, SlotPunti);
-    case SlotLinee: return in(s.StatoLinea, SlotLinee);
-    case SlotCerchi: return in(s.StatoCerchio, SlotCerchi);
-    case SlotArchi: return in(s.StatoArco, SlotArchi);
-    case SlotTesti: return in(s.StatoTesto, SlotTesti);
-    case SlotFalde: return in(s.StatoFalda, SlotFalde);
-    case SlotBitmap: return in(s.StatoBitmap, SlotBitmap);
-    default: return nullptr;
-  }
-}
-
-void Alterna(Sessione& s, uint8_t tipo, int32_t riga) {
-  if (uint8_t* b = ByteStato(s, tipo, riga)) {
-    *b = *b == 1 ? 0 : 1;
-    // The list mirrors the state bytes at its next making.
-    Rigenerazione1(s);
-  }
-}
-
-// The table row of what a search found in the display list.
-int32_t RigaDellaTabella(const Sessione& s, int64_t rigaLista) {
-  return rigaLista >= 0 && rigaLista < s.ListaDisegno.Conta() ? s.ListaDisegno.Riga[static_cast<size_t>(rigaLista)]
-                                                               : -1;
-}
-
-// A click while a selection is under way, by its phase.
-void ClicSelezione(Sessione& s) {
-  const double x = s.PuntoCorrenteX, y = s.PuntoCorrenteY;
-  switch (s.FaseSelezione) {
-    case 1: {
-      const RisultatoVicina r = LapiuvicinaBitMap(s, x, y, Punto1(s));
-      if (r.VicinaTipo == 0) break;
-      Alterna(s, r.VicinaTipo, r.VicinaRigaLista >= 0 ? RigaDellaTabella(s, r.VicinaRigaLista) : r.VicinaRiga);
-      break;
-    }
-    case 6: Alterna(s, SlotFalde, RigaDellaTabella(s, IlPiuVicinoFalda(s, x, y).RigaLista)); break;
-    case 13: Alterna(s, SlotBitmap, IlPiuVicinoBitMap(s, x, y).Riga); break;
-    case 7:
-    case 8:
-    case 12: break;  // contours, contour lines and sections select through their own Parts
-    default: {
-      const RisultatoVicina r = LapiuvicinaBitMap(s, x, y, Punto1(s));
-      if (r.VicinaTipo == 0) break;
-      ApriDialogoDiTabella(s, r.VicinaTipo == SlotPunti ? "formEditaPunto" : "FormEditModifica1");
-      break;
-    }
-  }
-}
-
 // Once the snap has given the point: the one-click snap goes back to free, the orthogonal
 // mode straightens a free point, and the click goes to the command or the selection.
 void ClicRisolto(Sessione& s, int16_t modoUsato, bool dalPuntatore) {
@@ -108,7 +52,7 @@ void ClicRisolto(Sessione& s, int16_t modoUsato, bool dalPuntatore) {
   if (s.FaseSelezione == 0)
     Disegno(s);
   else
-    ClicSelezione(s);
+    ClicDiSelezione(s);
 }
 
 void PulsanteDestro(Sessione& s) {
@@ -194,8 +138,7 @@ void MouseDownInterno(Sessione& s, int bottone, double xv, double yv) {
     return;
   }
   if (s.AzionePuntiInAttesa != 0 && s.SottoFaseSelezione != 6) {
-    const Vicina v = IlPiuVicinoPunto(s, p.Est, p.Nord);
-    if (v.Riga >= 0) Alterna(s, SlotPunti, v.Riga);
+    ClicSelezPunti(s, p.Est, p.Nord);
     return;
   }
   const int16_t modo = s.SoloPunti ? int16_t{SnapNodo} : s.ModoSnap;

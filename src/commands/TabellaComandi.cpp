@@ -8,6 +8,7 @@
 #include "commands/Campitura.h"
 #include "commands/Routine.h"
 #include "commands/RoutineCostruzione.h"
+#include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
 
 namespace varena {
@@ -189,6 +190,13 @@ constexpr VoceComando kTabella[] = {
          "Cerchio Centro Raggio", "Raggio del Cerchio :"),
     Arma("X", 218, {}, V, {}, {}, {}),
     Arma("G", 196, "Seleziona Contorno - Primo Punto", V, "Imputa2", {}, {}),
+    // The edit commands that the menus reach under names of their own.
+    Arma("CAMBIA_COLORE", 139, {}, V, {}, "Cambia", "Colore Corrente"),
+    Arma("CAMBIA_QUOTA", 216, {}, V, {}, "Cambia", "Quota"),
+    Arma("ESPORTA_SELEZIONE", 218, {}, V, {}, "File", "Copia Comandi Per Cad."),
+    Arma("INCOLLA_COLORE_SINGOLO", 307, "Cambia Colore Singolo - Indica Entità :", V, {}, "Cambia", "Colore Singolo"),
+    Arma("INCOLLA_PIANO_SINGOLO", 308, "Cambia Piano Singolo - Indica Entità :", V, {}, "Cambia", "Piano Singolo"),
+    Arma("EDIT_ENTITA", 157, "Edit Entità - Indica Entità :", V, {}, "Edit", "Modifica Entità"),
     // Commands of these routines that the menus reach under names of their own.
     Arma("NOME_SCAMBIO", 23, "Nome Scambio - Primo Punto:", P, {}, "Edit", "Scambia Nomi"),
     Arma("INFO_ANGOLO", 213, "Info Angolo - Vertice Angolo :", V, {}, "Info", "Angolo"),
@@ -357,16 +365,27 @@ constexpr SchedaCodice kSchede[] = {
     {377, subMarcaVertice, FormaElastico::Nessuna, nullptr},
     {378, subMarcaDirezione, FormaElastico::Nessuna, nullptr},
     {219, subMemorizzaPunto, FormaElastico::Nessuna, nullptr},
-    // The two-point commands and the curves; those without a routine come with later work.
     {132, subDisegnoCerchioTrePunti, FormaElastico::Cerchio3P, nullptr},
     {133, subDisegnoCerchioCentroTangente, FormaElastico::CerchioCentro, nullptr},
     {134, subDisegnoCerchioCentroRaggio, FormaElastico::CerchioRaggio, nullptr},
     {135, subDisegnoArcoTrePunti, FormaElastico::Arco3P, nullptr},
     {137, subArcoDuePunti, FormaElastico::ArcoCentro, nullptr},
-    {142, nullptr, Li, nullptr},
-    {143, nullptr, Li, nullptr},
+    {142, subCambiaCopiaSpostaSpecchioScalaRuota, Li, nullptr},
+    {143, subCambiaCopiaSpostaSpecchioScalaRuota, Li, nullptr},
     {145, subDisegnoCerchioDiametro, Li, nullptr},
-    {147, nullptr, Li, nullptr},
+    {147, subCambiaCopiaSpostaSpecchioScalaRuota, Li, nullptr},
+    {144, subCambiaCopiaSpostaSpecchioScalaRuota, FormaElastico::Nessuna, nullptr},
+    {146, subCambiaCopiaSpostaSpecchioScalaRuota, FormaElastico::Nessuna, nullptr},
+    {192, subRotoTraslazione, Li, nullptr},
+    {216, subCambiaQuota, Li, nullptr},
+    {165, subCambiaRifila, FormaElastico::Nessuna, nullptr},
+    {166, subCambiaTaglia, FormaElastico::Nessuna, nullptr},
+    {167, subCambiaAllunga, FormaElastico::Nessuna, nullptr},
+    {168, subCambiaDivide, FormaElastico::Nessuna, nullptr},
+    {306, subCambiaTratteggioEntitaSingola, FormaElastico::Nessuna, nullptr},
+    {307, subCambiaTratteggioEntitaSingola, FormaElastico::Nessuna, nullptr},
+    {308, subCambiaTratteggioEntitaSingola, FormaElastico::Nessuna, nullptr},
+    {157, subEditaEntitaComando, FormaElastico::Nessuna, nullptr},
     {155, nullptr, Li, nullptr},
     {158, subPuntoApertura, Li, nullptr},
     {159, subPuntoMedio, Li, nullptr},
@@ -391,15 +410,14 @@ constexpr SchedaCodice kSchede[] = {
     {211, nullptr, Li, nullptr},
     {226, subVerificaParallele, Li, nullptr},
     {251, nullptr, Li, nullptr},
-    {276, nullptr, Li, nullptr},
+    {276, subRotazioneVerticale, Li, nullptr},
     {290, nullptr, Li, nullptr},
     {301, subSquadrato, Li, nullptr},
     {303, nullptr, Li, nullptr},
     {332, subStazioneLibera, Li, nullptr},
     {372, subIntersecaDirezione, Li, nullptr},
-    {414, nullptr, Li, nullptr},
-    {415, nullptr, Li, nullptr},
-    // The rest of the drawing commands.
+    {414, subCambiaAllinea, Li, nullptr},
+    {415, subRotazioneVerticale, Li, nullptr},
     {601, subPuntoDistanza, Li, nullptr},
     {136, subDisegnoParallela, FormaElastico::Nessuna, nullptr},
     {175, subDisegnoPerpenDa, FormaElastico::Nessuna, nullptr},

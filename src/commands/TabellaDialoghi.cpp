@@ -4,6 +4,8 @@
 #include "commands/Comandi.h"
 #include "commands/DialoghiDisegno.h"
 #include "commands/RoutineCostruzione.h"
+#include "commands/DialoghiSelezione.h"
+#include "commands/RoutineModifica.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -33,6 +35,11 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"PolariCartesiane", ApriPolariCartesiane},
     {"IntersecaDirezione", ApriIntersecaDirezione},
     {"PuntoDistanza", ApriPuntoDistanza},
+    {"Selezentita", ApriSelezentita},
+    {"SelezPerPiano", ApriSelezPerPiano},
+    {"SelezPunti", ApriSelezPunti},
+    {"DN", ApriDN},
+    {"FormRotoTraslazione", ApriRotoTraslazione},
 };
 
 }  // namespace

@@ -116,19 +116,24 @@ void Esc(Sessione& s) {
     MostraPrompt(s, s.Vista.PromptSalvato);
     return;
   }
-  if (s.ComandoCorrente == 0) {
+  if (s.AzionePuntiInAttesa != 0) {
+    // The selection of points brings its dialog back, whatever command stands.
+    ApriDialogoDiTabella(s, "SelezPunti");
+  } else if (s.ComandoCorrente == 0) {
     RipetiComando(s);
   } else if (s.FaseSelezione == 0) {
     InterrompiComando(s);
   } else {
-    ApriDialogoDiTabella(s, "SelezPunti");
+    ApriDialogoDiTabella(s, "Selezentita");
   }
 }
 
 bool TastoInterno(Sessione& s, const EventoTasto& e, bool casellaAttiva) {
   if (TastiVista(s, e)) return true;
   if (e.T != Tasto::Esc && casellaAttiva) return false;
-  if (Dialogo* d = TrovaDialogo(s, "formEditaPunto")) {
+  Dialogo* d = TrovaDialogo(s, "formEditaPunto");
+  if (!d) d = TrovaDialogo(s, "FormEditModifica1");
+  if (d) {
     if (e.T == Tasto::Canc) {
       PremiBottone(s, d->Nome, "Elimina");
       return true;

@@ -15,6 +15,7 @@
 #include "core/Codici.h"
 #include "core/Colori.h"
 #include "commands/StatoComandi.h"
+#include "commands/StatoModifica.h"
 #include "core/Comuni.h"
 #include "core/Dialoghi.h"
 #include "core/Impostazioni.h"
@@ -24,6 +25,7 @@
 #include "core/Porte.h"
 #include "core/Tabelle.h"
 #include "core/Tratteggi.h"
+#include "selection/StatoSelezione.h"
 #include "store/Cfg.h"
 #include "view/Elastico.h"
 #include "view/IndiceAlbero.h"
@@ -35,8 +37,9 @@
 namespace varena {
 
 // The entity tables and the state of the interaction are its bases, so that their fields
-// read as the routines name them: `s.PuntoX[i]`, `s.PassoComando`, `s.Punto1X`.
-struct Sessione : TabelleEntita, StatoComandi {
+// read as the routines name them: `s.PuntoX[i]`, `s.PassoComando`, `s.Punto1X`,
+// `s.ValoreSelezione`, `s.FattoreScala`.
+struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica {
   Sessione();
   Sessione(const Sessione&) = delete;
   Sessione& operator=(const Sessione&) = delete;

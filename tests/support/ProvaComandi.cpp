@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "store/Carica.h"
+#include "store/Undo.h"
 #include "view/Rigenera.h"
 
 namespace varena::prova {
@@ -120,6 +122,18 @@ std::string Banco::Script(const std::string& testo) {
   std::istringstream in(testo);
   UltimoEsito = EseguiScript(s, ui, in, uscita);
   return uscita.str();
+}
+
+void ApriLavoroVuoto(Banco& b) {
+  const std::string base = b.cartella / "ROSSI";
+  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "0,0,100"));
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+}
+
+int64_t PassoUndo(const Sessione& s) {
+  const auto d = LeggiDiario(s);
+  return d ? d->Passo : -1;
 }
 
 }  // namespace varena::prova

@@ -39,4 +39,11 @@ struct Banco {
   EsitoScript UltimoEsito;
 };
 
+// A job of no entities, "ROSSI" in the temporary folder, opened as the program opens one:
+// its snapshots and list files then have a provisional folder. Rows put in afterwards are
+// written by the next snapshot.
+void ApriLavoroVuoto(Banco& b);
+// The generation the undo journal stands at.
+int64_t PassoUndo(const Sessione& s);
+
 }  // namespace varena::prova

@@ -1,0 +1,57 @@
+// The edit commands: the work on a selection (`ApplicaSelezione` and the steps that lead to
+// it), the commands on one picked entity, and the editor of one entity's fields.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace varena {
+
+struct Sessione;
+
+// The kind and the table row of the entity nearest to (x, y) by the general search; the
+// facets are found in the display list and given by their own row. False when nothing, or
+// only a kind without a table row here, is found.
+bool EntitaVicina(const Sessione& s, double x, double y, uint8_t& tipo, int32_t& riga);
+
+// --- On a selection ----------------------------------------------------------------------
+
+// The confirmation of `Selezentita`: the list written for a repeat, then the first prompt of
+// the command's own steps, or the work done at once on the selection.
+void ConfermaSelezione(Sessione& s);
+
+// `ApplicaSelezione`: the work of the armed command on every row whose state byte is 1, in
+// the order points, lines, circles, arcs, texts, facets, contour vertices, images. The
+// tables changed are marked. False when the command has no work on a selection here.
+bool ApplicaSelezione(Sessione& s);
+
+void subCambiaCopiaSpostaSpecchioScalaRuota(Sessione& s);  // 142, 143, 144, 146, 147
+void subCambiaAllinea(Sessione& s);                        // 414
+void subCambiaQuota(Sessione& s);                          // 216
+void subRotoTraslazione(Sessione& s);                      // 192
+// 276 and 415: the rows between two picked points turned about the horizontal axis through
+// them, by an angle asked (276) or by a right angle (415), which lays a vertical face flat.
+void subRotazioneVerticale(Sessione& s);
+
+// `FormRotoTraslazione`, opened once the four points of 192 are picked.
+bool ApriRotoTraslazione(Sessione& s);
+// The two reports written before the transform: `temp\Rototraslazione.CSV` and `.TXT`
+// under the program folder.
+std::string PercorsoReportRotoTraslazione(const Sessione& s, const char* estensione);
+
+// --- On one entity -----------------------------------------------------------------------
+
+void subCambiaRifila(Sessione& s);   // 165
+void subCambiaTaglia(Sessione& s);   // 166
+void subCambiaAllunga(Sessione& s);  // 167
+void subCambiaDivide(Sessione& s);   // 168
+// 306, 307, 308: the stored line type, colour or layer pasted on the entity clicked.
+void subCambiaTratteggioEntitaSingola(Sessione& s);
+// 157: the entity clicked opens in its editor.
+void subEditaEntitaComando(Sessione& s);
+
+// `subEditaEntita`: `formEditaPunto` for a point, `FormEditModifica1` for any other kind,
+// with every field of the row; its OK is `ModificaEntita`, its delete `subEliminaEntita`.
+void subEditaEntita(Sessione& s, uint8_t tipo, int32_t riga);
+
+}  // namespace varena

@@ -1,0 +1,295 @@
+// The commands on one picked entity, driven by scripts: trim to a corner (parallel lines,
+// a corner beyond the lines, an arc), cut (a line in its middle, a circle, an arc in two),
+// extend, divide, the single pastes, and the editor of one entity.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "selection/Selezione.h"
+#include "store/Carica.h"
+#include "store/Undo.h"
+#include "support/ProvaComandi.h"
+#include "survey/Convenzioni.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+// An azimuth in gon worked out apart from the program's own formula.
+double Gon(double dx, double dy) {
+  double a = std::atan2(dx, dy) * 200 / M_PI;
+  return a < 0 ? a + 400 : a;
+}
+
+void Linea(const Sessione& s, int32_t r, double x1, double y1, double x2, double y2) {
+  const auto k = static_cast<size_t>(r);
+  EXPECT_NEAR(s.LineaX1[k], x1, 1e-9) << "riga " << r;
+  EXPECT_NEAR(s.LineaY1[k], y1, 1e-9) << "riga " << r;
+  EXPECT_NEAR(s.LineaX2[k], x2, 1e-9) << "riga " << r;
+  EXPECT_NEAR(s.LineaY2[k], y2, 1e-9) << "riga " << r;
+}
+
+TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 0, 5, 10, 5);
+  b.Pronto(5, 2, 30);
+  const int64_t prima = PassoUndo(b.s);
+  EXPECT_EQ(b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 2 5.1\n"),
+            "> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
+            "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\nPROMPT Cambia Rifila - Prima Entita:\n");
+  Linea(b.s, 0, 0, 0, 10, 0);
+  Linea(b.s, 1, 0, 5, 10, 5);
+  EXPECT_EQ(PassoUndo(b.s), prima);
+  EXPECT_EQ(b.s.PassoComando, 0);
+  // A text is refused, silently, and the step does not move.
+  MettiTesto(b.s, 20, 20, "T");
+  b.Pronto(5, 2, 30);
+  b.Script("CLICK left 20 20\n");
+  EXPECT_EQ(b.s.PassoComando, 0);
+}
+
+TEST(Rifila, LAngoloTagliaOAllungaVersoLaParteIndicata) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 5, -5, 5, 5);
+  b.Pronto(5, 0, 30);
+  b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 5.1 3\n");
+  Linea(b.s, 0, 0, 0, 5, 0);
+  Linea(b.s, 1, 5, 0, 5, 5);
+  EXPECT_EQ(b.s.PassoComando, 0);
+
+  // A corner beyond both: the nearer end of each reaches it, the height following the line.
+  Banco c;
+  MettiLinea(c.s, 0, 0, 4, 0, 0, 2);
+  MettiLinea(c.s, 6, 1, 6, 5);
+  c.Pronto(3, 2, 30);
+  c.Script("TAG CAMBIA_RIFILA\nCLICK left 1 0.1\nCLICK left 6.1 3\n");
+  Linea(c.s, 0, 0, 0, 6, 0);
+  EXPECT_NEAR(c.s.LineaZ2[0], 3, 1e-12);
+  Linea(c.s, 1, 6, 0, 6, 5);
+
+  // An arc is cut at the corner, keeping the side it was picked on.
+  Banco d;
+  MettiArco(d.s, 0, 0, 5, 0, 100);
+  MettiLinea(d.s, -10, 3, 10, 3);
+  d.Pronto(0, 0, 30);
+  d.Script("TAG CAMBIA_RIFILA\nCLICK left 4.9 1\nCLICK left 8 3.1\n");
+  EXPECT_NEAR(d.s.ArcoInizio[0], Gon(4, 3), 1e-9);
+  EXPECT_NEAR(d.s.ArcoFine[0], 100 - Gon(4, 3), 1e-9);
+  Linea(d.s, 0, 4, 3, 10, 3);
+}
+
+TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 10, 0, 1, 11);
+  s.LineaColore[0] = 3;
+  s.LineaTratteggio[0] = 2;
+  s.LineaPiano[0] = "MURI";
+  s.LineaQuotata[0] = 1;
+  s.LineaTronca[0] = 0.25;
+  MettiCerchio(s, 5, 0, 2);
+  MettiLinea(s, 0, 1, 10, 1);
+  b.Pronto(5, 0, 30);
+  const int64_t prima = PassoUndo(s);
+  EXPECT_EQ(b.Script("TAG CAMBIA_TAGLIA\nCLICK left 5 2\n"),
+            "> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
+            "PROMPT Cambia Taglia - Parte da Tagliare:\n");
+  // The reference is shown selected.
+  EXPECT_EQ(s.StatoCerchio[0], 1);
+  bool evidenziato = false;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
+    if (s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotCerchi) evidenziato = s.ListaDisegno.Stato[static_cast<size_t>(i)] == 1;
+  EXPECT_TRUE(evidenziato);
+  b.Script("CLICK left 5 0.1\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
+  Linea(s, 0, 0, 0, 3, 0);
+  Linea(s, 2, 7, 0, 10, 0);
+  EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
+  EXPECT_NEAR(s.LineaZ1[2], 8, 1e-12);
+  EXPECT_EQ(s.LineaZ2[2], 11);
+  for (size_t k : {0u, 2u}) {
+    EXPECT_EQ(s.LineaColore[k], 3);
+    EXPECT_EQ(s.LineaTratteggio[k], 2);
+    EXPECT_EQ(s.LineaPiano[k], "MURI");
+    EXPECT_EQ(s.LineaQuotata[k], 1);
+    EXPECT_EQ(s.LineaTronca[k], 0.25);
+    EXPECT_EQ(s.StatoLinea[k], 0);
+  }
+  EXPECT_EQ(PassoUndo(s), prima + 1);
+  // Still on the second step, against the same reference: the part from the pick to the
+  // one crossing on its side goes.
+  EXPECT_EQ(s.PassoComando, 1);
+  b.Script("CLICK left 1 1.1\n");
+  Linea(s, 1, 5 - std::sqrt(3.0), 1, 10, 1);
+  EXPECT_EQ(PassoUndo(s), prima + 2);
+  EXPECT_EQ(s.StatoCerchio[0], 1);
+  b.Script("KEY ESC\n");
+  EXPECT_EQ(s.StatoCerchio[0], 0);
+}
+
+TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, -10, 0, 10, 0);
+  MettiCerchio(s, 0, 0, 5, 2);
+  s.CerchioColore[0] = 4;
+  s.CerchioPiano[0] = "ALBERI";
+  b.Pronto(0, 0, 30);
+  b.Script("TAG CAMBIA_TAGLIA\nCLICK left -8 0.1\nCLICK left 0 4.9\n");
+  // The northern half, picked, goes; the southern half stays as an arc from East to West.
+  EXPECT_EQ(s.CerchioIdent[0], -1);
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
+  EXPECT_EQ(s.ArcoX[0], 0);
+  EXPECT_EQ(s.ArcoRaggio[0], 5);
+  EXPECT_NEAR(s.ArcoInizio[0], 100, 1e-9);
+  EXPECT_NEAR(s.ArcoFine[0], 200, 1e-9);
+  EXPECT_EQ(s.ArcoZ[0], 2);
+  EXPECT_EQ(s.ArcoQuotaInizio[0], 2);
+  EXPECT_EQ(s.ArcoColore[0], 4);
+  EXPECT_EQ(s.ArcoPiano[0], "ALBERI");
+
+  Banco c;
+  MettiArco(c.s, 0, 0, 5, 0, 200, 0, 20);
+  MettiLinea(c.s, 3, -10, 3, 10);
+  c.Pronto(0, 0, 30);
+  c.Script("TAG CAMBIA_TAGLIA\nCLICK left 3.1 -8\nCLICK left 4.9 0\n");
+  // The line x = 3 crosses the arc twice; the middle, picked at East, goes.
+  ASSERT_EQ(c.s.ContaEntita[SlotArchi], 2);
+  const double a = Gon(3, 4), b2 = Gon(3, -4);
+  EXPECT_NEAR(c.s.ArcoInizio[0], 0, 1e-9);
+  EXPECT_NEAR(c.s.ArcoFine[0], a, 1e-9);
+  EXPECT_NEAR(c.s.ArcoQuotaFinale[0], 20 * a / 200, 1e-9);
+  EXPECT_NEAR(c.s.ArcoInizio[1], b2, 1e-9);
+  EXPECT_NEAR(c.s.ArcoFine[1], 200 - b2, 1e-9);
+  EXPECT_NEAR(c.s.ArcoQuotaInizio[1], 20 * b2 / 200, 1e-9);
+  EXPECT_EQ(c.s.ArcoQuotaFinale[1], 20);
+  // The piece left on the South side has its crossing at its own end: nothing to cut.
+  c.Script("CLICK left 0 -4.9\n");
+  ASSERT_EQ(c.s.ContaEntita[SlotArchi], 2);
+  EXPECT_NEAR(c.s.ArcoInizio[1], b2, 1e-9);
+  EXPECT_NEAR(c.s.ArcoFine[1], 200 - b2, 1e-9);
+  // A line that misses the circle changes nothing.
+  MettiArco(c.s, 50, 50, 1, 0, 100);
+  c.Pronto(0, 0, 30);
+  c.Script("CLICK left 50.7 50.7\n");
+  EXPECT_EQ(c.s.ArcoFine[2], 100);
+}
+
+TEST(Allunga, LEstremoPiuVicinoVaAlConfine) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 10, -5, 10, 5);
+  MettiLinea(s, 0, 0, 4, 0, 0, 4);
+  b.Pronto(5, 0, 30);
+  EXPECT_EQ(b.Script("TAG CAMBIA_ALLUNGA\nCLICK left 10.1 2\nCLICK left 2 0.1\n"),
+            "> TAG CAMBIA_ALLUNGA\nPROMPT Cambia Allunga - Entità Riferimento:\n> CLICK left 10.1 2\n"
+            "PROMPT Cambia Allunga - Entità da Allungare:\n> CLICK left 2 0.1\n");
+  Linea(s, 1, 0, 0, 10, 0);
+  EXPECT_NEAR(s.LineaZ2[1], 10, 1e-12);
+  EXPECT_EQ(s.StatoLinea[0], 1);
+
+  Banco c;
+  MettiLinea(c.s, 15, -3, 25, -3);
+  MettiArco(c.s, 20, 0, 5, 0, 50);
+  c.Pronto(20, 0, 30);
+  c.Script("TAG CAMBIA_ALLUNGA\nCLICK left 16 -3.1\nCLICK left 23.5 3.5\n");
+  // Of the two crossings, the one nearer to an end: the arc's end goes round to it.
+  EXPECT_EQ(c.s.ArcoInizio[0], 0);
+  EXPECT_NEAR(c.s.ArcoFine[0], Gon(4, -3), 1e-9);
+}
+
+TEST(Divide, AlPiedeDelPuntoInDueRighe) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 10, 0, 0, 10);
+  s.LineaColore[0] = 6;
+  MettiCerchio(s, 30, 0, 2);
+  MettiArco(s, 20, 20, 5, 0, 100);
+  b.Pronto(15, 10, 60);
+  EXPECT_EQ(b.Script("TAG CAMBIA_DIVIDE\nCLICK left 30 2.1\n"),
+            "> TAG CAMBIA_DIVIDE\nPROMPT Cambia Divide - Entità da Dividere:\n> CLICK left 30 2.1\n");
+  EXPECT_EQ(s.PassoComando, 0);  // a circle is refused
+  b.Script("CLICK left 5 0.1\nCLICK left 12 3\n");
+  EXPECT_EQ(s.PassoComando, 1);  // a point beyond the end divides nothing
+  b.Script("CLICK left 4 3\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
+  Linea(s, 0, 0, 0, 4, 0);
+  Linea(s, 1, 4, 0, 10, 0);
+  EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
+  EXPECT_NEAR(s.LineaZ1[1], 4, 1e-12);
+  EXPECT_EQ(s.LineaZ2[1], 10);
+  EXPECT_EQ(s.LineaColore[1], 6);
+  EXPECT_EQ(s.PassoComando, 0);
+  b.Script("CLICK left 23.6 23.6\nCLICK left 25 25\n");
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
+  EXPECT_NEAR(s.ArcoFine[0], 50, 1e-9);
+  EXPECT_NEAR(s.ArcoInizio[1], 50, 1e-9);
+  EXPECT_NEAR(s.ArcoFine[1], 50, 1e-9);
+}
+
+TEST(Incolla, TratteggioColoreEPianoSullEntitaIndicata) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 10, 0);
+  MettiCerchio(s, 20, 0, 2);
+  MettiTesto(s, 30, 0, "T");
+  b.Pronto(15, 0, 60);
+  s.Imp.Tratteggio_Default = 3;
+  s.Imp.Colore_Default = 5;
+  s.PianoCorrente = "MURI";
+  b.Script("TAG INCOLLA_TRATTEGGIO_SINGOLO\nCLICK left 5 0.1\nCLICK left 30 0\n");
+  EXPECT_EQ(s.LineaTratteggio[0], 3);
+  EXPECT_EQ(s.ComandoCorrente, 306);
+  EXPECT_EQ(s.PassoComando, 0);
+  b.Script("TAG INCOLLA_COLORE_SINGOLO\nCLICK left 20 2.1\nTAG INCOLLA_PIANO_SINGOLO\nCLICK left 30 0\n");
+  EXPECT_EQ(s.CerchioColore[0], 5);
+  EXPECT_EQ(s.LineaColore[0], 1);
+  EXPECT_EQ(s.TestoPiano[0], "MURI");
+  EXPECT_EQ(s.LineaPiano[0], "0");
+}
+
+TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  Sessione& s = b.s;
+  MettiLinea(s, 0.1 + 0.2, 0, 10, 0);
+  MettiPunto(s, "A", 30, 0, 5);
+  MettiPunto(s, "B", 40, 0, 6);
+  b.Pronto(20, 0, 60);
+  const int64_t prima = PassoUndo(s);
+  b.Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");
+  const Dialogo* d = TrovaDialogo(s, "FormEditModifica1");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Titolo, "Edit Linea");
+  EXPECT_EQ(d->Valore("Est1"), "0.300");
+  EXPECT_EQ(d->Valore("Piano"), "0");
+  b.Script("FIELD Est2 20,5\nPRESS OK\n");
+  EXPECT_EQ(s.LineaX2[0], 20.5);
+  EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);  // shown rounded, kept to the last bit
+  EXPECT_EQ(PassoUndo(s), prima + 1);
+  EXPECT_FALSE(DialogoAperto(s, "FormEditModifica1"));
+  // A point opens its own editor; a name already borne asks first.
+  b.Script("CLICK left 30 0.1\n");
+  ASSERT_TRUE(DialogoAperto(s, "formEditaPunto"));
+  EXPECT_EQ(TrovaDialogo(s, "formEditaPunto")->Valore("Quota"), "5.000");
+  EXPECT_EQ(b.Script("FIELD Nome B\nANSWER no\nPRESS OK\n"),
+            "> FIELD Nome B\n> ANSWER no\n> PRESS OK\n"
+            "DOMANDA [Nome esistente] Nome Punto B esistente!! Procedere ugualmente ?  -> NO\n");
+  EXPECT_EQ(s.PuntoNome[0], "A");
+  EXPECT_TRUE(DialogoAperto(s, "formEditaPunto"));
+  b.Script("ANSWER yes\nPRESS OK\n");
+  EXPECT_EQ(s.PuntoNome[0], "B");
+  // The Delete key deletes the point open in the editor.
+  b.Script("CLICK left 40 0.1\nKEY DELETE\n");
+  EXPECT_EQ(s.PuntoIdent[1], -1);
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(PassoUndo(s), prima + 3);
+}
+
+}  // namespace
+}  // namespace varena

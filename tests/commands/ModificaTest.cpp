@@ -1,0 +1,381 @@
+// The commands on a selection, driven by scripts: mirror with and without the originals,
+// scale (the unit factor too), rotation, move and copy with the heights of the picked
+// points, deletion that keeps the rows until a reload, freezing, the bulk properties, the
+// height change, the alignment, the roto-translation with its grid and reports, and the
+// vertical rotation of a face.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "commands/RoutineModifica.h"
+#include "selection/Selezione.h"
+#include "store/Carica.h"
+#include "store/Undo.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 1, 1, 3, 2);
+  s.LineaColore[0] = 3;
+  MettiArco(s, 2, 0, 1, 0, 100, 5, 6);  // North to East
+  MettiPunto(s, "7", 4, 0, 2);
+  MettiTesto(s, 1, 3, "T");
+  s.TestoRotazione[0] = 10;
+  b.Pronto(0, 0, 40);
+  const std::string uscita = b.Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
+  EXPECT_NE(uscita.find("> PRESS OK\nDIALOGO - Selezentita\nPROMPT Asse di Simmetria - Primo Punto:\n"
+                        "> CLICK left 0 0\nPROMPT Cambia Specchio - Secondo Punto:\n> ANSWER no\n> CLICK left 0 10\n"
+                        "DOMANDA [Cambia Specchio] Cancellare le entità di partenza? -> NO\n"),
+            std::string::npos)
+      << uscita;
+  // The originals stay, the copies lie across the axis x = 0.
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
+  EXPECT_EQ(s.LineaX1[0], 1);
+  EXPECT_EQ(s.LineaX1[1], -1);
+  EXPECT_EQ(s.LineaY1[1], 1);
+  EXPECT_EQ(s.LineaX2[1], -3);
+  EXPECT_EQ(s.LineaY2[1], 2);
+  EXPECT_EQ(s.LineaColore[1], 3);
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
+  // North to East mirrored is West to North: it starts at 300 gon, with the heights of its
+  // ends exchanged with the ends.
+  EXPECT_EQ(s.ArcoX[1], -2);
+  EXPECT_EQ(s.ArcoInizio[1], 300);
+  EXPECT_EQ(s.ArcoFine[1], 100);
+  EXPECT_EQ(s.ArcoQuotaInizio[1], 6);
+  EXPECT_EQ(s.ArcoQuotaFinale[1], 5);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(s.PuntoNome[1], "8");
+  EXPECT_EQ(s.PuntoX[1], -4);
+  EXPECT_EQ(s.PuntoZ[1], 2);
+  EXPECT_EQ(s.TestoX[1], -1);
+  EXPECT_EQ(s.TestoRotazione[1], 10);
+  EXPECT_EQ(ContaSelezionati(s), 0);
+  EXPECT_TRUE(DialogoAperto(s, "Selezentita"));
+  // "Yes" moves the rows themselves.
+  b.Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
+  EXPECT_EQ(s.LineaX1[0], -1);
+  EXPECT_EQ(s.LineaX1[1], 1);
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(s.PuntoX[0], -4);
+  EXPECT_EQ(s.PuntoNome[0], "7");
+}
+
+TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  Sessione& s = b.s;
+  MettiLinea(s, 0.1 + 0.2, 2.3, 7.7, 9.9);
+  MettiCerchio(s, 3, 3, 2);
+  MettiTesto(s, 1, 1, "T");
+  s.TestoAltezza[0] = 1.5;
+  MettiImmagine(s, 0, 10, 100, 50, 0.1);
+  b.Pronto(5, 5, 40);
+  const int64_t prima = PassoUndo(s);
+  EXPECT_NE(b.Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n")
+                .find("PROMPT Centro di Riduzione:\n> ANSWER 1\n> CLICK left 5 5\n"
+                      "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
+            std::string::npos);
+  EXPECT_EQ(PassoUndo(s), prima + 1);
+  EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);
+  EXPECT_EQ(s.LineaY2[0], 9.9);
+  EXPECT_EQ(s.CerchioRaggio[0], 2);
+  // Twice as large about (1, 1).
+  b.Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
+  EXPECT_EQ(PassoUndo(s), prima + 2);
+  EXPECT_DOUBLE_EQ(s.LineaX1[0], 1 + 2 * (0.1 + 0.2 - 1));
+  EXPECT_DOUBLE_EQ(s.LineaY1[0], 4.6 - 1);
+  EXPECT_DOUBLE_EQ(s.LineaX2[0], 14.4);
+  EXPECT_DOUBLE_EQ(s.LineaY2[0], 18.8);
+  EXPECT_EQ(s.CerchioX[0], 5);
+  EXPECT_EQ(s.CerchioRaggio[0], 4);
+  EXPECT_EQ(s.TestoAltezza[0], 3);
+  EXPECT_EQ(s.BitmapY[0], 19);
+  EXPECT_EQ(s.BitmapScalaLar[0], 0.2);
+  // A value prompt cancelled leaves the centre to be given again.
+  b.Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
+  EXPECT_EQ(PassoUndo(s), prima + 2);
+  EXPECT_EQ(s.PassoComando, 0);
+  EXPECT_TRUE(s.SelezioneConfermata);
+}
+
+TEST(Ruota, CentoGonInSensoOrarioETestiAlContrario) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "1", 0, 10, 4);
+  MettiLinea(s, 0, 0, 0, 5);
+  MettiTesto(s, 0, 2, "T");
+  MettiArco(s, 0, 3, 1, 350, 100);
+  MettiImmagine(s, 0, 20, 10, 10, 1);
+  s.BitmapRotazione[0] = 10;
+  b.Pronto(0, 0, 60);
+  b.Script("TAG CAMBIA_RUOTA\nPRESS Tutto\nPRESS OK\nANSWER 100\nCLICK left 0 0\n");
+  // A point due North of the centre goes due East; the height stays.
+  EXPECT_NEAR(s.PuntoX[0], 10, 1e-12);
+  EXPECT_NEAR(s.PuntoY[0], 0, 1e-12);
+  EXPECT_EQ(s.PuntoZ[0], 4);
+  EXPECT_NEAR(s.LineaX2[0], 5, 1e-12);
+  EXPECT_NEAR(s.LineaY2[0], 0, 1e-12);
+  EXPECT_NEAR(s.TestoX[0], 2, 1e-12);
+  EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-12);
+  EXPECT_NEAR(s.ArcoX[0], 3, 1e-12);
+  EXPECT_NEAR(s.ArcoInizio[0], 50, 1e-12);
+  EXPECT_NEAR(s.BitmapX[0], 20, 1e-12);
+  EXPECT_NEAR(s.BitmapRotazione[0], 110, 1e-12);
+}
+
+TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "A", 0, 0, 1);
+  MettiPunto(s, "B", 10, 5, 3);
+  MettiLinea(s, 1, 1, 2, 2);
+  MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
+  b.Pronto(5, 5, 40);
+  EXPECT_NE(b.Script("TAG CAMBIA_SPOSTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0.2 0\n"
+                     "KEY P\nCLICK left 10 5.3\n")
+                .find("PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"),
+            std::string::npos);
+  EXPECT_EQ(s.LineaX1[0], 11);
+  EXPECT_EQ(s.LineaY1[0], 6);
+  EXPECT_EQ(s.LineaZ1[0], 2);
+  EXPECT_EQ(s.LineaZ2[0], 2);
+  EXPECT_EQ(s.ArcoX[0], 13);
+  EXPECT_EQ(s.ArcoQuotaInizio[0], 9);
+  EXPECT_EQ(s.ArcoQuotaFinale[0], 10);
+  EXPECT_EQ(s.PuntoX[0], 0);  // the points were not selected
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
+
+  // Copies of points take the next free names.
+  Banco c;
+  MettiPunto(c.s, "1", 0, 0);
+  MettiPunto(c.s, "2", 1, 0);
+  MettiPunto(c.s, "3", 2, 0);
+  MettiPunto(c.s, "PF1", 3, 0);
+  c.s.PuntoSpoX[3] = 0.5;
+  c.Pronto(0, 0, 40);
+  c.Script("TAG CAMBIA_COPIA\nPRESS TuttiPunti\nPRESS OK\nCLICK left 50 50\nCLICK left 60 50\n");
+  ASSERT_EQ(c.s.ContaEntita[SlotPunti], 8);
+  EXPECT_EQ(c.s.PuntoNome[4], "4");
+  EXPECT_EQ(c.s.PuntoNome[5], "5");
+  EXPECT_EQ(c.s.PuntoNome[6], "6");
+  EXPECT_EQ(c.s.PuntoNome[7], "PF2");
+  EXPECT_EQ(c.s.PuntoX[7], 13);
+  EXPECT_EQ(c.s.PuntoSpoX[7], 0.5);
+  EXPECT_EQ(c.s.PuntoX[3], 3);
+  EXPECT_EQ(c.s.StatoPunto[7], 0);
+}
+
+TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 10, 0);
+  MettiLinea(s, 0, 5, 10, 5);
+  MettiLinea(s, 0, 9, 10, 9);
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  b.Pronto(5, 5, 40);
+  const int64_t prima = PassoUndo(s);
+  b.Script("TAG CAMBIA_ELIMINA\nPRESS Singola\nCLICK left 5 5.1\nKEY ESC\nPRESS OK\n");
+  EXPECT_EQ(PassoUndo(s), prima + 1);
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
+  EXPECT_EQ(s.LineaIdent[1], -1);
+  EXPECT_EQ(RigheVive(s, SlotLinee), 2);
+  // The provisional member holds the live rows only; the list has no record of the row.
+  EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".LIN").size(), 2u * 128u);
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) EXPECT_NE(s.ListaDisegno.Riga[static_cast<size_t>(i)], 1);
+  // Read back from the generations, the rows are renumbered.
+  b.Script("KEY ESC\nKEY F9\n");
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
+  EXPECT_EQ(s.LineaIdent[1], 0);
+  b.Script("KEY F10\n");
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
+  EXPECT_EQ(s.LineaY1[1], 9);
+}
+
+TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "1", 0, 0);
+  MettiLinea(s, 0, 0, 10, 0);
+  MettiCerchio(s, 5, 5, 1);
+  MettiTesto(s, 3, 3, "T");
+  b.Pronto(5, 5, 40);
+  b.Script("TAG CAMBIA_CONGELA\nPRESS Tutto\nPRESS OK\n");
+  EXPECT_EQ(s.LineaCongela[0], -1);
+  EXPECT_EQ(s.CerchioCongela[0], -1);
+  EXPECT_EQ(s.TestoCongela[0], -1);
+  EXPECT_EQ(s.PuntoCongelaSimbolo[0], -1);
+  EXPECT_EQ(s.PuntoCongelaDescrizione[0], -1);
+  EXPECT_EQ(s.ListaDisegno.Conta(), 0);
+  // Nothing is left to freeze: frozen rows are not taken.
+  b.Script("PRESS Tutto\n");
+  EXPECT_EQ(ContaSelezionati(s), 0);
+  b.Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\nPRESS OK\n");
+  EXPECT_EQ(s.LineaCongela[0], 0);
+  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  EXPECT_GT(s.ListaDisegno.Conta(), 0);
+  // The quick colour, then the colour in force on the selection.
+  b.Script("KEY ESC\nTAG COLORE_6\n");
+  EXPECT_EQ(s.ComandoCorrente, 307);
+  b.Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
+  EXPECT_EQ(s.LineaColore[0], 6);
+  EXPECT_EQ(s.TestoColore[0], 6);
+  EXPECT_EQ(s.PuntoColoreSimbolo[0], 6);
+  EXPECT_EQ(s.PuntoColoreDescrizione[0], 6);
+  s.PianoCorrente = "STRADE";
+  s.Imp.Tratteggio_Default = 4;
+  b.Script("TAG CAMBIA_PIANO\nPRESS Tutto\nPRESS OK\nTAG CAMBIA_TRATTEGGIO\nPRESS TutteLinee\nPRESS OK\n");
+  EXPECT_EQ(s.LineaPiano[0], "STRADE");
+  EXPECT_EQ(s.PuntoPiano[0], "STRADE");
+  EXPECT_EQ(s.TestoPiano[0], "STRADE");
+  EXPECT_EQ(s.LineaTratteggio[0], 4);
+  EXPECT_EQ(s.CerchioTratteggio[0], 1);
+}
+
+TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "A", 0, 0, 10);
+  MettiPunto(s, "B", 5, 0, 12.5);
+  MettiLinea(s, 1, 1, 2, 2, 1, 2);
+  MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
+  b.Pronto(3, 3, 30);
+  EXPECT_NE(b.Script("TAG CAMBIA_QUOTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0 0\n"
+                     "KEY P\nCLICK left 5 0\n")
+                .find("DIALOGO + Selezentita [Cambia - Quota]"),
+            std::string::npos);
+  EXPECT_EQ(s.LineaZ1[0], 3.5);
+  EXPECT_EQ(s.LineaZ2[0], 4.5);
+  EXPECT_EQ(s.LineaX1[0], 1);
+  EXPECT_EQ(s.ArcoQuotaInizio[0], 9.5);
+  EXPECT_EQ(s.ArcoZ[0], 2.5);
+  EXPECT_EQ(s.PuntoZ[0], 10);
+}
+
+TEST(Allinea, LaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "9", 20, 0);
+  MettiTesto(s, 10, 0, "T");
+  b.Pronto(0, 0, 60);
+  b.Script("TAG CAMBIA_ALLINEA\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 0 20\n");
+  // Turned by -100 gon about the origin, then carried by (0, 10).
+  EXPECT_NEAR(s.PuntoX[0], 0, 1e-9);
+  EXPECT_NEAR(s.PuntoY[0], 30, 1e-9);
+  EXPECT_NEAR(s.TestoX[0], 0, 1e-9);
+  EXPECT_NEAR(s.TestoY[0], 20, 1e-9);
+  EXPECT_NEAR(s.TestoRotazione[0], 100, 1e-9);
+  EXPECT_EQ(s.PassoComando, 0);
+}
+
+std::string Colonna(std::string t, size_t n) {
+  while (t.size() < n) t += ' ';
+  return t;
+}
+
+TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "O", 0, 0, 1);
+  MettiPunto(s, "OR", 0, 10, 2);
+  // Picked to the tenth of a millimetre, shown to the millimetre: the pick is what counts.
+  MettiPunto(s, "NO", 100.0004, 100, 3);
+  MettiPunto(s, "NOR", 110, 100, 4);
+  MettiLinea(s, 0, 0, 0, 5, 7, 8);
+  MettiTesto(s, 0, 2, "T");
+  b.Pronto(50, 50, 300);
+  const std::string uscita = b.Script(
+      "TAG RT\nPRESS TutteLinee\nPRESS TuttiTesti\nPRESS OK\nKEY P\nCLICK left 0 0\nKEY P\nCLICK left 0 10\n"
+      "KEY P\nCLICK left 100 100\nKEY P\nCLICK left 110 100\n");
+  EXPECT_NE(uscita.find("PROMPT Rototraslazione con Selezione - Centro di Rotazione :\n> KEY P\n> CLICK left 0 0\n"
+                        "PROMPT Rototralsazione - Punto Orientamento\n> KEY P\n> CLICK left 0 10\n"
+                        "PROMPT Rototraslazione - Nuovo Centro\n> KEY P\n> CLICK left 100 100\n"
+                        "PROMPT Rototraslazione - Nuovo Orientamento\n"),
+            std::string::npos)
+      << uscita;
+  const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Titolo, "Punto - Rototraslazione con Selezione");
+  EXPECT_EQ(d->Valore("Origine_Nome"), "O");
+  EXPECT_EQ(d->Valore("Orientamento_Nord"), "10.0");
+  EXPECT_EQ(d->Valore("Orientamento_Azimut"), "0.0");
+  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0");
+  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0");
+  EXPECT_EQ(d->Valore("Differenza_Distanza"), "0.0");
+  // The target typed over the picked one: due South of the new origin.
+  b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
+  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0");
+  b.Script("PRESS FormRotoTraslazione.OK\n");
+  EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
+  EXPECT_NEAR(s.LineaY1[0], 100, 1e-9);
+  EXPECT_NEAR(s.LineaX2[0], 100.0004, 1e-9);
+  EXPECT_NEAR(s.LineaY2[0], 95, 1e-9);
+  EXPECT_EQ(s.LineaZ2[0], 8);
+  EXPECT_NEAR(s.TestoY[0], 98, 1e-9);
+  EXPECT_NEAR(s.TestoRotazione[0], 200, 1e-9);
+  EXPECT_EQ(s.PuntoX[0], 0);  // points were not selected
+  EXPECT_EQ(LeggiFileProva(PercorsoReportRotoTraslazione(s, "CSV")),
+            "Rootraslazione\r\n\r\n"
+            ";Nome;Nord;Est;Quota;Azimut;Distanza\r\n"
+            "Origine;O;0.0;0.0;1.0;;\r\n"
+            "Orientamento;OR;10.0;0.0;2.0;0.0;10.0\r\n"
+            "Nuova Origine;NO;100.0;100.0;3.0;;\r\n"
+            "Nuovo Orientamento;NOR;90.0;100.0;4.0;200.0;10.0\r\n"
+            "Differenza;;;;;200.0;0.0\r\n");
+  const std::string txt = LeggiFileProva(PercorsoReportRotoTraslazione(s, "TXT"));
+  EXPECT_EQ(txt.substr(0, 17), "Rototraslazione\r\n");
+  EXPECT_NE(txt.find("\r\n" + Colonna("Orientamento", 22) + Colonna("OR", 22) + Colonna("10.0", 15) +
+                     Colonna("0.0", 15) + Colonna("2.0", 15) + Colonna("0.0", 15) + "10.0\r\n"),
+            std::string::npos)
+      << txt;
+  // Cancelled, the grid leaves the drawing as it was and the command ends.
+  b.Script("PRESS TutteLinee\nPRESS OK\nCLICK left 0 0\nCLICK left 0 1\nCLICK left 0 2\nCLICK left 0 3\n"
+           "PRESS FormRotoTraslazione.Annulla\n");
+  EXPECT_EQ(s.ComandoCorrente, 0);
+  EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
+}
+
+TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "A", 0, 0, 0);
+  MettiPunto(s, "B", 10, 0, 0);
+  MettiPunto(s, "P", 5, 0, 3);
+  MettiPunto(s, "Q", 20, 0, 3);
+  MettiLinea(s, 2, 0, 2, 0, 0, 4);
+  b.Pronto(5, 0, 50);
+  EXPECT_NE(b.Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
+                .find("PROMPT Ribaltamento - Primo Punto:\n> CLICK left 0 0\nPROMPT Ribaltamento - Secondo Punto:\n"),
+            std::string::npos);
+  // A face standing on the axis lies flat on its right, at the axis's height.
+  EXPECT_EQ(s.PuntoX[2], 5);
+  EXPECT_EQ(s.PuntoY[2], -3);
+  EXPECT_EQ(s.PuntoZ[2], 0);
+  EXPECT_EQ(s.LineaY2[0], -4);
+  EXPECT_EQ(s.LineaZ2[0], 0);
+  EXPECT_EQ(s.PuntoY[3], 0);  // beyond the second point: left alone
+  EXPECT_EQ(s.PuntoZ[3], 3);
+  EXPECT_EQ(s.ComandoCorrente, 415);
+
+  Banco c;
+  MettiPunto(c.s, "A", 0, 0, 1);
+  MettiPunto(c.s, "B", 0, 10, 1);
+  MettiPunto(c.s, "P", 0, 5, 4);
+  c.Pronto(0, 5, 50);
+  c.Script("TAG ROTAZIONE_VERTICALE\nCLICK left 0 0\nANSWER 50\nCLICK left 0 10\n");
+  // Half a right angle: the height of 3 above the axis shares itself between the two.
+  EXPECT_NEAR(c.s.PuntoX[2], 3 / std::sqrt(2.0), 1e-12);
+  EXPECT_NEAR(c.s.PuntoY[2], 5, 1e-12);
+  EXPECT_NEAR(c.s.PuntoZ[2], 1 + 3 / std::sqrt(2.0), 1e-12);
+}
+
+}  // namespace
+}  // namespace varena

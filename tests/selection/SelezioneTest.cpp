@@ -1,0 +1,330 @@
+// The selection: windows by their direction, all rows with and without points, frozen rows
+// only for the thaw, the list that repeats a selection, the point selection with its
+// filters and its file, the script lines for an outside CAD, and the inverted paint.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "commands/Comandi.h"
+#include "store/Carica.h"
+#include "selection/EsportaSelezione.h"
+#include "selection/Selezione.h"
+#include "support/ProvaComandi.h"
+#include "view/Ridisegna.h"
+#include "view/SuperficieRegistrata.h"
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+// Every kind around the box from (5, -5) to (20, 5).
+struct Scena {
+  Banco b;
+  Sessione& s = b.s;
+  Scena() {
+    MettiLinea(s, 0, 0, 10, 0);      // 0: one end inside
+    MettiLinea(s, 6, 1, 8, 1);       // 1: wholly inside
+    MettiLinea(s, 12, -10, 12, 10);  // 2: across, no end inside
+    MettiLinea(s, 30, 0, 40, 0);     // 3: outside
+    MettiCerchio(s, 15, 0, 2);       // 0: inside
+    MettiCerchio(s, 20, 0, 3);       // 1: across the right side
+    MettiCerchio(s, 12, 0, 20);      // 2: around the whole box, its curve never in it
+    MettiArco(s, 12, 0, 4, 0, 100);  // 0: North to East, inside
+    MettiArco(s, 12, 0, 6, 0, 100);  // 1: its North end above the box, its East end inside
+    MettiArco(s, 12, -9, 5, 350, 100);  // 2: both ends below, its top within the box
+    MettiTesto(s, 7, 2, "DENTRO");
+    MettiTesto(s, 30, 0, "FUORI");
+    MettiPunto(s, "1", 7, -2);
+    MettiPunto(s, "2", 50, 50);
+    b.Pronto(10, 0, 100);
+  }
+  std::string Stati() const {
+    std::string r;
+    auto kind = [&](const char* n, const std::vector<uint8_t>& v, int slot) {
+      r += n;
+      for (int i = 0; i < s.ContaEntita[slot]; ++i) r += std::to_string(v[static_cast<size_t>(i)]);
+      r += " ";
+    };
+    kind("L", s.StatoLinea, SlotLinee);
+    kind("C", s.StatoCerchio, SlotCerchi);
+    kind("A", s.StatoArco, SlotArchi);
+    kind("T", s.StatoTesto, SlotTesti);
+    kind("P", s.StatoPunto, SlotPunti);
+    return r;
+  }
+};
+
+TEST(Finestra, DaSinistraSoloCioCheStaDentroDaDestraCioCheTocca) {
+  Scena x;
+  EXPECT_EQ(SelezionaFinestra(x.s, 5, -5, 20, 5), 5);
+  EXPECT_EQ(x.Stati(), "L0100 C100 A100 T10 P10 ");
+  AzzeraSelezione(x.s);
+  EXPECT_EQ(SelezionaFinestra(x.s, 20, 5, 5, -5), 10);
+  EXPECT_EQ(x.Stati(), "L1110 C110 A111 T10 P10 ");
+  // Inclusive: a line lying on the box's edge is inside.
+  AzzeraSelezione(x.s);
+  MettiLinea(x.s, 5, -5, 20, -5);
+  SelezionaFinestra(x.s, 5, -5, 20, 5);
+  EXPECT_EQ(x.Stati(), "L01001 C100 A100 T10 P10 ");
+  // The add and remove mode: the same window takes away.
+  x.s.ValoreSelezione = 0;
+  SelezionaFinestra(x.s, 5, -5, 20, 5);
+  EXPECT_EQ(x.Stati(), "L00000 C000 A000 T00 P00 ");
+}
+
+// The window of the dialog, click by click: a line with one end in the box only right to
+// left, and a dashed guide for the crossing window.
+TEST(Finestra, LaLineaConUnEstremoDentroSoloDaDestraASinistra) {
+  Banco b;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 6, 1, 8, 1);
+  b.Pronto(10, 0, 100);
+  const std::string uscita = b.Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
+  EXPECT_NE(uscita.find("> PRESS Selezentita.Finestra\nDIALOGO - Selezentita\nPROMPT Primo punto per Finestra : \n"
+                        "> CLICK left 5 -5\nPROMPT Secondo punto per Finestra : \n> CLICK left 20 5\n"
+                        "DIALOGO + Selezentita [Cambia Elimina ] Selezione=\"1\""),
+            std::string::npos)
+      << uscita;
+  EXPECT_EQ(b.s.StatoLinea[0], 0);
+  EXPECT_EQ(b.s.StatoLinea[1], 1);
+  b.Script("PRESS Finestra\nCLICK left 20 5\nMOVE 5 -5\n");
+  EXPECT_TRUE(b.s.Elastico.Guida.Tratteggiato);
+  b.Script("CLICK left 5 -5\n");
+  EXPECT_EQ(b.s.StatoLinea[0], 1);
+  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Selezione"), "2");
+  // Confirmed, the command deletes both, and comes back with a new dialog.
+  b.Script("PRESS OK\n");
+  EXPECT_EQ(b.s.LineaIdent[0], -1);
+  EXPECT_EQ(b.s.LineaIdent[1], -1);
+  EXPECT_EQ(b.s.ComandoCorrente, 138);
+  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Selezione"), "0");
+}
+
+TEST(Tutto, ConIPuntiSpentiTuttoMaNonIPuntiNeICongelati) {
+  Scena x;
+  x.s.LineaCongela[3] = -1;
+  x.s.CerchioIdent[2] = -1;
+  // Both labels of point 2 frozen: the point is neither drawn nor taken.
+  x.s.PuntoCongelaSimbolo[1] = x.s.PuntoCongelaNome[1] = -1;
+  x.b.Pronto(10, 0, 100);
+  x.b.Script("TAG CAMBIA_COLORE\nPRESS PuntiSiNo\n");
+  EXPECT_EQ(TrovaDialogo(x.s, "Selezentita")->Valore("Punti"), "Punti NO");
+  EXPECT_EQ(x.s.PuntiInSelezione, 0);
+  x.b.Script("PRESS Tutto\n");
+  EXPECT_EQ(x.Stati(), "L1110 C110 A111 T11 P00 ");
+  EXPECT_EQ(TrovaDialogo(x.s, "Selezentita")->Valore("Selezione"), "10");
+  // Points on again: the choice is kept for the next time the dialog opens.
+  x.b.Script("PRESS PuntiSiNo\nPRESS TuttiPunti\n");
+  EXPECT_EQ(x.Stati(), "L1110 C110 A111 T11 P10 ");
+  EXPECT_EQ(LeggiImpostazioneUtente(x.s, "SELEZIONE", "PUNTI", "?"), "1");
+  x.b.Script("PRESS PuntiSiNo\nKEY ESC\nKEY ESC\n");
+  EXPECT_EQ(TrovaDialogo(x.s, "Selezentita")->Valore("Punti"), "Punti NO");
+  x.b.Script("PRESS TuttiPunti\n");
+  EXPECT_EQ(x.Stati(), "L0000 C000 A000 T00 P00 ");
+  // Only the thaw reaches the frozen rows.
+  x.b.Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\n");
+  EXPECT_EQ(x.Stati(), "L1111 C110 A111 T11 P00 ");
+  x.b.Script("PRESS PuntiSiNo\nPRESS Tutto\n");
+  EXPECT_EQ(x.Stati(), "L1111 C110 A111 T11 P11 ");
+}
+
+TEST(Tutto, PerGenereColorePianoEContorni) {
+  Scena x;
+  x.s.LineaColore[2] = 5;
+  x.s.ArcoColore[0] = 5;
+  x.s.PuntoColoreSimbolo[0] = 5;
+  x.s.CerchioPiano[1] = "MURI";
+  x.s.TestoPiano[1] = "muri";
+  x.s.PuntoPiano[1] = "MURI";
+  DimensionaCurve(x.s);
+  x.s.ContaEntita[SlotCurve] = 2;
+  x.b.Pronto(10, 0, 100);
+  x.b.Script("TAG CAMBIA_COLORE\nPRESS TuttiArchi\nPRESS TuttiTesti\n");
+  EXPECT_EQ(x.Stati(), "L0000 C000 A111 T11 P00 ");
+  x.b.Script("KEY ESC\nKEY ESC\n");
+  // By colour: the line clicked gives colour 5.
+  EXPECT_NE(x.b.Script("PRESS Colore\nCLICK left 12 -3\n").find("PROMPT Seleziona Colore - Indica il Colore : "),
+            std::string::npos);
+  EXPECT_EQ(x.Stati(), "L0010 C000 A100 T00 P10 ");
+  EXPECT_TRUE(DialogoAperto(x.s, "Selezentita"));
+  // By layer: the circle clicked offers its layer, the dialog of the layer takes every row of
+  // it, whatever the letter case.
+  x.b.Script("KEY ESC\nKEY ESC\nPRESS Piano\nCLICK left 23 0\n");
+  ASSERT_TRUE(DialogoAperto(x.s, "SelezPerPiano"));
+  EXPECT_EQ(TrovaDialogo(x.s, "SelezPerPiano")->Valore("Piano"), "MURI");
+  x.b.Script("PRESS SelezPerPiano.OK\n");
+  EXPECT_EQ(x.Stati(), "L0000 C010 A000 T01 P01 ");
+  EXPECT_TRUE(DialogoAperto(x.s, "Selezentita"));
+  x.b.Script("PRESS Contorni\n");
+  EXPECT_EQ(x.s.StatoCurva[0], 1);
+  EXPECT_EQ(x.s.StatoCurva[1], 1);
+  EXPECT_EQ(ContaSelezionati(x.s), 5);
+}
+
+// One click at a time: the nearest entity toggles, is painted inverted, and the count
+// follows; the right button brings the dialog back.
+TEST(Singola, AlternaDipingeInvertitoEContaDiNuovo) {
+  Banco b;
+  SuperficieRegistrata sup;
+  b.s.Schermo = &sup;
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 0, 5, 10, 5);
+  b.Pronto(5, 2, 20);
+  EXPECT_NE(b.Script("TAG CAMBIA_SPOSTA\nPRESS Singola\n")
+                .find("DIALOGO - Selezentita\nPROMPT Seleziona Entità (ESC/Dx Mouse - Interrompe): \n"),
+            std::string::npos);
+  b.Script("CLICK left 3 1\n");
+  sup.Chiamate.clear();
+  Ridisegna(b.s);
+  EXPECT_EQ(b.s.StatoLinea[0], 1);
+  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 1);
+  EXPECT_EQ(b.s.ListaDisegno.Stato[1], 0);
+  const std::string inverti = "Modo " + std::to_string(static_cast<int>(ModoPenna::Inverti));
+  ASSERT_EQ(sup.Solo("Linea").size(), 2u);
+  const auto& c = sup.Chiamate;
+  const auto prima = std::find(c.begin(), c.end(), sup.Solo("Linea")[0]);
+  ASSERT_NE(prima, c.begin());
+  EXPECT_EQ(*(prima - 2), inverti);  // the mode, then the dotted style, then the line
+  b.Script("CLICK left 3 4\nCLICK left 3 1\n");
+  EXPECT_EQ(b.s.StatoLinea[0], 0);
+  EXPECT_EQ(b.s.StatoLinea[1], 1);
+  b.Script("CLICK right 0 0\n");
+  ASSERT_TRUE(DialogoAperto(b.s, "Selezentita"));
+  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Selezione"), "1");
+  EXPECT_EQ(b.s.FaseSelezione, 0);
+  // The remove mode takes away and never adds.
+  b.Script("PRESS AggiungiTogli\nPRESS Singola\nCLICK left 3 1\nCLICK left 3 4\nKEY ESC\n");
+  EXPECT_EQ(b.s.StatoLinea[0], 0);
+  EXPECT_EQ(b.s.StatoLinea[1], 0);
+  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Modo"), "Togli");
+  // Cancel ends the command and clears everything.
+  b.Script("PRESS AggiungiTogli\nPRESS Tutto\nPRESS Annulla\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(ContaSelezionati(b.s), 0);
+  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 0);
+}
+
+TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  MettiPunto(b.s, "1", 0, 0);
+  MettiPunto(b.s, "2", 1, 1);
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 0, 5, 10, 5);
+  MettiLinea(b.s, 0, 9, 10, 9);
+  b.Pronto(5, 2, 20);
+  const std::string uls = PercorsoUls(b.s);
+  ASSERT_EQ(uls, Cartella(b.s.NomeLavoro) + "/Selezione.uls");
+  auto zeri = [](int n) {
+    std::string r;
+    for (int i = 0; i < n; ++i) r += "0\r\n";
+    return r;
+  };
+  // No list yet: the button does nothing.
+  b.Script("TAG CAMBIA_COLORE\nPRESS Ultima\n");
+  EXPECT_EQ(ContaSelezionati(b.s), 0);
+  b.s.Imp.Colore_Default = 4;
+  b.Script("PRESS Singola\nCLICK left 1.1 1.1\nCLICK left 3 0.5\nCLICK left 3 8.7\nKEY ESC\nPRESS OK\n");
+  // Points: one, row 1; lines: two, rows 0 and 2; none of the eleven kinds after them.
+  EXPECT_EQ(LeggiFileProva(uls), "1\r\n1\r\n2\r\n0\r\n2\r\n" + zeri(11));
+  EXPECT_EQ(b.s.LineaColore[0], 4);
+  EXPECT_EQ(b.s.LineaColore[1], 1);
+  EXPECT_EQ(b.s.PuntoColoreNome[1], 4);
+  // The next command repeats the same rows.
+  b.Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
+  EXPECT_EQ(b.s.StatoPunto[1], 1);
+  EXPECT_EQ(b.s.StatoLinea[0], 1);
+  EXPECT_EQ(b.s.StatoLinea[2], 1);
+  EXPECT_EQ(ContaSelezionati(b.s), 3);
+  // A damaged list marks what it can and nothing else.
+  ScriviFileProva(uls, "2\r\n0\r\n77\r\nxx\r\n5\r\n");
+  b.Script("KEY ESC\nKEY ESC\nPRESS Ultima\n");
+  EXPECT_EQ(b.s.StatoPunto[0], 1);
+  EXPECT_EQ(ContaSelezionati(b.s), 1);
+  // An empty selection confirmed ends the command.
+  b.Script("KEY ESC\nKEY ESC\nPRESS OK\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(LeggiFileProva(uls), zeri(13));
+}
+
+TEST(SelezPunti, FiltriFinestraFileEdEliminazione) {
+  Banco b;
+  MettiPunto(b.s, "PF01/0010/A123", 0, 0);
+  MettiPunto(b.s, "100", 10, 0);
+  MettiPunto(b.s, "1000", 20, 0);
+  MettiPunto(b.s, "12", 30, 0);
+  MettiPunto(b.s, "pf2", 40, 0);
+  b.Pronto(20, 0, 100);
+  EXPECT_EQ(b.Script("TAG PUNTO_ELIMINA\nPRESS OK\n"),
+            "> TAG PUNTO_ELIMINA\n"
+            "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" "
+            "(Finestra, Tutti, PF, Stazioni, Salva, Carica, AggiungiTogli, OK, Annulla)\n"
+            "> PRESS OK\n"
+            "MESSAGGIO [Selezione Punti] Attenzione!! Nessun Punto Selezionato\n");
+  b.Script("PRESS PF\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "1");
+  b.Script("PRESS Stazioni\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "3");
+  b.Script("PRESS Salva\n");
+  EXPECT_EQ(LeggiFileProva(b.s.CartellaLavoro + "TEMP/selepunt.ini"), "PF01/0010/A123\r\n100\r\n1000\r\n");
+  // A click toggles the nearest point; in the remove mode it only takes away.
+  b.Script("CLICK left 31 1\nCLICK left 9 1\n");
+  EXPECT_EQ(b.s.StatoPunto[3], 1);
+  EXPECT_EQ(b.s.StatoPunto[1], 0);
+  b.Script("PRESS AggiungiTogli\nCLICK left 41 0\nCLICK left 30 0\n");
+  EXPECT_EQ(b.s.StatoPunto[4], 0);
+  EXPECT_EQ(b.s.StatoPunto[3], 0);
+  // The window takes the points inside, in the mode in force.
+  b.Script("PRESS AggiungiTogli\nPRESS Finestra\nCLICK left 35 -1\nCLICK left 45 1\n");
+  EXPECT_TRUE(DialogoAperto(b.s, "SelezPunti"));
+  EXPECT_EQ(b.s.StatoPunto[4], 1);
+  // The file carries a list over: cleared, then loaded again.
+  b.Script("PRESS Annulla\nTAG PUNTO_ELIMINA\nPRESS Carica\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "3");
+  b.Script("PRESS OK\n");
+  EXPECT_EQ(b.s.PuntoIdent[0], -1);
+  EXPECT_EQ(b.s.PuntoIdent[1], -1);
+  EXPECT_EQ(b.s.PuntoIdent[2], -1);
+  EXPECT_EQ(b.s.PuntoIdent[3], 0);
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
+  EXPECT_FALSE(DialogoAperto(b.s, "SelezPunti"));
+  EXPECT_EQ(b.s.AzionePuntiInAttesa, 0);
+  EXPECT_EQ(ContaSelezionati(b.s), 0);
+}
+
+TEST(SelezPunti, DimensioniESimboloDaiLoroDialoghi) {
+  Banco b;
+  MettiPunto(b.s, "1", 0, 0);
+  MettiPunto(b.s, "2", 10, 0);
+  b.Pronto(5, 0, 100);
+  b.Script("TAG ALTEZZA_QUOTA\nFIELD DN.Dimensione 2,5\nPRESS DN.OK\nCLICK left 1 0\nPRESS OK\n");
+  EXPECT_EQ(b.s.PuntoDimensioneQuota[0], 2.5);
+  EXPECT_EQ(b.s.PuntoDimensioneQuota[1], 1);
+  b.Script("TAG INCOLLA_SIMBOLO\nFIELD Simbolo 7\nCLICK left 10 0\nPRESS OK\n");
+  EXPECT_EQ(b.s.PuntoSimbolo[1], 7);
+  EXPECT_EQ(b.s.PuntoSimbolo[0], 0);
+}
+
+TEST(EsportaSelezione, RigheDiComandoPerUnCadEsterno) {
+  Banco b;
+  const int32_t p = MettiPunto(b.s, "A,B", 1.5, 2.25, 3);
+  b.s.PuntoSpoY[static_cast<size_t>(p)] = 0.5;
+  MettiPunto(b.s, "FUORI", 100, 100);
+  MettiLinea(b.s, 0, 0, 10, -2.5, 0, 1);
+  MettiCerchio(b.s, 5, 5, 2);
+  MettiTesto(b.s, 3, 3, "NON ESPORTATO");
+  b.Pronto(5, 5, 50);
+  b.Script("TAG X\nPRESS Finestra\nCLICK left 20 20\nCLICK left -1 -3\nPRESS OK\n");
+  EXPECT_EQ(b.s.Clip->Leggi(),
+            "_point 1.5,2.25,3.0\r"
+            "_text 2.5,2.75 1.0 0 A.B\r"
+            "_line 0.0,0.0,0.0 10.0,-2.5,1.0 \r"
+            "_circle 5.0,5.0 2.0\r");
+  // The export changes nothing: the command comes back for another selection.
+  EXPECT_EQ(b.s.ComandoCorrente, 218);
+  EXPECT_EQ(ContaSelezionati(b.s), 0);
+}
+
+}  // namespace
+}  // namespace varena
