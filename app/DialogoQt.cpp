@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -53,7 +54,7 @@ void RiempiGriglia(QTableWidget* g, const QString& testo) {
 
 }  // namespace
 
-QWidget* DialogoQt::CreaCampo(const CampoDialogo& c) {
+QWidget* DialogoQt::CreaCampo(const CampoDialogo& c, const std::string& campoPrima) {
   const QString testo = Qs(c.Testo);
   const std::string campo = c.Nome;
   auto scrivi = [this, campo](const QString& t) { ScriviCampo(s_, nome_.toStdString(), campo, t.toStdString()); };
@@ -67,6 +68,24 @@ QWidget* DialogoQt::CreaCampo(const CampoDialogo& c) {
       return g;
     }
     return new QLabel(testo, this);
+  }
+  if (testo.contains('\n') && !campoPrima.empty()) {
+    // A list to choose from: a click writes the choice into the field before it, a double
+    // click also presses the dialog's first button.
+    auto* elenco = new QListWidget(this);
+    elenco->addItems(testo.split('\n', Qt::SkipEmptyParts));
+    elenco->setMinimumHeight(120);
+    connect(elenco, &QListWidget::itemClicked, this, [this, campoPrima](QListWidgetItem* i) {
+      ScriviCampo(s_, nome_.toStdString(), campoPrima, i->text().trimmed().toStdString());
+      if (QWidget* w = campi_.value(QString::fromStdString(campoPrima))) {
+        const QSignalBlocker zitto(w);
+        MostraTesto(w, i->text().trimmed());
+      }
+    });
+    connect(elenco, &QListWidget::itemDoubleClicked, this, [this] {
+      if (QPushButton* b = bottoni_.value(primoBottone_)) b->click();
+    });
+    return elenco;
   }
   if (!c.Scelte.empty()) {
     auto* combo = new QComboBox(this);
@@ -116,25 +135,59 @@ DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, 
   setWindowTitle(Qs(d.Titolo));
   setModal(false);
   auto* colonna = new QVBoxLayout(this);
+  DisponiCampi(d, colonna);
+  DisponiBottoni(d, colonna);
+}
+
+void DialogoQt::DisponiCampi(const Dialogo& d, QVBoxLayout* colonna) {
   auto* griglia = new QGridLayout();
-  int riga = -1, colonnaGriglia = 0;
-  for (const CampoDialogo& c : d.Campi) {
-    QWidget* w = CreaCampo(c);
-    w->setObjectName(Qs(c.Nome));
-    campi_.insert(Qs(c.Nome), w);
-    // A field without a label stands on the row of the field before it.
-    if (c.Etichetta.empty() && riga >= 0) {
-      griglia->addWidget(w, riga, colonnaGriglia++);
-      continue;
+  // Fields named "Row_Column" make a table: the rows and columns in the order they come.
+  bool tabella = d.Campi.size() >= 4;
+  for (const CampoDialogo& c : d.Campi) tabella = tabella && c.Nome.find('_') != std::string::npos;
+  QStringList righe, colonne;
+  if (tabella) {
+    for (const CampoDialogo& c : d.Campi) {
+      const QString n = Qs(c.Nome);
+      const QString r = n.section('_', 0, 0), k = n.section('_', 1);
+      if (!righe.contains(r)) righe << r;
+      if (!colonne.contains(k)) colonne << k;
     }
-    ++riga;
-    griglia->addWidget(new QLabel(Qs(c.Etichetta), this), riga, 0);
-    griglia->addWidget(w, riga, 1);
-    colonnaGriglia = 2;
+    for (qsizetype k = 0; k < colonne.size(); ++k)
+      griglia->addWidget(new QLabel(colonne[k], this), 0, static_cast<int>(k) + 1);
+    for (qsizetype r = 0; r < righe.size(); ++r)
+      griglia->addWidget(new QLabel(righe[r], this), static_cast<int>(r) + 1, 0);
+  }
+  int riga = -1, colonnaGriglia = 0;
+  std::string prima;
+  for (const CampoDialogo& c : d.Campi) {
+    QWidget* w = CreaCampo(c, prima);
+    w->setObjectName(Qs(c.Nome));
+    w->setToolTip(Qs(c.Etichetta));
+    campi_.insert(Qs(c.Nome), w);
+    const QString n = Qs(c.Nome);
+    if (tabella) {
+      griglia->addWidget(w, static_cast<int>(righe.indexOf(n.section('_', 0, 0))) + 1,
+                         static_cast<int>(colonne.indexOf(n.section('_', 1))) + 1);
+    } else if (qobject_cast<QListWidget*>(w)) {
+      griglia->addWidget(w, ++riga, 0, 1, 3);  // a list takes a row of its own
+    } else if (c.Etichetta.empty() && riga >= 0) {
+      griglia->addWidget(w, riga, colonnaGriglia++);  // beside the field before it
+    } else {
+      ++riga;
+      griglia->addWidget(new QLabel(Qs(c.Etichetta), this), riga, 0);
+      griglia->addWidget(w, riga, 1);
+      colonnaGriglia = 2;
+    }
+    prima = c.Nome;
   }
   colonna->addLayout(griglia);
-  auto* bottoni = new QHBoxLayout();
-  bottoni->addStretch(1);
+}
+
+void DialogoQt::DisponiBottoni(const Dialogo& d, QVBoxLayout* colonna) {
+  // Up to six buttons stand on one row; more make a grid of four a row.
+  auto* bottoni = new QGridLayout();
+  const int perRiga = d.Bottoni.size() > 6 ? 4 : static_cast<int>(std::max<size_t>(d.Bottoni.size(), 1));
+  int i = 0;
   for (const BottoneDialogo& b : d.Bottoni) {
     auto* bottone = new QPushButton(Qs(b.Etichetta), this);
     bottone->setObjectName(Qs(b.Nome));
@@ -144,7 +197,10 @@ DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, 
       PremiBottone(s_, nome_.toStdString(), nome);
       if (dopo_) dopo_();
     });
-    bottoni->addWidget(bottone);
+    bottoni->addWidget(bottone, i / perRiga, i % perRiga);
+    bottoni_.insert(Qs(b.Nome), bottone);
+    if (primoBottone_.isEmpty()) primoBottone_ = Qs(b.Nome);
+    ++i;
   }
   colonna->addLayout(bottoni);
 }
@@ -158,11 +214,17 @@ void DialogoQt::MostraTesto(QWidget* w, const QString& testo) {
     e->setText(testo);
   } else if (auto* g = qobject_cast<QTableWidget*>(w)) {
     RiempiGriglia(g, testo);
+  } else if (auto* e2 = qobject_cast<QListWidget*>(w)) {
+    e2->clear();
+    e2->addItems(testo.split('\n', Qt::SkipEmptyParts));
   }
 }
 
 void DialogoQt::Aggiorna(const Dialogo& d) {
   setWindowTitle(Qs(d.Titolo));
+  // A button may change its caption (a switch that shows its state).
+  for (const BottoneDialogo& b : d.Bottoni)
+    if (QPushButton* q = bottoni_.value(Qs(b.Nome))) q->setText(Qs(b.Etichetta));
   for (const CampoDialogo& c : d.Campi) {
     QWidget* w = campi_.value(Qs(c.Nome));
     if (!w) continue;

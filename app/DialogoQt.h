@@ -5,6 +5,8 @@
 
 #include <QDialog>
 #include <QMap>
+#include <QPushButton>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
 
@@ -28,13 +30,17 @@ class DialogoQt : public QDialog {
   void reject() override;  // Esc presses the dialog's own Esc button, if it has one
 
  private:
-  QWidget* CreaCampo(const CampoDialogo& c);
+  QWidget* CreaCampo(const CampoDialogo& c, const std::string& campoPrima);
+  void DisponiCampi(const Dialogo& d, QVBoxLayout* colonna);
+  void DisponiBottoni(const Dialogo& d, QVBoxLayout* colonna);
   static void MostraTesto(QWidget* w, const QString& testo);
 
   Sessione& s_;
   QString nome_;
   QString bottoneEsc_;
   QMap<QString, QWidget*> campi_;
+  QMap<QString, QPushButton*> bottoni_;
+  QString primoBottone_;
   std::function<void()> dopo_;
 };
 

@@ -253,6 +253,35 @@ TEST_F(Desktop, LineaColMouseConGliSnap) {
   EXPECT_EQ(s->ComandoCorrente, 0);
 }
 
+TEST_F(Desktop, SelezioneNelDialogoEInversaSulDisegno) {
+  Avvia(base + ".CFG");
+  // The red sides of the house, counted on the screen's picture.
+  auto rossi = [this] {
+    int n = 0;
+    const QImage& img = T()->Immagine();
+    for (int y = 0; y < img.height(); ++y)
+      for (int x = 0; x < img.width(); ++x) {
+        const QRgb p = img.pixel(x, y);
+        n += qRed(p) > 200 && qGreen(p) < 60 && qBlue(p) < 60;
+      }
+    return n;
+  };
+  const int primaRossi = rossi();
+  ASSERT_GT(primaRossi, 100);
+  f->EseguiTag("CAMBIA_ELIMINA");
+  DialogoQt* sel = f->Interfaccia()->DialogoAperto("Selezentita");
+  ASSERT_NE(sel, nullptr);
+  EXPECT_TRUE(sel->isVisible());
+  QTest::mouseClick(sel->findChild<QPushButton*>("Tutto"), Qt::LeftButton);
+  // Every line is selected and painted inverted and dotted: the red is gone from the house.
+  for (int32_t r = 0; r < s->ContaEntita[SlotLinee]; ++r) EXPECT_EQ(s->StatoLinea[static_cast<size_t>(r)], 1);
+  EXPECT_LT(rossi(), primaRossi / 4);
+  // Cancelled, the drawing comes back as it was and nothing is deleted.
+  QTest::mouseClick(sel->findChild<QPushButton*>("Annulla"), Qt::LeftButton);
+  EXPECT_EQ(RigheVive(*s, SlotLinee), 12);
+  EXPECT_GT(rossi(), primaRossi * 3 / 4);
+}
+
 TEST_F(Desktop, BilaterazioneNeiDialoghiAMano) {
   Avvia(base + ".CFG");
   f->EseguiTag("PUNTO_BILATERA");
