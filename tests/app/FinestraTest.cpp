@@ -248,6 +248,56 @@ TEST_F(Desktop, LineaColMouseConGliSnap) {
   l = ultima();
   EXPECT_NEAR(l[2], pv.x() + s->Vista.CentroEst, 1e-9);
   EXPECT_NEAR(l[3], pv.y() + s->Vista.CentroNord, 1e-9);
+  // Near: on the road edge 110-111, the point of the line under the pointer.
+  const double e110 = kE0 - 8.120, n110 = kN0 - 14.650, e111 = kE0 + 20.340, n111 = kN0 - 12.880;
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('V');
+  Clic((e110 + e111) / 2, (n110 + n111) / 2 + 0.05);
+  l = ultima();
+  const double lungo = std::hypot(e111 - e110, n111 - n110);
+  const double scarto = ((l[2] - e110) * (n111 - n110) - (l[3] - n110) * (e111 - e110)) / lungo;
+  EXPECT_NEAR(scarto, 0, 1e-5);  // on the line, to the hundredth of a millimetre
+  EXPECT_NEAR(l[2], (e110 + e111) / 2, 0.1);
+  // Foot: from station 100 square onto the house side 101-102.
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('O');
+  Clic(eMedio, nMedio);
+  l = ultima();
+  const double dx = e102 - e101, dy = n102 - n101;
+  // The foot comes from the crossing formula on whole cadastral coordinates: within a
+  // millimetre of the side and of the square.
+  EXPECT_NEAR(((l[2] - e100) * dx + (l[3] - n100) * dy) / std::hypot(dx, dy), 0, 1e-3);
+  EXPECT_NEAR(((l[2] - e101) * dy - (l[3] - n101) * dx) / std::hypot(dx, dy), 0, 1e-3);
+  // Typed coordinates, relative coordinates and a polar offset, through their dialogs.
+  auto compila = [this](const QString& dialogo, std::vector<std::pair<QString, QString>> campi) {
+    DialogoQt* d = f->Interfaccia()->DialogoAperto(dialogo);
+    ASSERT_NE(d, nullptr) << dialogo.toStdString();
+    for (const auto& [campo, valore] : campi) QTest::keyClicks(qobject_cast<QLineEdit*>(d->Campo(campo)), valore);
+    QTest::mouseClick(d->findChild<QPushButton*>("OK"), Qt::LeftButton);
+  };
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('N');
+  compila("SnapNEQ", {{"Nord", "5031250.5"}, {"Est", "1725360.25"}, {"Quota", "15"}});
+  l = ultima();
+  EXPECT_NEAR(l[2], 1725360.25, 1e-9);
+  EXPECT_NEAR(l[3], 5031250.5, 1e-9);
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('R');
+  compila("SnapRNEQ", {{"Nord", "-3"}, {"Est", "4"}});
+  l = ultima();
+  EXPECT_NEAR(l[2], e100 + 4, 1e-9);
+  EXPECT_NEAR(l[3], n100 - 3, 1e-9);
+  Tasto('P');
+  Clic(e100, n100);
+  Tasto('U');
+  compila("FormSnapPolare", {{"Azimut", "100"}, {"Distanza", "12.5"}});  // due East
+  l = ultima();
+  EXPECT_NEAR(l[2], e100 + 12.5, 1e-9);
+  EXPECT_NEAR(l[3], n100, 1e-9);
   // The right button ends the command.
   QTest::mouseClick(T(), Qt::RightButton, {}, p);
   EXPECT_EQ(s->ComandoCorrente, 0);
