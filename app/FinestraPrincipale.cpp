@@ -113,6 +113,7 @@ FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
     const std::string testo = comando_->text().trimmed().toStdString();
     comando_->clear();
     tela_->setFocus();
+    tela_->CompletaRidisegno();
     if (!testo.empty()) InvioCasella(s_, testo);
     Aggiorna();
   });
@@ -293,6 +294,7 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
   const std::string prima = s_.NomeOriginale;
+  tela_->CompletaRidisegno();
   varena::EseguiTag(s_, t.toStdString());
   if (s_.NomeOriginale != prima) MostraNomeDelFile();
   Aggiorna();
@@ -339,6 +341,7 @@ bool FinestraPrincipale::Tasto(QKeyEvent* e) {
         t.Carattere = static_cast<char>(testo[0].unicode());
       }
   }
+  tela_->CompletaRidisegno();
   const bool usato = TastoGiu(s_, t, comando_->hasFocus());
   Aggiorna();
   return usato;

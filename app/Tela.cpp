@@ -10,6 +10,7 @@
 #include "core/Sessione.h"
 #include "view/Ridisegna.h"
 #include "view/Rigenera.h"
+#include "view/Zoom.h"
 
 namespace varena {
 
@@ -42,6 +43,10 @@ Tela::Tela(Sessione& s, QWidget* genitore) : QWidget(genitore), s_(s) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setCursor(Qt::CrossCursor);
   setMinimumSize(200, 150);
+  // Long enough to span the gaps between the events of one gesture, short enough not to be seen.
+  attesa_.setSingleShot(true);
+  attesa_.setInterval(150);
+  connect(&attesa_, &QTimer::timeout, this, &Tela::Ridisegna);
 }
 
 Tela::~Tela() {
@@ -60,6 +65,7 @@ void Tela::Prepara() {
 }
 
 void Tela::Ridisegna() {
+  attesa_.stop();
   Prepara();
   QApplication::setOverrideCursor(Qt::BusyCursor);
   varena::Ridisegna(s_);
@@ -69,6 +75,7 @@ void Tela::Ridisegna() {
 }
 
 void Tela::Rigenera() {
+  attesa_.stop();
   Prepara();
   QApplication::setOverrideCursor(Qt::BusyCursor);
   Rigenerazione1(s_);
@@ -77,21 +84,47 @@ void Tela::Rigenera() {
   emit Evento();
 }
 
+void Tela::RidisegnoDifferito() {
+  attesa_.start();
+  update();
+  emit Evento();
+}
+
+void Tela::CompletaRidisegno() {
+  if (attesa_.isActive()) Ridisegna();
+}
+
+// The edges of the view follow from its height and proportion, not from the edges the last
+// redraw worked out: between a wheel step and its redraw those still belong to the old view.
 QPointF Tela::InVista(QPointF p) const {
   const StatoVista& v = s_.Vista;
   const double scala = v.AltezzaVista / std::max(1, height());
-  return {v.BordoSinistro + p.x() * scala, v.BordoAlto - p.y() * scala};
+  return {-v.RapportoVista * v.AltezzaVista / 2 + p.x() * scala, v.AltezzaVista / 2 - p.y() * scala};
 }
 
 QPointF Tela::InPixel(double est, double nord) const {
   const StatoVista& v = s_.Vista;
   const double scala = std::max(1, height()) / v.AltezzaVista;
-  return {(est - v.CentroEst - v.BordoSinistro) * scala, (v.BordoAlto - (nord - v.CentroNord)) * scala};
+  return {(est - v.CentroEst + v.RapportoVista * v.AltezzaVista / 2) * scala,
+          (v.AltezzaVista / 2 - (nord - v.CentroNord)) * scala};
 }
 
 void Tela::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.drawImage(0, 0, immagine_);
+  const StatoVista& v = s_.Vista;
+  const auto [est, nord, altezza] = v.SulloSchermo;
+  if (!attesa_.isActive() || altezza <= 0 || (est == v.CentroEst && nord == v.CentroNord && altezza == v.AltezzaVista)) {
+    p.drawImage(0, 0, immagine_);
+  } else {
+    // The picture of the earlier view, its top left corner and size where the present view
+    // puts them; the ground it leaves uncovered takes the background colour.
+    const QPointF angolo = InPixel(est - v.RapportoVista * altezza / 2, nord + altezza / 2);
+    const double k = altezza / v.AltezzaVista;
+    const ColoreRGB fondo = superficie_ ? superficie_->Fondo() : 0xFFFFFF;
+    p.fillRect(rect(), QColor((fondo >> 16) & 0xFF, (fondo >> 8) & 0xFF, fondo & 0xFF));
+    p.setRenderHint(QPainter::SmoothPixmapTransform, k != 1);
+    p.drawImage(QRectF(angolo, QSizeF(immagine_.width() * k, immagine_.height() * k)), immagine_);
+  }
   // The label of the point under the pointer lies over the drawing, not in it.
   const SuggerimentoPunto& t = s_.Suggerimento;
   if (t.Visibile && !t.Righe.empty()) {
@@ -119,6 +152,7 @@ void Tela::Puntatore() {
 
 void Tela::mousePressEvent(QMouseEvent* e) {
   setFocus();
+  CompletaRidisegno();
   const QPointF pv = InVista(e->position());
   MouseDown(s_, Bottone(e->button()), Maiuscole(e->modifiers()), pv.x(), pv.y());
   update();
@@ -127,6 +161,13 @@ void Tela::mousePressEvent(QMouseEvent* e) {
 
 void Tela::mouseMoveEvent(QMouseEvent* e) {
   const QPointF pv = InVista(e->position());
+  if ((e->buttons() & Qt::MiddleButton) && s_.Trascinamento) {
+    // The core moves the view; the picture follows the hand and is redrawn when it rests.
+    (void)Trascina(s_, pv.x(), pv.y());
+    RidisegnoDifferito();
+    return;
+  }
+  CompletaRidisegno();
   MouseMove(s_, BottoniPremuti(e->buttons()), Maiuscole(e->modifiers()), pv.x(), pv.y());
   Puntatore();
   update();
@@ -136,6 +177,7 @@ void Tela::mouseMoveEvent(QMouseEvent* e) {
 void Tela::mouseReleaseEvent(QMouseEvent* e) {
   const QPointF pv = InVista(e->position());
   MouseUp(s_, Bottone(e->button()), Maiuscole(e->modifiers()), pv.x(), pv.y());
+  CompletaRidisegno();
   update();
   emit Evento();
 }
@@ -151,7 +193,7 @@ void Tela::wheelEvent(QWheelEvent* e) {
   v.CentroEst += pv.x() * (1 - k);
   v.CentroNord += pv.y() * (1 - k);
   v.AltezzaVista = nuova;
-  Ridisegna();
+  RidisegnoDifferito();
 }
 
 void Tela::keyPressEvent(QKeyEvent* e) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -21,6 +22,11 @@ class Tela : public QWidget {
   // A redraw of the view (the list as it stands), or a full regeneration first.
   void Ridisegna();
   void Rigenera();
+  // A redraw that waits for the pointer or the wheel to rest; until then the last picture is
+  // shown moved and scaled to the view. Anything else that reaches the core first completes it,
+  // so that nothing is ever drawn over a picture of another view.
+  void RidisegnoDifferito();
+  void CompletaRidisegno();
   // The picture on screen, for a screenshot or a test.
   const QImage& Immagine() const { return immagine_; }
   // The pointer at pixel `p`, in view coordinates (metres from the view's centre).
@@ -47,6 +53,7 @@ class Tela : public QWidget {
   Sessione& s_;
   QImage immagine_;
   std::unique_ptr<SuperficieQt> superficie_;
+  QTimer attesa_;
 };
 
 }  // namespace varena

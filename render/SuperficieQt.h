@@ -24,6 +24,7 @@ class SuperficieQt : public Superficie {
   void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
   void Pulisci() override;
   void ColoreFondo(ColoreRGB c) override;
+  ColoreRGB Fondo() const { return fondo_; }
   void ColorePenna(ColoreRGB c) override { penna_ = c; }
   void Modo(ModoPenna m) override;
   void Stile(StilePenna s) override { stile_ = s; }

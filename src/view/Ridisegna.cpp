@@ -290,6 +290,7 @@ void Ridisegna(Sessione& s) {
     Disegna1(s, *s.Schermo);
     // The clear took the rubber bands and guides away with the rest: they come back.
     RidipingiElastico(s, *s.Schermo);
+    s.Vista.SulloSchermo = {s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista};
   } else {
     AggiungiStoriaVista(s.Vista);
   }

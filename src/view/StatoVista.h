@@ -33,6 +33,9 @@ struct StatoVista {
   std::string PromptSalvato;
   // One row per finished redraw: centre and height, for the previous-view key.
   std::vector<std::array<double, 3>> Storia;
+  // Centre and height of the picture last painted on the screen: the desktop program shows
+  // that picture moved and scaled while a drag or the wheel runs ahead of the next redraw.
+  std::array<double, 3> SulloSchermo{};
 
   // The first corner of a window, or the base point of a move, in metres. The command's
   // own points are never borrowed for it, so a zoom inside a command leaves them alone.

@@ -112,15 +112,28 @@ TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecen
   EXPECT_NEAR(dopo.x() + s->Vista.CentroEst, ePrima, 1e-6);
   EXPECT_NEAR(dopo.y() + s->Vista.CentroNord, nPrima, 1e-6);
 
-  // The middle button drags the drawing with the pointer.
+  // The wheel's redraw waits for the wheel to rest; the next event does not wait for it.
+  QTest::mouseMove(T(), sotto);
+  EXPECT_EQ(s->Vista.SulloSchermo[2], s->Vista.AltezzaVista);
+
+  // The middle button drags the drawing with the pointer: while the hand moves, the last
+  // picture moves with it, and the drawing is painted again once the button is let go.
   const double metriPixel = s->Vista.AltezzaVista / T()->height();
   const double centro = s->Vista.CentroEst;
+  const auto Schermo = [this] { return T()->grab().toImage().convertToFormat(QImage::Format_RGB32); };
+  const QImage primaDelTrascinamento = T()->Immagine().copy();
   QTest::mousePress(T(), Qt::MiddleButton, {}, QPoint(400, 300));
   QMouseEvent muovi(QEvent::MouseMove, QPointF(500, 300), T()->mapToGlobal(QPointF(500, 300)), Qt::NoButton,
                     Qt::MiddleButton, Qt::NoModifier);
   QApplication::sendEvent(T(), &muovi);
-  QTest::mouseRelease(T(), Qt::MiddleButton, {}, QPoint(500, 300));
   EXPECT_NEAR(s->Vista.CentroEst, centro - 100 * metriPixel, 1e-6);
+  EXPECT_EQ(T()->Immagine(), primaDelTrascinamento);
+  const int w = T()->width(), h = T()->height();
+  EXPECT_EQ(Schermo().copy(100, 0, w - 100, h), primaDelTrascinamento.copy(0, 0, w - 100, h));
+  QTest::mouseRelease(T(), Qt::MiddleButton, {}, QPoint(500, 300));
+  EXPECT_NE(T()->Immagine(), primaDelTrascinamento);
+  EXPECT_EQ(Schermo(), T()->Immagine());
+  EXPECT_EQ(s->Vista.SulloSchermo[0], s->Vista.CentroEst);
 
   // A display toggle typed in the text box, "_N": a change of the job, with its snapshot.
   const int64_t passo = LeggiDiario(*s)->Passo;
