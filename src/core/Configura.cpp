@@ -84,6 +84,7 @@ const std::vector<Riga>& Righe() {
       {{"Cartelle", "Cartella_Estratti", 's', nullptr}, &I::Cartella_Estratti},
       {{"Cartelle", "Cartella_Archivio_Pregeo", 's', nullptr}, &I::Cartella_Archivio_Pregeo},
       {{"Cartelle", "Cartella_Fiducial", 's', nullptr}, &I::Cartella_Fiducial},
+      {{"Cartelle", "Cartella_Copia_Salvataggio", 's', nullptr}, &I::Cartella_Copia_Salvataggio},
   };
   return righe;
 }

@@ -67,6 +67,9 @@ struct Impostazioni {
   std::string Cartella_Estratti;
   std::string Cartella_Archivio_Pregeo;
   std::string Cartella_Fiducial;
+  // "Salva sempre anche nella cartella": a folder that receives a copy of the job at every
+  // save (a shared drive, a folder a backup tool watches). Empty: no copy.
+  std::string Cartella_Copia_Salvataggio;
 
   bool operator==(const Impostazioni&) const = default;
 };

@@ -72,6 +72,33 @@ std::optional<std::string> ChiediNome(Sessione& s, const std::string& iniziale) 
   return nome;
 }
 
+// "Salva sempre anche nella cartella": the saved job mirrored into the folder of the setting.
+// A member the save no longer has (the lines of a job without lines) goes from the copy as
+// well, so that the copy opens as the job itself does. It runs after the save is complete:
+// a copy that fails is reported and leaves the save as done.
+void SalvaUnaCopiaInDropBox(Sessione& s) {
+  const std::string cartella = Rifila(NormalizzaPercorso(s.Imp.Cartella_Copia_Salvataggio));
+  if (cartella.empty()) return;
+  s.RoutineCorrente = "SalvaUnaCopiaInDropBox";
+  Protetto(s, [&] {
+    if (!NuovaCartella(cartella)) throw ErroreVarena(kErrorePercorso);
+    const std::string base = BaseSuDisco(s.NomeOriginale);
+    if (StessoFile(Cartella(base), cartella)) return;  // the job already lives there
+    const std::string copia = BaseSuDisco(cartella + "/" + Foglia(base));
+    const FileLavoro salvato = ElencaFileLavoro(base), vecchia = ElencaFileLavoro(copia);
+    for (int slot = 0; slot < NumeroSlot; ++slot) {
+      if (!Estensione(slot)) continue;
+      const auto k = static_cast<size_t>(slot);
+      if (!salvato.Membro[k].empty()) {
+        CopiaFile(salvato.Membro[k], copia + EstensioneFile(slot) + kSuffissoNuovo);
+        RinominaFile(copia + EstensioneFile(slot) + kSuffissoNuovo, copia + EstensioneFile(slot));
+      } else if (!vecchia.Membro[k].empty()) {
+        EliminaFileEsatto(vecchia.Membro[k]);
+      }
+    }
+  });
+}
+
 // The job goes on in a fresh provisional copy of its original: the old copy goes, the new
 // one is loaded and becomes generation 1.
 bool RiapriDallOriginale(Sessione& s, const char* routine) {
@@ -95,7 +122,7 @@ std::string NomeMaiuscolo(const std::string& base) {
 bool VR_DaProvvisoAOriginale(Sessione& s) {
   s.RoutineCorrente = "VR_DaProvvisoAOriginale";
   s.FileSalvati.clear();
-  return Protetto(s, [&] {
+  const bool salvato = Protetto(s, [&] {
     if (!NuovaCartella(Cartella(s.NomeOriginale))) throw ErroreVarena(kErrorePercorso);
     const std::string base = BaseSuDisco(s.NomeOriginale);
     const FileLavoro provvisorio = ElencaFileLavoro(s.NomeLavoro);
@@ -144,6 +171,8 @@ bool VR_DaProvvisoAOriginale(Sessione& s) {
 
     AggiungiTesto(s.CartellaLavoro + "LavoriRecenti.txt", s.NomeOriginale + ".CFG\r\n");
   });
+  if (salvato) SalvaUnaCopiaInDropBox(s);
+  return salvato;
 }
 
 bool Salva(Sessione& s) {

@@ -76,7 +76,8 @@ std::string FileDefault(const std::string& radice) {
          "Cartelle,Cartella_Pregeo," + radice + "PREGEO\r\n"
          "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI\r\n"
          "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH\r\n"
-         "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL\r\n";
+         "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL\r\n"
+         "Cartelle,Cartella_Copia_Salvataggio,\r\n";
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {
@@ -93,7 +94,7 @@ TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {
   EXPECT_EQ(TrovaOrigine(s, "Configura.ini")->Stato, StatoFile::Assente);
   ConfiguraScrivi(s);
   EXPECT_EQ(LeggiFileProva(File()), FileDefault(s.CartellaLavoro));
-  EXPECT_EQ(TabellaConfigura().size(), 55u);
+  EXPECT_EQ(TabellaConfigura().size(), 56u);
 }
 
 TEST_F(Configura, AndataERitornoConservaOgniValore) {
@@ -154,6 +155,7 @@ TEST_F(Configura, AndataERitornoConservaOgniValore) {
   i.Cartella_Estratti = "/mnt/estratti";
   i.Cartella_Archivio_Pregeo = "/opt/pregeo/arch";
   i.Cartella_Fiducial = "/mnt/fiducial";
+  i.Cartella_Copia_Salvataggio = "/mnt/condivisa/lavori";
   ConfiguraScrivi(s);
   const std::string scritto = LeggiFileProva(File());
   EXPECT_NE(scritto.find("Configurazione_Ambiente,NomeFileConfiguraPunti,Rilievo Citt\xE0\r\n"), std::string::npos);

@@ -115,6 +115,52 @@ TEST_F(Salvataggio, UnLavoroSenzaLineeNonHaNeLinNeLik) {
   EXPECT_TRUE(Esiste(base + ".LLK"));
 }
 
+TEST_F(Salvataggio, LaCopiaNellaCartellaDelleImpostazioniSegueIlLavoro) {
+  const std::string condivisa = s.CartellaLavoro + "condivisa";
+  Apri();
+  s.Imp.Cartella_Copia_Salvataggio = condivisa;
+  ASSERT_TRUE(Salva(s));
+  const auto salvato = MembriDi(base);
+  EXPECT_EQ(MembriDi(condivisa + "/ROSSI"), salvato);
+  EXPECT_TRUE(BackupDi(condivisa + "/ROSSI").empty());  // a mirror of the job, not of its history
+
+  // Every line deleted: the save leaves an empty .LIN, the next opening skips it, and the
+  // save after that has none; the copy loses its own as well.
+  s.LineaIdent[0] = s.LineaIdent[1] = -1;
+  SegnaModificato(s, SlotLinee);
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(MembriDi(condivisa + "/ROSSI").at(".LIN"), "");
+  Apri();
+  s.Imp.Cartella_Copia_Salvataggio = condivisa;
+  ASSERT_TRUE(Salva(s));
+  EXPECT_FALSE(Esiste(base + ".LIN"));
+  EXPECT_FALSE(Esiste(condivisa + "/ROSSI.LIN"));
+  EXPECT_EQ(MembriDi(condivisa + "/ROSSI"), MembriDi(base));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_F(Salvataggio, UnaCopiaCheNonRiesceNonDisfaIlSalvataggio) {
+  // The folder of the setting cannot be made: a file stands where it should be.
+  ScriviFileProva(s.CartellaLavoro + "occupato", "");
+  Apri();
+  s.Imp.Cartella_Copia_Salvataggio = s.CartellaLavoro + "occupato/copie";
+  s.LineaX2[0] = 1725011;
+  SegnaModificato(s, SlotLinee);
+  EXPECT_TRUE(Salva(s));
+  EXPECT_EQ(MembriDi(base).at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Rilevato errore");
+  EXPECT_NE(p.ui.Messaggi[0].Testo.find("Nella Routine SalvaUnaCopiaInDropBox"), std::string::npos)
+      << p.ui.Messaggi[0].Testo;
+
+  // A copy into the job's own folder would copy each file onto itself: it is left alone.
+  p.ui.Messaggi.clear();
+  s.Imp.Cartella_Copia_Salvataggio = lavori;
+  EXPECT_TRUE(Salva(s));
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_FALSE(Esiste(base + ".CFG" + std::string(".~nuovo")));
+}
+
 TEST_F(Salvataggio, InclusiEZzzNonSopravvivonoAlSalvataggio) {
   Apri();
   DimensionaPunti(s);
