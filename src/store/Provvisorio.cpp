@@ -58,7 +58,13 @@ void EliminaProvviso(Sessione& s) {
         via.push_back(it->path());
     }
     for (const fs::path& p : via) fs::remove(p, ec);
+    // The book it names is gone with the provisional copy.
+    if (!s.CartellaDocumenti.empty()) EliminaFile(FileLibrettoPredefinito(s));
   });
+}
+
+std::string FileLibrettoPredefinito(const Sessione& s) {
+  return s.CartellaDocumenti + "/ZN_Suite/VR2000/ZN_SuiteMappa/FileVR2000Default.TXT";
 }
 
 }  // namespace varena

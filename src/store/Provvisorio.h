@@ -19,7 +19,11 @@ void ImpostaNomeProvvisorio(Sessione& s);
 // the `.INF` records where the copy came from.
 void CopiaInProvvisorio(Sessione& s);
 
-// Removes the provisional members, undo generations and journal of `NomeLavoro`.
+// Removes the provisional members, undo generations and journal of `NomeLavoro`, and the
+// file by which the field-book tool learns the name of the job's book.
 void EliminaProvviso(Sessione& s);
+
+// That file: the suite's data root is the documents folder, the working root's parent.
+std::string FileLibrettoPredefinito(const Sessione& s);
 
 }  // namespace varena

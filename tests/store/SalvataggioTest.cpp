@@ -8,6 +8,7 @@
 #include "core/Testo.h"
 #include "store/Carica.h"
 #include "store/Cfg.h"
+#include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
 #include "support/Supporto.h"
@@ -265,8 +266,10 @@ TEST_F(Salvataggio, LaDomandaDiChiusura) {
   EXPECT_EQ(p.ui.Domande[0].Testo, "Salvare il Lavoro?");
   EXPECT_FALSE(MembriDi(s.NomeLavoro).empty());
 
+  ScriviFileProva(FileLibrettoPredefinito(s), s.NomeLavoro + ".TXT\r\n");
   p.ui.Rispondi(Risposta::No);
   EXPECT_TRUE(ChiusuraLavoro(s, false));
+  EXPECT_FALSE(Esiste(FileLibrettoPredefinito(s)));
   EXPECT_EQ(p.ui.Domande[1].Titolo, "Chiusura Lavoro Aperto");
   EXPECT_EQ(p.ui.Domande[1].Testo, "Salvare le modifiche al Lavoro Attuale?");
   EXPECT_TRUE(prova::NomiIn(s.CartellaLavoro + "PROVVISO").empty());
