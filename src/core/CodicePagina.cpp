@@ -95,14 +95,7 @@ std::string Cp1252InUtf8(std::string_view byte) {
 std::string Utf8InCp1252(std::string_view utf8) {
   std::string out;
   out.reserve(utf8.size());
-  size_t pos = 0;
-  while (pos < utf8.size()) {
-    const auto b = static_cast<unsigned char>(utf8[pos]);
-    if (b < 0x80) {
-      out.push_back(static_cast<char>(b));
-      ++pos;
-      continue;
-    }
+  for (size_t pos = 0; pos < utf8.size();) {
     const int v = InByte(ProssimoCarattere(utf8, pos));
     out.push_back(v < 0 ? '?' : static_cast<char>(v));
   }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -110,25 +111,35 @@ std::string PercorsoPerScrivere(std::string_view percorso) {
   return p;
 }
 
-std::optional<std::string> LeggiByte(std::string_view percorso) {
+namespace {
+
+// An existing regular file opened for reading: `riempi(f, length)` takes its bytes when there
+// are any. False when there is no such file; an error of the device is thrown.
+template <class Riempi>
+bool LeggiFile(std::string_view percorso, Riempi riempi) {
   const auto trovato = TrovaFile(percorso);
-  if (!trovato) return std::nullopt;
+  if (!trovato) return false;
   bool cartella = false;
-  if (!Esiste(*trovato, &cartella) || cartella) return std::nullopt;
-  FILE* f = std::fopen(trovato->c_str(), "rb");
+  if (!Esiste(*trovato, &cartella) || cartella) return false;
+  std::unique_ptr<FILE, int (*)(FILE*)> f(std::fopen(trovato->c_str(), "rb"), &std::fclose);
   if (!f) FallisceErrno(errno);
+  std::fseek(f.get(), 0, SEEK_END);
+  const long n = std::ftell(f.get());
+  std::fseek(f.get(), 0, SEEK_SET);
+  if (n > 0) riempi(f.get(), static_cast<size_t>(n));
+  if (std::ferror(f.get())) throw ErroreVarena("Device I/O error");
+  return true;
+}
+
+}  // namespace
+
+std::optional<std::string> LeggiByte(std::string_view percorso) {
   std::string dati;
-  std::fseek(f, 0, SEEK_END);
-  const long n = std::ftell(f);
-  std::fseek(f, 0, SEEK_SET);
-  if (n > 0) {
-    dati.resize(static_cast<size_t>(n));
-    const size_t letti = std::fread(dati.data(), 1, dati.size(), f);
-    dati.resize(letti);
-  }
-  const bool errore = std::ferror(f);
-  std::fclose(f);
-  if (errore) throw ErroreVarena("Device I/O error");
+  const bool letto = LeggiFile(percorso, [&](FILE* f, size_t n) {
+    dati.resize(n);
+    dati.resize(std::fread(dati.data(), 1, n, f));
+  });
+  if (!letto) return std::nullopt;
   return dati;
 }
 
@@ -295,28 +306,14 @@ int64_t LunghezzaFile(std::string_view percorso) {
   return ec ? -1 : static_cast<int64_t>(n);
 }
 
-}  // namespace varena
-
-namespace varena {
-
 std::optional<DatiFile> LeggiDati(std::string_view percorso) {
-  const auto trovato = TrovaFile(percorso);
-  if (!trovato) return std::nullopt;
-  bool cartella = false;
-  if (!Esiste(*trovato, &cartella) || cartella) return std::nullopt;
-  FILE* f = std::fopen(trovato->c_str(), "rb");
-  if (!f) FallisceErrno(errno);
+  // Raw storage: a std::string would zero-fill it first, and the large record members come this way.
   DatiFile d;
-  std::fseek(f, 0, SEEK_END);
-  const long n = std::ftell(f);
-  std::fseek(f, 0, SEEK_SET);
-  if (n > 0) {
-    d.Byte.reset(new unsigned char[static_cast<size_t>(n)]);
-    d.Lunghezza = std::fread(d.Byte.get(), 1, static_cast<size_t>(n), f);
-  }
-  const bool errore = std::ferror(f);
-  std::fclose(f);
-  if (errore) throw ErroreVarena("Device I/O error");
+  const bool letto = LeggiFile(percorso, [&](FILE* f, size_t n) {
+    d.Byte.reset(new unsigned char[n]);
+    d.Lunghezza = std::fread(d.Byte.get(), 1, n, f);
+  });
+  if (!letto) return std::nullopt;
   return d;
 }
 
