@@ -51,7 +51,7 @@ void Uguali(const std::vector<SegmentoCampitura>& fatti, const std::vector<Tratt
 }
 
 TEST(SegmentiCampitura, QuadratoRovescioConcavoEAngoliSullaLinea) {
-  // The square walked clockwise gives the lines of the command's own (below).
+  // Walked clockwise, the square hatches as the one the command traces anticlockwise (below).
   const std::vector<PuntoXYZ> quadrato{{0, 10, 0}, {10, 10, 0}, {10, 0, 0}, {0, 0, 0}};
   Uguali(SegmentiCampitura(quadrato, 45, 1), QuadratoAtteso(45, 1));
 

@@ -59,6 +59,7 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
   EXPECT_EQ(Estremi(s, 0), (Quattro{-1, 1, -3, 2}));
+  EXPECT_EQ(Estremi(s, 1), (Quattro{1, 1, 3, 2}));
   EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
   EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoX[0]), std::make_tuple("7", -4));
 }
