@@ -48,7 +48,7 @@ std::string Campi(Sessione& s, const char* dialogo, const std::string& nomi, boo
     const CampoDialogo* c = d->Campo(n);
     t += "|" + (c ? (etichette ? c->Etichetta : c->Testo) : "?");
   }
-  return etichette ? d->Titolo + t : t.substr(1);
+  return etichette ? d->Titolo + t : t.erase(0, 1);
 }
 std::string Valori(Sessione& s, const char* dialogo, const std::string& nomi) { return Campi(s, dialogo, nomi, false); }
 std::string Etichette(Sessione& s, const char* dialogo, const std::string& nomi) {
