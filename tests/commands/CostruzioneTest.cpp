@@ -211,6 +211,9 @@ TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
   MettiPunto(b.s, "N", 0, 10, 0);
   b.Pronto(0, 5, 40);
   b.Script("TAG PUNTO_SQUADRO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
+  EXPECT_EQ(Valori(b.s, "PuntoSquadro", "Angolo"), "0");
+  EXPECT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->Campo("Angolo")->Scelte,
+            (std::vector<std::string>{"0", "100", "200", "300"}));
   // 3 along the orientation (North), 4 to its right (East); the dialog stays for the next,
   // which an angle of 200 turns round.
   b.Script("FIELD Lato1 3\nFIELD Lato2 4\nPRESS OK\nFIELD Angolo 200\nPRESS OK\n");

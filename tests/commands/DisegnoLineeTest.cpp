@@ -126,6 +126,11 @@ TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
   // On the circle at (103, 4), the click outside: along the radius, outwards.
   b.Script("CLICK left 100 5.1\nANSWER 5\nCLICK left 103 4\nCLICK left 106 8\n");
   AttesaLinea(b.s, 2, {103, 4, 106, 8});
+  // A text is no entity to be square to: the click is ignored.
+  MettiTesto(b.s, 50, 50, "NOTA");
+  b.Pronto(50, 0, 200);
+  b.Script("CLICK left 50 50\n");
+  EXPECT_EQ(b.s.PassoComando, 0);
 }
 
 TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
