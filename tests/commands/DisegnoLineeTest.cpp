@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "support/ProvaComandi.h"
 
@@ -41,15 +42,10 @@ TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
   // The breakline goes on from each point reached, on its own layer, with the heights of
   // the points snapped.
   EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_DISCONTINUITA\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\n"),
-            "> TAG DISEGNA_LINEA_DISCONTINUITA\n"
-            "PROMPT Disegno Linea Discontinuità - Dal Punto:\n"
-            "> KEY P\n"
-            "> CLICK left 0 1\n"
-            "PROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 0\n"
-            "PROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 10\n"
-            "PROMPT Disegno Linea Discontinuità - Al Punto:\n");
+            "> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
+            "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
+            "> CLICK left 10 0\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
+            "> CLICK left 10 10\nPROMPT Disegno Linea Discontinuità - Al Punto:\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 10, 0}, 0);
   AttesaLinea(b.s, 2, {10, 0, 10, 10}, 0);
@@ -63,9 +59,7 @@ TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
   MettiLinea(b.s, 0, 0, 30, 40, 1, 2);
   b.Pronto();
   EXPECT_EQ(b.Script("ANSWER 5\nTAG DISEGNA_LINEA_ALLUNGA\nCLICK left 29 39\n"),
-            "> ANSWER 5\n"
-            "> TAG DISEGNA_LINEA_ALLUNGA\n"
-            "IMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n"
+            "> ANSWER 5\n> TAG DISEGNA_LINEA_ALLUNGA\nIMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n"
             "> CLICK left 29 39\n");
   // 5 more along the 3-4-5 direction: the far end moves by (3, 4).
   AttesaLinea(b.s, 0, {0, 0, 33, 44});
@@ -95,14 +89,9 @@ TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
   MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
   b.Pronto();
   EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_ESTREMO\nCLICK left 9 1\nCLICK left 10 10\nCLICK left 0 10\n"),
-            "> TAG DISEGNA_LINEA_ESTREMO\n"
-            "PROMPT Linea Estremo - Indica Estremo Linea:\n"
-            "> CLICK left 9 1\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> CLICK left 10 10\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> CLICK left 0 10\n"
-            "PROMPT Disegno Linea - Al Punto:\n");
+            "> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n"
+            "> CLICK left 9 1\nPROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
+            "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {10, 0, 10, 10}, 0);
   EXPECT_EQ(b.s.LineaZ1[1], 2);
@@ -114,12 +103,8 @@ TEST(subLineaProietta, DalPuntoAlSuoPiedeSullaLinea) {
   MettiLinea(b.s, 0, 0, 10, 0, 0, 10);
   b.Pronto();
   EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PROIETTA\nCLICK left 5 0.2\nCLICK left 3 7\n"),
-            "> TAG DISEGNA_LINEA_PROIETTA\n"
-            "PROMPT Linea Proietta - Indica Entità:\n"
-            "> CLICK left 5 0.2\n"
-            "PROMPT Punto da Proiettare:\n"
-            "> CLICK left 3 7\n"
-            "PROMPT Linea Proietta - Indica Entità:\n");
+            "> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
+            "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 1, {3, 7, 3, 0});
   // The foot takes the height of the line where it falls.
@@ -132,15 +117,10 @@ TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
   MettiCerchio(b.s, 100, 0, 5);
   b.Pronto(50, 0, 200);
   EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PERPENDA\nCLICK left 5 0.2\nANSWER 3\nCLICK left 4 0\nCLICK left 6 -5\n"),
-            "> TAG DISEGNA_LINEA_PERPENDA\n"
-            "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n"
-            "> CLICK left 5 0.2\n"
-            "PROMPT Perpen .. Da .. - Punto di Attacco\n"
-            "> ANSWER 3\n"
-            "> CLICK left 4 0\n"
+            "> TAG DISEGNA_LINEA_PERPENDA\nPROMPT Disegno Perpen.. Da ...- Indica Entità:\n> CLICK left 5 0.2\n"
+            "PROMPT Perpen .. Da .. - Punto di Attacco\n> ANSWER 3\n> CLICK left 4 0\n"
             "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
-            "PROMPT Perpen Da ... - Da quale parte\n"
-            "> CLICK left 6 -5\n"
+            "PROMPT Perpen Da ... - Da quale parte\n> CLICK left 6 -5\n"
             "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n");
   AttesaLinea(b.s, 1, {4, 0, 4, -3});
   // On the circle at (103, 4), the click outside: along the radius, outwards.
@@ -158,20 +138,17 @@ TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
   MettiLinea(b.s, 0, 0, 10, 0);
   b.Pronto();
   EXPECT_EQ(b.Script("TAG ESTREMI_LINEA\nANSWER 2\nCLICK left 5 0.1\nCLICK left 5 3\n"),
-            "> TAG ESTREMI_LINEA\n"
-            "PROMPT Disegno Ortogonali - Indicare Linea:\n"
-            "> ANSWER 2\n"
-            "> CLICK left 5 0.1\n"
+            "> TAG ESTREMI_LINEA\nPROMPT Disegno Ortogonali - Indicare Linea:\n> ANSWER 2\n> CLICK left 5 0.1\n"
             "IMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
-            "PROMPT Disegno Ortogonali - Da quale parte\n"
-            "> CLICK left 5 3\n"
+            "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
             "PROMPT Disegno Ortogonali - Indicare Linea:\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 0, 2});
   AttesaLinea(b.s, 2, {10, 0, 10, 2});
   const std::string asse = b.Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n");
-  EXPECT_NE(asse.find("IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"), std::string::npos);
-  EXPECT_NE(asse.find("PROMPT Disegno AsseLinea - Da quale parte\n"), std::string::npos);
+  EXPECT_NE(asse.find("IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
+                      "PROMPT Disegno AsseLinea - Da quale parte\n"),
+            std::string::npos);
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
   AttesaLinea(b.s, 3, {5, 0, 5, -4});
 }
@@ -189,11 +166,8 @@ TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
   b.s.ArcoPiano[0] = "CIGLIO";
   b.Pronto(50, 0, 200);
   EXPECT_EQ(b.Script("ANSWER 2\nTAG DISEGNA_PARALLELA\nCLICK left 5 0.1\n"),
-            "> ANSWER 2\n"
-            "> TAG DISEGNA_PARALLELA\n"
-            "IMPUTA [Parallela] Distanza della Parallela : -> 2\n"
-            "PROMPT Disegno parallela - Indicare Entità:\n"
-            "> CLICK left 5 0.1\n"
+            "> ANSWER 2\n> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> 2\n"
+            "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
             "PROMPT Disegno parallela - Da quale parte\n");
   // The line picked is shown highlighted until the side is given.
   int64_t evidenziati = 0;
@@ -204,24 +178,18 @@ TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
   b.Script("CLICK left 5 7\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 1, {0, 2, 10, 2});
-  EXPECT_EQ(b.s.LineaZ1[1], 1);
-  EXPECT_EQ(b.s.LineaColore[1], 5);
-  EXPECT_EQ(b.s.LineaTratteggio[1], 3);
-  EXPECT_EQ(b.s.LineaPiano[1], "MURI");
-  EXPECT_EQ(b.s.LineaQuotata[1], 1);
+  EXPECT_EQ(std::tie(b.s.LineaZ1[1], b.s.LineaColore[1], b.s.LineaTratteggio[1], b.s.LineaPiano[1],
+                     b.s.LineaQuotata[1]),
+            std::make_tuple(1, 5, 3, "MURI", 1));
   for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) EXPECT_EQ(b.s.ListaDisegno.Stato[static_cast<size_t>(i)], 0);
   // The distance is asked once; a click inside the circle shrinks, outside the arc grows.
   b.Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
   ASSERT_EQ(b.s.ContaEntita[SlotCerchi], 2);
-  EXPECT_EQ(b.s.CerchioRaggio[1], 3);
-  EXPECT_EQ(b.s.CerchioX[1], 50);
-  EXPECT_EQ(b.s.CerchioZ[1], 9);
-  EXPECT_EQ(b.s.CerchioColore[1], 6);
+  EXPECT_EQ(std::tie(b.s.CerchioX[1], b.s.CerchioRaggio[1], b.s.CerchioZ[1], b.s.CerchioColore[1]),
+            std::make_tuple(50, 3, 9, 6));
   ASSERT_EQ(b.s.ContaEntita[SlotArchi], 2);
-  EXPECT_EQ(b.s.ArcoRaggio[1], 7);
-  EXPECT_EQ(b.s.ArcoInizio[1], 50);
-  EXPECT_EQ(b.s.ArcoFine[1], 100);
-  EXPECT_EQ(b.s.ArcoPiano[1], "CIGLIO");
+  EXPECT_EQ(std::tie(b.s.ArcoRaggio[1], b.s.ArcoInizio[1], b.s.ArcoFine[1], b.s.ArcoPiano[1]),
+            std::make_tuple(7, 50, 100, "CIGLIO"));
   // A circle cannot shrink below nothing: the click is ignored.
   b.Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
   EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 2);
@@ -233,12 +201,8 @@ TEST(subParallelaPerPunto, LaStessaLunghezzaPerIlPunto) {
   MettiLinea(b.s, 0, 0, 10, 0);
   b.Pronto();
   EXPECT_EQ(b.Script("TAG PARALLELA_PER_PUNTO\nCLICK left 5 0.1\nCLICK left 3 4\n"),
-            "> TAG PARALLELA_PER_PUNTO\n"
-            "PROMPT Parallelaperpunto - Indica Linea :\n"
-            "> CLICK left 5 0.1\n"
-            "PROMPT Parallelaperpunto - Indica Punto :\n"
-            "> CLICK left 3 4\n"
-            "PROMPT Parallelaperpunto - Indica Linea :\n");
+            "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 5 0.1\n"
+            "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\nPROMPT Parallelaperpunto - Indica Linea :\n");
   AttesaLinea(b.s, 1, {0, 4, 10, 4});
 }
 
@@ -249,10 +213,7 @@ TEST(subVerificaParallele, AzimutEDifferenza) {
   b.Pronto();
   // atan2(9, 10) from North: 46.65246 gon; the first line is 50 gon.
   EXPECT_EQ(b.Script("TAG VERIFICA_PARALLELE\nCLICK left 5 5\nCLICK left 24.5 5\n"),
-            "> TAG VERIFICA_PARALLELE\n"
-            "PROMPT Prima Linea :\n"
-            "> CLICK left 5 5\n"
-            "PROMPT Seconda Linea :\n"
+            "> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
             "> CLICK left 24.5 5\n"
             "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
             "PROMPT Prima Linea :\n");
@@ -263,20 +224,11 @@ TEST(subDisegnoPercorso, LatiDaAzimutEDistanzaFinoAlTastoDestro) {
   b.Pronto();
   EXPECT_EQ(b.Script("TAG DISEGNA_PERCORSO\nANSWER 100\nANSWER 10\nCLICK left 0 0\nANSWER 150\nANSWER 5\n"
                      "CLICK left 99 99\nCLICK right 0 0\n"),
-            "> TAG DISEGNA_PERCORSO\n"
-            "PROMPT Disegno Percorso - Punto Partenza:\n"
-            "> ANSWER 100\n"
-            "> ANSWER 10\n"
-            "> CLICK left 0 0\n"
-            "IMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 10\n"
-            "PROMPT Disegno Percorso - Prossimo Lato:\n"
-            "> ANSWER 150\n"
-            "> ANSWER 5\n"
-            "> CLICK left 99 99\n"
-            "IMPUTA [Disegno Percorso] Azimut (gon) : -> 150\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 5\n"
-            "PROMPT Disegno Percorso - Prossimo Lato:\n"
+            "> TAG DISEGNA_PERCORSO\nPROMPT Disegno Percorso - Punto Partenza:\n> ANSWER 100\n> ANSWER 10\n"
+            "> CLICK left 0 0\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
+            "IMPUTA [Disegno Percorso] Distanza : -> 10\nPROMPT Disegno Percorso - Prossimo Lato:\n"
+            "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 150\n"
+            "IMPUTA [Disegno Percorso] Distanza : -> 5\nPROMPT Disegno Percorso - Prossimo Lato:\n"
             "> CLICK right 0 0\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 0, {0, 0, 10, 0});
@@ -290,16 +242,11 @@ TEST(RettangoloESquadrato, IlTerzoPuntoDaLaProfondita) {
   Banco b;
   b.s.Imp.Colore_Default = 4;
   b.Pronto();
+  // A third point on the first side: no depth, no figure, the third point still awaited.
   EXPECT_EQ(b.Script("TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\nCLICK left 3 4\n"),
-            "> TAG RETTANGOLO\n"
-            "PROMPT Disegno Rettangolo - Primo Punto:\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Disegno Rettangolo - Secondo Punto:\n"
-            "> CLICK left 10 0\n"
-            "PROMPT Disegno Rettangolo - Terzo Punto:\n"
-            // On the first side: no depth, no figure, the third point is still awaited.
-            "> CLICK left 5 0\n"
-            "> CLICK left 3 4\n"
+            "> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
+            "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
+            "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
             "PROMPT Disegno Rettangolo - Primo Punto:\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
   AttesaLinea(b.s, 0, {0, 0, 10, 0}, 0);
@@ -319,14 +266,9 @@ TEST(subArcoRaccordo, TagliaLeLineeEScriveLArco) {
   MettiLinea(b.s, 0, -10, 0, 10);
   b.Pronto();
   EXPECT_EQ(b.Script("ANSWER 2\nTAG ARCO_RACCORDO\nCLICK left -5 0.1\nCLICK left 0.1 5\n"),
-            "> ANSWER 2\n"
-            "> TAG ARCO_RACCORDO\n"
-            "IMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
-            "PROMPT Arco Raccorda - Prima Linea:\n"
-            "> CLICK left -5 0.1\n"
-            "PROMPT Arco Raccorda - Seconda Linea:\n"
-            "> CLICK left 0.1 5\n"
-            "PROMPT Arco Raccorda - Prima Linea:\n");
+            "> ANSWER 2\n> TAG ARCO_RACCORDO\nIMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
+            "PROMPT Arco Raccorda - Prima Linea:\n> CLICK left -5 0.1\nPROMPT Arco Raccorda - Seconda Linea:\n"
+            "> CLICK left 0.1 5\nPROMPT Arco Raccorda - Prima Linea:\n");
   // The corner between the West and the North arms: centre (-2, 2), feet (-2, 0), (0, 2).
   AttesaLinea(b.s, 0, {-10, 0, -2, 0});
   AttesaLinea(b.s, 1, {0, 2, 0, 10});

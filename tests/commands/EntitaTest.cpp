@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "selection/Selezione.h"
 #include "store/Carica.h"
@@ -103,7 +104,8 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   EXPECT_EQ(s.StatoCerchio[0], 1);
   bool evidenziato = false;
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
-    if (s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotCerchi) evidenziato = s.ListaDisegno.Stato[static_cast<size_t>(i)] == 1;
+    if (s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotCerchi)
+      evidenziato = s.ListaDisegno.Stato[static_cast<size_t>(i)] == 1;
   EXPECT_TRUE(evidenziato);
   b.Script("CLICK left 5 0.1\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
@@ -112,14 +114,10 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
   EXPECT_NEAR(s.LineaZ1[2], 8, 1e-12);
   EXPECT_EQ(s.LineaZ2[2], 11);
-  for (size_t k : {0u, 2u}) {
-    EXPECT_EQ(s.LineaColore[k], 3);
-    EXPECT_EQ(s.LineaTratteggio[k], 2);
-    EXPECT_EQ(s.LineaPiano[k], "MURI");
-    EXPECT_EQ(s.LineaQuotata[k], 1);
-    EXPECT_EQ(s.LineaTronca[k], 0.25);
-    EXPECT_EQ(s.StatoLinea[k], 0);
-  }
+  for (size_t k : {0u, 2u})
+    EXPECT_EQ(std::tie(s.LineaColore[k], s.LineaTratteggio[k], s.LineaPiano[k], s.LineaQuotata[k], s.LineaTronca[k],
+                       s.StatoLinea[k]),
+              std::make_tuple(3, 2, "MURI", 1, 0.25, 0));
   EXPECT_EQ(PassoUndo(s), prima + 1);
   // Still on the second step, against the same reference: the part from the pick to the
   // one crossing on its side goes.
@@ -144,14 +142,10 @@ TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
   // The northern half, picked, goes; the southern half stays as an arc from East to West.
   EXPECT_EQ(s.CerchioIdent[0], -1);
   ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
-  EXPECT_EQ(s.ArcoX[0], 0);
-  EXPECT_EQ(s.ArcoRaggio[0], 5);
   EXPECT_NEAR(s.ArcoInizio[0], 100, 1e-9);
   EXPECT_NEAR(s.ArcoFine[0], 200, 1e-9);
-  EXPECT_EQ(s.ArcoZ[0], 2);
-  EXPECT_EQ(s.ArcoQuotaInizio[0], 2);
-  EXPECT_EQ(s.ArcoColore[0], 4);
-  EXPECT_EQ(s.ArcoPiano[0], "ALBERI");
+  EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoRaggio[0], s.ArcoZ[0], s.ArcoQuotaInizio[0], s.ArcoColore[0], s.ArcoPiano[0]),
+            std::make_tuple(0, 5, 2, 2, 4, "ALBERI"));
 
   Banco c;
   MettiArco(c.s, 0, 0, 5, 0, 200, 0, 20);
@@ -222,8 +216,7 @@ TEST(Divide, AlPiedeDelPuntoInDueRighe) {
   Linea(s, 1, 4, 0, 10, 0);
   EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
   EXPECT_NEAR(s.LineaZ1[1], 4, 1e-12);
-  EXPECT_EQ(s.LineaZ2[1], 10);
-  EXPECT_EQ(s.LineaColore[1], 6);
+  EXPECT_EQ(std::tie(s.LineaZ2[1], s.LineaColore[1]), std::make_tuple(10, 6));
   EXPECT_EQ(s.PassoComando, 0);
   b.Script("CLICK left 23.6 23.6\nCLICK left 25 25\n");
   ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
@@ -247,10 +240,8 @@ TEST(Incolla, TratteggioColoreEPianoSullEntitaIndicata) {
   EXPECT_EQ(s.ComandoCorrente, 306);
   EXPECT_EQ(s.PassoComando, 0);
   b.Script("TAG INCOLLA_COLORE_SINGOLO\nCLICK left 20 2.1\nTAG INCOLLA_PIANO_SINGOLO\nCLICK left 30 0\n");
-  EXPECT_EQ(s.CerchioColore[0], 5);
-  EXPECT_EQ(s.LineaColore[0], 1);
-  EXPECT_EQ(s.TestoPiano[0], "MURI");
-  EXPECT_EQ(s.LineaPiano[0], "0");
+  EXPECT_EQ(std::tie(s.CerchioColore[0], s.LineaColore[0], s.TestoPiano[0], s.LineaPiano[0]),
+            std::make_tuple(5, 1, "MURI", "0"));
 }
 
 TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
@@ -265,9 +256,8 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   b.Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");
   const Dialogo* d = TrovaDialogo(s, "FormEditModifica1");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Titolo, "Edit Linea");
-  EXPECT_EQ(d->Valore("Est1"), "0.300");
-  EXPECT_EQ(d->Valore("Piano"), "0");
+  EXPECT_EQ(std::make_tuple(d->Titolo, d->Valore("Est1"), d->Valore("Piano")),
+            std::make_tuple("Edit Linea", "0.300", "0"));
   b.Script("FIELD Est2 20,5\nPRESS OK\n");
   EXPECT_EQ(s.LineaX2[0], 20.5);
   EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);  // shown rounded, kept to the last bit

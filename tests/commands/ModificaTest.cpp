@@ -5,7 +5,9 @@
 // vertical rotation of a face.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <tuple>
 
 #include "commands/RoutineModifica.h"
 #include "selection/Selezione.h"
@@ -18,6 +20,9 @@ namespace {
 
 using namespace prova;
 
+using Quattro = std::array<double, 4>;
+Quattro Estremi(const Sessione& s, size_t k) { return {s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; }
+
 TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   Banco b;
   Sessione& s = b.s;
@@ -28,7 +33,8 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   MettiTesto(s, 1, 3, "T");
   s.TestoRotazione[0] = 10;
   b.Pronto(0, 0, 40);
-  const std::string uscita = b.Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
+  const std::string uscita =
+      b.Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
   EXPECT_NE(uscita.find("> PRESS OK\nDIALOGO - Selezentita\nPROMPT Asse di Simmetria - Primo Punto:\n"
                         "> CLICK left 0 0\nPROMPT Cambia Specchio - Secondo Punto:\n> ANSWER no\n> CLICK left 0 10\n"
                         "DOMANDA [Cambia Specchio] Cancellare le entità di partenza? -> NO\n"),
@@ -36,36 +42,26 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
       << uscita;
   // The originals stay, the copies lie across the axis x = 0.
   ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(s.LineaX1[0], 1);
-  EXPECT_EQ(s.LineaX1[1], -1);
-  EXPECT_EQ(s.LineaY1[1], 1);
-  EXPECT_EQ(s.LineaX2[1], -3);
-  EXPECT_EQ(s.LineaY2[1], 2);
+  EXPECT_EQ(Estremi(s, 0), (Quattro{1, 1, 3, 2}));
+  EXPECT_EQ(Estremi(s, 1), (Quattro{-1, 1, -3, 2}));
   EXPECT_EQ(s.LineaColore[1], 3);
   ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
   // North to East mirrored is West to North: it starts at 300 gon, with the heights of its
   // ends exchanged with the ends.
-  EXPECT_EQ(s.ArcoX[1], -2);
-  EXPECT_EQ(s.ArcoInizio[1], 300);
-  EXPECT_EQ(s.ArcoFine[1], 100);
-  EXPECT_EQ(s.ArcoQuotaInizio[1], 6);
-  EXPECT_EQ(s.ArcoQuotaFinale[1], 5);
+  EXPECT_EQ(std::tie(s.ArcoX[1], s.ArcoInizio[1], s.ArcoFine[1], s.ArcoQuotaInizio[1], s.ArcoQuotaFinale[1]),
+            std::make_tuple(-2, 300, 100, 6, 5));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(s.PuntoNome[1], "8");
-  EXPECT_EQ(s.PuntoX[1], -4);
-  EXPECT_EQ(s.PuntoZ[1], 2);
-  EXPECT_EQ(s.TestoX[1], -1);
-  EXPECT_EQ(s.TestoRotazione[1], 10);
+  EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoZ[1]), std::make_tuple("8", -4, 2));
+  EXPECT_EQ(std::tie(s.TestoX[1], s.TestoRotazione[1]), std::make_tuple(-1, 10));
   EXPECT_EQ(ContaSelezionati(s), 0);
   EXPECT_TRUE(DialogoAperto(s, "Selezentita"));
   // "Yes" moves the rows themselves.
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(s.LineaX1[0], -1);
-  EXPECT_EQ(s.LineaX1[1], 1);
+  EXPECT_EQ(Estremi(s, 0), (Quattro{-1, 1, -3, 2}));
+  EXPECT_EQ(Estremi(s, 1), (Quattro{1, 1, 3, 2}));
   EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(s.PuntoX[0], -4);
-  EXPECT_EQ(s.PuntoNome[0], "7");
+  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoX[0]), std::make_tuple("7", -4));
 }
 
 TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
@@ -84,8 +80,7 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
                       "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
             std::string::npos);
   EXPECT_EQ(PassoUndo(s), prima + 1);
-  EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);
-  EXPECT_EQ(s.LineaY2[0], 9.9);
+  EXPECT_EQ(Estremi(s, 0), (Quattro{0.1 + 0.2, 2.3, 7.7, 9.9}));
   EXPECT_EQ(s.CerchioRaggio[0], 2);
   // Twice as large about (1, 1).
   b.Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
@@ -94,11 +89,8 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   EXPECT_DOUBLE_EQ(s.LineaY1[0], 4.6 - 1);
   EXPECT_DOUBLE_EQ(s.LineaX2[0], 14.4);
   EXPECT_DOUBLE_EQ(s.LineaY2[0], 18.8);
-  EXPECT_EQ(s.CerchioX[0], 5);
-  EXPECT_EQ(s.CerchioRaggio[0], 4);
-  EXPECT_EQ(s.TestoAltezza[0], 3);
-  EXPECT_EQ(s.BitmapY[0], 19);
-  EXPECT_EQ(s.BitmapScalaLar[0], 0.2);
+  EXPECT_EQ(std::tie(s.CerchioX[0], s.CerchioRaggio[0], s.TestoAltezza[0]), std::make_tuple(5, 4, 3));
+  EXPECT_EQ(std::tie(s.BitmapY[0], s.BitmapScalaLar[0]), std::make_tuple(19, 0.2));
   // A value prompt cancelled leaves the centre to be given again.
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
   EXPECT_EQ(PassoUndo(s), prima + 2);
@@ -143,13 +135,8 @@ TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
                      "KEY P\nCLICK left 10 5.3\n")
                 .find("PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"),
             std::string::npos);
-  EXPECT_EQ(s.LineaX1[0], 11);
-  EXPECT_EQ(s.LineaY1[0], 6);
-  EXPECT_EQ(s.LineaZ1[0], 2);
-  EXPECT_EQ(s.LineaZ2[0], 2);
-  EXPECT_EQ(s.ArcoX[0], 13);
-  EXPECT_EQ(s.ArcoQuotaInizio[0], 9);
-  EXPECT_EQ(s.ArcoQuotaFinale[0], 10);
+  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0], s.LineaZ1[0], s.LineaZ2[0]), std::make_tuple(11, 6, 2, 2));
+  EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoQuotaInizio[0], s.ArcoQuotaFinale[0]), std::make_tuple(13, 9, 10));
   EXPECT_EQ(s.PuntoX[0], 0);  // the points were not selected
   EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
 
@@ -163,14 +150,10 @@ TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
   c.Pronto(0, 0, 40);
   c.Script("TAG CAMBIA_COPIA\nPRESS TuttiPunti\nPRESS OK\nCLICK left 50 50\nCLICK left 60 50\n");
   ASSERT_EQ(c.s.ContaEntita[SlotPunti], 8);
-  EXPECT_EQ(c.s.PuntoNome[4], "4");
-  EXPECT_EQ(c.s.PuntoNome[5], "5");
-  EXPECT_EQ(c.s.PuntoNome[6], "6");
-  EXPECT_EQ(c.s.PuntoNome[7], "PF2");
-  EXPECT_EQ(c.s.PuntoX[7], 13);
-  EXPECT_EQ(c.s.PuntoSpoX[7], 0.5);
+  EXPECT_EQ(std::tie(c.s.PuntoNome[4], c.s.PuntoNome[5], c.s.PuntoNome[6]), std::make_tuple("4", "5", "6"));
+  EXPECT_EQ(std::tie(c.s.PuntoNome[7], c.s.PuntoX[7], c.s.PuntoSpoX[7], c.s.StatoPunto[7]),
+            std::make_tuple("PF2", 13, 0.5, 0));
   EXPECT_EQ(c.s.PuntoX[3], 3);
-  EXPECT_EQ(c.s.StatoPunto[7], 0);
 }
 
 TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
@@ -209,11 +192,9 @@ TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
   MettiTesto(s, 3, 3, "T");
   b.Pronto(5, 5, 40);
   b.Script("TAG CAMBIA_CONGELA\nPRESS Tutto\nPRESS OK\n");
-  EXPECT_EQ(s.LineaCongela[0], -1);
-  EXPECT_EQ(s.CerchioCongela[0], -1);
-  EXPECT_EQ(s.TestoCongela[0], -1);
-  EXPECT_EQ(s.PuntoCongelaSimbolo[0], -1);
-  EXPECT_EQ(s.PuntoCongelaDescrizione[0], -1);
+  EXPECT_EQ(std::tie(s.LineaCongela[0], s.CerchioCongela[0], s.TestoCongela[0], s.PuntoCongelaSimbolo[0],
+                     s.PuntoCongelaDescrizione[0]),
+            std::make_tuple(-1, -1, -1, -1, -1));
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
   // Nothing is left to freeze: frozen rows are not taken.
   b.Script("PRESS Tutto\n");
@@ -226,18 +207,13 @@ TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
   b.Script("KEY ESC\nTAG COLORE_6\n");
   EXPECT_EQ(s.ComandoCorrente, 307);
   b.Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
-  EXPECT_EQ(s.LineaColore[0], 6);
-  EXPECT_EQ(s.TestoColore[0], 6);
-  EXPECT_EQ(s.PuntoColoreSimbolo[0], 6);
-  EXPECT_EQ(s.PuntoColoreDescrizione[0], 6);
+  EXPECT_EQ(std::tie(s.LineaColore[0], s.TestoColore[0], s.PuntoColoreSimbolo[0], s.PuntoColoreDescrizione[0]),
+            std::make_tuple(6, 6, 6, 6));
   s.PianoCorrente = "STRADE";
   s.Imp.Tratteggio_Default = 4;
   b.Script("TAG CAMBIA_PIANO\nPRESS Tutto\nPRESS OK\nTAG CAMBIA_TRATTEGGIO\nPRESS TutteLinee\nPRESS OK\n");
-  EXPECT_EQ(s.LineaPiano[0], "STRADE");
-  EXPECT_EQ(s.PuntoPiano[0], "STRADE");
-  EXPECT_EQ(s.TestoPiano[0], "STRADE");
-  EXPECT_EQ(s.LineaTratteggio[0], 4);
-  EXPECT_EQ(s.CerchioTratteggio[0], 1);
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.PuntoPiano[0], s.TestoPiano[0]), std::make_tuple("STRADE", "STRADE", "STRADE"));
+  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.CerchioTratteggio[0]), std::make_tuple(4, 1));
 }
 
 TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {
@@ -252,12 +228,8 @@ TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {
                      "KEY P\nCLICK left 5 0\n")
                 .find("DIALOGO + Selezentita [Cambia - Quota]"),
             std::string::npos);
-  EXPECT_EQ(s.LineaZ1[0], 3.5);
-  EXPECT_EQ(s.LineaZ2[0], 4.5);
-  EXPECT_EQ(s.LineaX1[0], 1);
-  EXPECT_EQ(s.ArcoQuotaInizio[0], 9.5);
-  EXPECT_EQ(s.ArcoZ[0], 2.5);
-  EXPECT_EQ(s.PuntoZ[0], 10);
+  EXPECT_EQ(std::tie(s.LineaZ1[0], s.LineaZ2[0], s.LineaX1[0]), std::make_tuple(3.5, 4.5, 1));
+  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoZ[0], s.PuntoZ[0]), std::make_tuple(9.5, 2.5, 10));
 }
 
 TEST(Allinea, LaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
@@ -304,23 +276,17 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(d->Titolo, "Punto - Rototraslazione con Selezione");
-  EXPECT_EQ(d->Valore("Origine_Nome"), "O");
-  EXPECT_EQ(d->Valore("Orientamento_Nord"), "10.0");
-  EXPECT_EQ(d->Valore("Orientamento_Azimut"), "0.0");
+  // The grid as picked (the report below pins the cells it shares with the file).
   EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0");
   EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0");
-  EXPECT_EQ(d->Valore("Differenza_Distanza"), "0.0");
   // The target typed over the picked one: due South of the new origin.
   b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0");
   b.Script("PRESS FormRotoTraslazione.OK\n");
-  EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
-  EXPECT_NEAR(s.LineaY1[0], 100, 1e-9);
-  EXPECT_NEAR(s.LineaX2[0], 100.0004, 1e-9);
-  EXPECT_NEAR(s.LineaY2[0], 95, 1e-9);
+  for (auto [fatto, atteso] : {std::pair{s.LineaX1[0], 100.0004}, {s.LineaY1[0], 100}, {s.LineaX2[0], 100.0004},
+                                {s.LineaY2[0], 95}, {s.TestoY[0], 98}, {s.TestoRotazione[0], 200}})
+    EXPECT_NEAR(fatto, atteso, 1e-9);
   EXPECT_EQ(s.LineaZ2[0], 8);
-  EXPECT_NEAR(s.TestoY[0], 98, 1e-9);
-  EXPECT_NEAR(s.TestoRotazione[0], 200, 1e-9);
   EXPECT_EQ(s.PuntoX[0], 0);  // points were not selected
   EXPECT_EQ(LeggiFileProva(PercorsoReportRotoTraslazione(s, "CSV")),
             "Rootraslazione\r\n\r\n"
