@@ -2,9 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
-#include "Comandi.h"
 #include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
@@ -102,11 +100,10 @@ TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
 }
 
 TEST(Esempio, IlLavoroDiEsempioSiLegge) {
-  std::ostringstream out, err;
-  ASSERT_EQ(cli::Esegui({"info", std::string(VARENA_SORGENTI) + "/examples/RILIEVO.CFG", "--json"}, out, err), 0)
-      << err.str();
-  EXPECT_NE(out.str().find("\"conta\":{\"1\":20,\"2\":12,\"3\":2,\"4\":1,\"5\":4,\"6\":0,\"7\":2,"), std::string::npos);
-  EXPECT_NE(out.str().find("\"libretto\":28,\"piani\":9"), std::string::npos);
+  const Esito e = Cli({"info", std::string(VARENA_SORGENTI) + "/examples/RILIEVO.CFG", "--json"});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  EXPECT_NE(e.out.find("\"conta\":{\"1\":20,\"2\":12,\"3\":2,\"4\":1,\"5\":4,\"6\":0,\"7\":2,"), std::string::npos);
+  EXPECT_NE(e.out.find("\"libretto\":28,\"piani\":9"), std::string::npos);
 }
 
 TEST(Esempio, IlGeneratoreRifaGliStessiByte) {

@@ -4,9 +4,8 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
-#include "Comandi.h"
+#include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
 namespace varena::cli {
@@ -28,23 +27,18 @@ class ComandoSettings : public ::testing::Test {
     unsetenv("VARENA_DOCUMENTI");
     unsetenv("VARENA_PROGRAMMA");
   }
-  int Esegui(std::vector<std::string> argomenti) {
-    out.str("");
-    err.str("");
-    return cli::Esegui(argomenti, out, err);
-  }
   std::vector<std::string> FileNellAlbero() {
     std::vector<std::string> file;
     for (const auto& v : std::filesystem::recursive_directory_iterator(radice.Percorso()))
       if (v.is_regular_file()) file.push_back(v.path().string());
     return file;
   }
-  std::ostringstream out, err;
 };
 
 TEST_F(ComandoSettings, MacchinaNuovaPredefinitiSenzaScrivere) {
-  ASSERT_EQ(Esegui({"settings"}), 0) << err.str();
-  const std::string t = out.str();
+  const prova::EsitoCli e = prova::Cli({"settings"});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  const std::string& t = e.out;
   EXPECT_NE(t.find("Cartella di lavoro: " + lavoro + "\n"), std::string::npos);
   EXPECT_NE(t.find("  Configurazione_Ambiente,FATTORE_DI_ZOOM,50\n"), std::string::npos);
   EXPECT_NE(t.find("  Cartelle,Cartella_Archivio_Pregeo," + lavoro + "PREGEO/ARCH\n"), std::string::npos);
@@ -60,9 +54,10 @@ TEST_F(ComandoSettings, JsonConIFileLettiEGliErrori) {
   ScriviFileProva(lavoro + "Configura.ini", "Testo,FontTestoDefault,Courier New\r\nx,FATTORE_DI_ZOOM,0.25\r\n");
   ScriviFileProva(programma + "/colori.ini", "1,2,3,4\r\n\x01\x02\r\n");
   ScriviFileProva(lavoro + "StampaPaginato.ini", "-1,\"2\",\"3\"\r\n");
-  ASSERT_EQ(Esegui({"settings", "--json"}), 2);  // a box was shown: the colours are not text
-  EXPECT_NE(err.str().find("Rilevato errore"), std::string::npos);
-  const std::string j = out.str();
+  const prova::EsitoCli e = prova::Cli({"settings", "--json"});
+  ASSERT_EQ(e.stato, 2);  // a box was shown: the colours are not text
+  EXPECT_NE(e.err.find("Rilevato errore"), std::string::npos);
+  const std::string& j = e.out;
   EXPECT_EQ(j.rfind("{\"cartellaLavoro\":\"" + lavoro + "\",\"cartellaProgramma\":\"" + programma + "\"", 0), 0u);
   EXPECT_NE(j.find("\"FontTestoDefault\":\"Courier New\""), std::string::npos);
   EXPECT_NE(j.find("\"FATTORE_DI_ZOOM\":1,"), std::string::npos);
@@ -77,9 +72,10 @@ TEST_F(ComandoSettings, JsonConIFileLettiEGliErrori) {
 }
 
 TEST_F(ComandoSettings, UsoSbagliato) {
-  EXPECT_EQ(Esegui({"settings", "pippo"}), 64);
-  EXPECT_EQ(Esegui({"settings", "--xml"}), 64);
-  EXPECT_EQ(err.str(), "uso: varena-cli settings [--json]\n");
+  EXPECT_EQ(prova::Cli({"settings", "pippo"}).stato, 64);
+  const prova::EsitoCli e = prova::Cli({"settings", "--xml"});
+  EXPECT_EQ(e.stato, 64);
+  EXPECT_EQ(e.err, "uso: varena-cli settings [--json]\n");
 }
 
 }  // namespace

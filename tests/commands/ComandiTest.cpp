@@ -4,14 +4,18 @@
 #include "commands/Comandi.h"
 #include "commands/Tastiera.h"
 #include "core/ImpostazioniUtente.h"
+#include "core/Testo.h"
 #include "store/Carica.h"
-#include "store/Undo.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
+using I = std::vector<int>;
+
+// The command armed and its step.
+I Comando(const Sessione& s) { return {s.ComandoCorrente, s.PassoComando}; }
 
 TEST(Esegui_Comando_TAG, UnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
   Banco b;
@@ -37,13 +41,7 @@ TEST(Esegui_Comando_TAG, ColoreRapidoEColoreEstratto) {
   // With nothing armed, the colour is pasted on entities one by one.
   EXPECT_EQ(b.s.ComandoCorrente, 307);
   // Saved at once for the next job, in block B (statement 6 is the colour).
-  const std::string salvaini = LeggiFileProva(b.s.CartellaLavoro + "SALVAINI.INI");
-  std::vector<std::string> righe;
-  for (size_t i = 0, j; (j = salvaini.find("\r\n", i)) != std::string::npos; i = j + 2)
-    righe.push_back(salvaini.substr(i, j - i));
-  ASSERT_GT(righe.size(), 6u);
-  EXPECT_EQ(righe[5], "3");
-
+  EXPECT_EQ(Dividi(LeggiFileProva(b.s.CartellaLavoro + "SALVAINI.INI"), '\n').at(5), "3\r");
   b.Script("TAG DISEGNA_LINEA_2_P\nTAG COLORE_12\n");
   EXPECT_EQ(b.s.Imp.Colore_Default, 12);
   EXPECT_EQ(b.s.ComandoCorrente, 22);  // a command armed stays
@@ -58,26 +56,11 @@ TEST(Esegui_Comando_TAG, ColoreRapidoEColoreEstratto) {
 TEST(Esegui_Comando_TAG, UnoZoomAMetaComandoLoLasciaComEra) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
-                     "CLICK left 0 0\n"
-                     "TAG ZOOM_FINESTRA\n"
-                     "CLICK left 10 10\n"
-                     "CLICK left 30 20\n"),
-            "> TAG DISEGNA_LINEA_2_P\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> TAG ZOOM_FINESTRA\n"
-            "PROMPT Primo Punto per Finestra :\n"
-            "> CLICK left 10 10\n"
-            "PROMPT Secondo Punto per Finestra :\n"
-            "> CLICK left 30 20\n"
-            "PROMPT Disegno Linea - Al Punto:\n");
-  EXPECT_EQ(b.s.Vista.CentroEst, 20);
-  EXPECT_EQ(b.s.Vista.CentroNord, 15);
-  EXPECT_EQ(b.s.Vista.AltezzaVista, 20);
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nTAG ZOOM_FINESTRA\nCLICK left 10 10\nCLICK left 30 20\n");
+  EXPECT_EQ((std::vector<double>{b.s.Vista.CentroEst, b.s.Vista.CentroNord, b.s.Vista.AltezzaVista}),
+            (std::vector<double>{20, 15, 20}));
+  EXPECT_EQ(Comando(b.s), (I{22, 1}));
+  EXPECT_EQ(b.s.Prompt, "Disegno Linea - Al Punto:");
   EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
   // The right button takes a zoom back, and only the zoom.
   b.Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
@@ -127,16 +110,10 @@ TEST(InterrompiComando, PuliscePassoSelezioneZoomESalvaLeImpostazioni) {
   b.s.StatoLinea[0] = 1;
   b.s.ListaDisegno.Stato[0] = 1;
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nTAG ZOOM_FINESTRA\nMOVE 3 3\n");
-  ASSERT_TRUE(b.s.Elastico.Linea.Visibile);
   b.Script("TAG INTERROMPI_COMANDO\n");
-  EXPECT_EQ(b.s.StatoPunto[0], 0);
-  EXPECT_EQ(b.s.StatoLinea[0], 0);
-  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 0);
+  EXPECT_EQ((I{b.s.StatoPunto[0], b.s.StatoLinea[0], b.s.ListaDisegno.Stato[0]}), (I{0, 0, 0}));
   EXPECT_EQ(b.s.Vista.ModoZoom, ZoomNessuno);
-  EXPECT_FALSE(b.s.Elastico.Linea.Visibile);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.PassoComando, 0);
-  EXPECT_EQ(b.s.UltimoComando, 22);
+  EXPECT_EQ(Comando(b.s), (I{0, 0}));
   // No command prompt is left; the redraw shows its time there.
   EXPECT_EQ(b.s.Prompt.find("Disegno"), std::string::npos);
   EXPECT_TRUE(Esiste(b.s.CartellaLavoro + "SALVAINI.INI"));
@@ -196,10 +173,7 @@ TEST(Tastiera, TastiDellaVistaAncheAComandoArmato) {
   EXPECT_EQ(b.s.Vista.AltezzaVista, 98);  // 1/50 of the height
   b.Script("KEY UP\n");
   EXPECT_EQ(b.s.Vista.CentroNord, -1.96);
-  b.Script("KEY F8\n");
-  EXPECT_EQ(b.s.Ortogonale, -1);
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(Comando(b.s), (I{22, 1}));
 }
 
 TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {
@@ -213,23 +187,16 @@ TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   MettiLinea(s, 0, 0, 1, 1);
   b.Pronto();
   b.Script("TAG N\n");
-  EXPECT_EQ(s.PuntoCongelaNome[0], -1);
-  EXPECT_EQ(s.PuntoCongelaNome[2], -1);
-  EXPECT_EQ(s.PuntoCongelaNome[3], 0);  // deleted rows are left alone
-  EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "PUNTISINO", "?"), "0");
+  EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[2], s.PuntoCongelaNome[3]}), (I{-1, -1, 0}));  // not deleted rows
   EXPECT_EQ(LeggiFileProva(s.CartellaProgramma + "/ImpostazioniUtente.ini"), "[VISUALIZZA]\r\nPUNTISINO=0\r\n");
   b.Script("TAG N\n");
   EXPECT_EQ(s.PuntoCongelaNome[0], 0);
   // Only PF and station names stay on show.
   b.Script("TAG A\n");
-  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
-  EXPECT_EQ(s.PuntoCongelaNome[1], 0);
-  EXPECT_EQ(s.PuntoCongelaNome[2], -1);
+  EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[1], s.PuntoCongelaNome[2]}), (I{0, 0, -1}));
   b.Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
-  EXPECT_EQ(s.PuntoCongelaQuota[1], -1);
-  EXPECT_EQ(s.PuntoCongelaSimbolo[1], -1);
-  EXPECT_EQ(s.PuntoCongelaDescrizione[1], -1);
-  EXPECT_EQ(s.LineaCongela[0], -1);
+  EXPECT_EQ((I{s.PuntoCongelaQuota[1], s.PuntoCongelaSimbolo[1], s.PuntoCongelaDescrizione[1], s.LineaCongela[0]}),
+            (I{-1, -1, -1, -1}));
   // The frozen line has left the display list.
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
   // A stored value that is not 0 reads as on, whatever it is.
@@ -249,23 +216,22 @@ TEST(Visualizza, UnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
   b.s.NomeOriginale = base;
   VR_ApriLavoro(b.s);
   ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
-  const int64_t prima = LeggiDiario(b.s)->Passo;
+  const int64_t prima = PassoUndo(b.s);
   b.Script("TAG N\n");
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 1);
+  EXPECT_EQ(PassoUndo(b.s), prima + 1);
   const std::string lll = LeggiFileProva(b.s.NomeLavoro + ".LLL");
   ASSERT_EQ(lll.size(), 256u);
   EXPECT_EQ(lll.substr(128, 2), std::string("\xff\xff", 2));  // Congela Nome -1
   // Undone, the name is shown again, and the command in progress starts over.
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
   EXPECT_EQ(b.s.PuntoCongelaNome[0], 0);
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima);
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(PassoUndo(b.s), prima);
+  EXPECT_EQ(Comando(b.s), (I{22, 0}));
   b.Script("KEY F10\n");
   EXPECT_EQ(b.s.PuntoCongelaNome[0], -1);
   // A line drawn is one more generation.
   b.Script("CLICK left 5 5\nCLICK left 6 6\n");
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 2);
+  EXPECT_EQ(PassoUndo(b.s), prima + 2);
   EXPECT_EQ(LeggiFileProva(b.s.NomeLavoro + ".LIN").size(), 128u);
 }
 

@@ -1,5 +1,5 @@
-// Commands driven click by click by scripts, as a user drives them: lines drawn and
-// repeated, tags and the right button ending them, snaps that reach far, the order of
+// Commands driven click by click by scripts, as a user drives them: a line drawn and
+// repeated, tags and the right button ending commands, snaps that reach far, the order of
 // kinds, frozen lines, and the question of a point placed on another.
 #include <gtest/gtest.h>
 
@@ -10,95 +10,35 @@ namespace varena {
 namespace {
 
 using namespace prova;
+using V = std::vector<double>;
 
-struct Linea {
-  double X1, Y1, Z1, X2, Y2, Z2;
-};
-
-void AttesaLinea(const Sessione& s, int32_t riga, const Linea& l) {
-  ASSERT_LT(riga, s.ContaEntita[SlotLinee]);
-  const auto k = static_cast<size_t>(riga);
-  EXPECT_EQ(s.LineaX1[k], l.X1) << "riga " << riga;
-  EXPECT_EQ(s.LineaY1[k], l.Y1) << "riga " << riga;
-  EXPECT_EQ(s.LineaZ1[k], l.Z1) << "riga " << riga;
-  EXPECT_EQ(s.LineaX2[k], l.X2) << "riga " << riga;
-  EXPECT_EQ(s.LineaY2[k], l.Y2) << "riga " << riga;
-  EXPECT_EQ(s.LineaZ2[k], l.Z2) << "riga " << riga;
+V Linea(const Sessione& s, size_t k) {
+  return {s.LineaX1[k], s.LineaY1[k], s.LineaZ1[k], s.LineaX2[k], s.LineaY2[k], s.LineaZ2[k]};
 }
+V Punto1(const Sessione& s) { return {s.Punto1X, s.Punto1Y, s.Punto1Z}; }
 
 TEST(Script, LineaDuePuntiRipetutaConEscEFinitaColDestro) {
   Banco b;
   MettiPunto(b.s, "1", 0, 0, 10);
   MettiPunto(b.s, "2", 30, 40, 20);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
-                     "KEY P\n"
-                     "CLICK left 1 1\n"
-                     "KEY P\n"
-                     "CLICK left 29 41\n"
-                     "KEY ESC\n"
-                     "KEY ESC\n"
-                     "CLICK left 10 0\n"
-                     "CLICK left 10 5\n"
-                     "CLICK right 0 0\n"),
-            "> TAG DISEGNA_LINEA_2_P\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> KEY P\n"
-            "> CLICK left 1 1\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> KEY P\n"
-            "> CLICK left 29 41\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> KEY ESC\n"
-            "> KEY ESC\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> CLICK left 10 0\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> CLICK left 10 5\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> CLICK right 0 0\n");
+  b.Script("TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 1 1\nKEY P\nCLICK left 29 41\nKEY ESC\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  // Esc at rest repeats the last command, which re-arms itself after each line.
+  b.Script("KEY ESC\nCLICK left 10 0\nCLICK left 10 5\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 22);
+  EXPECT_EQ(b.s.PassoComando, 0);
+  b.Script("CLICK right 0 0\n");
   EXPECT_EQ(b.UltimoEsito.Codice, 0);
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  // Between the two points with their heights; then between two free places, at height 0.
-  AttesaLinea(b.s, 0, {0, 0, 10, 30, 40, 20});
-  AttesaLinea(b.s, 1, {10, 0, 0, 10, 5, 0});
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   EXPECT_EQ(b.s.UltimoComando, 22);
-  // The drawing defaults in force.
-  EXPECT_EQ(b.s.LineaColore[0], b.s.Imp.Colore_Default);
-  EXPECT_EQ(b.s.LineaTratteggio[0], b.s.Imp.Tratteggio_Default);
-  EXPECT_EQ(b.s.LineaPiano[0], b.s.PianoCorrente);
-  // Each line is in the display list already, where the snaps find it.
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\nTAG SNAP_MEDIO\nCLICK left 10 3\n"),
-            "> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> TAG SNAP_MEDIO\n"
-            "> CLICK left 10 3\nPROMPT Disegno Linea - Al Punto:\n");
-  EXPECT_EQ(b.s.Punto1X, 10);
-  EXPECT_EQ(b.s.Punto1Y, 2.5);
-}
-
-TEST(Script, LineaLiberaProsegueDallUltimoPuntoEDiscontinuitaNelSuoPiano) {
-  Banco b;
-  b.Pronto();
-  b.Script("TAG DISEGNA_LINEA_LIBERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 10\nKEY ESC\n"
-           "TAG DISEGNA_LINEA_DISCONTINUITA\nCLICK left 0 0\nCLICK left 5 5\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(b.s, 0, {0, 0, 0, 10, 0, 0});
-  AttesaLinea(b.s, 1, {10, 0, 0, 10, 10, 0});
-  AttesaLinea(b.s, 2, {0, 0, 0, 5, 5, 0});
-  EXPECT_EQ(b.s.LineaPiano[2], "DISCONTI");
-  EXPECT_EQ(b.s.Prompt, "Disegno Linea Discontinuità - Al Punto:");
-}
-
-TEST(Script, StessoPuntoDueVolteNessunaLineaStessoLuogoLiberoSi) {
-  Banco b;
-  MettiPunto(b.s, "1", 3, 3);
-  b.Pronto();
-  b.Script("TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 3 3\nKEY P\nCLICK left 3 4\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
-  EXPECT_EQ(b.s.PassoComando, 1);  // the routine did not advance
-  b.Script("KEY ESC\nKEY ESC\nCLICK left 7 7\nCLICK left 7 7\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  AttesaLinea(b.s, 0, {7, 7, 0, 7, 7, 0});
+  // Between the two points with their heights; then between two free places, at height 0.
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  EXPECT_EQ(Linea(b.s, 0), (V{0, 0, 10, 30, 40, 20}));
+  EXPECT_EQ(Linea(b.s, 1), (V{10, 0, 0, 10, 5, 0}));
+  // The line just drawn is in the display list already, where the snaps find it.
+  b.Script("TAG DISEGNA_LINEA_2_P\nTAG SNAP_MEDIO\nCLICK left 10 3\n");
+  EXPECT_EQ(Punto1(b.s), (V{10, 2.5, 0}));
 }
 
 TEST(Script, UnTagAMetaComandoLoLasciaSenzaDomande) {
@@ -126,8 +66,9 @@ TEST(Script, UnTagAMetaComandoLoLasciaSenzaDomande) {
   EXPECT_EQ(b.s.UltimoComando, 0);
 }
 
-TEST(Script, IlDestroLasciaPrimaLoSnapPoiFinisce) {
+TEST(Script, IlDestroLasciaPrimaLoSnapPoiFinisceARiposoRipete) {
   Banco b;
+  MettiPunto(b.s, "9", 0, 0);
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nKEY F\nCLICK right 5 5\n");
   EXPECT_EQ(b.s.ComandoCorrente, 22);
@@ -135,17 +76,10 @@ TEST(Script, IlDestroLasciaPrimaLoSnapPoiFinisce) {
   EXPECT_EQ(b.s.ModoSnap, 16);
   b.Script("CLICK right 5 5\n");
   EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.UltimoComando, 22);
   EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
-}
-
-TEST(Script, DueDestriANullaArmatoRipetonoLascianoLoSnapEFiniscono) {
-  Banco b;
-  MettiPunto(b.s, "9", 0, 0);
-  b.Pronto();
-  // A command that sets the point snap itself.
+  // At rest the right button repeats; a command that sets the point snap itself then loses
+  // it to the second, and the third ends it.
   b.Script("TAG EDIT_SPOSTA_NOME\nKEY ESC\n");
-  ASSERT_EQ(b.s.UltimoComando, 24);
   EXPECT_EQ(b.Script("CLICK right 1 1\nCLICK right 1 1\nCLICK right 1 1\n"),
             "> CLICK right 1 1\n"
             "PROMPT Nome Sposta - Indicare il Punto :\n"
@@ -173,11 +107,11 @@ TEST(Script, OrtogonaleSoloAPuntoLibero) {
            "TAG ORTOSINO\n"
            "CLICK left 25 22\n");  // off: as clicked
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 5);
-  AttesaLinea(b.s, 0, {0, 0, 0, 10, 0, 0});
-  AttesaLinea(b.s, 1, {10, 0, 0, 20, 7, 0});
-  AttesaLinea(b.s, 2, {20, 7, 0, 20, 20, 0});
-  AttesaLinea(b.s, 3, {20, 20, 0, 20, 25, 0});
-  AttesaLinea(b.s, 4, {20, 25, 0, 25, 22, 0});
+  EXPECT_EQ(Linea(b.s, 0), (V{0, 0, 0, 10, 0, 0}));
+  EXPECT_EQ(Linea(b.s, 1), (V{10, 0, 0, 20, 7, 0}));
+  EXPECT_EQ(Linea(b.s, 2), (V{20, 7, 0, 20, 20, 0}));
+  EXPECT_EQ(Linea(b.s, 3), (V{20, 20, 0, 20, 25, 0}));
+  EXPECT_EQ(Linea(b.s, 4), (V{20, 25, 0, 25, 22, 0}));
   EXPECT_EQ(b.s.Ortogonale, 0);
 }
 
@@ -187,7 +121,7 @@ TEST(Script, SnapAUnEntitaAUnChilometroInUnaVistaDiDieciMetri) {
   b.Pronto();
   b.Script("VIEW 0 0 10\nTAG DISEGNA_LINEA_2_P\nKEY F\nCLICK left 0 0\nCLICK left 0 5\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  AttesaLinea(b.s, 1, {1000, 0, 0, 0, 5, 0});
+  EXPECT_EQ(Linea(b.s, 1), (V{1000, 0, 0, 0, 5, 0}));
 }
 
 // The kinds at equal distance, seen through the snap of the centre: a circle gives its
@@ -199,8 +133,7 @@ TEST(Script, OrdineDeiGeneriCerchioLineaContornoPunto) {
   MettiCerchio(s, -10, 0, 5);
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nTAG SNAP_CENTRO\nCLICK left 0 0\n");
-  EXPECT_EQ(s.Punto1X, -10);  // the circle, later in the order than the line
-  EXPECT_EQ(s.Punto1Y, 0);
+  EXPECT_EQ(Punto1(s), (V{-10, 0, 0}));  // the circle, later in the order than the line
 
   s.CerchioIdent[0] = -1;
   DimensionaSette(s);
@@ -209,16 +142,13 @@ TEST(Script, OrdineDeiGeneriCerchioLineaContornoPunto) {
   MettiRecordLista(s, SlotSette, 0, -5, -10, -5, 10);
   IndicizzaDisegno(s);
   b.Script("KEY ESC\nKEY ESC\nTAG SNAP_CENTRO\nCLICK left 0 0\n");
-  EXPECT_EQ(s.Punto1X, 5);  // the line over the contour
-  EXPECT_EQ(s.Punto1Y, 0);
+  EXPECT_EQ(Punto1(s), (V{5, 0, 0}));  // the line over the contour
 
   MettiPunto(s, "P", 0, -5, 3);
   MettiTesto(s, 0, 5, "T");
   b.Pronto();
   b.Script("KEY ESC\nKEY ESC\nTAG SNAP_CENTRO\nCLICK left 0 0\n");
-  EXPECT_EQ(s.Punto1X, 0);  // the point over all
-  EXPECT_EQ(s.Punto1Y, -5);
-  EXPECT_EQ(s.Punto1Z, 3);
+  EXPECT_EQ(Punto1(s), (V{0, -5, 3}));  // the point over all
 }
 
 TEST(Script, LineeCongelateNonSiTrovanoConNessunoSnap) {
@@ -227,12 +157,12 @@ TEST(Script, LineeCongelateNonSiTrovanoConNessunoSnap) {
   b.Pronto();
   b.Script("TAG L\n");
   ASSERT_EQ(b.s.LineaCongela[0], -1);
+  // Nothing found: no prompt of a step or of a second entity follows the click.
   for (const char* snap : {"F", "V", "M", "C", "Q", "I"}) {
     EXPECT_EQ(b.Script(std::string("TAG DISEGNA_LINEA_2_P\nKEY ") + snap + "\nCLICK left 5 1\n"),
               std::string("> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> KEY ") + snap +
                   "\n> CLICK left 5 1\n")
         << snap;
-    EXPECT_EQ(b.s.PassoComando, 0) << snap;
   }
   // Shown again, found again.
   b.Script("TAG L\nTAG DISEGNA_LINEA_2_P\nKEY F\nCLICK left 9 1\n");
@@ -272,6 +202,7 @@ TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
   EXPECT_EQ(b.s.PuntoY[1], 10.0011);
 }
 
+// Unknown actions are pinned, with their message, by the command line's own test.
 TEST(Script, RigheNonCapiteFermanoLoScript) {
   Banco b;
   b.Pronto();
@@ -282,9 +213,6 @@ TEST(Script, RigheNonCapiteFermanoLoScript) {
   b.Script("# nothing open\n\nPRESS NuovoPunto.Annulla\n");
   EXPECT_EQ(b.UltimoEsito.Codice, 2);
   EXPECT_EQ(b.UltimoEsito.Riga, 3);
-  b.Script("SALTA 1 2\n");
-  EXPECT_EQ(b.UltimoEsito.Codice, 64);
-  EXPECT_EQ(b.UltimoEsito.Errore, "azione sconosciuta: SALTA");
 }
 
 }  // namespace

@@ -47,44 +47,21 @@ TEST(IlPiuVicinoPunto, MisuraAllaQuotaDelNomeMaNonAlSuoSpostamentoEst) {
   EXPECT_DOUBLE_EQ(IlPiuVicinoPunto(s, 10, 0).Distanza, std::sqrt(116.0));
 }
 
-TEST(IlPiuVicinoPunto, CancellatiESimboloENomeCongelatiSonoSaltati) {
+// Deleted rows and ties are left to the comparison with a plain scan below.
+TEST(IlPiuVicinoPunto, SimboloENomeCongelatiSonoSaltati) {
   Banco b;
   Sessione& s = b.s;
-  MettiPunto(s, "cancellato", 0, 0);
-  s.PuntoIdent[0] = -1;
   MettiPunto(s, "tutto congelato", 1, 0);
-  s.PuntoCongelaSimbolo[1] = -1;
-  s.PuntoCongelaNome[1] = -1;
+  s.PuntoCongelaSimbolo[0] = s.PuntoCongelaNome[0] = -1;
   MettiPunto(s, "lontano", 50, 0);
   b.Pronto();
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 2);
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 1);
   // One of the two frozen is not enough to hide it.
-  s.PuntoCongelaNome[1] = 0;
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 1);
-  s.PuntoCongelaNome[1] = -1;
-  s.PuntoCongelaSimbolo[1] = 0;
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 1);
-}
-
-TEST(IlPiuVicino, AParitaDiDistanzaVinceLaRigaDopo) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "ovest", -1, 0);
-  MettiPunto(s, "est", 1, 0);
-  MettiPunto(s, "nord", 0, 1);
-  MettiPunto(s, "lontano", 0, 7);
-  // Three vertical lines, two at distance 5.
-  MettiLinea(s, 5, -10, 5, 10);
-  MettiLinea(s, -5, -10, -5, 10);
-  MettiLinea(s, 9, -10, 9, 10);
-  MettiTesto(s, 0, 3, "a");
-  MettiTesto(s, 3, 0, "b");
-  b.Pronto();
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 2);
-  ASSERT_EQ(IlPiuVicinoLinea(s, 5, 0).Distanza, 0.0);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Riga, 1);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Distanza, 5.0);
-  EXPECT_EQ(IlPiuVicinoTesto(s, 0, 0).Riga, 1);
+  s.PuntoCongelaNome[0] = 0;
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);
+  s.PuntoCongelaNome[0] = -1;
+  s.PuntoCongelaSimbolo[0] = 0;
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);
 }
 
 TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
@@ -103,16 +80,12 @@ TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
 
-TEST(IlPiuVicinoLinea, LineeCongelateOCancellateNonSiTrovanoMai) {
+// Frozen or deleted after the list was made: its records are still there, the row decides.
+TEST(IlPiuVicinoLinea, CongelataOCancellataDopoLaListaNonSiTrova) {
   Banco b;
   Sessione& s = b.s;
   MettiLinea(s, 0, 1, 10, 1);
   MettiLinea(s, 0, 50, 10, 50);
-  s.LineaCongela[0] = -1;
-  b.Pronto();
-  EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 1);
-  // Frozen or deleted after the list was made: its records are still there, the row decides.
-  s.LineaCongela[0] = 0;
   b.Pronto();
   EXPECT_EQ(IlPiuVicinoLinea(s, 5, 0).Riga, 0);
   s.LineaCongela[0] = -1;
@@ -143,46 +116,25 @@ TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
   EXPECT_EQ(IlPiuVicinoPerNome(s, "102"), -1);
 }
 
-// The general search at a tie between kinds: the later kind wins, a contour only when
-// strictly nearer, the point over all.
-TEST(LapiuvicinaBitMap, OrdineDeiGeneriAParita) {
+// The general search between the kinds of list records only: against an equal facet the
+// contour does not win; strictly nearer it does, giving its list record as facets do.
+TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
   Banco b;
   Sessione& s = b.s;
-  MettiLinea(s, 5, -10, 5, 10);
-  MettiCerchio(s, -10, 0, 5);
   b.Pronto();
-  const double dLinea = IlPiuVicinoLinea(s, 0, 0).Distanza, dCerchio = IlPiuVicinoCerchio(s, 0, 0).Distanza;
-  ASSERT_EQ(dLinea, 5.0);
-  ASSERT_EQ(dCerchio, 5.0);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotCerchi);
-
-  // A contour at the same distance as the line: the line wins.
   DimensionaSette(s);
   s.ContaEntita[SlotSette] = 1;
   DimensionaFalde(s);
   s.ContaEntita[SlotFalde] = 1;
   const int64_t contorno = MettiRecordLista(s, SlotSette, 0, 0, 5, 0, 5);  // of no length, at (0, 5)
-  IndicizzaDisegno(s);
-  ASSERT_EQ(IlPiuVicinoSette(s, 0, 0).Distanza, 5.0);
-  s.CerchioIdent[0] = -1;
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotLinee);
-
-  // Against an equal facet the contour does not win; strictly nearer it does.
-  s.LineaIdent[0] = -1;
   MettiRecordLista(s, SlotFalde, 0, 0, -5, 0, -5);
+  IndicizzaDisegno(s);
   ASSERT_EQ(IlPiuVicinoFalda(s, 0, 0).Distanza, 5.0);
+  ASSERT_EQ(IlPiuVicinoSette(s, 0, 0).Distanza, 5.0);
   EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotFalde);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0.5, {}).VicinaTipo, SlotSette);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0.5, {}).VicinaRiga, contorno);  // the list record, as for facets
-
-  // A text and a point at the same distance: the point, last of all.
-  MettiTesto(s, 5, 0, "t");
-  MettiPunto(s, "P", -5, 0);
-  b.Pronto();
-  MettiRecordLista(s, SlotSette, 0, 0, 5, 0, 5);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotPunti);
-  s.PuntoIdent[0] = -1;
-  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotTesti);
+  const RisultatoVicina r = LapiuvicinaBitMap(s, 0, 0.5, {});
+  EXPECT_EQ(r.VicinaTipo, SlotSette);
+  EXPECT_EQ(r.VicinaRiga, contorno);
 }
 
 TEST(LapiuvicinaBitMap, UnPuntoOltreMilleAltezzeNonBasta) {
