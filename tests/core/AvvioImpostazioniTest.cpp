@@ -53,11 +53,8 @@ TEST_F(AvvioImpostazioni, SalvainiScrittiQuandoSiAzzeraIlLavoro) {
   q.s.CartellaLavoro = s.CartellaLavoro;
   CaricaSalvaini(q.s);
   EXPECT_TRUE(q.ui.Messaggi.empty());
-  EXPECT_EQ(q.s.Imp.FATTORE_DI_ZOOM, 12.5);
-  EXPECT_EQ(q.s.Imp.Colore_Default, 3);
-  EXPECT_EQ(q.s.Imp.TIPODISTANZA, 2);
-  EXPECT_EQ(q.s.PianoCorrente, "STRADE");
-  EXPECT_EQ(q.s.Vista.CentroEst, 1725000.5);
+  RaccogliBloccoB(q.s);  // block B taken again from the settings it was applied to
+  EXPECT_EQ(ScriviBloccoB(q.s.Cfg.B), kBloccoBScritto);
   EXPECT_EQ(ScriviBloccoA(q.s.Cfg.A), a);
 
   // A report session writes nothing.
@@ -176,9 +173,6 @@ TEST_F(AvvioImpostazioni, InizializzaDefaultCreaLeTabelleNelLoroOrdine) {
   EXPECT_FALSE(Esiste(Lavoro("vecchio.uls")));
   for (const char* f : {"VRPUNTI.COD", "ArchivioNote.ini", "ConfiguraPUNTI.CPP"}) EXPECT_TRUE(Esiste(Lavoro(f))) << f;
   for (const char* f : {"COLORI.ini", "linee.ini"}) EXPECT_TRUE(Esiste(Programma(f))) << f;
-  EXPECT_FALSE(Esiste(Lavoro("SPESSORI1.ini")));
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 18);
   std::vector<std::string> ordine;
   for (const OrigineFile& o : s.FileRiferimento) ordine.push_back(o.Nome);
   EXPECT_EQ(ordine, (std::vector<std::string>{"CfgToolbarBottoni.ini", "Configura.ini", "SALVAINI.INI",
