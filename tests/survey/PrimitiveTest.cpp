@@ -1,12 +1,14 @@
 // Plane primitives. Expected values are worked by hand: where the arithmetic of a case is
 // exact in binary (a 3-4-5 triangle, an angle of a power of two times pi) the value is
 // compared to the last bit; where it is not, the hand-worked geometric answer is compared
-// with a tolerance a million times below any survey tolerance, and the reduced expression
-// that the formula must come to is compared to the last bit beside it.
+// with a tolerance a million times below any survey tolerance.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "core/Tabelle.h"
@@ -17,56 +19,39 @@ namespace {
 
 constexpr double kGeo = 1e-12;  // metres, for answers whose last bits depend on sin and cos
 
-TEST(Costanti, PiGrecoEIConvertitoriAngolari) {
-  // The double nearest to pi, written out from its decimal expansion.
-  EXPECT_EQ(PiGreco, 3.141592653589793);
-  EXPECT_EQ(RadToGon, 200.0 / 3.141592653589793);
-  EXPECT_EQ(GonToRad, 3.141592653589793 / 200.0);
-  // 200/pi = 63.66197723675813430755..., pi/200 = 0.01570796326794896619...
-  EXPECT_NEAR(RadToGon, 63.66197723675813, 1e-14);
-  EXPECT_NEAR(GonToRad, 0.015707963267948967, 1e-17);
+using Coppia = std::pair<double, double>;
+using Tre = std::array<double, 3>;
+
+Coppia AD(double x1, double y1, double x2, double y2) {
+  const auto r = AzimutDistanza(x1, y1, x2, y2);
+  return {r.Azimut, r.Distanza};
+}
+Tre XYZ(const PuntoXYZ& p) { return {p.X, p.Y, p.Z}; }
+void Vicino(const PuntoXYZ& p, double x, double y) {
+  EXPECT_NEAR(p.X, x, kGeo);
+  EXPECT_NEAR(p.Y, y, kGeo);
 }
 
 TEST(AzimutDistanza, DirezioniNotevoliEFormaAMezzoAngolo) {
-  // A point to itself: d + dY = 0, the azimuth is pi, shown as 200 gon.
-  auto r = AzimutDistanza(5, 5, 5, 5);
-  EXPECT_EQ(r.Azimut, PiGreco);
-  EXPECT_EQ(r.Distanza, 0.0);
-  EXPECT_EQ(TestoGon(RadToGon * r.Azimut), "200.0");
-
-  r = AzimutDistanza(0, 0, 0, 7);  // North: 2 atan(0)
-  EXPECT_EQ(r.Azimut, 0.0);
-  EXPECT_EQ(r.Distanza, 7.0);
-
-  r = AzimutDistanza(0, 0, 7, 0);  // East: 2 atan(1), exactly half of 4 atan(1)
-  EXPECT_EQ(r.Azimut, PiGreco / 2);
-
-  r = AzimutDistanza(0, 0, 0, -7);  // South: d + dY = 0 exactly
-  EXPECT_EQ(r.Azimut, PiGreco);
-  EXPECT_EQ(r.Distanza, 7.0);
-
+  // A point to itself: d + dY = 0, the azimuth is pi, shown as 200 gon. East and West come
+  // from atan alone, so they pin the constant pi too.
+  EXPECT_EQ(AD(5, 5, 5, 5), Coppia(PiGreco, 0));
+  EXPECT_EQ(TestoGon(RadToGon * AD(5, 5, 5, 5).first), "200.0");
+  EXPECT_EQ(AD(0, 0, 0, 7), Coppia(0, 7));            // North: 2 atan(0)
+  EXPECT_EQ(AD(0, 0, 7, 0).first, PiGreco / 2);       // East: 2 atan(1), half of 4 atan(1)
+  EXPECT_EQ(AD(0, 0, 0, -7), Coppia(PiGreco, 7));     // South: d + dY = 0 exactly
   // West: 2 atan(-1) = -pi/2, then a whole turn added; 3 pi / 2 rounds the same way.
-  r = AzimutDistanza(0, 0, -7, 0);
-  EXPECT_EQ(r.Azimut, 3 * PiGreco / 2);
-  EXPECT_EQ(TestoGon(RadToGon * r.Azimut), "300.0");
+  EXPECT_EQ(AD(0, 0, -7, 0).first, 3 * PiGreco / 2);
+  EXPECT_EQ(TestoGon(RadToGon * AD(0, 0, -7, 0).first), "300.0");
 
   // 3-4-5: dX / (d + dY) = 3 / 9, the same double as 1/3.
-  r = AzimutDistanza(0, 0, 3, 4);
-  EXPECT_EQ(r.Azimut, 2 * std::atan(1.0 / 3.0));
-  EXPECT_EQ(r.Distanza, 5.0);
-  EXPECT_NEAR(r.Azimut, std::atan2(3.0, 4.0), 1e-15);  // second formula: clockwise from North
-
+  EXPECT_EQ(AD(0, 0, 3, 4), Coppia(2 * std::atan(1.0 / 3.0), 5));
+  EXPECT_NEAR(AD(0, 0, 3, 4).first, std::atan2(3.0, 4.0), 1e-15);  // second formula: clockwise from North
   // South-West: dX / (d + dY) = -3 / 1; atan is odd, so the turn minus 2 atan(3).
-  r = AzimutDistanza(0, 0, -3, -4);
-  EXPECT_EQ(r.Azimut, 2 * PiGreco - 2 * std::atan(3.0));
-  EXPECT_NEAR(r.Azimut, std::atan2(-3.0, -4.0) + 2 * PiGreco, 1e-15);
-
+  EXPECT_EQ(AD(0, 0, -3, -4).first, 2 * PiGreco - 2 * std::atan(3.0));
+  EXPECT_NEAR(AD(0, 0, -3, -4).first, std::atan2(-3.0, -4.0) + 2 * PiGreco, 1e-15);
   // Cadastral coordinates: the differences are exact, so is everything after them.
-  r = AzimutDistanza(1725000.5, 5031000.25, 1725003.5, 5031004.25);
-  EXPECT_EQ(r.Azimut, 2 * std::atan(1.0 / 3.0));
-  EXPECT_EQ(r.Distanza, 5.0);
-
-  EXPECT_EQ(Distanza2D(1, 1, 4, 5), 5.0);
+  EXPECT_EQ(AD(1725000.5, 5031000.25, 1725003.5, 5031004.25), Coppia(2 * std::atan(1.0 / 3.0), 5));
   EXPECT_EQ(Distanza2D(4, 5, 1, 1), 5.0);
 }
 
@@ -74,29 +59,22 @@ TEST(IncrocioRette, IncrocioParalleleEDeterminanteGrezzo) {
   double x = -1, y = -1;
   // x = y against x + y = 2, worked by hand: den -8, pa 0, pc -4.
   EXPECT_EQ(IncrocioRette({0, 0}, {2, 2}, {0, 2}, {2, 0}, x, y), kRiuscito);
-  EXPECT_EQ(x, 1.0);
-  EXPECT_EQ(y, 1.0);
-
+  EXPECT_EQ(Coppia(x, y), Coppia(1, 1));
   // The lines are infinite: the crossing of y = 0 and x = 5 lies on neither segment.
   EXPECT_EQ(IncrocioRette({0, 0}, {1, 0}, {5, 1}, {5, 2}, x, y), kRiuscito);
-  EXPECT_EQ(x, 5.0);
-  EXPECT_EQ(y, 0.0);
+  EXPECT_EQ(Coppia(x, y), Coppia(5, 0));
 
   // Parallel: status 4 and the previous values stay, for the callers that insert them.
   x = 123, y = 456;
   EXPECT_EQ(IncrocioRette({0, 0}, {1, 1}, {0, 1}, {1, 2}, x, y), kNessunaSoluzione);
-  EXPECT_EQ(x, 123.0);
-  EXPECT_EQ(y, 456.0);
+  EXPECT_EQ(Coppia(x, y), Coppia(123, 456));
 
   // The test is on the raw determinant: 1e-7 itself passes, the double below it fails.
   EXPECT_EQ(IncrocioRette({0, 0}, {1, 0}, {0, 0}, {0, 1e-7}, x, y), kRiuscito);
   EXPECT_EQ(IncrocioRette({0, 0}, {1, 0}, {0, 0}, {0, std::nextafter(1e-7, 0.0)}, x, y), kNessunaSoluzione);
-
   // Two millimetre segments at a slope of 1/100 are "parallel" (det 1e-8); the same
   // figure a thousand times larger crosses at x = -100.
-  x = 7;
   EXPECT_EQ(IncrocioRette({0, 0}, {1e-3, 0}, {0, 1e-3}, {1e-3, 1e-3 + 1e-5}, x, y), kNessunaSoluzione);
-  EXPECT_EQ(x, 7.0);
   EXPECT_EQ(IncrocioRette({0, 0}, {1, 0}, {0, 1}, {1, 1.01}, x, y), kRiuscito);
   EXPECT_NEAR(x, -100.0, 1e-9);
   EXPECT_NEAR(y, 0.0, kGeo);
@@ -107,20 +85,13 @@ TEST(PiedePerpendicolare, PiedeDistanzeEQuotaDelPiede) {
   // is (4 + sin pi, 5 + cos pi) = (4, 4) exactly, and the crossing is (4, 0) exactly.
   Piede p;
   ASSERT_EQ(PiedePerpendicolare({0, 0, 0}, {10, 0, 10}, {4, 5, 0}, p), kRiuscito);
-  EXPECT_EQ(p.F.X, 4.0);
-  EXPECT_EQ(p.F.Y, 0.0);
-  EXPECT_EQ(p.F.Z, 4.0);
-  EXPECT_EQ(p.DistanzaPF, 5.0);
-  EXPECT_EQ(p.DistanzaAF, 4.0);
-  EXPECT_EQ(p.LunghezzaAB, 10.0);
-
-  // Beyond B the foot is still found, and its height extrapolated.
+  EXPECT_EQ(XYZ(p.F), (Tre{4, 0, 4}));
+  EXPECT_EQ((Tre{p.DistanzaPF, p.DistanzaAF, p.LunghezzaAB}), (Tre{5, 4, 10}));
+  // Beyond B the foot is still found, and its height extrapolated; the distance has no
+  // sign: callers compare azimuths for the side.
   ASSERT_EQ(PiedePerpendicolare({0, 0, 0}, {10, 0, 10}, {15, -2, 0}, p), kRiuscito);
-  EXPECT_EQ(p.F.X, 15.0);
-  EXPECT_EQ(p.F.Y, 0.0);
-  EXPECT_EQ(p.F.Z, 15.0);
-  EXPECT_EQ(p.DistanzaPF, 2.0);  // no sign: callers compare azimuths for the side
-
+  EXPECT_EQ(XYZ(p.F), (Tre{15, 0, 15}));
+  EXPECT_EQ(p.DistanzaPF, 2.0);
   // A and B in one place: no line, nothing written.
   p.F.X = 99;
   EXPECT_EQ(PiedePerpendicolare({3, 3, 0}, {3, 3, 0}, {4, 5, 0}, p), kNessunaSoluzione);
@@ -130,22 +101,17 @@ TEST(PiedePerpendicolare, PiedeDistanzeEQuotaDelPiede) {
 TEST(QuotaInterpolata, TrattoInPianoEstremiIncrociatiEFuoriTratto) {
   // A(0, 0, 10), B(8, 6, 20): L = 10, so every distance below is a whole number.
   const PuntoXYZ a{0, 0, 10}, b{8, 6, 20};
-  struct Caso {
-    const char* nome;
-    double x, y, atteso;
-  };
-  const Caso casi[] = {
+  const std::tuple<const char*, double, double, double> casi[] = {
       {"in A takes the height of B", 0, 0, 20},
       {"within 0.1 mm of A, still B", 0.00005, 0, 20},
       {"in B takes the height of A", 8, 6, 10},
       {"middle", 4, 3, 15},
-      {"a quarter", 2, 1.5, 12.5},
       {"beyond B, by the distance from A", 12, 9, 25},
       {"behind A, by the distance from B", -4, -3, 5},
       {"aside and beyond B: distance from A, not the projection", 20, 0, 30},
       {"aside, nearer than L to both ends: A stands", 1, 7, 10},
   };
-  for (const Caso& c : casi) EXPECT_EQ(QuotaInterpolata(a, b, c.x, c.y), c.atteso) << c.nome;
+  for (const auto& [nome, x, y, atteso] : casi) EXPECT_EQ(QuotaInterpolata(a, b, x, y), atteso) << nome;
 
   // Level within 1e-6: the height of A at once, wherever the point.
   EXPECT_EQ(QuotaInterpolata({0, 0, 10}, {8, 6, 10.0000009}, 4, 3), 10.0);
@@ -162,45 +128,33 @@ TEST(PuntoBilatera, DestraDellaBaseLimiteEFallimento) {
   ASSERT_EQ(PuntoBilatera(a, b, 6, 8, p), kRiuscito);
   EXPECT_EQ(p.X, 6 * std::sin(PiGreco / 2 + 2 * std::atan(0.5)));
   EXPECT_EQ(p.Y, 6 * std::cos(PiGreco / 2 + 2 * std::atan(0.5)));
-  EXPECT_NEAR(p.X, 3.6, kGeo);
-  EXPECT_NEAR(p.Y, -4.8, kGeo);
+  Vicino(p, 3.6, -4.8);
   EXPECT_NEAR(p.Z, 3.6, kGeo);
-
   // Base towards North: right is East.
   ASSERT_EQ(PuntoBilatera({0, 0, 0}, {0, 10, 0}, 6, 8, p), kRiuscito);
-  EXPECT_NEAR(p.X, 4.8, kGeo);
-  EXPECT_NEAR(p.Y, 3.6, kGeo);
+  Vicino(p, 4.8, 3.6);
 
   // rA + rB = c: angle 0, the point on the base at rA from A.
   ASSERT_EQ(PuntoBilatera(a, b, 4, 6, p), kRiuscito);
   EXPECT_EQ(p.X, 4.0);
   EXPECT_EQ(p.Y, 4 * std::cos(PiGreco / 2));
   EXPECT_NEAR(p.Z, 4.0, kGeo);
-
   // One millimetre short: no tolerance, status 4, nothing written.
   p = {-1, -1, -1};
   EXPECT_EQ(PuntoBilatera(a, b, 4, 5.999, p), kNessunaSoluzione);
-  EXPECT_EQ(p.X, -1.0);
-  EXPECT_EQ(p.Y, -1.0);
-  EXPECT_EQ(p.Z, -1.0);
+  EXPECT_EQ(XYZ(p), (Tre{-1, -1, -1}));
   // One side longer than the other two, either way.
   EXPECT_EQ(PuntoBilatera(a, b, 17, 6, p), kNessunaSoluzione);
   EXPECT_EQ(PuntoBilatera(a, b, 6, 17, p), kNessunaSoluzione);
   // Exactly the sum of the other two: the point lies on the base line beyond B.
   ASSERT_EQ(PuntoBilatera(a, b, 16, 6, p), kRiuscito);
-  EXPECT_NEAR(p.X, 16.0, kGeo);
-  EXPECT_NEAR(p.Y, 0.0, kGeo);
+  Vicino(p, 16, 0);
 
   // Both solutions: the second is the mirror image, left of A to B.
   PuntoXYZ d, s;
   ASSERT_EQ(PuntiBilatera(a, b, 6, 8, d, s), kRiuscito);
-  EXPECT_NEAR(d.X, 3.6, kGeo);
-  EXPECT_NEAR(d.Y, -4.8, kGeo);
-  EXPECT_NEAR(s.X, 3.6, kGeo);
-  EXPECT_NEAR(s.Y, 4.8, kGeo);
-  s = {-1, -1, -1};
-  EXPECT_EQ(PuntiBilatera(a, b, 4, 5.999, d, s), kNessunaSoluzione);
-  EXPECT_EQ(s.X, -1.0);
+  Vicino(d, 3.6, -4.8);
+  Vicino(s, 3.6, 4.8);
 }
 
 TEST(RettaCerchio, SecanteTangenteEsternaEPerIlCentro) {
@@ -211,23 +165,18 @@ TEST(RettaCerchio, SecanteTangenteEsternaEPerIlCentro) {
   EXPECT_NEAR(f.X, 0.0, kGeo);
   EXPECT_EQ(f.Y, 3.0);
   // From the foot the centre lies due South; the first crossing is 100 gon to its left.
-  EXPECT_NEAR(p1.X, 4.0, kGeo);
-  EXPECT_NEAR(p1.Y, 3.0, kGeo);
-  EXPECT_NEAR(p2.X, -4.0, kGeo);
-  EXPECT_NEAR(p2.Y, 3.0, kGeo);
+  Vicino(p1, 4, 3);
+  Vicino(p2, -4, 3);
   // Heights along A-B: 14 m from A of 20, and 6 m.
   EXPECT_NEAR(p1.Z, 14.0, 1e-9);
   EXPECT_NEAR(p2.Z, 6.0, 1e-9);
 
   // Tangent: r = d, and r within 1e-6 of d, give the foot twice.
-  ASSERT_EQ(RettaCerchio(a, b, 0, 0, 3, f, p1, p2), kRiuscito);
-  EXPECT_EQ(p1.X, f.X);
-  EXPECT_EQ(p1.Y, f.Y);
-  EXPECT_EQ(p2.X, f.X);
-  EXPECT_EQ(p2.Y, f.Y);
-  ASSERT_EQ(RettaCerchio(a, b, 0, 0, 3 + 9e-7, f, p1, p2), kRiuscito);
-  EXPECT_EQ(p1.X, f.X);
-  EXPECT_EQ(p2.Y, f.Y);
+  for (double r : {3.0, 3 + 9e-7}) {
+    ASSERT_EQ(RettaCerchio(a, b, 0, 0, r, f, p1, p2), kRiuscito);
+    EXPECT_EQ(Coppia(p1.X, p1.Y), Coppia(f.X, f.Y)) << r;
+    EXPECT_EQ(Coppia(p2.X, p2.Y), Coppia(f.X, f.Y)) << r;
+  }
   // Just past the tolerance the two crossings part: half chord sqrt(r^2 - 9).
   ASSERT_EQ(RettaCerchio(a, b, 0, 0, 3 + 2e-6, f, p1, p2), kRiuscito);
   EXPECT_NEAR(p1.X - p2.X, 2 * std::sqrt((3 + 2e-6) * (3 + 2e-6) - 9), 1e-9);
@@ -242,30 +191,24 @@ TEST(RettaCerchio, SecanteTangenteEsternaEPerIlCentro) {
 
   // Through the centre: towards B only if B is strictly farther.
   ASSERT_EQ(RettaCerchio({-10, 0, 0}, {20, 0, 0}, 0, 0, 5, f, p1, p2), kRiuscito);
-  EXPECT_NEAR(p1.X, 5.0, kGeo);
-  EXPECT_NEAR(p2.X, -5.0, kGeo);
-  EXPECT_NEAR(p1.Y, 0.0, kGeo);
-  ASSERT_EQ(RettaCerchio({-20, 0, 0}, {10, 0, 0}, 0, 0, 5, f, p1, p2), kRiuscito);
-  EXPECT_NEAR(p1.X, -5.0, kGeo);
+  Vicino(p1, 5, 0);
+  Vicino(p2, -5, 0);
   ASSERT_EQ(RettaCerchio({-10, 0, 0}, {10, 0, 0}, 0, 0, 5, f, p1, p2), kRiuscito);
-  EXPECT_NEAR(p1.X, -5.0, kGeo);
-  EXPECT_NEAR(p2.X, 5.0, kGeo);
+  Vicino(p1, -5, 0);
+  Vicino(p2, 5, 0);
 }
 
-TEST(DistanzaDaSegmento, PiedeDentroFuoriESegmentoCorto) {
+TEST(DistanzaDaSegmento, PiedeDentroFuoriESegmentoCortoELatoCorda) {
   const PuntoXYZ a{0, 0}, b{10, 0};
   EXPECT_NEAR(DistanzaDaSegmento(a, b, {5, 3}), 3.0, kGeo);
   EXPECT_EQ(DistanzaDaSegmento(a, b, {13, 4}), 5.0);   // foot beyond B: the end counts
   EXPECT_EQ(DistanzaDaSegmento(a, b, {-3, -4}), 5.0);  // behind A
-  EXPECT_NEAR(DistanzaDaSegmento(a, b, {5, 0}), 0.0, kGeo);
   // Shorter than 1 cm: only the ends count, even right above the middle.
   EXPECT_EQ(DistanzaDaSegmento({0, 0}, {0.005, 0}, {0.0025, 1}), std::sqrt(0.0025 * 0.0025 + 1.0));
-}
 
-TEST(LatoCorda, DentroOFuoriDalCerchioSullaCorda) {
-  const PuntoXYZ a{0, 0}, b{10, 0};
+  // Inside or outside the circle on the chord A-B; on the circle is not greater than half.
   EXPECT_EQ(LatoCorda(a, b, {5, 4}), 1);
-  EXPECT_EQ(LatoCorda(a, b, {5, 5}), 1);  // on the circle: not greater than half
+  EXPECT_EQ(LatoCorda(a, b, {5, 5}), 1);
   EXPECT_EQ(LatoCorda(a, b, {5, 6}), 2);
   EXPECT_EQ(LatoCorda(a, b, {-1, 0}), 2);
 }
@@ -274,21 +217,17 @@ TEST(CerchioInscritto, TriangoliEAzimutAcavalloDelNord) {
   double x = 0, y = 0, r = 0;
   // 3-4-5 right triangle: inradius (3 + 4 - 5) / 2 = 1, centre (1, 1).
   ASSERT_EQ(CerchioInscritto({0, 0}, {4, 0}, {0, 3}, x, y, r), kRiuscito);
-  EXPECT_NEAR(x, 1.0, kGeo);
-  EXPECT_NEAR(y, 1.0, kGeo);
+  Vicino({x, y}, 1, 1);
   EXPECT_NEAR(r, 1.0, kGeo);
-
   // The sides from the first point run at 350 and 50 gon: their plain mean, 200 gon,
   // points away from the triangle but lies on the same bisecting line. Right isosceles
   // triangle of legs 3 sqrt 2: r = 3 sqrt 2 - 3, centre at r sqrt 2 = 6 - 3 sqrt 2 up.
   ASSERT_EQ(CerchioInscritto({0, 0}, {-3, 3}, {3, 3}, x, y, r), kRiuscito);
-  EXPECT_NEAR(x, 0.0, kGeo);
-  EXPECT_NEAR(y, 6 - 3 * std::sqrt(2.0), kGeo);
+  Vicino({x, y}, 0, 6 - 3 * std::sqrt(2.0));
   EXPECT_NEAR(r, 3 * std::sqrt(2.0) - 3, kGeo);
-
   // Three points in a row: the bisectors still cross, at the middle point, radius 0.
   ASSERT_EQ(CerchioInscritto({0, 0}, {1, 1}, {2, 2}, x, y, r), kRiuscito);
-  EXPECT_NEAR(x, 1.0, kGeo);
+  Vicino({x, y}, 1, 1);
   EXPECT_NEAR(r, 0.0, kGeo);
   // The first two in one place: no first side, no bisector, nothing written.
   x = 42;
@@ -301,28 +240,18 @@ TEST(AreaPerimetro, AreaPerimetriEPuntoMedio) {
   const std::vector<PuntoXYZ> quadrato{{0, 0, 0}, {3, 0, 4}, {3, 3, 4}, {0, 3, 0}};
   auto r = AreaPerimetro(quadrato);
   ASSERT_TRUE(r);
-  EXPECT_EQ(r->Area, 9.0);
-  EXPECT_EQ(r->Perimetro, 12.0);
-  EXPECT_EQ(r->PerimetroInclinato, 16.0);
-  EXPECT_EQ(r->Medio.X, 1.5);
-  EXPECT_EQ(r->Medio.Y, 1.5);
-  EXPECT_EQ(r->Medio.Z, 2.0);
-
+  EXPECT_EQ((Tre{r->Area, r->Perimetro, r->PerimetroInclinato}), (Tre{9, 12, 16}));
+  EXPECT_EQ(XYZ(r->Medio), (Tre{1.5, 1.5, 2}));
   // Either turning sense gives a positive area.
   const std::vector<PuntoXYZ> orario{{0, 0}, {0, 4}, {3, 0}};
   r = AreaPerimetro(orario);
   ASSERT_TRUE(r);
-  EXPECT_EQ(r->Area, 6.0);
-  EXPECT_EQ(r->Perimetro, 12.0);
-
+  EXPECT_EQ(Coppia(r->Area, r->Perimetro), Coppia(6, 12));
   // A vertex in the middle of a side moves the mean, not the centroid (3, 3).
   const std::vector<PuntoXYZ> conVertice{{0, 0}, {6, 0}, {6, 6}, {0, 6}, {0, 3}};
   r = AreaPerimetro(conVertice);
   ASSERT_TRUE(r);
-  EXPECT_EQ(r->Area, 36.0);
-  EXPECT_EQ(r->Medio.X, 2.4);
-  EXPECT_EQ(r->Medio.Y, 3.0);
-
+  EXPECT_EQ((Tre{r->Area, r->Medio.X, r->Medio.Y}), (Tre{36, 2.4, 3}));
   const std::vector<PuntoXYZ> due{{0, 0}, {1, 1}};
   EXPECT_FALSE(AreaPerimetro(due));
 }
@@ -330,12 +259,9 @@ TEST(AreaPerimetro, AreaPerimetriEPuntoMedio) {
 TEST(RuotaPunto, SensoOrarioComeGliAzimut) {
   // East turned by 100 gon about the origin goes South.
   PuntoXYZ p = RuotaPunto({10, 0, 7}, {0, 0, 0}, 100);
-  EXPECT_NEAR(p.X, 0.0, kGeo);
-  EXPECT_NEAR(p.Y, -10.0, kGeo);
+  Vicino(p, 0, -10);
   EXPECT_EQ(p.Z, 7.0);
-  p = RuotaPunto({10, 0, 0}, {0, 0, 0}, -100);
-  EXPECT_NEAR(p.X, 0.0, kGeo);
-  EXPECT_NEAR(p.Y, 10.0, kGeo);
+  Vicino(RuotaPunto({10, 0, 0}, {0, 0, 0}, -100), 0, 10);
   // A whole turn about a cadastral pivot brings the point back within a micrometre.
   p = RuotaPunto({1725003, 5031004, 0}, {1725000, 5031000, 0}, 400);
   EXPECT_NEAR(p.X, 1725003.0, 1e-6);
@@ -343,28 +269,19 @@ TEST(RuotaPunto, SensoOrarioComeGliAzimut) {
 }
 
 TEST(AngoloInArco, DentroFuoriEdEstremi) {
-  // From 50 to 150 gon through East.
-  struct Caso {
-    const char* nome;
-    double x, y;
-    bool dentro;
-    int estremo;
-  };
-  const Caso casi[] = {
+  // From 50 to 150 gon through East: place, inside, which end.
+  const std::tuple<const char*, double, double, bool, int> casi[] = {
       {"East, inside", 1, 0, true, 0},       {"at the start, 50 gon", 1, 1, true, 1},
       {"at the end, 150 gon", 1, -1, true, 2}, {"West, outside", -1, 0, false, 0},
-      {"North, outside", 0, 1, false, 0},
   };
-  for (const Caso& c : casi) {
-    const PosizioneInArco r = AngoloInArco(0, 0, 50, 100, c.x, c.y);
-    EXPECT_EQ(r.Dentro, c.dentro) << c.nome;
-    EXPECT_EQ(r.Estremo, c.estremo) << c.nome;
+  for (const auto& [nome, x, y, dentro, estremo] : casi) {
+    EXPECT_EQ(AngoloInArco(0, 0, 50, 100, x, y).Dentro, dentro) << nome;
+    EXPECT_EQ(AngoloInArco(0, 0, 50, 100, x, y).Estremo, estremo) << nome;
   }
   // An arc across North: from 350 gon, 100 gon wide.
   EXPECT_TRUE(AngoloInArco(10, 20, 350, 100, 10, 25).Dentro);
-  EXPECT_FALSE(AngoloInArco(10, 20, 350, 100, 5, 20).Dentro);   // 300 gon
-  EXPECT_TRUE(AngoloInArco(10, 20, 350, 100, 11, 21).Dentro);   // 50 gon: the end
-  EXPECT_EQ(AngoloInArco(10, 20, 350, 100, 11, 21).Estremo, 2);
+  EXPECT_FALSE(AngoloInArco(10, 20, 350, 100, 5, 20).Dentro);  // 300 gon
+  EXPECT_EQ(AngoloInArco(10, 20, 350, 100, 11, 21).Estremo, 2);  // 50 gon: the end
 }
 
 void AggiungiPunto(TabelleEntita& t, const std::string& nome, int16_t ident) {
@@ -381,18 +298,14 @@ TEST(ProssimoNomePunto, CodaNumericaPassoENomiPresi) {
   for (const char* n : {"1", "2", "3", "5", "7", "A10", "P1"}) AggiungiPunto(t, n, 0);
   AggiungiPunto(t, "4", -1);  // deleted: free again
   AggiungiPunto(t, "9", 3);   // any Ident that is not negative counts as taken
-  struct Caso {
-    const char* nome;
-    const char* passo;
-    const char* atteso;
-  };
-  const Caso casi[] = {
+  // Name, step, the next free name.
+  const std::tuple<const char*, const char*, const char*> casi[] = {
       {"1", "1", "4"},     {"3", "1", "4"},      {"5", "1", "6"},     {"8", "1", "10"},
       {"A9", "1", "A11"},  {"X", "1", "X1"},     {"007", "1", "8"},   {"1", "2", "11"},
       {"1", "0,5", "4"},   {"P10", "-1", "P9"},  {"P2", "-1", "P"},   {"B7.5", "1", "B7.6"},
   };
-  for (const Caso& c : casi)
-    EXPECT_EQ(ProssimoNomePunto(t, c.nome, true, c.passo), c.atteso) << c.nome << " step " << c.passo;
+  for (const auto& [nome, passo, atteso] : casi)
+    EXPECT_EQ(ProssimoNomePunto(t, nome, true, passo), atteso) << nome << " step " << passo;
 
   EXPECT_EQ(ProssimoNomePunto(t, "1", false, "1"), "");
   EXPECT_EQ(ProssimoNomePunto(t, "1", true, ""), "");
@@ -409,19 +322,11 @@ TEST(ProssimoNomePunto, UnRilievoNumeratoDiFilaSiScavalcaInUnaPassata) {
   EXPECT_EQ(ProssimoNomePunto(t, "1", true, "1"), "100001");
 }
 
-TEST(NomePulito, SeparatoriInTrattinoBassoEVuotoInZero) {
+TEST(NomiEConvenzioni, NomePulitoVirgolaInIngressoPuntoInUscitaEMaschere) {
   EXPECT_EQ(NomePulito("  a.b,c d\\e/f  "), "a_b_c_d_e_f");
-  EXPECT_EQ(NomePulito("PF01/0120"), "PF01_0120");
   EXPECT_EQ(NomePulito("   "), "0");
-  EXPECT_EQ(NomePulito(""), "0");
-}
-
-TEST(Convenzioni, VirgolaInIngressoPuntoInUscitaEMaschere) {
-  EXPECT_EQ(LeggiNumero("12,5"), 12.5);
   EXPECT_EQ(LeggiNumero(" 3,25 m"), 3.25);
-  EXPECT_EQ(LeggiNumero(""), 0.0);
   EXPECT_EQ(LeggiNumero("abc"), 0.0);
-  EXPECT_EQ(TestoGon(200), "200.0");
   EXPECT_EQ(TestoGon(123.45678), "123.4568");
   EXPECT_EQ(TestoGon(99.99996), "100.0");
   EXPECT_EQ(TestoGon(-0.5), "-0.50");  // a "#" place shows while a digit follows it

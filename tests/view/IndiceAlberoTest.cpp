@@ -33,8 +33,8 @@ TEST(IndiceAlbero, TutteLeScatoleUnaVoltaDallaPiuVicina) {
   b[17].X0 = std::numeric_limits<double>::quiet_NaN();
   IndiceAlbero a;
   a.Costruisci(static_cast<int64_t>(b.size()), [&](int64_t i, double& x0, double& y0, double& x1, double& y1) {
-    x0 = b[static_cast<size_t>(i)].X0, y0 = b[static_cast<size_t>(i)].Y0;
-    x1 = b[static_cast<size_t>(i)].X1, y1 = b[static_cast<size_t>(i)].Y1;
+    const Box& q = b[static_cast<size_t>(i)];
+    x0 = q.X0, y0 = q.Y0, x1 = q.X1, y1 = q.Y1;
     return i != 99;  // left out on purpose
   });
   EXPECT_EQ(a.Elementi(), 5000);

@@ -50,77 +50,78 @@ struct Scena {
     s.PuntoFont[r] = "Arial";
     return s.ContaEntita[SlotPunti]++;
   }
+  void Testo(const char* testo, int colore) {
+    DimensionaTesti(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotTesti]++);
+    s.TestoTesto[r] = testo;
+    s.TestoX[r] = 1000, s.TestoY[r] = 2000, s.TestoAltezza[r] = 2;
+    s.TestoColore[r] = colore;
+  }
+  // An image "foto<row>.png" inserted at (x, 2010), its size in pixels times `scala` metres.
+  void Bitmap(double x, double larghezza, double altezza, double scala) {
+    DimensionaBitmap(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotBitmap]++);
+    s.BitmapNomeFile[r] = "foto" + std::to_string(r) + ".png";
+    s.BitmapX[r] = x, s.BitmapY[r] = 2010, s.BitmapLarghezza[r] = larghezza, s.BitmapAltezza[r] = altezza;
+    s.BitmapScalaLar[r] = s.BitmapScalaAlt[r] = scala;
+  }
+  void Disegna() {
+    RigeneraLista(s);
+    Ridisegna(s);
+  }
   size_t Conta(const std::string& prefisso) const { return sup.Solo(prefisso).size(); }
 };
 
 TEST(ColoreVisibile, IndiciDaNonDipingereEFondo) {
   Scena z;
-  EXPECT_EQ(ColoreVisibile(z.s, 0), 250);
-  EXPECT_EQ(ColoreVisibile(z.s, -3), 250);
-  EXPECT_EQ(ColoreVisibile(z.s, 8), 250);
-  EXPECT_EQ(ColoreVisibile(z.s, 255), 250);
-  EXPECT_EQ(ColoreVisibile(z.s, 7), kIndiceEvidenza);  // the background's own colour
+  for (int c : {0, -3, 8, 255}) EXPECT_EQ(ColoreVisibile(z.s, c), 250) << c;
   EXPECT_EQ(ColoreVisibile(z.s, 3), 3);
   ColoreRGB c;
-  EXPECT_TRUE(ColoreDaIndice(z.s, kIndiceEvidenza, c));
-  EXPECT_EQ(c, kColoreEvidenza);
   EXPECT_FALSE(ColoreDaIndice(z.s, 258, c));
 }
 
 TEST(Rigenerazione, OrdineDelleTipologie) {
   Scena z;
   z.Linea(990, 1990, 1010, 1990);
-  DimensionaTesti(z.s);
-  z.s.TestoTesto[0] = "VIA ROMA";
-  z.s.TestoX[0] = 1000, z.s.TestoY[0] = 2000, z.s.TestoAltezza[0] = 2;
-  z.s.ContaEntita[SlotTesti] = 1;
+  z.Testo("VIA ROMA", 0);
   DimensionaCerchi(z.s);
   z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 2000, z.s.CerchioRaggio[0] = 5;
   z.s.ContaEntita[SlotCerchi] = 1;
   DimensionaArchi(z.s);
   z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
   z.s.ContaEntita[SlotArchi] = 1;
-  DimensionaBitmap(z.s);
-  z.s.BitmapNomeFile[0] = "foto.png";
-  z.s.BitmapX[0] = 990, z.s.BitmapY[0] = 2010, z.s.BitmapLarghezza[0] = 100, z.s.BitmapAltezza[0] = 50;
-  z.s.BitmapScalaLar[0] = z.s.BitmapScalaAlt[0] = 0.1;
-  z.s.ContaEntita[SlotBitmap] = 1;
+  z.Bitmap(990, 100, 50, 0.1);
   RigeneraLista(z.s);
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
-  for (int64_t i = 0; i < l.Conta(); ++i)
-    if (tipi.empty() || tipi.back() != l.Tipo[static_cast<size_t>(i)]) tipi.push_back(l.Tipo[static_cast<size_t>(i)]);
+  std::vector<size_t> arco, cerchio;
+  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i) {
+    if (tipi.empty() || tipi.back() != l.Tipo[i]) tipi.push_back(l.Tipo[i]);
+    if (l.Tipo[i] == SlotArchi) arco.push_back(i);
+    if (l.Tipo[i] == SlotCerchi) cerchio.push_back(i);
+  }
   EXPECT_EQ(tipi, (std::vector<int>{13, 4, 3, 2, 5}));
   // The image frame: 10 m by 5 m down from its insertion.
   EXPECT_EQ(l.X2[0], 1000);
   EXPECT_EQ(l.Y1[1], 2010);
   EXPECT_EQ(l.Y2[1], 2005);
   // The arc is in gon: a quarter turn from North to East, ending at (1005, 2000).
-  size_t ultimaArco = 0;
-  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i)
-    if (l.Tipo[i] == SlotArchi) ultimaArco = i;
-  EXPECT_NEAR(l.X2[ultimaArco], 1005, 1e-9);
-  EXPECT_NEAR(l.Y2[ultimaArco], 2000, 1e-9);
+  ASSERT_FALSE(arco.empty());
+  EXPECT_NEAR(l.X2[arco.back()], 1005, 1e-9);
+  EXPECT_NEAR(l.Y2[arco.back()], 2000, 1e-9);
   // The circle stops short of its start: 399.99 gon, not a whole turn.
-  size_t ultimaCerchio = 0, primaCerchio = SIZE_MAX;
-  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i)
-    if (l.Tipo[i] == SlotCerchi) {
-      ultimaCerchio = i;
-      primaCerchio = std::min(primaCerchio, i);
-    }
-  EXPECT_NE(l.X2[ultimaCerchio], l.X1[primaCerchio]);
-  EXPECT_NEAR(l.X2[ultimaCerchio], 1000 + 5 * std::sin(399.99 * 3.14159265358979323846 / 200), 1e-9);
+  ASSERT_FALSE(cerchio.empty());
+  EXPECT_NEAR(l.X2[cerchio.back()], 1000 + 5 * std::sin(399.99 * 3.14159265358979323846 / 200), 1e-9);
 
   Ridisegna(z.s);
   // Painted: the background, the image, the list, then the points (none here).
   const auto& c = z.sup.Chiamate;
   const auto immagine = std::find_if(c.begin(), c.end(), [](const std::string& x) { return x.rfind("Immagine", 0) == 0; });
   const auto testo = std::find_if(c.begin(), c.end(), [](const std::string& x) { return x.rfind("Testo", 0) == 0; });
-  ASSERT_NE(immagine, c.end());
   ASSERT_NE(testo, c.end());
-  EXPECT_LT(immagine, testo);
-  EXPECT_EQ(*immagine, "Immagine foto.png -10 10 0 5");
+  ASSERT_LT(immagine, testo);
+  EXPECT_EQ(*immagine, "Immagine foto0.png -10 10 0 5");
   EXPECT_EQ(z.sup.Solo("Pulisci").size(), 1u);
   EXPECT_EQ(z.sup.Solo("ColoreFondo").front(), "ColoreFondo #ffffff");
 }
@@ -128,24 +129,24 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
 TEST(Rigenerazione, TrattiTroncaEQuota) {
   Scena z;
   // 20 m due East, dashed 3/3, shortened by 1 m at each end: 18 m from 991 to 1009.
-  const int r = z.Linea(990, 2000, 1010, 2000, 2, 2);
-  z.s.LineaTronca[static_cast<size_t>(r)] = 1;
+  const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000, 2, 2));
+  z.s.LineaTronca[r] = 1;
   RigeneraLista(z.s);
   const ElencoDisegno& l = z.s.ListaDisegno;
   ASSERT_EQ(l.Conta(), 3);  // 991-994, 997-1000, 1003-1006; the last gap reaches the end
   EXPECT_DOUBLE_EQ(l.X1[0], 991);
   EXPECT_DOUBLE_EQ(l.X2[2], 1006);
   // A negative truncation lengthens the line before its pattern.
-  z.s.LineaTronca[static_cast<size_t>(r)] = -2;
-  z.s.LineaTratteggio[static_cast<size_t>(r)] = 1;
+  z.s.LineaTronca[r] = -2;
+  z.s.LineaTratteggio[r] = 1;
   RigeneraLista(z.s);
   ASSERT_EQ(l.Conta(), 1);
   EXPECT_DOUBLE_EQ(l.X1[0], 988);
   EXPECT_DOUBLE_EQ(l.X2[0], 1012);
   // The length label: along the line from its start, "######0." and two decimals.
-  z.s.LineaTronca[static_cast<size_t>(r)] = 0;
-  z.s.LineaQuotata[static_cast<size_t>(r)] = 1;
-  z.s.LineaOffsetQuota[static_cast<size_t>(r)] = 4;
+  z.s.LineaTronca[r] = 0;
+  z.s.LineaQuotata[r] = 1;
+  z.s.LineaOffsetQuota[r] = 4;
   RigeneraLista(z.s);
   ASSERT_EQ(l.Conta(), 2);
   EXPECT_EQ(l.Primitiva[0], PrimTesto);
@@ -154,8 +155,8 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
   EXPECT_EQ(l.Font(0), "Arial");
   EXPECT_FLOAT_EQ(l.Rotazione[0], 400.0f);  // due East: 400 - 100 + 100
   EXPECT_FLOAT_EQ(l.Altezza[0], 1.0f);
-  // Deleted and frozen lines give nothing.
-  z.s.LineaCongela[static_cast<size_t>(r)] = -1;
+  // Frozen lines give nothing.
+  z.s.LineaCongela[r] = -1;
   RigeneraLista(z.s);
   EXPECT_EQ(l.Conta(), 0);
 }
@@ -164,26 +165,17 @@ TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {
   Scena z;
   z.Linea(900, 1990, 910, 2010);   // wholly left of the view (x < 920)
   z.Linea(850, 2000, 1150, 2001);  // both ends outside, crossing it
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
-  const auto linee = z.sup.Solo("Linea ");
-  ASSERT_EQ(linee.size(), 1u);
-  EXPECT_EQ(linee[0], "Linea -150 0 150 1 #ff0000");
+  z.Disegna();
+  EXPECT_EQ(z.sup.Solo("Linea "), (std::vector<std::string>{"Linea -150 0 150 1 #ff0000"}));
 }
 
 TEST(Ridisegno, TestoSenzaFontEColoreDelFondo) {
   Scena z;
-  DimensionaTesti(z.s);
-  z.s.TestoTesto[0] = "ABC";
-  z.s.TestoX[0] = 1000, z.s.TestoY[0] = 2000, z.s.TestoAltezza[0] = 2;
-  z.s.TestoColore[0] = 7;  // the background's colour
-  z.s.ContaEntita[SlotTesti] = 1;
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
-  const auto caratteri = z.sup.Solo("Carattere Curier");
-  ASSERT_EQ(caratteri.size(), 1u);  // the misspelled name, kept on purpose
-  // 2 m at 100 mm for 100 m: 2 mm, in points.
-  EXPECT_EQ(caratteri[0], "Carattere Curier New " + FormaSemplice(static_cast<float>(2.0 * 100 / 100 / 0.3528)));
+  z.Testo("ABC", 7);  // the background's colour
+  z.Disegna();
+  // The misspelled name, kept on purpose; 2 m at 100 mm for 100 m: 2 mm, in points.
+  EXPECT_EQ(z.sup.Solo("Carattere Curier"),
+            (std::vector<std::string>{"Carattere Curier New " + FormaSemplice(static_cast<float>(2.0 / 0.3528))}));
   EXPECT_EQ(z.sup.Solo("ColorePenna").back(), "ColorePenna #3399ff");
   EXPECT_EQ(z.sup.Solo("Testo ").back(), "Testo 0 2 ABC");  // its top left, 2 m over the foot
 }
@@ -195,8 +187,7 @@ TEST(Ridisegno, SimboliDeiPuntiEPixelDellaDimensionePrecedente) {
   z.Punto("B", 1010, 2000, 2, -5);   // a plus, 5% of the view: 5 m
   z.Punto("C", 1020, 2000, 0, 0.1);  // a dot, under the threshold of 0.5 m
   z.Punto("D", 1030, 2000, 0, 4);    // a dot after a small one
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
+  z.Disegna();
   EXPECT_EQ(z.sup.Solo("Riquadro"), (std::vector<std::string>{"Riquadro -1 -1 1 1 #ff0000"}));
   EXPECT_EQ(z.sup.Solo("Cerchio"), (std::vector<std::string>{"Cerchio 0 0 1 #ff0000"}));
   EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea 7.5 0 12.5 0 #ff0000", "Linea 10 -2.5 10 2.5 #ff0000"}));
@@ -211,13 +202,10 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   z.s.Imp.CollegaPuntoSimbolo = 1;
   const auto r = static_cast<size_t>(z.Punto("101", 1000, 2000, 1, 2));
   z.s.PuntoDescrizione[r] = "SPIGOLO";
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
+  z.Disegna();
   // Name at (X + s/2, Y), height 1.5 h under it, description 1.5 h further; each printed
   // 1.5 h above its line; no leader without a displacement.
-  EXPECT_EQ(z.sup.Solo("Testo"),
-            (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 12.35", "Testo 1 -3 SPIGOLO"}));
-  // 2 m in a view of 100 m shown 100 mm high: 2 mm, in points.
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 12.35", "Testo 1 -3 SPIGOLO"}));
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
   EXPECT_TRUE(z.sup.Solo("Stile 2").empty());
   z.s.PuntoSpoX[r] = 3;
@@ -236,56 +224,35 @@ TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
   Scena z;
   // 40 x 40 points half a metre apart, labels of 2 m: they would cover the view 16 times.
   for (int i = 0; i < 1600; ++i) z.Punto("P", 980 + (i % 40) * 0.5, 1990 + (i / 40) * 0.5, 1, 2);
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
-  const size_t fitte = z.Conta("Testo");
-  EXPECT_GT(fitte, 0u);
-  EXPECT_LT(fitte, 300u);
+  z.Disegna();
+  EXPECT_GT(z.Conta("Testo"), 0u);
+  EXPECT_LT(z.Conta("Testo"), 300u);
   // Spread over the view the same number of labels is not thinned at all.
   Scena w;
   for (int i = 0; i < 40; ++i) w.Punto("P", 925 + (i % 8) * 20, 1960 + (i / 8) * 20, 1, 2);
-  RigeneraLista(w.s);
-  Ridisegna(w.s);
+  w.Disegna();
   EXPECT_EQ(w.Conta("Testo"), 80u);  // name and height; no description
 }
 
-TEST(Ridisegno, ImmagineInCimaDipintaPerUltima) {
+TEST(Ridisegno, ImmagineInCimaDipintaPerUltimaELaStoria) {
   Scena z;
-  for (int k = 0; k < 3; ++k) {
-    DimensionaBitmap(z.s);
-    const auto r = static_cast<size_t>(k);
-    z.s.BitmapNomeFile[r] = "foto" + std::to_string(k) + ".png";
-    z.s.BitmapX[r] = 990 + k, z.s.BitmapY[r] = 2010;
-    z.s.BitmapLarghezza[r] = z.s.BitmapAltezza[r] = 10;
-    z.s.BitmapScalaLar[r] = z.s.BitmapScalaAlt[r] = 1;
-    ++z.s.ContaEntita[SlotBitmap];
-  }
+  for (int k = 0; k < 3; ++k) z.Bitmap(990 + k, 10, 10, 1);
   z.s.BitmapCongela[2] = -1;  // frozen: not painted
   z.s.ImmagineInCima = 0;
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
+  const size_t prima = z.s.Vista.Storia.size();
+  z.Disegna();
   const auto immagini = z.sup.Solo("Immagine");
   ASSERT_EQ(immagini.size(), 2u);
   EXPECT_EQ(immagini[0].substr(0, 18), "Immagine foto1.png");
   EXPECT_EQ(immagini[1].substr(0, 18), "Immagine foto0.png");
-}
-
-TEST(Ridisegno, LavoroVuotoDipingeIlFondoEAggiungeLaStoria) {
-  Scena z;
-  const size_t prima = z.s.Vista.Storia.size();
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
-  EXPECT_EQ(z.s.Vista.Storia.size(), prima + 1);
-  EXPECT_EQ(z.sup.Solo("Pulisci").size(), 1u);
-  EXPECT_TRUE(z.sup.Solo("Linea").empty());
+  EXPECT_EQ(z.s.Vista.Storia.size(), prima + 1);  // every redraw adds the view to the record
 }
 
 TEST(Ridisegno, SelezioneInInversione) {
   Scena z;
   const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000));
   z.s.StatoLinea[r] = 1;
-  RigeneraLista(z.s);
-  Ridisegna(z.s);
+  z.Disegna();
   const auto& c = z.sup.Chiamate;
   const auto linea = std::find(c.begin(), c.end(), "Linea -10 0 10 0 #ff0000");
   ASSERT_NE(linea, c.end());

@@ -15,6 +15,12 @@ std::vector<Tratto> Espandi(double x1, double y1, double x2, double y2, std::vec
   return out;
 }
 
+std::vector<ElementoSimbolo> Simbolo(int codice, double s, bool carta = false) {
+  std::vector<ElementoSimbolo> e;
+  ScomponiSimbolo(codice, s, carta, e);
+  return e;
+}
+
 TEST(EspandiLinea, TrattiEVuotiInMetri) {
   // Due East, 10 m, strokes of 3 and gaps of 3: 0-3, 6-9, the third stroke cut at the end.
   auto t = Espandi(100, 200, 110, 200, {3, -3});
@@ -28,30 +34,16 @@ TEST(EspandiLinea, TrattiEVuotiInMetri) {
   EXPECT_EQ(t[2].Y2, 13);
   EXPECT_NEAR(t[2].Y1, 12, 1e-12);
   EXPECT_EQ(Espandi(0, 0, 0, 11, {3, -3}).size(), 2u);  // ending in a gap adds nothing
-}
 
-TEST(EspandiLinea, LineaPiuCortaDelPrimoTratto) {
-  auto t = Espandi(5, 5, 6, 5, {12.5, -25, 25, -25});
-  ASSERT_EQ(t.size(), 1u);
-  EXPECT_EQ(t[0].X1, 5);
-  EXPECT_EQ(t[0].X2, 6);  // exactly the line's end
-}
-
-TEST(EspandiLinea, SoloVuotiNonDisegnaNulla) {
-  EXPECT_TRUE(Espandi(0, 0, 100, 0, {-2, -3}).empty());
-}
-
-TEST(EspandiLinea, PuntiComeTrattiDiLunghezzaZero) {
-  auto t = Espandi(0, 0, 60, 0, {0, -25});
-  ASSERT_EQ(t.size(), 3u);  // dots at 0, 25, 50
+  // Dots are strokes of no length: at 0, 25, 50.
+  t = Espandi(0, 0, 60, 0, {0, -25});
+  ASSERT_EQ(t.size(), 3u);
   EXPECT_EQ(t[1].X1, 25);
   EXPECT_EQ(t[1].X2, 25);
   EXPECT_EQ(t[2].X1, 50);
-}
 
-TEST(EspandiLinea, PezziObliqui) {
   // Aslant by 100 gon on a line due East: each stroke stands due South, the walk goes East.
-  auto t = Espandi(0, 0, 10, 0, {1, -4}, 100);
+  t = Espandi(0, 0, 10, 0, {1, -4}, 100);
   ASSERT_EQ(t.size(), 2u);
   EXPECT_NEAR(t[0].X2, 0, 1e-12);
   EXPECT_NEAR(t[0].Y2, -1, 1e-12);
@@ -59,7 +51,12 @@ TEST(EspandiLinea, PezziObliqui) {
   EXPECT_NEAR(t[1].Y2, -1, 1e-12);
 }
 
-TEST(EspandiLinea, PienaSenzaElementiOTroppiPezzi) {
+TEST(EspandiLinea, CortaSoloVuotiPienaETroppiPezzi) {
+  auto t = Espandi(5, 5, 6, 5, {12.5, -25, 25, -25});  // shorter than its first stroke
+  ASSERT_EQ(t.size(), 1u);
+  EXPECT_EQ(t[0].X1, 5);
+  EXPECT_EQ(t[0].X2, 6);  // exactly the line's end
+  EXPECT_TRUE(Espandi(0, 0, 100, 0, {-2, -3}).empty());
   EXPECT_EQ(Espandi(0, 0, 3, 4, {}).size(), 1u);
   EXPECT_EQ(Espandi(0, 0, 0, 0, {}).size(), 1u);
   EXPECT_EQ(Espandi(0, 0, 1e6, 0, {0.001, -0.001}).size(), 1u);
@@ -95,45 +92,33 @@ TEST(EspandiArco, CordeEAltezze) {
 }
 
 TEST(ScomponiSimbolo, DecorazioniEBasi) {
-  std::vector<ElementoSimbolo> e;
-  ScomponiSimbolo(97, 4, false, e);  // 97 - 96 = 1: box and circle, no base
+  auto e = Simbolo(97, 4);  // 97 - 96 = 1: box and circle, no base
   ASSERT_EQ(e.size(), 2u);
   EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Riquadro);
   EXPECT_EQ(e[0].C, 1);
   EXPECT_EQ(e[1].Tipo, ElementoSimbolo::Cerchio);
-  e.clear();
-  ScomponiSimbolo(66, 4, false, e);  // box, then a plus of half size 2
+  e = Simbolo(66, 4);  // box, then a plus of half size 2
   ASSERT_EQ(e.size(), 3u);
   EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Riquadro);
   EXPECT_EQ(e[1].A, -2);
   EXPECT_EQ(e[1].C, 2);
-  e.clear();
-  ScomponiSimbolo(35, 4, false, e);  // circle, diagonal cross
+  e = Simbolo(35, 4);  // circle, diagonal cross
   ASSERT_EQ(e.size(), 3u);
   EXPECT_EQ(e[0].Tipo, ElementoSimbolo::Cerchio);
   EXPECT_EQ(e[1].A, -2);
   EXPECT_EQ(e[1].B, -2);
-  e.clear();
-  ScomponiSimbolo(32, 4, false, e);  // circle and a dot
+  e = Simbolo(32, 4);  // circle and a dot
   ASSERT_EQ(e.size(), 2u);
   EXPECT_EQ(e[1].Tipo, ElementoSimbolo::Punto);
-  e.clear();
-  ScomponiSimbolo(32, 4, true, e);  // on paper the dot is a cross of half size s/100
+  e = Simbolo(32, 4, true);  // on paper the dot is a cross of half size s/100
   ASSERT_EQ(e.size(), 3u);
   EXPECT_DOUBLE_EQ(e[1].C, 0.04);
-  e.clear();
-  ScomponiSimbolo(42, 10, false, e);  // triangle and a dot
+  e = Simbolo(42, 10);  // triangle and a dot
   ASSERT_EQ(e.size(), 4u);
   EXPECT_DOUBLE_EQ(e[0].B, 4);  // first vertex due North at 0.4 s
-  e.clear();
-  ScomponiSimbolo(5, 2, false, e);
-  EXPECT_EQ(e.size(), 8u);
-  e.clear();
-  ScomponiSimbolo(93, 2, false, e);  // 93 - 96 < 0: box and circle only
-  EXPECT_EQ(e.size(), 2u);
-  e.clear();
-  ScomponiSimbolo(1, 2, false, e);
-  EXPECT_TRUE(e.empty());
+  EXPECT_EQ(Simbolo(5, 2).size(), 8u);
+  EXPECT_EQ(Simbolo(93, 2).size(), 2u);  // 93 - 96 < 0: box and circle only
+  EXPECT_TRUE(Simbolo(1, 2).empty());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Extent, zoom to everything, and the zooms and pans that keys, menus and the pointer drive.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -13,38 +14,42 @@
 namespace varena {
 namespace {
 
+using Tre = std::array<double, 3>;
+using Quattro = std::array<double, 4>;
+
 struct Prova {
   InterfacciaRegistrata ui;
   Sessione s;
   Prova() { s.Ui = &ui; }
+  // Centre East, centre North and height of the view.
+  Tre Vista() const { return {s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista}; }
+  void Vista(double est, double nord, double altezza) {
+    s.Vista.CentroEst = est, s.Vista.CentroNord = nord, s.Vista.AltezzaVista = altezza;
+  }
+  void Finestra(double x1, double y1, double x2, double y2) {
+    ArmaZoom(s, ZoomFinestra);
+    (void)ClicZoom(s, x1, y1, false);
+    (void)ClicZoom(s, x2, y2, false);
+  }
 };
+
+Quattro Guida(const GuidaZoom& g) { return {g.X1, g.Y1, g.X2, g.Y2}; }
 
 void Punto(Sessione& s, const std::string& nome, double x, double y, int16_t ident = 0, int16_t congela = 0) {
   DimensionaPunti(s);
   const size_t i = static_cast<size_t>(s.ContaEntita[SlotPunti]++);
   s.PuntoNome[i] = nome;
-  s.PuntoX[i] = x;
-  s.PuntoY[i] = y;
+  s.PuntoX[i] = x, s.PuntoY[i] = y;
   s.PuntoIdent[i] = ident;
   s.PuntoCongelaSimbolo[i] = congela;
 }
 
-void Vista(Sessione& s, double est, double nord, double altezza) {
-  s.Vista.CentroEst = est;
-  s.Vista.CentroNord = nord;
-  s.Vista.AltezzaVista = altezza;
-}
-
 TEST(TuttoTutto, LavoroVuotoCentoAttornoA50) {
   Prova p;
-  Vista(p.s, 7, 8, 9);
+  p.Vista(7, 8, 9);
   EXPECT_EQ(TuttoTutto(p.s), Seguito::Rigenerazione);  // a regeneration, not only a redraw
-  EXPECT_EQ(p.s.Vista.CentroEst, 50.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 50.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 100.0);
-  EXPECT_EQ(p.s.Vista.IngombroEst, 50.0);
-  EXPECT_EQ(p.s.Vista.IngombroNord, 50.0);
-  EXPECT_EQ(p.s.Vista.IngombroAltezza, 100.0);
+  EXPECT_EQ(p.Vista(), (Tre{50, 50, 100}));
+  EXPECT_EQ((Tre{p.s.Vista.IngombroEst, p.s.Vista.IngombroNord, p.s.Vista.IngombroAltezza}), (Tre{50, 50, 100}));
 }
 
 TEST(TuttoTutto, PuntiCerchiArchiInGonETesti) {
@@ -91,131 +96,48 @@ TEST(TuttoTutto, UnSoloPuntoDiventaUnMetroEIRecordAllarganoIlRiquadro) {
   b.AggiungiRecord(std::span<const RecordProva>(lista));
   b.Aggiungi(std::nan(""), 0);  // a damaged value never reaches the view
   InquadraIngombro(p.s.Vista, b.Risultato());
-  EXPECT_EQ(p.s.Vista.CentroEst, 1724950.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 5031125.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 350.0);  // the height of the box, larger than its width
+  EXPECT_EQ(p.Vista(), (Tre{1724950, 5031125, 350}));  // the height of the box, larger than its width
 }
 
 TEST(ZoomFinestra, AngoliInQualsiasiOrdineEIlLatoMaggiore) {
   Prova a, b;
   ArmaZoom(a.s, ZoomFinestra);
-  ArmaZoom(b.s, ZoomFinestra);
   EXPECT_EQ(ClicZoom(a.s, 10.25, 20.5, false), Seguito::Nessuno);
   EXPECT_EQ(ClicZoom(a.s, 110.75, 40.125, false), Seguito::Ridisegno);
-  EXPECT_EQ(ClicZoom(b.s, 110.75, 40.125, false), Seguito::Nessuno);
-  EXPECT_EQ(ClicZoom(b.s, 10.25, 20.5, false), Seguito::Ridisegno);
-  for (Sessione* s : {&a.s, &b.s}) {
-    EXPECT_EQ(s->Vista.CentroEst, 60.5);
-    EXPECT_EQ(s->Vista.CentroNord, 30.3125);
-    EXPECT_EQ(s->Vista.AltezzaVista, 100.5);  // the wide side becomes the height
-    EXPECT_EQ(s->Vista.ModoZoom, ZoomNessuno);
-    EXPECT_EQ(s->Vista.PrimoPuntoZoom, 0);
+  b.Finestra(110.75, 40.125, 10.25, 20.5);
+  for (Prova* q : {&a, &b}) {
+    EXPECT_EQ(q->Vista(), (Tre{60.5, 30.3125, 100.5}));  // the wide side becomes the height
+    EXPECT_EQ(q->s.Vista.ModoZoom, ZoomNessuno);
   }
   // A tall window: its height; a square one: its side.
-  ArmaZoom(a.s, ZoomFinestra);
-  (void)ClicZoom(a.s, 0, 0, false);
-  (void)ClicZoom(a.s, 20, 70, false);
+  a.Finestra(0, 0, 20, 70);
   EXPECT_EQ(a.s.Vista.AltezzaVista, 70.0);
-  ArmaZoom(a.s, ZoomFinestra);
-  (void)ClicZoom(a.s, 0, 0, false);
-  (void)ClicZoom(a.s, -30, -30, false);
+  a.Finestra(0, 0, -30, -30);
   EXPECT_EQ(a.s.Vista.AltezzaVista, 30.0);
 }
 
 TEST(ZoomFinestra, DentroUnComandoRipristinaIlSuoPrompt) {
   Prova p;
   MostraPrompt(p.s, "Linea 2 Punti - Secondo Punto:");
-  ArmaZoom(p.s, ZoomFinestra);
-  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomFinestra);
-  (void)ClicZoom(p.s, 0, 0, false);
-  EXPECT_EQ(p.s.Vista.PrimoPuntoZoom, 255);
-  (void)ClicZoom(p.s, 10, 10, false);
+  p.Finestra(0, 0, 10, 10);
   const std::vector<std::string> attesi{"Linea 2 Punti - Secondo Punto:", "Primo Punto per Finestra :",
                                         "Secondo Punto per Finestra :", "Linea 2 Punti - Secondo Punto:"};
   EXPECT_EQ(p.ui.Prompts, attesi);
   EXPECT_EQ(p.s.Prompt, "Linea 2 Punti - Secondo Punto:");
-}
 
-TEST(ZoomFinestra, UnSecondoZoomArmatoRestituisceIlPromptDelPrimo) {
-  Prova p;
-  MostraPrompt(p.s, "Cerchio - Centro:");
-  ArmaZoom(p.s, ZoomFinestra);
-  ArmaZoom(p.s, ZoomRiquadro);
-  (void)ClicZoom(p.s, 5, 5, false);
-  EXPECT_EQ(p.s.Prompt, "Primo Punto per Finestra :");
-  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomNessuno);
-}
-
-TEST(ZoomSposta, SpostamentoOrtogonaleEGuida) {
-  Prova p;
-  Vista(p.s, 100, 200, 50);
-  ArmaZoom(p.s, ZoomSposta);
-  EXPECT_EQ(p.ui.Prompts.back(), "Punto base per spostamento:");
-  EXPECT_EQ(ClicZoom(p.s, 10, 10, false), Seguito::Nessuno);
-  EXPECT_EQ(p.ui.Prompts.back(), "Secondo Punto per Spostamento:");
-  // The guide line runs from the base point to the pointer.
-  PuntatoreMosso(p.s, -87, -186);  // view coordinates: (13, 14) in metres
-  const GuidaZoom g = GuidaPerZoom(p.s);
-  EXPECT_EQ(g.Tipo, GuidaZoom::Linea);
-  EXPECT_EQ(g.X1, 10.0);
-  EXPECT_EQ(g.Y1, 10.0);
-  EXPECT_EQ(g.X2, 13.0);
-  EXPECT_EQ(g.Y2, 14.0);
-  EXPECT_EQ(ClicZoom(p.s, 13, 14, false), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 97.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 196.0);
-  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Nessuna);
-
-  // Orthogonal: the smaller component goes.
-  ArmaZoom(p.s, ZoomSposta);
-  (void)ClicZoom(p.s, 10, 10, true);
-  (void)ClicZoom(p.s, 13, 14, true);
-  EXPECT_EQ(p.s.Vista.CentroEst, 97.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 192.0);
-  ArmaZoom(p.s, ZoomSposta);
-  (void)ClicZoom(p.s, 10, 10, true);
-  (void)ClicZoom(p.s, 15, 12, true);
-  EXPECT_EQ(p.s.Vista.CentroEst, 92.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 192.0);
-}
-
-TEST(ZoomCentro, OgniClicRicentraFinoAlTastoDestro) {
-  Prova p;
-  MostraPrompt(p.s, "");
-  ArmaZoom(p.s, ZoomCentro);
-  EXPECT_EQ(ClicZoom(p.s, 1, 2, false), Seguito::Ridisegno);
-  EXPECT_EQ(ClicZoom(p.s, 3, 4, false), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 3.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 4.0);
-  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomCentro);
-  EXPECT_EQ(p.s.Prompt, "Indica il nuovo Centro Schermo:");
-  AnnullaZoom(p.s);
-  EXPECT_EQ(ClicZoom(p.s, 9, 9, false), Seguito::Nessuno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 3.0);
-}
-
-TEST(ZoomRiquadro, LaMezzaLarghezzaDiventaLAltezza) {
-  Prova p;
-  Vista(p.s, 0, 0, 60);
-  p.s.Vista.RapportoVista = 1.5;
-  ArmaZoom(p.s, ZoomRiquadro);
-  PuntatoreMosso(p.s, 7, 8);
-  const GuidaZoom g = GuidaPerZoom(p.s);
-  EXPECT_EQ(g.Tipo, GuidaZoom::Riquadro);
-  EXPECT_EQ(g.X1, -8.0);  // half width 60 * 1.5 / 6 = 15
-  EXPECT_EQ(g.Y1, -2.0);  // half height 60 / 6 = 10
-  EXPECT_EQ(g.X2, 22.0);
-  EXPECT_EQ(g.Y2, 18.0);
-  EXPECT_EQ(ClicZoom(p.s, 7, 8, false), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 15.0);
-  EXPECT_EQ(p.s.Vista.CentroEst, 7.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 8.0);
-  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomNessuno);
+  // A second zoom armed over the first gives back the first one's prompt.
+  Prova q;
+  MostraPrompt(q.s, "Cerchio - Centro:");
+  ArmaZoom(q.s, ZoomFinestra);
+  ArmaZoom(q.s, ZoomRiquadro);
+  (void)ClicZoom(q.s, 5, 5, false);
+  EXPECT_EQ(q.s.Prompt, "Primo Punto per Finestra :");
+  EXPECT_EQ(q.s.Vista.ModoZoom, ZoomNessuno);
 }
 
 TEST(ZoomFinestra, TastoDestroTraIDueClicAnnulla) {
   Prova p;
-  Vista(p.s, 1, 2, 3);
+  p.Vista(1, 2, 3);
   ArmaZoom(p.s, ZoomFinestra);
   (void)ClicZoom(p.s, 0, 0, false);
   PuntatoreMosso(p.s, 5, 5);
@@ -227,118 +149,150 @@ TEST(ZoomFinestra, TastoDestroTraIDueClicAnnulla) {
   EXPECT_EQ(p.s.Vista.AltezzaVista, 3.0);
 }
 
+TEST(ZoomSposta, SpostamentoOrtogonaleEGuida) {
+  Prova p;
+  p.Vista(100, 200, 50);
+  ArmaZoom(p.s, ZoomSposta);
+  EXPECT_EQ(p.ui.Prompts.back(), "Punto base per spostamento:");
+  EXPECT_EQ(ClicZoom(p.s, 10, 10, false), Seguito::Nessuno);
+  EXPECT_EQ(p.ui.Prompts.back(), "Secondo Punto per Spostamento:");
+  // The guide line runs from the base point to the pointer.
+  PuntatoreMosso(p.s, -87, -186);  // view coordinates: (13, 14) in metres
+  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Linea);
+  EXPECT_EQ(Guida(GuidaPerZoom(p.s)), (Quattro{10, 10, 13, 14}));
+  EXPECT_EQ(ClicZoom(p.s, 13, 14, false), Seguito::Ridisegno);
+  EXPECT_EQ(p.Vista(), (Tre{97, 196, 50}));
+  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Nessuna);
+
+  // Orthogonal: the smaller component goes.
+  for (const auto& [x, y, attesa] : {std::tuple{13.0, 14.0, Tre{97, 192, 50}}, std::tuple{15.0, 12.0, Tre{92, 192, 50}}}) {
+    ArmaZoom(p.s, ZoomSposta);
+    (void)ClicZoom(p.s, 10, 10, true);
+    (void)ClicZoom(p.s, x, y, true);
+    EXPECT_EQ(p.Vista(), attesa) << x;
+  }
+}
+
+TEST(ZoomCentro, OgniClicRicentraFinoAlTastoDestro) {
+  Prova p;
+  MostraPrompt(p.s, "");
+  ArmaZoom(p.s, ZoomCentro);
+  EXPECT_EQ(ClicZoom(p.s, 1, 2, false), Seguito::Ridisegno);
+  EXPECT_EQ(ClicZoom(p.s, 3, 4, false), Seguito::Ridisegno);
+  EXPECT_EQ(p.Vista(), (Tre{3, 4, 100}));
+  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomCentro);
+  EXPECT_EQ(p.s.Prompt, "Indica il nuovo Centro Schermo:");
+  AnnullaZoom(p.s);
+  EXPECT_EQ(ClicZoom(p.s, 9, 9, false), Seguito::Nessuno);
+  EXPECT_EQ(p.s.Vista.CentroEst, 3.0);
+}
+
+TEST(ZoomRiquadro, LaMezzaLarghezzaDiventaLAltezza) {
+  Prova p;
+  p.Vista(0, 0, 60);
+  p.s.Vista.RapportoVista = 1.5;
+  ArmaZoom(p.s, ZoomRiquadro);
+  PuntatoreMosso(p.s, 7, 8);
+  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Riquadro);
+  // Half width 60 * 1.5 / 6 = 15, half height 60 / 6 = 10.
+  EXPECT_EQ(Guida(GuidaPerZoom(p.s)), (Quattro{-8, -2, 22, 18}));
+  EXPECT_EQ(ClicZoom(p.s, 7, 8, false), Seguito::Ridisegno);
+  EXPECT_EQ(p.Vista(), (Tre{7, 8, 15}));
+  EXPECT_EQ(p.s.Vista.ModoZoom, ZoomNessuno);
+}
+
 TEST(ZoomPasso, FattoreDiZoomEDirezioni) {
   Prova p;
   p.s.Imp.FATTORE_DI_ZOOM = 50;
-  struct Caso {
-    PassoZoom passo;
-    double est, nord, altezza;
-  };
   // From (100, 200) and a height of 100: a step is 2 m.
-  const Caso casi[] = {{PassoZoom::Su, 100, 198, 100},     {PassoZoom::Giu, 100, 202, 100},
-                       {PassoZoom::Sinistra, 102, 200, 100}, {PassoZoom::Destra, 98, 200, 100},
-                       {PassoZoom::Avanti, 100, 200, 98},   {PassoZoom::Indietro, 100, 200, 102}};
-  for (const Caso& c : casi) {
-    Vista(p.s, 100, 200, 100);
-    EXPECT_EQ(ZoomPasso(p.s, c.passo), Seguito::Ridisegno);
-    EXPECT_EQ(p.s.Vista.CentroEst, c.est);
-    EXPECT_EQ(p.s.Vista.CentroNord, c.nord);
-    EXPECT_EQ(p.s.Vista.AltezzaVista, c.altezza);
+  const std::pair<PassoZoom, Tre> casi[] = {
+      {PassoZoom::Su, {100, 198, 100}},     {PassoZoom::Giu, {100, 202, 100}},
+      {PassoZoom::Sinistra, {102, 200, 100}}, {PassoZoom::Destra, {98, 200, 100}},
+      {PassoZoom::Avanti, {100, 200, 98}},  {PassoZoom::Indietro, {100, 200, 102}}};
+  for (const auto& [passo, attesa] : casi) {
+    p.Vista(100, 200, 100);
+    EXPECT_EQ(ZoomPasso(p.s, passo), Seguito::Ridisegno);
+    EXPECT_EQ(p.Vista(), attesa) << static_cast<int>(passo);
   }
 
   // A factor of 1: in does nothing at all, out doubles, up moves a whole height.
   p.s.Imp.FATTORE_DI_ZOOM = 1;
-  Vista(p.s, 100, 200, 100);
+  p.Vista(100, 200, 100);
   EXPECT_EQ(ZoomPasso(p.s, PassoZoom::Avanti), Seguito::Nessuno);
   EXPECT_EQ(p.s.Vista.AltezzaVista, 100.0);
   EXPECT_EQ(ZoomPasso(p.s, PassoZoom::Indietro), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 200.0);
   EXPECT_EQ(ZoomPasso(p.s, PassoZoom::Su), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroNord, 0.0);
+  EXPECT_EQ(p.Vista(), (Tre{100, 0, 200}));
 }
 
 TEST(Trascinamento, TastoCentraleSpostaPerLaCorsaDalPremere) {
   Prova p;
-  Vista(p.s, 100, 200, 50);
+  p.Vista(100, 200, 50);
   InizioTrascinamento(p.s, 1, 2);
   EXPECT_EQ(Trascina(p.s, 4, 6), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 97.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 196.0);
+  EXPECT_EQ(p.Vista(), (Tre{97, 196, 50}));
   // The next move counts from the press again, not from the last move.
   (void)Trascina(p.s, 0, 0);
-  EXPECT_EQ(p.s.Vista.CentroEst, 101.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 202.0);
+  EXPECT_EQ(p.Vista(), (Tre{101, 202, 50}));
 }
 
 TEST(VistaPrecedente, IndietroNellaStoriaEHomeSenzaVistePrecedenti) {
   Prova p;
-  Vista(p.s, 1, 1, 10);
+  p.Vista(1, 1, 10);
   EXPECT_EQ(VistaPrecedente(p.s), Seguito::Nessuno);
   AggiungiStoriaVista(p.s.Vista);
   EXPECT_EQ(VistaPrecedente(p.s), Seguito::Nessuno);  // only the view on screen
   EXPECT_EQ(p.s.Vista.Storia.size(), 1u);
-  EXPECT_EQ(p.s.Vista.CentroEst, 1.0);
+  EXPECT_EQ(p.Vista(), (Tre{1, 1, 10}));
 
-  Vista(p.s, 2, 2, 20);
-  AggiungiStoriaVista(p.s.Vista);
-  Vista(p.s, 3, 3, 30);
-  AggiungiStoriaVista(p.s.Vista);
+  for (double k : {2.0, 3.0}) {
+    p.Vista(k, k, 10 * k);
+    AggiungiStoriaVista(p.s.Vista);
+  }
   EXPECT_EQ(VistaPrecedente(p.s), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 2.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 20.0);
+  EXPECT_EQ(p.Vista(), (Tre{2, 2, 20}));
   ASSERT_EQ(p.s.Vista.Storia.size(), 1u);
   AggiungiStoriaVista(p.s.Vista);  // the redraw puts the view back in the record
   EXPECT_EQ(VistaPrecedente(p.s), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 1.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 10.0);
+  EXPECT_EQ(p.Vista(), (Tre{1, 1, 10}));
   EXPECT_TRUE(p.s.Vista.Storia.empty());
 }
 
-TEST(Centra, SulPuntatoreESulPuntoConNome) {
+TEST(Centra, SulPuntatoreSulPuntoConNomeEMemoVista) {
   Prova p;
-  Vista(p.s, 100, 200, 50);
+  p.Vista(100, 200, 50);
   PuntatoreMosso(p.s, 2, 3);
-  Vista(p.s, 0, 0, 50);  // the position was kept in metres
+  p.Vista(0, 0, 50);  // the position was kept in metres
   EXPECT_EQ(CentraSulPuntatore(p.s), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 102.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 203.0);
+  EXPECT_EQ(p.Vista(), (Tre{102, 203, 50}));
 
   Punto(p.s, "10", 1, 1);
   Punto(p.s, "20", 2, 2);
   Punto(p.s, "10", 3, 3);
   EXPECT_EQ(CentraSuPunto(p.s, "10"), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 3.0);  // the last of equal names
-  EXPECT_EQ(p.s.Vista.CentroNord, 3.0);
+  EXPECT_EQ(p.Vista(), (Tre{3, 3, 50}));  // the last of equal names
   EXPECT_EQ(CentraSuPunto(p.s, "10 "), Seguito::Nessuno);  // the name must match exactly
   EXPECT_EQ(CentraSuPunto(p.s, "30"), Seguito::Nessuno);
   EXPECT_EQ(p.s.Vista.CentroEst, 3.0);
-}
 
-TEST(MemoVista, MemorizzaSenzaRidisegnoERichiama) {
-  Prova p;
-  Vista(p.s, 10, 20, 30);
+  // A view kept without a redraw comes back whole.
+  p.Vista(10, 20, 30);
   MemorizzaVista(p.s);
-  Vista(p.s, 0, 0, 1);
+  p.Vista(0, 0, 1);
   EXPECT_EQ(RichiamaMemoVista(p.s), Seguito::Ridisegno);
-  EXPECT_EQ(p.s.Vista.CentroEst, 10.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 20.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 30.0);
+  EXPECT_EQ(p.Vista(), (Tre{10, 20, 30}));
 }
 
 TEST(ZoomScala, ValoriBottoniEAltezzaSottoIlMetro) {
   Prova p;
-  Vista(p.s, 5, 6, 100);
+  p.Vista(5, 6, 100);
   EXPECT_EQ(ZoomScalaTesto(p.s, " 0.4 "), Seguito::Ridisegno);
   Rigenera1(p.s);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 1.0);  // 0.4 shows one metre
+  EXPECT_EQ(p.Vista(), (Tre{5, 6, 1}));  // 0.4 shows one metre; the centre stays
   (void)ZoomScalaTesto(p.s, "250,5");
   EXPECT_EQ(p.s.Vista.AltezzaVista, 250.5);
   (void)ZoomScalaTesto(p.s, "scala");
   EXPECT_EQ(p.s.Vista.AltezzaVista, 0.0);
-  Rigenera1(p.s);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 1.0);
-  EXPECT_EQ(p.s.Vista.CentroEst, 5.0);  // the centre stays
-  EXPECT_EQ(p.s.Vista.CentroNord, 6.0);
 
   const double attesi[] = {50, 100, 200, 500, 1000, 2000, 4000, 5000, 10000};
   for (int i = 2; i <= 10; ++i) {
@@ -348,10 +302,7 @@ TEST(ZoomScala, ValoriBottoniEAltezzaSottoIlMetro) {
   EXPECT_EQ(ZoomScalaBottone(p.s, 1), Seguito::Nessuno);
   EXPECT_EQ(ZoomScalaBottone(p.s, 11), Seguito::Nessuno);
   EXPECT_EQ(p.s.Vista.AltezzaVista, 10000.0);
-
-  const std::array<double, 15> lista{50,   100,   200,   500,   1000,  2000,   3000,  4000,
-                                     5000, 10000, 20000, 30000, 50000, 100000, 200000};
-  EXPECT_EQ(AltezzeZoomScala(), lista);
+  // The rows of the list, right aligned in six columns.
   EXPECT_EQ(VoceZoomScala(50), "    50");
   EXPECT_EQ(VoceZoomScala(200000), "200000");
 }
@@ -364,16 +315,15 @@ struct RecordLista {
 
 TEST(ZoomEstratto, SenzaEstrattoDueMessaggiEIlCongelamento) {
   Prova p;
-  Vista(p.s, 1, 2, 3);
+  p.Vista(1, 2, 3);
   int congelato = 0, immagine = 0;
   const std::vector<RecordLista> vuota;
   EXPECT_EQ(ZoomEstratto(p.s, "  ", "FOGLIO.PNG", congelato, immagine, std::span<const RecordLista>(vuota)),
             Seguito::Nessuno);
   ASSERT_EQ(p.ui.Messaggi.size(), 2u);
   EXPECT_EQ(p.ui.Messaggi[0].Testo, "Nessun Estratto Associato!");
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Zoom Estratto");
   EXPECT_EQ(p.ui.Messaggi[1].Testo, "L'estratto è congelato!");
-  EXPECT_EQ(p.ui.Messaggi[1].Titolo, "Zoom Estratto");
+  for (const auto& m : p.ui.Messaggi) EXPECT_EQ(m.Titolo, "Zoom Estratto");
   EXPECT_EQ(congelato, 1);
   EXPECT_EQ(immagine, 1);
   EXPECT_EQ(p.s.Vista.AltezzaVista, 3.0);
@@ -396,9 +346,7 @@ TEST(ZoomEstratto, CongelatoAvvisaEInquadraComunque) {
   EXPECT_EQ(p.ui.Messaggi[0].Testo, "L'estratto è congelato!");
   EXPECT_EQ(immagine, 0);
   // Box East 50 .. 150, North 40 .. 200: the width, 100, is the height.
-  EXPECT_EQ(p.s.Vista.CentroEst, 100.0);
-  EXPECT_EQ(p.s.Vista.CentroNord, 120.0);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 100.0);
+  EXPECT_EQ(p.Vista(), (Tre{100, 120, 100}));
 
   Prova q;
   congelato = 0;
