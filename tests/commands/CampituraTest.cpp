@@ -9,9 +9,8 @@
 #include <vector>
 
 #include "commands/Campitura.h"
-#include "store/Carica.h"
+#include "commands/Attese.h"
 #include "store/Undo.h"
-#include "support/ProvaComandi.h"
 
 namespace varena {
 namespace {
@@ -88,11 +87,7 @@ TEST(SegmentiCampitura, OltreIMilleVerticiIlContornoSiFerma) {
 
 TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
   Banco b;
-  const std::string base = b.cartella / "ROSSI";
-  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", "5,5,40"));
-  ScriviFileProva(base + ".LLL", RecordPuntoBase("1", 0, 0, 10).Byte());
-  b.s.NomeOriginale = base;
-  VR_ApriLavoro(b.s);
+  ApriLavoro(b, "5,5,40", RecordPuntoBase("1", 0, 0, 10).Byte());
   b.s.Imp.Colore_Default = 6;
   b.s.PianoCorrente = "CAMPITURA";
   const int64_t prima = LeggiDiario(b.s)->Passo;

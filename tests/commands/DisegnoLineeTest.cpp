@@ -5,24 +5,16 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
 
-struct Estremi {
-  double X1, Y1, X2, Y2;
-};
-
-void AttesaLinea(const Sessione& s, int32_t riga, Estremi e, double tolleranza = 1e-9) {
-  const auto k = static_cast<size_t>(riga);
+void AttesaLinea(const Sessione& s, int32_t riga, const Valori& e, double tolleranza = 1e-9) {
   ASSERT_LT(riga, s.ContaEntita[SlotLinee]);
-  EXPECT_NEAR(s.LineaX1[k], e.X1, tolleranza) << "riga " << riga;
-  EXPECT_NEAR(s.LineaY1[k], e.Y1, tolleranza) << "riga " << riga;
-  EXPECT_NEAR(s.LineaX2[k], e.X2, tolleranza) << "riga " << riga;
-  EXPECT_NEAR(s.LineaY2[k], e.Y2, tolleranza) << "riga " << riga;
+  EXPECT_TRUE(Vicini(Estremi(s, static_cast<size_t>(riga)), e, tolleranza)) << "riga " << riga;
 }
 
 TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
@@ -170,18 +162,14 @@ TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
             "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
             "PROMPT Disegno parallela - Da quale parte\n");
   // The line picked is shown highlighted until the side is given.
-  int64_t evidenziati = 0;
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
-    if (b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotLinee)
-      evidenziati += b.s.ListaDisegno.Stato[static_cast<size_t>(i)];
-  EXPECT_GT(evidenziati, 0);
+  EXPECT_GT(InLista(b.s, SlotLinee, true), 0);
   b.Script("CLICK left 5 7\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 1, {0, 2, 10, 2});
   EXPECT_EQ(std::tie(b.s.LineaZ1[1], b.s.LineaColore[1], b.s.LineaTratteggio[1], b.s.LineaPiano[1],
                      b.s.LineaQuotata[1]),
             std::make_tuple(1, 5, 3, "MURI", 1));
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) EXPECT_EQ(b.s.ListaDisegno.Stato[static_cast<size_t>(i)], 0);
+  EXPECT_EQ(InLista(b.s, SlotLinee, true), 0);
   // The distance is asked once; a click inside the circle shrinks, outside the arc grows.
   b.Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
   ASSERT_EQ(b.s.ContaEntita[SlotCerchi], 2);
@@ -273,13 +261,9 @@ TEST(subArcoRaccordo, TagliaLeLineeEScriveLArco) {
   AttesaLinea(b.s, 0, {-10, 0, -2, 0});
   AttesaLinea(b.s, 1, {0, 2, 0, 10});
   ASSERT_EQ(b.s.ContaEntita[SlotArchi], 1);
-  EXPECT_NEAR(b.s.ArcoX[0], -2, 1e-9);
-  EXPECT_NEAR(b.s.ArcoY[0], 2, 1e-9);
-  EXPECT_EQ(b.s.ArcoRaggio[0], 2);
   // Clockwise from East of the centre (the foot on the North arm) to South of it.
-  EXPECT_NEAR(b.s.ArcoInizio[0], 100, 1e-9);
-  EXPECT_NEAR(b.s.ArcoFine[0], 100, 1e-9);
-  EXPECT_EQ(b.s.ArcoQuotaFinale[0], 1);
+  EXPECT_TRUE(Vicini({b.s.ArcoX[0], b.s.ArcoY[0], b.s.ArcoInizio[0], b.s.ArcoFine[0]}, {-2, 2, 100, 100}));
+  EXPECT_EQ(std::tie(b.s.ArcoRaggio[0], b.s.ArcoQuotaFinale[0]), std::make_tuple(2, 1));
   // Two parallel lines have no corner: nothing changes.
   MettiLinea(b.s, -10, 20, 10, 20);
   MettiLinea(b.s, -10, 30, 10, 30);

@@ -6,30 +6,21 @@
 #include <cmath>
 #include <tuple>
 
+#include "commands/Attese.h"
 #include "selection/Selezione.h"
-#include "store/Carica.h"
 #include "store/Undo.h"
-#include "support/ProvaComandi.h"
-#include "survey/Convenzioni.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
 
-// An azimuth in gon worked out apart from the program's own formula.
-double Gon(double dx, double dy) {
-  double a = std::atan2(dx, dy) * 200 / M_PI;
-  return a < 0 ? a + 400 : a;
+void Linea(const Sessione& s, size_t k, double x1, double y1, double x2, double y2) {
+  EXPECT_TRUE(Vicini(Estremi(s, k), {x1, y1, x2, y2})) << "riga " << k;
 }
 
-void Linea(const Sessione& s, int32_t r, double x1, double y1, double x2, double y2) {
-  const auto k = static_cast<size_t>(r);
-  EXPECT_NEAR(s.LineaX1[k], x1, 1e-9) << "riga " << r;
-  EXPECT_NEAR(s.LineaY1[k], y1, 1e-9) << "riga " << r;
-  EXPECT_NEAR(s.LineaX2[k], x2, 1e-9) << "riga " << r;
-  EXPECT_NEAR(s.LineaY2[k], y2, 1e-9) << "riga " << r;
-}
+// Start and amplitude of an arc row.
+Valori Apertura(const Sessione& s, size_t k) { return {s.ArcoInizio[k], s.ArcoFine[k]}; }
 
 TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
   Banco b;
@@ -78,8 +69,7 @@ TEST(Rifila, LAngoloTagliaOAllungaVersoLaParteIndicata) {
   MettiLinea(d.s, -10, 3, 10, 3);
   d.Pronto(0, 0, 30);
   d.Script("TAG CAMBIA_RIFILA\nCLICK left 4.9 1\nCLICK left 8 3.1\n");
-  EXPECT_NEAR(d.s.ArcoInizio[0], Gon(4, 3), 1e-9);
-  EXPECT_NEAR(d.s.ArcoFine[0], 100 - Gon(4, 3), 1e-9);
+  EXPECT_TRUE(Vicini(Apertura(d.s, 0), {Gon(4, 3), 100 - Gon(4, 3)}));
   Linea(d.s, 0, 4, 3, 10, 3);
 }
 
@@ -102,17 +92,12 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
             "PROMPT Cambia Taglia - Parte da Tagliare:\n");
   // The reference is shown selected.
   EXPECT_EQ(s.StatoCerchio[0], 1);
-  bool evidenziato = false;
-  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
-    if (s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotCerchi)
-      evidenziato = s.ListaDisegno.Stato[static_cast<size_t>(i)] == 1;
-  EXPECT_TRUE(evidenziato);
+  EXPECT_GT(InLista(s, SlotCerchi, true), 0);
   b.Script("CLICK left 5 0.1\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   Linea(s, 0, 0, 0, 3, 0);
   Linea(s, 2, 7, 0, 10, 0);
-  EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
-  EXPECT_NEAR(s.LineaZ1[2], 8, 1e-12);
+  EXPECT_TRUE(Vicini({s.LineaZ2[0], s.LineaZ1[2]}, {4, 8}, 1e-12));
   EXPECT_EQ(s.LineaZ2[2], 11);
   for (size_t k : {0u, 2u})
     EXPECT_EQ(std::tie(s.LineaColore[k], s.LineaTratteggio[k], s.LineaPiano[k], s.LineaQuotata[k], s.LineaTronca[k],
@@ -142,8 +127,7 @@ TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
   // The northern half, picked, goes; the southern half stays as an arc from East to West.
   EXPECT_EQ(s.CerchioIdent[0], -1);
   ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
-  EXPECT_NEAR(s.ArcoInizio[0], 100, 1e-9);
-  EXPECT_NEAR(s.ArcoFine[0], 200, 1e-9);
+  EXPECT_TRUE(Vicini(Apertura(s, 0), {100, 200}));
   EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoRaggio[0], s.ArcoZ[0], s.ArcoQuotaInizio[0], s.ArcoColore[0], s.ArcoPiano[0]),
             std::make_tuple(0, 5, 2, 2, 4, "ALBERI"));
 
@@ -155,18 +139,14 @@ TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
   // The line x = 3 crosses the arc twice; the middle, picked at East, goes.
   ASSERT_EQ(c.s.ContaEntita[SlotArchi], 2);
   const double a = Gon(3, 4), b2 = Gon(3, -4);
-  EXPECT_NEAR(c.s.ArcoInizio[0], 0, 1e-9);
-  EXPECT_NEAR(c.s.ArcoFine[0], a, 1e-9);
-  EXPECT_NEAR(c.s.ArcoQuotaFinale[0], 20 * a / 200, 1e-9);
-  EXPECT_NEAR(c.s.ArcoInizio[1], b2, 1e-9);
-  EXPECT_NEAR(c.s.ArcoFine[1], 200 - b2, 1e-9);
-  EXPECT_NEAR(c.s.ArcoQuotaInizio[1], 20 * b2 / 200, 1e-9);
+  EXPECT_TRUE(Vicini({c.s.ArcoInizio[0], c.s.ArcoFine[0], c.s.ArcoQuotaFinale[0], c.s.ArcoInizio[1],
+                      c.s.ArcoFine[1], c.s.ArcoQuotaInizio[1]},
+                     {0, a, 20 * a / 200, b2, 200 - b2, 20 * b2 / 200}));
   EXPECT_EQ(c.s.ArcoQuotaFinale[1], 20);
   // The piece left on the South side has its crossing at its own end: nothing to cut.
   c.Script("CLICK left 0 -4.9\n");
   ASSERT_EQ(c.s.ContaEntita[SlotArchi], 2);
-  EXPECT_NEAR(c.s.ArcoInizio[1], b2, 1e-9);
-  EXPECT_NEAR(c.s.ArcoFine[1], 200 - b2, 1e-9);
+  EXPECT_TRUE(Vicini(Apertura(c.s, 1), {b2, 200 - b2}));
   // A line that misses the circle changes nothing.
   MettiArco(c.s, 50, 50, 1, 0, 100);
   c.Pronto(0, 0, 30);
@@ -214,15 +194,12 @@ TEST(Divide, AlPiedeDelPuntoInDueRighe) {
   ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
   Linea(s, 0, 0, 0, 4, 0);
   Linea(s, 1, 4, 0, 10, 0);
-  EXPECT_NEAR(s.LineaZ2[0], 4, 1e-12);
-  EXPECT_NEAR(s.LineaZ1[1], 4, 1e-12);
+  EXPECT_TRUE(Vicini({s.LineaZ2[0], s.LineaZ1[1]}, {4, 4}, 1e-12));
   EXPECT_EQ(std::tie(s.LineaZ2[1], s.LineaColore[1]), std::make_tuple(10, 6));
   EXPECT_EQ(s.PassoComando, 0);
   b.Script("CLICK left 23.6 23.6\nCLICK left 25 25\n");
   ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
-  EXPECT_NEAR(s.ArcoFine[0], 50, 1e-9);
-  EXPECT_NEAR(s.ArcoInizio[1], 50, 1e-9);
-  EXPECT_NEAR(s.ArcoFine[1], 50, 1e-9);
+  EXPECT_TRUE(Vicini({s.ArcoFine[0], s.ArcoInizio[1], s.ArcoFine[1]}, {50, 50, 50}));
 }
 
 TEST(Incolla, TratteggioColoreEPianoSullEntitaIndicata) {

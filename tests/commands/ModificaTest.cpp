@@ -5,23 +5,18 @@
 // vertical rotation of a face.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <tuple>
 
+#include "commands/Attese.h"
 #include "commands/RoutineModifica.h"
 #include "selection/Selezione.h"
-#include "store/Carica.h"
 #include "store/Undo.h"
-#include "support/ProvaComandi.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
-
-using Quattro = std::array<double, 4>;
-Quattro Estremi(const Sessione& s, size_t k) { return {s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; }
 
 TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   Banco b;
@@ -42,8 +37,8 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
       << uscita;
   // The originals stay, the copies lie across the axis x = 0.
   ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(Estremi(s, 0), (Quattro{1, 1, 3, 2}));
-  EXPECT_EQ(Estremi(s, 1), (Quattro{-1, 1, -3, 2}));
+  EXPECT_EQ(Estremi(s, 0), (Valori{1, 1, 3, 2}));
+  EXPECT_EQ(Estremi(s, 1), (Valori{-1, 1, -3, 2}));
   EXPECT_EQ(s.LineaColore[1], 3);
   ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
   // North to East mirrored is West to North: it starts at 300 gon, with the heights of its
@@ -58,8 +53,8 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   // "Yes" moves the rows themselves.
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(Estremi(s, 0), (Quattro{-1, 1, -3, 2}));
-  EXPECT_EQ(Estremi(s, 1), (Quattro{1, 1, 3, 2}));
+  EXPECT_EQ(Estremi(s, 0), (Valori{-1, 1, -3, 2}));
+  EXPECT_EQ(Estremi(s, 1), (Valori{1, 1, 3, 2}));
   EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
   EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoX[0]), std::make_tuple("7", -4));
 }
@@ -80,7 +75,7 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
                       "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
             std::string::npos);
   EXPECT_EQ(PassoUndo(s), prima + 1);
-  EXPECT_EQ(Estremi(s, 0), (Quattro{0.1 + 0.2, 2.3, 7.7, 9.9}));
+  EXPECT_EQ(Estremi(s, 0), (Valori{0.1 + 0.2, 2.3, 7.7, 9.9}));
   EXPECT_EQ(s.CerchioRaggio[0], 2);
   // Twice as large about (1, 1).
   b.Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
@@ -110,17 +105,10 @@ TEST(Ruota, CentoGonInSensoOrarioETestiAlContrario) {
   b.Pronto(0, 0, 60);
   b.Script("TAG CAMBIA_RUOTA\nPRESS Tutto\nPRESS OK\nANSWER 100\nCLICK left 0 0\n");
   // A point due North of the centre goes due East; the height stays.
-  EXPECT_NEAR(s.PuntoX[0], 10, 1e-12);
-  EXPECT_NEAR(s.PuntoY[0], 0, 1e-12);
+  EXPECT_TRUE(Vicini({s.PuntoX[0], s.PuntoY[0], s.LineaX2[0], s.LineaY2[0], s.TestoX[0], s.TestoRotazione[0],
+                      s.ArcoX[0], s.ArcoInizio[0], s.BitmapX[0], s.BitmapRotazione[0]},
+                     {10, 0, 5, 0, 2, 300, 3, 50, 20, 110}, 1e-12));
   EXPECT_EQ(s.PuntoZ[0], 4);
-  EXPECT_NEAR(s.LineaX2[0], 5, 1e-12);
-  EXPECT_NEAR(s.LineaY2[0], 0, 1e-12);
-  EXPECT_NEAR(s.TestoX[0], 2, 1e-12);
-  EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-12);
-  EXPECT_NEAR(s.ArcoX[0], 3, 1e-12);
-  EXPECT_NEAR(s.ArcoInizio[0], 50, 1e-12);
-  EXPECT_NEAR(s.BitmapX[0], 20, 1e-12);
-  EXPECT_NEAR(s.BitmapRotazione[0], 110, 1e-12);
 }
 
 TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
@@ -196,16 +184,12 @@ TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
                      s.PuntoCongelaDescrizione[0]),
             std::make_tuple(-1, -1, -1, -1, -1));
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
-  // Nothing is left to freeze: frozen rows are not taken.
-  b.Script("PRESS Tutto\n");
-  EXPECT_EQ(ContaSelezionati(s), 0);
   b.Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\nPRESS OK\n");
   EXPECT_EQ(s.LineaCongela[0], 0);
   EXPECT_EQ(s.PuntoCongelaNome[0], 0);
   EXPECT_GT(s.ListaDisegno.Conta(), 0);
   // The quick colour, then the colour in force on the selection.
   b.Script("KEY ESC\nTAG COLORE_6\n");
-  EXPECT_EQ(s.ComandoCorrente, 307);
   b.Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
   EXPECT_EQ(std::tie(s.LineaColore[0], s.TestoColore[0], s.PuntoColoreSimbolo[0], s.PuntoColoreDescrizione[0]),
             std::make_tuple(6, 6, 6, 6));
@@ -240,11 +224,7 @@ TEST(Allinea, LaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
   b.Pronto(0, 0, 60);
   b.Script("TAG CAMBIA_ALLINEA\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 0 20\n");
   // Turned by -100 gon about the origin, then carried by (0, 10).
-  EXPECT_NEAR(s.PuntoX[0], 0, 1e-9);
-  EXPECT_NEAR(s.PuntoY[0], 30, 1e-9);
-  EXPECT_NEAR(s.TestoX[0], 0, 1e-9);
-  EXPECT_NEAR(s.TestoY[0], 20, 1e-9);
-  EXPECT_NEAR(s.TestoRotazione[0], 100, 1e-9);
+  EXPECT_TRUE(Vicini({s.PuntoX[0], s.PuntoY[0], s.TestoX[0], s.TestoY[0], s.TestoRotazione[0]}, {0, 30, 0, 20, 100}));
   EXPECT_EQ(s.PassoComando, 0);
 }
 
@@ -321,14 +301,10 @@ TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
   EXPECT_NE(b.Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
                 .find("PROMPT Ribaltamento - Primo Punto:\n> CLICK left 0 0\nPROMPT Ribaltamento - Secondo Punto:\n"),
             std::string::npos);
-  // A face standing on the axis lies flat on its right, at the axis's height.
-  EXPECT_EQ(s.PuntoX[2], 5);
-  EXPECT_EQ(s.PuntoY[2], -3);
-  EXPECT_EQ(s.PuntoZ[2], 0);
-  EXPECT_EQ(s.LineaY2[0], -4);
-  EXPECT_EQ(s.LineaZ2[0], 0);
-  EXPECT_EQ(s.PuntoY[3], 0);  // beyond the second point: left alone
-  EXPECT_EQ(s.PuntoZ[3], 3);
+  // A face standing on the axis lies flat on its right, at the axis's height; Q, beyond the
+  // second point, is left alone.
+  EXPECT_EQ((Valori{s.PuntoX[2], s.PuntoY[2], s.PuntoZ[2], s.LineaY2[0], s.LineaZ2[0], s.PuntoY[3], s.PuntoZ[3]}),
+            (Valori{5, -3, 0, -4, 0, 0, 3}));
   EXPECT_EQ(s.ComandoCorrente, 415);
 
   Banco c;
@@ -338,9 +314,8 @@ TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
   c.Pronto(0, 5, 50);
   c.Script("TAG ROTAZIONE_VERTICALE\nCLICK left 0 0\nANSWER 50\nCLICK left 0 10\n");
   // Half a right angle: the height of 3 above the axis shares itself between the two.
-  EXPECT_NEAR(c.s.PuntoX[2], 3 / std::sqrt(2.0), 1e-12);
-  EXPECT_NEAR(c.s.PuntoY[2], 5, 1e-12);
-  EXPECT_NEAR(c.s.PuntoZ[2], 1 + 3 / std::sqrt(2.0), 1e-12);
+  const double r = 3 / std::sqrt(2.0);
+  EXPECT_TRUE(Vicini({c.s.PuntoX[2], c.s.PuntoY[2], c.s.PuntoZ[2]}, {r, 5, 1 + r}, 1e-12));
 }
 
 }  // namespace

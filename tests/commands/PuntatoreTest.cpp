@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "commands/Puntatore.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "survey/Convenzioni.h"
 #include "view/SuperficieRegistrata.h"
 
@@ -74,20 +74,17 @@ TEST(Elastico, CerchioPerTrePuntiEArcoCheGiraDallaParteGiusta) {
   s.PassoComando = 2;
   s.Punto2X = -5, s.Punto2Y = 0, s.Punto1X = 0, s.Punto1Y = 5;
   MouseMove(s, 0, 0, 5, 0);
-  EXPECT_NEAR(s.Elastico.Cerchio.X, 0, 1e-9);
-  EXPECT_NEAR(s.Elastico.Cerchio.Y, 0, 1e-9);
-  EXPECT_NEAR(s.Elastico.Cerchio.Raggio, 5, 1e-9);
+  EXPECT_TRUE(Vicini({s.Elastico.Cerchio.X, s.Elastico.Cerchio.Y, s.Elastico.Cerchio.Raggio}, {0, 0, 5}));
 
   s.ComandoCorrente = 135;
   MouseMove(s, 0, 0, 5, 0);
   EXPECT_FALSE(s.Elastico.Cerchio.Visibile);
   ASSERT_TRUE(s.Elastico.Arco.Visibile);
-  EXPECT_NEAR(s.Elastico.Arco.Inizio, 1.5 * PiGreco, 1e-9);  // from West clockwise through North
-  EXPECT_NEAR(s.Elastico.Arco.Ampiezza, PiGreco, 1e-9);
+  // From West clockwise through North.
+  EXPECT_TRUE(Vicini({s.Elastico.Arco.Inizio, s.Elastico.Arco.Ampiezza}, {1.5 * PiGreco, PiGreco}));
   s.Punto1X = 0, s.Punto1Y = -5;  // through South: it starts at the pointer instead
   MouseMove(s, 0, 0, 5, 0);
-  EXPECT_NEAR(s.Elastico.Arco.Inizio, 0.5 * PiGreco, 1e-9);
-  EXPECT_NEAR(s.Elastico.Arco.Ampiezza, PiGreco, 1e-9);
+  EXPECT_TRUE(Vicini({s.Elastico.Arco.Inizio, s.Elastico.Arco.Ampiezza}, {0.5 * PiGreco, PiGreco}));
   // Three points in a row: no circle, nothing shown.
   s.ComandoCorrente = 132;
   s.Punto1X = 0, s.Punto1Y = 0;

@@ -1,0 +1,55 @@
+// Checks shared by the tests of commands: several coordinates compared at once, the ends of
+// a row, a job opened from its files, the records of one kind in the display list.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "store/Carica.h"
+#include "support/ProvaComandi.h"
+
+namespace varena::prova {
+
+using Valori = std::vector<double>;
+
+// Each value within `tolleranza` of the one expected; the message names the first that is not.
+inline ::testing::AssertionResult Vicini(const Valori& fatti, const Valori& attesi, double tolleranza = 1e-9) {
+  if (fatti.size() != attesi.size()) return ::testing::AssertionFailure() << fatti.size() << " values";
+  for (size_t i = 0; i < fatti.size(); ++i)
+    if (!(std::fabs(fatti[i] - attesi[i]) <= tolleranza))
+      return ::testing::AssertionFailure() << "value " << i << " is " << fatti[i] << ", not " << attesi[i];
+  return ::testing::AssertionSuccess();
+}
+
+// The plan ends of a line row: x1, y1, x2, y2.
+inline Valori Estremi(const Sessione& s, size_t k) { return {s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; }
+
+// An azimuth in gon from North clockwise, worked out apart from the program's own formula.
+inline double Gon(double dx, double dy) {
+  const double a = std::atan2(dx, dy) * 200 / M_PI;
+  return a < 0 ? a + 400 : a;
+}
+
+// "ROSSI" in the temporary folder, its `.LLL` holding `punti`, opened as the program opens a job.
+inline void ApriLavoro(Banco& b, const std::string& vista, const std::string& punti) {
+  const std::string base = b.cartella / "ROSSI";
+  ScriviFileProva(base + ".CFG", CfgManuale("VR2020", vista));
+  ScriviFileProva(base + ".LLL", punti);
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+}
+
+// How many records of the display list are of that kind (only the highlighted ones if asked).
+inline int64_t InLista(const Sessione& s, int tipo, bool evidenziati = false) {
+  int64_t n = 0;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) {
+    const auto k = static_cast<size_t>(i);
+    n += s.ListaDisegno.Tipo[k] == tipo && (!evidenziati || s.ListaDisegno.Stato[k] != 0);
+  }
+  return n;
+}
+
+}  // namespace varena::prova
