@@ -99,13 +99,6 @@ TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
   EXPECT_NE(e.out.find("Punti: 2 (righe 3)"), std::string::npos);
 }
 
-TEST(Esempio, IlLavoroDiEsempioSiLegge) {
-  const Esito e = Cli({"info", std::string(VARENA_SORGENTI) + "/examples/RILIEVO.CFG", "--json"});
-  ASSERT_EQ(e.stato, 0) << e.err;
-  EXPECT_NE(e.out.find("\"conta\":{\"1\":20,\"2\":12,\"3\":2,\"4\":1,\"5\":4,\"6\":0,\"7\":2,"), std::string::npos);
-  EXPECT_NE(e.out.find("\"libretto\":28,\"piani\":9"), std::string::npos);
-}
-
 TEST(Esempio, IlGeneratoreRifaGliStessiByte) {
   const std::string generatore = std::string(VARENA_BINARI) + "/examples/varena-esempio";
   if (!fs::exists(generatore)) GTEST_SKIP() << "generator not built in this configuration";
