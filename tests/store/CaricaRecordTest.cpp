@@ -108,14 +108,5 @@ TEST_F(CaricaRecord, CodaParzialeContataAllaPariConIByteDelRecordPrecedente) {
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
 
-TEST(Tabelle, OgniColonnaCresceConLeAltre) {
-  Sessione s;
-  s.ContaEntita[SlotPunti] = 5;
-  DimensionaPunti(s);  // a sixth row is past the bound 5: ten more are made
-  EXPECT_EQ(s.PuntoIdent.size(), 17u);
-  EXPECT_EQ(s.StatoPunto.size(), 17u);
-  EXPECT_EQ(s.PuntoHPrisma.size(), 17u);
-}
-
 }  // namespace
 }  // namespace varena

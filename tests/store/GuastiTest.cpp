@@ -18,6 +18,7 @@
 #include "store/Salvataggio.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
+#include "store/LavoroProva.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -27,27 +28,6 @@ namespace fs = std::filesystem;
 using prova::LeggiFileProva;
 using prova::MembriDi;
 using Insieme = std::map<std::string, std::string>;
-
-// A job of `punti` points and a tenth as many lines, written by the savers.
-void PreparaLavoro(const std::string& base, int punti) {
-  Sessione s;
-  s.NomeLavoro = base;
-  PreparaRighe(s, SlotPunti, punti);
-  PreparaRighe(s, SlotLinee, punti / 10);
-  PreparaRighe(s, SlotTesti, 1);
-  s.ContaEntita[SlotPunti] = punti, s.ContaEntita[SlotLinee] = punti / 10, s.ContaEntita[SlotTesti] = 1;
-  for (int k = 0; k < punti; ++k) {
-    const auto r = static_cast<size_t>(k);
-    s.PuntoNome[r] = std::to_string(100 + k), s.PuntoPiano[r] = "PUNTI", s.PuntoFont[r] = "Arial";
-    s.PuntoX[r] = 1725000 + k % 1000, s.PuntoY[r] = 5031000 + k / 1000;
-    if (k < punti / 10) s.LineaX1[r] = 1725000 + k, s.LineaX2[r] = s.LineaX1[r] + 1, s.LineaPiano[r] = "RECINZ";
-  }
-  s.TestoTesto[0] = "NOTA", s.TestoFont[0] = "Arial";
-  s.Testo126 = "blocco\r\n";
-  s.Vista.AltezzaVista = 80;
-  s.Piani = {Piano{}};
-  ASSERT_TRUE(SalvaTutto(s));
-}
 
 class Guasti : public ::testing::Test {
  protected:
@@ -60,7 +40,7 @@ class Guasti : public ::testing::Test {
     fs::create_directories(lavori);
     base = lavori + "ROSSI";
     provvisorio = s.CartellaLavoro + "PROVVISO/ROSSI_20262111103015";
-    PreparaLavoro(base, punti);
+    prova::PreparaLavoro(base, punti, punti / 10);
     vecchio = MembriDi(base);
   }
   // What a save does in the program: open, one edit of the points and one of the lines, save.
