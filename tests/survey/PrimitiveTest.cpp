@@ -155,6 +155,31 @@ TEST(DistanzaDaSegmento, FuoriDagliEstremiESegmentoCorto) {
   EXPECT_EQ(DistanzaDaSegmento({0, 0}, {0.005, 0}, {0.0025, 1}), std::sqrt(0.0025 * 0.0025 + 1.0));
 }
 
+TEST(LatoCorda, DentroSulCerchioEFuori) {
+  // The circle on the chord (0,0)-(10,0): centre (5,0), radius 5. On it counts as inside.
+  const PuntoXYZ a{0, 0}, b{10, 0};
+  EXPECT_EQ(LatoCorda(a, b, {5, 4}), 1);
+  EXPECT_EQ(LatoCorda(a, b, {5, 5}), 1);
+  EXPECT_EQ(LatoCorda(a, b, {5, 6}), 2);
+  EXPECT_EQ(LatoCorda(a, b, {-1, 0}), 2);
+}
+
+TEST(AreaPerimetro, AreaPerimetriEPuntoMedio) {
+  // A 3 x 3 square whose East side stands 4 m higher: the slope sides are 3-4-5.
+  auto r = AreaPerimetro(std::vector<PuntoXYZ>{{0, 0, 0}, {3, 0, 4}, {3, 3, 4}, {0, 3, 0}});
+  ASSERT_TRUE(r);
+  EXPECT_EQ((Tre{r->Area, r->Perimetro, r->PerimetroInclinato}), (Tre{9, 12, 16}));
+  EXPECT_EQ(XYZ(r->Medio), (Tre{1.5, 1.5, 2}));
+  // Clockwise still gives a positive area; a vertex mid-side moves the mean, not the centroid.
+  r = AreaPerimetro(std::vector<PuntoXYZ>{{0, 0}, {0, 4}, {3, 0}});
+  ASSERT_TRUE(r);
+  EXPECT_EQ(Coppia(r->Area, r->Perimetro), Coppia(6, 12));
+  r = AreaPerimetro(std::vector<PuntoXYZ>{{0, 0}, {6, 0}, {6, 6}, {0, 6}, {0, 3}});
+  ASSERT_TRUE(r);
+  EXPECT_EQ((Tre{r->Area, r->Medio.X, r->Medio.Y}), (Tre{36, 2.4, 3}));
+  EXPECT_FALSE(AreaPerimetro(std::vector<PuntoXYZ>{{0, 0}, {1, 1}}));
+}
+
 TEST(CerchioInscritto, AzimutAcavalloDelNordEPrimoLatoNullo) {
   double x = 0, y = 0, r = 0;
   // The sides from the first point run at 350 and 50 gon: their plain mean, 200 gon,
@@ -227,7 +252,9 @@ TEST(ProssimoNomePunto, UnRilievoNumeratoDiFilaSiScavalcaInUnaPassata) {
   EXPECT_EQ(ProssimoNomePunto(t, "1", true, "1"), "100001");
 }
 
-TEST(NomiEConvenzioni, MaschereDeiGonEDeiMetri) {
+TEST(NomiEConvenzioni, NomiPulitiEMaschereDeiGonEDeiMetri) {
+  EXPECT_EQ(NomePulito("  a.b,c d\\e/f  "), "a_b_c_d_e_f");
+  EXPECT_EQ(NomePulito("   "), "0");
   EXPECT_EQ(TestoGon(123.45678), "123.4568");
   EXPECT_EQ(TestoGon(99.99996), "100.0");
   EXPECT_EQ(TestoGon(-0.5), "-0.50");  // a "#" place shows while a digit follows it
