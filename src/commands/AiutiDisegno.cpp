@@ -29,15 +29,8 @@ PuntoXYZ FineLinea(const Sessione& s, int32_t riga) {
 bool LineaViva(const Sessione& s, int32_t riga) { return EntitaViva(s, SlotLinee, riga); }
 
 bool EntitaViva(const Sessione& s, uint8_t tipo, int32_t riga) {
-  if (riga < 0 || riga >= s.ContaEntita[tipo]) return false;
-  const auto k = static_cast<size_t>(riga);
-  switch (tipo) {
-    case SlotLinee: return s.LineaIdent[k] == 0;
-    case SlotCerchi: return s.CerchioIdent[k] == 0;
-    case SlotArchi: return s.ArcoIdent[k] == 0;
-    case SlotTesti: return s.TestoIdent[k] == 0;
-    default: return false;
-  }
+  // Only the kinds a drawing command picks: lines, circles, arcs and texts.
+  return tipo >= SlotLinee && tipo <= SlotTesti && RigaViva(s, tipo, riga);
 }
 
 int32_t LineaCliccata(const Sessione& s) {

@@ -79,7 +79,7 @@ class NomiNuovi {
  public:
   explicit NomiNuovi(const Sessione& s) {
     for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
-      if (s.PuntoIdent[static_cast<size_t>(r)] >= 0) presi_.insert(s.PuntoNome[static_cast<size_t>(r)]);
+      if (IdentVivo(s.PuntoIdent[static_cast<size_t>(r)])) presi_.insert(s.PuntoNome[static_cast<size_t>(r)]);
   }
   std::string Dopo(const std::string& nome) {
     size_t coda = nome.size();

@@ -55,7 +55,7 @@ void AzionePassoDimensioni(Sessione& s) {
   const double fattore = tag[2] == '+' ? 1.1 : 1 / 1.1;
   auto& colonna = tag[1] == 'N' ? s.PuntoDimensioneNome : s.PuntoDimensioneSimbolo;
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
-    if (s.PuntoIdent[static_cast<size_t>(r)] == 0) colonna[static_cast<size_t>(r)] *= fattore;
+    if (IdentVivo(s.PuntoIdent[static_cast<size_t>(r)])) colonna[static_cast<size_t>(r)] *= fattore;
   SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
 }

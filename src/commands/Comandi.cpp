@@ -252,11 +252,11 @@ void AlternaVisualizzazione(Sessione& s, char tag) {
   SegnaModificato(s, tag == 'L' ? SlotLinee : SlotPunti);
   if (tag == 'L') {
     for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r)
-      if (s.LineaIdent[static_cast<size_t>(r)] == 0) s.LineaCongela[static_cast<size_t>(r)] = congela;
+      if (IdentVivo(s.LineaIdent[static_cast<size_t>(r)])) s.LineaCongela[static_cast<size_t>(r)] = congela;
   } else {
     for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
       const auto k = static_cast<size_t>(r);
-      if (s.PuntoIdent[k] != 0) continue;
+      if (!IdentVivo(s.PuntoIdent[k])) continue;
       switch (tag) {
         case 'N': s.PuntoCongelaNome[k] = congela; break;
         case 'Q': s.PuntoCongelaQuota[k] = congela; break;

@@ -158,7 +158,7 @@ void EseguiSelezPunti(Sessione& s) {
   bool fatto = false;
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
     const auto k = static_cast<size_t>(r);
-    if (s.StatoPunto[k] != 1 || s.PuntoIdent[k] != 0) continue;
+    if (s.StatoPunto[k] != 1 || !IdentVivo(s.PuntoIdent[k])) continue;
     switch (azione) {
       case 113: s.PuntoIdent[k] = -1; break;
       case 118: s.PuntoSimbolo[k] = s.SimboloCorrente; break;

@@ -469,7 +469,7 @@ bool ModificaEntita(Sessione& s, const Dialogo& d, uint8_t tipo, int32_t riga, c
     const std::string nome = Rifila(d.Valore("Nome"));
     if (nome != Rifila(s.PuntoNome[k]))
       for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
-        if (r != riga && s.PuntoIdent[static_cast<size_t>(r)] == 0 && Rifila(s.PuntoNome[static_cast<size_t>(r)]) == nome) {
+        if (r != riga && IdentVivo(s.PuntoIdent[static_cast<size_t>(r)]) && Rifila(s.PuntoNome[static_cast<size_t>(r)]) == nome) {
           if (s.Ui->Domanda("Nome Punto " + nome + " esistente!! Procedere ugualmente ? ", "Nome esistente",
                             Bottoni::SiNo, Icona::Domanda, Risposta::No) != Risposta::Si)
             return false;

@@ -21,7 +21,7 @@ constexpr const char* kPromptNuovoPunto = "Indicare la posizione del nuovo punto
 int32_t PuntoEsistente(const Sessione& s, double x, double y) {
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
     const auto k = static_cast<size_t>(r);
-    if (s.PuntoIdent[k] == 0 && Distanza2D(x, y, s.PuntoX[k], s.PuntoY[k]) < 0.001) return r;
+    if (IdentVivo(s.PuntoIdent[k]) && Distanza2D(x, y, s.PuntoX[k], s.PuntoY[k]) < 0.001) return r;
   }
   return -1;
 }

@@ -23,7 +23,7 @@ namespace {
 bool PostoOccupato(const Sessione& s, const PuntoXYZ& p) {
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
     const auto k = static_cast<size_t>(r);
-    if (s.PuntoIdent[k] == 0 && Distanza2D(p.X, p.Y, s.PuntoX[k], s.PuntoY[k]) < 0.001) return true;
+    if (IdentVivo(s.PuntoIdent[k]) && Distanza2D(p.X, p.Y, s.PuntoX[k], s.PuntoY[k]) < 0.001) return true;
   }
   return false;
 }
@@ -33,7 +33,7 @@ bool PostoOccupato(const Sessione& s, const PuntoXYZ& p) {
 bool ScriviSerie(Sessione& s, const std::vector<PuntoXYZ>& posti) {
   std::string ultimo = "0";
   for (int32_t r = s.ContaEntita[SlotPunti] - 1; r >= 0; --r)
-    if (s.PuntoIdent[static_cast<size_t>(r)] == 0) {
+    if (IdentVivo(s.PuntoIdent[static_cast<size_t>(r)])) {
       ultimo = Rifila(s.PuntoNome[static_cast<size_t>(r)]);
       break;
     }

@@ -46,7 +46,7 @@ constexpr SchedaDialogo kDialoghi[] = {
 
 std::string PrimoNomeProposto(const Sessione& s) {
   for (int32_t r = s.ContaEntita[SlotPunti] - 1; r >= 0; --r)
-    if (s.PuntoIdent[static_cast<size_t>(r)] == 0) {
+    if (IdentVivo(s.PuntoIdent[static_cast<size_t>(r)])) {
       const std::string n = ProssimoNomePunto(s, Rifila(s.PuntoNome[static_cast<size_t>(r)]), true, "1");
       if (!n.empty()) return n;
     }

@@ -97,22 +97,37 @@ void PreparaRighe(TabelleEntita& t, int slot, int64_t righe) {
   }
 }
 
-int64_t RigheVive(const TabelleEntita& t, int slot) {
-  const Colonna<int16_t>* ident = nullptr;
+namespace {
+
+const Colonna<int16_t>* ColonnaIdent(const TabelleEntita& t, int slot) {
   switch (slot) {
-    case SlotPunti: ident = &t.PuntoIdent; break;
-    case SlotLinee: ident = &t.LineaIdent; break;
-    case SlotCerchi: ident = &t.CerchioIdent; break;
-    case SlotArchi: ident = &t.ArcoIdent; break;
-    case SlotTesti: ident = &t.TestoIdent; break;
-    case SlotFalde: ident = &t.FaldaIdent; break;
-    case SlotSette: ident = &t.SetteIdent; break;
-    case SlotBitmap: ident = &t.BitmapIdent; break;
-    default: return t.ContaEntita[slot];  // kinds without a deletion field
+    case SlotPunti: return &t.PuntoIdent;
+    case SlotLinee: return &t.LineaIdent;
+    case SlotCerchi: return &t.CerchioIdent;
+    case SlotArchi: return &t.ArcoIdent;
+    case SlotTesti: return &t.TestoIdent;
+    case SlotFalde: return &t.FaldaIdent;
+    case SlotSette: return &t.SetteIdent;
+    case SlotBitmap: return &t.BitmapIdent;
+    default: return nullptr;  // kinds without a deletion field
   }
+}
+
+}  // namespace
+
+bool RigaViva(const TabelleEntita& t, int slot, int64_t r) {
+  if (slot < 0 || slot >= NumeroSlot || r < 0 || r >= t.ContaEntita[static_cast<size_t>(slot)]) return false;
+  const Colonna<int16_t>* ident = ColonnaIdent(t, slot);
+  if (!ident) return true;
+  return static_cast<size_t>(r) < ident->size() && IdentVivo((*ident)[static_cast<size_t>(r)]);
+}
+
+int64_t RigheVive(const TabelleEntita& t, int slot) {
+  const Colonna<int16_t>* ident = ColonnaIdent(t, slot);
+  if (!ident) return t.ContaEntita[slot];
   const auto n = static_cast<size_t>(std::max(t.ContaEntita[slot], 0));
-  return std::count(ident->begin(), ident->begin() + static_cast<std::ptrdiff_t>(std::min(n, ident->size())),
-                    int16_t{0});
+  return std::count_if(ident->begin(), ident->begin() + static_cast<std::ptrdiff_t>(std::min(n, ident->size())),
+                       IdentVivo);
 }
 
 }  // namespace varena

@@ -232,6 +232,15 @@ struct TabelleEntita : TabellaPunti,
   std::array<bool, NumeroSlot> SlotModificato{};
 };
 
+// The one test of deletion: 0 is a live row and any other value a deleted one. The program
+// sets -1, older files carry 65535 (read back as -1), and a file may hold any other value:
+// all of them are deleted, for drawing, snapping, lists and saving alike.
+constexpr bool IdentVivo(int16_t ident) { return ident == 0; }
+
+// Row `r` of a slot exists in the count and is live. Kinds without a deletion field (the
+// contour vertices) are live while they are counted.
+bool RigaViva(const TabelleEntita& t, int slot, int64_t r);
+
 inline void SegnaModificato(TabelleEntita& t, int slot) { t.SlotModificato[static_cast<size_t>(slot)] = true; }
 inline void SegnaTuttoModificato(TabelleEntita& t) { t.SlotModificato.fill(true); }
 // The job files now hold exactly what the tables hold.

@@ -40,19 +40,6 @@ size_t Righe(const Sessione& s, int tipo) {
   return std::min(static_cast<size_t>(std::max(s.ContaEntita[static_cast<size_t>(tipo)], 0)), c->size());
 }
 
-bool Vivo(const Sessione& s, int tipo, size_t r) {
-  switch (tipo) {
-    case SlotPunti: return s.PuntoIdent[r] == 0;
-    case SlotLinee: return s.LineaIdent[r] == 0;
-    case SlotCerchi: return s.CerchioIdent[r] == 0;
-    case SlotArchi: return s.ArcoIdent[r] == 0;
-    case SlotTesti: return s.TestoIdent[r] == 0;
-    case SlotFalde: return s.FaldaIdent[r] == 0;
-    case SlotBitmap: return s.BitmapIdent[r] == 0;
-    default: return true;  // contour vertices have no deletion field
-  }
-}
-
 bool Congelato(const Sessione& s, int tipo, size_t r) {
   switch (tipo) {
     case SlotPunti: return s.PuntoCongelaSimbolo[r] != 0 && s.PuntoCongelaNome[r] != 0;
@@ -67,7 +54,7 @@ bool Congelato(const Sessione& s, int tipo, size_t r) {
 }
 
 bool Prendibile(const Sessione& s, int tipo, size_t r) {
-  return Vivo(s, tipo, r) && (s.ComandoCorrente == 141 || !Congelato(s, tipo, r));
+  return RigaViva(s, tipo, static_cast<int64_t>(r)) && (s.ComandoCorrente == 141 || !Congelato(s, tipo, r));
 }
 
 uint8_t Valore(const Sessione& s) { return s.ValoreSelezione != 0 ? 1 : 0; }
@@ -249,7 +236,7 @@ int64_t ContaSelezionati(const Sessione& s) {
 int64_t ContaPuntiSelezionati(const Sessione& s) {
   int64_t n = 0;
   for (size_t r = 0; r < Righe(s, SlotPunti); ++r)
-    if (s.StatoPunto[r] == 1 && s.PuntoIdent[r] == 0) ++n;
+    if (s.StatoPunto[r] == 1 && IdentVivo(s.PuntoIdent[r])) ++n;
   return n;
 }
 
@@ -413,7 +400,7 @@ void SalvaSelePunt(Sessione& s) {
   NuovaCartella(s.CartellaLavoro + "TEMP");
   std::string testo;
   for (size_t r = 0; r < Righe(s, SlotPunti); ++r)
-    if (s.StatoPunto[r] == 1 && s.PuntoIdent[r] == 0) testo += Rifila(s.PuntoNome[r]) + "\r\n";
+    if (s.StatoPunto[r] == 1 && IdentVivo(s.PuntoIdent[r])) testo += Rifila(s.PuntoNome[r]) + "\r\n";
   ScriviTesto(PercorsoSelePunt(s), testo);
 }
 

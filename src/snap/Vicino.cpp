@@ -20,7 +20,7 @@ constexpr uint32_t kTipiLista =
 size_t Conta(const Sessione& s, int slot) { return static_cast<size_t>(std::max(s.ContaEntita[slot], 0)); }
 
 bool PuntoCercabile(const Sessione& s, size_t k) {
-  return s.PuntoIdent[k] == 0 && !(s.PuntoCongelaSimbolo[k] != 0 && s.PuntoCongelaNome[k] != 0);
+  return IdentVivo(s.PuntoIdent[k]) && !(s.PuntoCongelaSimbolo[k] != 0 && s.PuntoCongelaNome[k] != 0);
 }
 
 // A list record stands for a row that may have been deleted or frozen since the list was
@@ -29,10 +29,10 @@ bool RigaListaCercabile(const Sessione& s, uint8_t tipo, int32_t riga) {
   if (riga < 0) return tipo == SlotSezioni || tipo == 14;
   const auto r = static_cast<size_t>(riga);
   switch (tipo) {
-    case SlotLinee: return r < Conta(s, SlotLinee) && s.LineaIdent[r] == 0 && s.LineaCongela[r] == 0;
-    case SlotFalde: return r < Conta(s, SlotFalde) && s.FaldaIdent[r] == 0 && s.FaldaCongela[r] == 0;
-    case SlotSette: return r < Conta(s, SlotSette) && s.SetteIdent[r] == 0;
-    case SlotBitmap: return r < Conta(s, SlotBitmap) && s.BitmapIdent[r] == 0 && s.BitmapCongela[r] == 0;
+    case SlotLinee: return r < Conta(s, SlotLinee) && IdentVivo(s.LineaIdent[r]) && s.LineaCongela[r] == 0;
+    case SlotFalde: return r < Conta(s, SlotFalde) && IdentVivo(s.FaldaIdent[r]) && s.FaldaCongela[r] == 0;
+    case SlotSette: return r < Conta(s, SlotSette) && IdentVivo(s.SetteIdent[r]);
+    case SlotBitmap: return r < Conta(s, SlotBitmap) && IdentVivo(s.BitmapIdent[r]) && s.BitmapCongela[r] == 0;
     default: return true;
   }
 }
@@ -106,17 +106,17 @@ class Ricerca {
   }
   double Cerchio(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.CerchioIdent[k] != 0 || s_.CerchioCongela[k] != 0) return kNulla;
+    if (!IdentVivo(s_.CerchioIdent[k]) || s_.CerchioCongela[k] != 0) return kNulla;
     return std::fabs(Distanza2D(x_, y_, s_.CerchioX[k], s_.CerchioY[k]) - s_.CerchioRaggio[k]);
   }
   double Arco(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.ArcoIdent[k] != 0 || s_.ArcoCongela[k] != 0) return kNulla;
+    if (!IdentVivo(s_.ArcoIdent[k]) || s_.ArcoCongela[k] != 0) return kNulla;
     return DistanzaArco(s_, k, x_, y_);
   }
   double Testo(int64_t i) const {
     const auto k = static_cast<size_t>(i);
-    if (s_.TestoIdent[k] != 0 || s_.TestoCongela[k] != 0) return kNulla;
+    if (!IdentVivo(s_.TestoIdent[k]) || s_.TestoCongela[k] != 0) return kNulla;
     return Distanza2D(x_, y_, s_.TestoX[k], s_.TestoY[k]);
   }
 
@@ -182,7 +182,7 @@ Vicina IlPiuVicinoBitMap(const Sessione& s, double x, double y) { return DiUnTip
 int32_t IlPiuVicinoPerNome(const Sessione& s, std::string_view nome) {
   const std::string cercato = Rifila(nome);
   for (size_t k = 0; k < Conta(s, SlotPunti); ++k)
-    if (s.PuntoIdent[k] == 0 && Rifila(s.PuntoNome[k]) == cercato) return static_cast<int32_t>(k);
+    if (IdentVivo(s.PuntoIdent[k]) && Rifila(s.PuntoNome[k]) == cercato) return static_cast<int32_t>(k);
   return -1;
 }
 

@@ -95,24 +95,24 @@ std::string* BackupDi(Passata& p, int slot) { return &p.file.Backup[static_cast<
 void SalvaPunti(Passata& p) {
   Sessione& s = p.s;
   SalvaRecord(p, LayoutPunti(), "SalvaPunti",
-              [&](size_t r) { return s.PuntoIdent[r] == 0 && Rifila(s.PuntoPiano[r]) != "INCLUSI"; });
+              [&](size_t r) { return IdentVivo(s.PuntoIdent[r]) && Rifila(s.PuntoPiano[r]) != "INCLUSI"; });
 }
 void SalvaLinee(Passata& p) {
   Sessione& s = p.s;
   SalvaRecord(p, LayoutLinee(), "SalvaLinee",
-              [&](size_t r) { return s.LineaIdent[r] == 0 && Rifila(s.LineaPiano[r]) != "ZZZ"; });
+              [&](size_t r) { return IdentVivo(s.LineaIdent[r]) && Rifila(s.LineaPiano[r]) != "ZZZ"; });
 }
 void SalvaCerchi(Passata& p) {
-  SalvaRecord(p, LayoutCerchi(), "SalvaCerchi", [&](size_t r) { return p.s.CerchioIdent[r] == 0; });
+  SalvaRecord(p, LayoutCerchi(), "SalvaCerchi", [&](size_t r) { return IdentVivo(p.s.CerchioIdent[r]); });
 }
 void SalvaArchi(Passata& p) {
-  SalvaRecord(p, LayoutArchi(), "SalvaArchi", [&](size_t r) { return p.s.ArcoIdent[r] == 0; });
+  SalvaRecord(p, LayoutArchi(), "SalvaArchi", [&](size_t r) { return IdentVivo(p.s.ArcoIdent[r]); });
 }
 void SalvaTesti(Passata& p) {
-  SalvaRecord(p, LayoutTesti(), "SalvaTesti", [&](size_t r) { return p.s.TestoIdent[r] == 0; });
+  SalvaRecord(p, LayoutTesti(), "SalvaTesti", [&](size_t r) { return IdentVivo(p.s.TestoIdent[r]); });
 }
 void SalvaFalde(Passata& p) {
-  SalvaRecord(p, LayoutFalde(), "SalvaFalde", [&](size_t r) { return p.s.FaldaIdent[r] == 0; });
+  SalvaRecord(p, LayoutFalde(), "SalvaFalde", [&](size_t r) { return IdentVivo(p.s.FaldaIdent[r]); });
 }
 
 void SalvaCurve(Passata& p) {
@@ -180,7 +180,7 @@ void SalvaBitmap(Passata& p) {
     testo.emplace();
     for (int32_t k = 0; k < s.ContaEntita[SlotBitmap]; ++k) {
       const auto r = static_cast<size_t>(k);
-      if (s.BitmapIdent[r] != 0) continue;
+      if (!IdentVivo(s.BitmapIdent[r])) continue;
       *testo += IstruzioneLista()
                     .Numero(s.BitmapIdent[r])
                     .Testo(s.BitmapNomeFile[r])

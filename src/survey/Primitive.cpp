@@ -220,7 +220,7 @@ std::string ProssimoNomePunto(const TabelleEntita& t, std::string_view nome, boo
                                         std::min(t.PuntoNome.size(), t.PuntoIdent.size()));
   presi.reserve(righe);
   for (size_t i = 0; i < righe; ++i)
-    if (t.PuntoIdent[i] >= 0) presi.insert(t.PuntoNome[i]);
+    if (IdentVivo(t.PuntoIdent[i])) presi.insert(t.PuntoNome[i]);
 
   std::string corrente(nome);
   // Distinct candidates cannot all be taken once there are more of them than names.

@@ -121,7 +121,7 @@ void RidisegnaLista(Sessione& s, Superficie& sup) {
 
 void DisegnaImmagine(Sessione& s, Superficie& sup, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.BitmapIdent[r] < 0 || s.BitmapCongela[r] != 0) return;
+  if (!IdentVivo(s.BitmapIdent[r]) || s.BitmapCongela[r] != 0) return;
   const StatoVista& v = s.Vista;
   const double x0 = s.BitmapX[r] - v.CentroEst, y0 = s.BitmapY[r] - v.CentroNord;
   sup.Immagine(s.BitmapNomeFile[r], static_cast<float>(x0), static_cast<float>(y0),
@@ -208,7 +208,7 @@ void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double 
 
 void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& stato) {
   const auto r = static_cast<size_t>(riga);
-  if (s.PuntoIdent[r] < 0) return;
+  if (!IdentVivo(s.PuntoIdent[r])) return;
   const StatoVista& v = s.Vista;
   const double xv = s.PuntoX[r] - v.CentroEst, yv = s.PuntoY[r] - v.CentroNord;
   const float fx = static_cast<float>(xv), fy = static_cast<float>(yv);

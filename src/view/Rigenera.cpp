@@ -120,7 +120,7 @@ void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio) {
 
 void RigeneraLineaSingola(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.LineaIdent[r] != 0 || s.LineaCongela[r] != 0) return;
+  if (!IdentVivo(s.LineaIdent[r]) || s.LineaCongela[r] != 0) return;
   RecordDisegno b = RecordDi(s, SlotLinee, riga, s.LineaColore[r], s.StatoLinea[r], s.LineaPiano[r]);
   b.X1 = s.LineaX1[r], b.Y1 = s.LineaY1[r], b.Z1 = s.LineaZ1[r];
   b.X2 = s.LineaX2[r], b.Y2 = s.LineaY2[r], b.Z2 = s.LineaZ2[r];
@@ -165,7 +165,7 @@ void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double y
 
 void RigeneraCerchio(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.CerchioIdent[r] != 0 || s.CerchioCongela[r] != 0) return;
+  if (!IdentVivo(s.CerchioIdent[r]) || s.CerchioCongela[r] != 0) return;
   const RecordDisegno b = RecordDi(s, SlotCerchi, riga, s.CerchioColore[r], s.StatoCerchio[r], s.CerchioPiano[r]);
   // A circle runs from azimuth 0 through 399.99 gon: the old program never closed the turn.
   RigeneraArcoTratteggio(s, b, s.CerchioX[r], s.CerchioY[r], s.CerchioRaggio[r], 0.0, 399.99 * GonToRad,
@@ -174,7 +174,7 @@ void RigeneraCerchio(Sessione& s, int32_t riga) {
 
 void RigeneraArco(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.ArcoIdent[r] != 0 || s.ArcoCongela[r] != 0) return;
+  if (!IdentVivo(s.ArcoIdent[r]) || s.ArcoCongela[r] != 0) return;
   const RecordDisegno b = RecordDi(s, SlotArchi, riga, s.ArcoColore[r], s.StatoArco[r], s.ArcoPiano[r]);
   // The record holds gon, as the user reads them; the curve is walked in radians.
   RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], s.ArcoInizio[r] * GonToRad,
@@ -183,7 +183,7 @@ void RigeneraArco(Sessione& s, int32_t riga) {
 
 void RigeneraTesto(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.TestoIdent[r] != 0 || s.TestoCongela[r] != 0) return;
+  if (!IdentVivo(s.TestoIdent[r]) || s.TestoCongela[r] != 0) return;
   RecordDisegno t;
   t.Tipo = SlotTesti;
   t.Riga = riga;
@@ -208,7 +208,7 @@ void RigeneraTesto(Sessione& s, int32_t riga) {
 
 void RigeneraBitMapSingola(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (s.BitmapIdent[r] != 0 || s.BitmapCongela[r] != 0) return;
+  if (!IdentVivo(s.BitmapIdent[r]) || s.BitmapCongela[r] != 0) return;
   const double x0 = s.BitmapX[r], y0 = s.BitmapY[r];
   const double x1 = x0 + s.BitmapLarghezza[r] * s.BitmapScalaLar[r];
   const double y1 = y0 - s.BitmapAltezza[r] * s.BitmapScalaAlt[r];

@@ -56,11 +56,11 @@ namespace {
 // Circles, arc ends and text insertions: what both extents take from the tables.
 void CurveETesti(const Sessione& s, Ingombro& b) {
   for (size_t i = 0; i < N(s, SlotCerchi); ++i)
-    if (s.CerchioIdent[i] == 0) Cerchio(s, i, b);
+    if (IdentVivo(s.CerchioIdent[i])) Cerchio(s, i, b);
   for (size_t i = 0; i < N(s, SlotArchi); ++i)
-    if (s.ArcoIdent[i] == 0) ArcoEstremi(s, i, b);
+    if (IdentVivo(s.ArcoIdent[i])) ArcoEstremi(s, i, b);
   for (size_t i = 0; i < N(s, SlotTesti); ++i)
-    if (s.TestoIdent[i] == 0) b.Aggiungi(s.TestoX[i], s.TestoY[i]);
+    if (IdentVivo(s.TestoIdent[i])) b.Aggiungi(s.TestoX[i], s.TestoY[i]);
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ void CurveETesti(const Sessione& s, Ingombro& b) {
 Ingombro IngombroTabelle(const Sessione& s) {
   Ingombro b;
   for (size_t i = 0; i < N(s, SlotPunti); ++i)
-    if (s.PuntoIdent[i] == 0 && s.PuntoCongelaSimbolo[i] == 0) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
+    if (IdentVivo(s.PuntoIdent[i]) && s.PuntoCongelaSimbolo[i] == 0) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
   CurveETesti(s, b);
   return b;
 }
@@ -87,15 +87,15 @@ std::optional<Rettangolo> IngombroDisegno(const Sessione& s) {
 std::optional<Rettangolo> IngombroEntita(const Sessione& s) {
   Ingombro b;
   for (size_t i = 0; i < N(s, SlotPunti); ++i)
-    if (s.PuntoIdent[i] == 0) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
+    if (IdentVivo(s.PuntoIdent[i])) b.Aggiungi(s.PuntoX[i], s.PuntoY[i]);
   for (size_t i = 0; i < N(s, SlotLinee); ++i)
-    if (s.LineaIdent[i] == 0) {
+    if (IdentVivo(s.LineaIdent[i])) {
       b.Aggiungi(s.LineaX1[i], s.LineaY1[i]);
       b.Aggiungi(s.LineaX2[i], s.LineaY2[i]);
     }
   CurveETesti(s, b);
   for (size_t i = 0; i < N(s, SlotFalde); ++i)
-    if (s.FaldaIdent[i] == 0) {
+    if (IdentVivo(s.FaldaIdent[i])) {
       b.Aggiungi(s.FaldaX1[i], s.FaldaY1[i]);
       b.Aggiungi(s.FaldaX2[i], s.FaldaY2[i]);
       b.Aggiungi(s.FaldaX3[i], s.FaldaY3[i]);

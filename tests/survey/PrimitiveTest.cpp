@@ -229,11 +229,11 @@ TEST(ProssimoNomePunto, CodaNumericaPassoENomiPresi) {
   AzzeraTabelle(t);
   for (const char* n : {"1", "2", "3", "5", "7", "A10", "P1"}) AggiungiPunto(t, n, 0);
   AggiungiPunto(t, "4", -1);  // deleted: free again
-  AggiungiPunto(t, "9", 3);   // any Ident that is not negative counts as taken
+  AggiungiPunto(t, "9", 3);   // any Ident but 0 is deleted: free again
   // Name, step, the next free name.
   const std::tuple<const char*, const char*, const char*> casi[] = {
-      {"1", "1", "4"},    {"8", "1", "10"},    {"A9", "1", "A11"},  {"X", "1", "X1"},   {"007", "1", "8"},
-      {"1", "2", "11"},   {"1", "0,5", "4"},   {"P2", "-1", "P"},   {"B7.5", "1", "B7.6"},
+      {"1", "1", "4"},    {"8", "1", "9"},     {"A9", "1", "A11"},  {"X", "1", "X1"},   {"007", "1", "8"},
+      {"1", "2", "9"},    {"1", "0,5", "4"},   {"P2", "-1", "P"},   {"B7.5", "1", "B7.6"},
   };
   for (const auto& [nome, passo, atteso] : casi)
     EXPECT_EQ(ProssimoNomePunto(t, nome, true, passo), atteso) << nome << " step " << passo;

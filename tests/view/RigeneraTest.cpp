@@ -248,6 +248,22 @@ TEST(Ridisegno, ImmagineInCimaDipintaPerUltimaELaStoria) {
   EXPECT_EQ(z.s.Vista.Storia.size(), prima + 1);  // every redraw adds the view to the record
 }
 
+TEST(Ridisegno, RigheCancellateNonDipinte) {
+  Scena z;
+  z.s.Imp.MostraQuota = z.s.Imp.MostraDescrizione = 0;
+  z.Punto("VIVO", 1000, 2000, 1, 2);
+  z.s.PuntoIdent[static_cast<size_t>(z.Punto("SETTE", 1010, 2000, 1, 2))] = 7;
+  z.s.PuntoIdent[static_cast<size_t>(z.Punto("UNO", 1020, 2000, 1, 2))] = 1;
+  z.Bitmap(990, 10, 10, 1);
+  z.Bitmap(995, 10, 10, 1);
+  z.s.BitmapIdent[1] = 3;
+  z.Disegna();
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 3 VIVO"}));
+  const auto immagini = z.sup.Solo("Immagine");
+  ASSERT_EQ(immagini.size(), 1u);
+  EXPECT_EQ(immagini[0].substr(0, 18), "Immagine foto0.png");
+}
+
 TEST(Ridisegno, SelezioneInInversione) {
   Scena z;
   const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000));
