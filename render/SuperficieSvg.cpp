@@ -21,7 +21,7 @@ QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<
 // whatever the locale, and without the zeros that say nothing.
 std::string N(double v) {
   if (std::fabs(v) < 0.005) return "0";
-  char buf[64];
+  char buf[512];  // room for the widest double in full: a line may reach far off the page
   const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 2);
   std::string s(buf, r.ptr);
   while (s.back() == '0') s.pop_back();
@@ -225,7 +225,7 @@ void SuperficieSvg::Testo(float x, float y, std::string_view testo, float rotazi
   u += "<text x=\"" + N(ax) + "\" y=\"" + N(ay + ascesa_) + "\"";
   // The sheet's y grows upwards, the document's downwards: a counter-clockwise turn on the
   // sheet is a negative one here.
-  if (rotazione != 0) u += " transform=\"rotate(" + N(-rotazione * 180.0 / kPi) + " " + Punto(ax, ay) + ")\"";
+  if (rotazione != 0 && std::isfinite(rotazione)) u += " transform=\"rotate(" + N(-rotazione * 180.0 / kPi) + " " + Punto(ax, ay) + ")\"";
   u += " font-family=\"" + Xml(Famiglie(nomeCarattere_)) + "\" font-size=\"" +
        N(carattere_.pointSizeF() * dpi_ / 72.0) + "\" fill=\"" + Colore(penna_) + "\">" + Xml(testo) + "</text>\n";
 }
