@@ -1,13 +1,13 @@
 // render: the job painted as the program paints it, into a PNG or an SVG file.
 #include <QGuiApplication>
 #include <QImage>
-#include <QFileInfo>
-#include <QSvgGenerator>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 
 #include "Comandi.h"
 #include "SuperficieQt.h"
+#include "SuperficieSvg.h"
 #include "Terminale.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -71,33 +71,28 @@ int ComandoRender(const Argomenti& a, std::ostream& out, std::ostream& err) {
     s.Vista.AltezzaVista = Val(v[2]);
   }
   AssicuraApplicazione();
-  const QString file = QString::fromUtf8(uscita.c_str());
+  auto dipingi = [&s](Superficie& sup) {
+    s.Schermo = &sup;
+    RigeneraLista(s);
+    Ridisegna(s);
+    s.Schermo = nullptr;
+  };
   bool scritto = false;
   if (estensione == ".PNG") {
     QImage img(larghezza, altezza, QImage::Format_RGB32);
     {
       SuperficieQt sup(&img, larghezza, altezza, 96);
-      s.Schermo = &sup;
-      RigeneraLista(s);
-      Ridisegna(s);
-      s.Schermo = nullptr;
+      dipingi(sup);
     }
-    scritto = img.save(file, "PNG");
+    scritto = img.save(QString::fromUtf8(uscita.c_str()), "PNG");
   } else {
-    QSvgGenerator svg;
-    svg.setFileName(file);
-    svg.setSize(QSize(larghezza, altezza));
-    svg.setViewBox(QRect(0, 0, larghezza, altezza));
-    svg.setResolution(96);
-    svg.setTitle(QString::fromUtf8(s.NomeOriginale.c_str()));
-    {
-      SuperficieQt sup(&svg, larghezza, altezza, 96);
-      s.Schermo = &sup;
-      RigeneraLista(s);
-      Ridisegna(s);
-      s.Schermo = nullptr;
-    }
-    scritto = QFileInfo(file).exists();
+    SuperficieSvg sup(larghezza, altezza, 96);
+    dipingi(sup);
+    const std::string documento = sup.Documento(s.NomeOriginale);
+    std::ofstream f(uscita, std::ios::binary | std::ios::trunc);
+    f.write(documento.data(), static_cast<std::streamsize>(documento.size()));
+    f.close();
+    scritto = !f.fail();
   }
   if (!scritto) {
     err << "Impossibile scrivere " << uscita << "\n";

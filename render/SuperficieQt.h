@@ -1,5 +1,5 @@
-// The drawing surface on a Qt paint device: a raster image for the screen and PNG files,
-// an SVG generator for vector output. Both are painted through the very same calls.
+// The drawing surface on a Qt raster device: the screen's picture and PNG files. Vector
+// output has a surface of its own (SuperficieSvg).
 #pragma once
 
 #include <QFont>

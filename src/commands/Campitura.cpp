@@ -13,6 +13,51 @@
 
 namespace varena {
 
+namespace {
+
+// Closer than this to a scan line, a vertex is on it: the sweep's arithmetic leaves a few
+// units of the last digit, and a micrometre is far below anything surveyed.
+constexpr double kSullaLinea = 1e-6;
+
+struct Incrocio {
+  double Lungo, X, Y;  // `Lungo`: the place along the hatch direction
+};
+
+// Where the edges cross one scan line, sorted along it, with the line moved by a hair
+// forward in the sweep (`avanti`) or back: a vertex on the line is then behind it or ahead,
+// and the crossings pair up as in, out, in, out. `quota` is each vertex's distance ahead of
+// the line, `lungo` its place along it.
+void Incroci(std::span<const PuntoXYZ> v, std::span<const double> quota, std::span<const double> lungo, bool avanti,
+             std::vector<Incrocio>& out) {
+  out.clear();
+  auto dietro = [avanti](double q) { return q < 0 || (q == 0 && avanti); };
+  const size_t n = v.size();
+  for (size_t i = 0; i < n; ++i) {
+    const size_t j = (i + 1) % n;
+    if (dietro(quota[i]) == dietro(quota[j])) continue;
+    // A vertex on the line has a quota of exactly 0, so that the crossing is the vertex.
+    const double f = quota[i] / (quota[i] - quota[j]);
+    out.push_back({lungo[i] + (lungo[j] - lungo[i]) * f, v[i].X + (v[j].X - v[i].X) * f, v[i].Y + (v[j].Y - v[i].Y) * f});
+  }
+  std::sort(out.begin(), out.end(), [](const Incrocio& p, const Incrocio& q) { return p.Lungo < q.Lungo; });
+}
+
+// The stretches inside for both lists of crossings, each paired 1-2, 3-4 and so on.
+void Comuni(const std::vector<Incrocio>& a, const std::vector<Incrocio>& b, std::vector<SegmentoCampitura>& out) {
+  size_t i = 0, j = 0;
+  while (i + 1 < a.size() && j + 1 < b.size()) {
+    const Incrocio& inizio = a[i].Lungo >= b[j].Lungo ? a[i] : b[j];
+    const Incrocio& fine = a[i + 1].Lungo <= b[j + 1].Lungo ? a[i + 1] : b[j + 1];
+    if (fine.Lungo - inizio.Lungo > kSullaLinea) out.push_back({{inizio.X, inizio.Y, 0}, {fine.X, fine.Y, 0}});
+    if (a[i + 1].Lungo < b[j + 1].Lungo)
+      i += 2;
+    else
+      j += 2;
+  }
+}
+
+}  // namespace
+
 std::vector<SegmentoCampitura> SegmentiCampitura(std::span<const PuntoXYZ> vertici, double angoloGon, double passo) {
   std::vector<SegmentoCampitura> segmenti;
   vertici = vertici.first(std::min(vertici.size(), kMassimoVerticiCampitura));
@@ -24,41 +69,26 @@ std::vector<SegmentoCampitura> SegmentiCampitura(std::span<const PuntoXYZ> verti
   const double dx = std::sin(a), dy = std::cos(a);
   const double mx = dy, my = -dx;
   const PuntoXYZ& o = vertici[0];
-  auto normale = [&](const PuntoXYZ& p) { return (p.X - o.X) * mx + (p.Y - o.Y) * my; };
-  auto lungo = [&](double x, double y) { return (x - o.X) * dx + (y - o.Y) * dy; };
-  double minimo = normale(vertici[0]), massimo = minimo;
-  for (const PuntoXYZ& v : vertici) {
-    minimo = std::min(minimo, normale(v));
-    massimo = std::max(massimo, normale(v));
+  std::vector<double> normale(n), lungo(n), quota(n);
+  for (size_t i = 0; i < n; ++i) {
+    normale[i] = (vertici[i].X - o.X) * mx + (vertici[i].Y - o.Y) * my;
+    lungo[i] = (vertici[i].X - o.X) * dx + (vertici[i].Y - o.Y) * dy;
   }
+  const double minimo = *std::min_element(normale.begin(), normale.end());
+  const double massimo = *std::max_element(normale.begin(), normale.end());
   if ((massimo - minimo) / passo > kMassimoPassiCampitura) return segmenti;
-  std::vector<double> quota(n);
-  struct Incrocio {
-    double Lungo, X, Y;
-  };
-  std::vector<Incrocio> incroci;
+  std::vector<Incrocio> avanti, indietro;
   for (int64_t k = 0;; ++k) {
     const double t = minimo + static_cast<double>(k) * passo;
-    if (t > massimo) break;
-    for (size_t i = 0; i < n; ++i) quota[i] = normale(vertici[i]) - t;
-    incroci.clear();
-    for (size_t i = 0; i < n; ++i) {
-      const size_t j = (i + 1) % n;
-      const double qi = quota[i], qj = quota[j];
-      // An edge crosses when its ends lie on either side; an end on the line counts as ahead.
-      if ((qi >= 0) == (qj >= 0)) continue;
-      const double f = qi / (qi - qj);
-      const double x = vertici[i].X + (vertici[j].X - vertici[i].X) * f;
-      const double y = vertici[i].Y + (vertici[j].Y - vertici[i].Y) * f;
-      incroci.push_back({lungo(x, y), x, y});
-    }
-    std::sort(incroci.begin(), incroci.end(), [](const Incrocio& p, const Incrocio& q) { return p.Lungo < q.Lungo; });
-    for (size_t i = 0; i + 1 < incroci.size(); i += 2) {
-      const Incrocio &p = incroci[i], &q = incroci[i + 1];
-      // Two crossings in one place (the line grazing a corner) make no line.
-      if (q.Lungo - p.Lungo <= 1e-9) continue;
-      segmenti.push_back({{p.X, p.Y, 0}, {q.X, q.Y, 0}});
-    }
+    if (t > massimo + kSullaLinea) break;
+    for (size_t i = 0; i < n; ++i) quota[i] = std::fabs(normale[i] - t) <= kSullaLinea ? 0 : normale[i] - t;
+    // A scan line takes what lies inside the contour just before it and just after it
+    // alike: a line along an edge is left out, on whichever side of the contour the edge
+    // stands (the contour draws it already), and a line through a corner is drawn as far
+    // as the contour goes on both sides of it.
+    Incroci(vertici, quota, lungo, true, avanti);
+    Incroci(vertici, quota, lungo, false, indietro);
+    Comuni(avanti, indietro, segmenti);
   }
   return segmenti;
 }

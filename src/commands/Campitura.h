@@ -23,8 +23,9 @@ struct SegmentoCampitura {
 // The segments of the hatch of the closed contour `vertici` (the last vertex joins the
 // first): lines of azimuth `angoloGon`, `passo` apart, swept square to that direction from
 // the vertex farthest back, each cut by the contour's edges and paired in, out, in, out.
-// A vertex exactly on a scan line counts on the side the line sweeps towards, so that a line
-// through a corner neither doubles nor loses a crossing.
+// A scan line keeps what lies inside the contour both just before and just after it: no
+// hatch line runs along an edge, whichever side of the contour the edge is on, and a line
+// through a corner goes on as far as the inside does on both sides.
 std::vector<SegmentoCampitura> SegmentiCampitura(std::span<const PuntoXYZ> vertici, double angoloGon, double passo);
 
 // The contour traced by clicks: each click one more vertex of the temporary polyline.

@@ -131,6 +131,7 @@ void DisegnaImmagine(Sessione& s, Superficie& sup, int32_t riga) {
 
 // A share of the view, as label sizes are given when negative.
 double Misura(const Sessione& s, double valore);
+double MisuraEtichetta(const Sessione& s, double valore);
 
 // Labels of a point take about three lines of 1.5 h and eight characters; when those of the
 // points near the view would cover it more than four times over they could not be read,
@@ -186,18 +187,25 @@ double Misura(const Sessione& s, double valore) {
   return valore < 0 ? std::fabs(valore) * s.Vista.AltezzaVista / 100.0 : valore;
 }
 
+// The size handed to the label painter: metres, with the sign of the setting kept, since
+// the sign decides where the label is printed.
+double MisuraEtichetta(const Sessione& s, double valore) {
+  return valore < 0 ? -Misura(s, valore) : valore;
+}
+
 }  // namespace
 
 void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double h, std::string_view testo,
                        std::string_view font, int32_t colore) {
-  // A label of h metres is h metres at the view's scale, as texts are: the old fixed ratio
-  // of a thousand points to the view's height was right for one screen only, and on any
-  // other made the lines of a point's labels run into each other. A negative h stays a
-  // size in points.
-  const double punti = h >= 0 ? PuntiTesto(s, sup, h) : std::fabs(h);
+  // A label of |h| metres is |h| metres at the view's scale, as texts are: the old fixed
+  // ratio of a thousand points to the view's height was right for one screen only, and on
+  // any other made the lines of a point's labels run into each other. A negative h comes
+  // from a share of the view, so its label keeps one size on screen at any zoom.
+  const double punti = PuntiTesto(s, sup, std::fabs(h));
   if (punti < kPuntiMinimi || testo.empty()) return;
-  // The print position is moved by a pixel of the background, as the old painter did.
-  const double ys = h >= 0 ? y + 1.5 * std::fabs(h) : y;
+  // The print position is moved by a pixel of the background, as the old painter did: a
+  // label of positive h is lifted by one line of 1.5 h, one of negative h prints at (x, y).
+  const double ys = h >= 0 ? y + 1.5 * h : y;
   sup.Pixel(static_cast<float>(x), static_cast<float>(ys), Rgb(s, s.Imp.Colore_Fondo_Default));
   ColoreRGB c = 0;
   if (!ColoreDaIndice(s, ColoreVisibile(s, colore), c)) return;
@@ -237,12 +245,13 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
                 Rgb(s, ColoreVisibile(s, s.PuntoColoreNome[r])));
       sup.Stile(StilePenna::Continuo);
     }
-    DisegnaPuntoNuovo(s, sup, xn, y, Misura(s, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font, s.PuntoColoreNome[r]);
+    DisegnaPuntoNuovo(s, sup, xn, y, MisuraEtichetta(s, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font,
+                      s.PuntoColoreNome[r]);
     primo = false;
   }
   if (etichette && s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
-    const double h = Misura(s, s.PuntoDimensioneQuota[r]);
-    if (!primo) y -= 1.5 * h;
+    const double h = MisuraEtichetta(s, s.PuntoDimensioneQuota[r]);
+    if (!primo) y -= 1.5 * std::fabs(h);
     const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];
     const std::string testo =
         Rifila(FormatoMaschera(valore, "#########0." + std::string(static_cast<size_t>(std::max(0, s.DecimaliQuota)), '0')));
@@ -250,8 +259,8 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     primo = false;
   }
   if (etichette && s.PuntoCongelaDescrizione[r] == 0 && s.Imp.MostraDescrizione != 0) {
-    const double h = Misura(s, s.PuntoDimensioneDescrizione[r]);
-    if (!primo) y -= 1.5 * h;
+    const double h = MisuraEtichetta(s, s.PuntoDimensioneDescrizione[r]);
+    if (!primo) y -= 1.5 * std::fabs(h);
     const int32_t colore = s.PuntoColoreDescrizione[r] > 257 ? 1 : s.PuntoColoreDescrizione[r];
     DisegnaPuntoNuovo(s, sup, xn, y, h, s.PuntoDescrizione[r], font, colore);
   }

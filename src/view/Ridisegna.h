@@ -33,7 +33,9 @@ struct StatoPunti {
 };
 void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& stato);
 
-// `DisegnaPuntoNuovo`: one label of a point at (x, y) view coordinates with height h.
+// `DisegnaPuntoNuovo`: one label of a point at (x, y) view coordinates, |h| metres high. A
+// label of positive h is printed one line of 1.5 h higher; one of negative h (a size given
+// as a share of the view) is printed at (x, y).
 void DisegnaPuntoNuovo(Sessione& s, Superficie& sup, double x, double y, double h, std::string_view testo,
                        std::string_view font, int32_t colore);
 

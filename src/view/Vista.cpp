@@ -32,7 +32,8 @@ void Rigenera1(Sessione& s) {
   v.BordoDestro = v.RapportoVista * v.AltezzaVista / 2;
   v.BordoAlto = v.AltezzaVista / 2;
 
-  if (v.BordoSinistro == v.BordoBasso || v.BordoDestro == v.BordoAlto) return;
+  // The scale is set at every redraw, whatever the proportions: a square surface has its
+  // left edge equal to its bottom one, and a fresh surface has no earlier scale to keep.
   if (s.Schermo == nullptr || s.Schermo->Minimizzata()) return;
   s.Schermo->ScalaUtente(v.BordoSinistro, v.BordoAlto, v.RapportoVista * v.AltezzaVista, -v.AltezzaVista);
 }

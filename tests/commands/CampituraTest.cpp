@@ -1,5 +1,5 @@
 // The hatch of a contour: the lines against a clipping worked out another way, concave
-// contours and corners on a scan line, the cap on vertices, and the command with its
+// contours, edges and corners on a scan line, the cap on vertices, and the command with its
 // dialog, its one undo generation and the end of the fill.
 #include <gtest/gtest.h>
 
@@ -60,6 +60,15 @@ TEST(SegmentiCampitura, QuadratoRovescioConcavoEAngoliSullaLinea) {
                                 {6, 3, 0}, {3, 3, 0}, {3, 9, 0}, {0, 9, 0}};
   Uguali(SegmentiCampitura(u, 100, 2.5),
          {{0, 6.5, 3, 6.5}, {6, 6.5, 9, 6.5}, {0, 4, 3, 4}, {6, 4, 9, 4}, {0, 1.5, 9, 1.5}});
+
+  // An L with its arms 3 wide, hatched 1 apart so that scan lines run along its edges: no
+  // line along the outer edges at either end of the sweep, nor along the inner ones, where
+  // only the stretch with the inside on both of its sides is drawn; the same whichever way
+  // the sweep runs.
+  const std::vector<PuntoXYZ> elle{{0, 0, 0}, {6, 0, 0}, {6, 3, 0}, {3, 3, 0}, {3, 6, 0}, {0, 6, 0}};
+  Uguali(SegmentiCampitura(elle, 100, 1), {{0, 5, 3, 5}, {0, 4, 3, 4}, {0, 3, 3, 3}, {0, 2, 6, 2}, {0, 1, 6, 1}});
+  Uguali(SegmentiCampitura(elle, 300, 1), {{6, 1, 0, 1}, {6, 2, 0, 2}, {3, 3, 0, 3}, {3, 4, 0, 4}, {3, 5, 0, 5}});
+  Uguali(SegmentiCampitura(elle, 0, 1), {{1, 0, 1, 6}, {2, 0, 2, 6}, {3, 0, 3, 3}, {4, 0, 4, 3}, {5, 0, 5, 3}});
 
   // A diamond: the line through the side corners crosses each of them once; the top and
   // bottom corners, only grazed, make no line.

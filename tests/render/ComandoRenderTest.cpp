@@ -35,6 +35,19 @@ TEST(ComandoRender, PngESvgDelLavoroDiEsempio) {
   const std::string svg = prova::LeggiFileProva(t / "r.svg");
   EXPECT_NE(svg.find("<svg"), std::string::npos);
   EXPECT_NE(svg.find("FABBRICATO"), std::string::npos);
+  // Symbols are strokes, not pictures, and every text names the job's font before its twin.
+  auto conta = [&svg](const std::string& cosa) {
+    size_t n = 0;
+    for (size_t p = svg.find(cosa); p != std::string::npos; p = svg.find(cosa, p + 1)) ++n;
+    return n;
+  };
+  EXPECT_EQ(conta("<image"), 0u);
+  // The eight points within 24 m East and 15 m North of the centre, 100 to 104, 106, 109
+  // and 113: two symbols (station, surveyed point), each drawn once and placed.
+  EXPECT_EQ(conta("<use xlink:href=\"#s"), 8u);
+  EXPECT_EQ(conta("<g id=\"s"), 2u);
+  EXPECT_GT(conta("<text"), 10u);
+  EXPECT_EQ(conta("font-family=\"Arial, Liberation Sans\""), conta("<text"));
 
   std::ostringstream out3, err3;
   EXPECT_EQ(cli::Esegui({"render", lavoro, t / "r.bmp"}, out3, err3), 64);

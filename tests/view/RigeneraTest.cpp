@@ -218,6 +218,15 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   z.sup.Chiamate.clear();
   Ridisegna(z.s);
   EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 12.35");
+  // Sizes given as 2% of the view's 100 m: the same 2 m lines, each printed on its line
+  // rather than above it, and the same font.
+  z.s.PuntoCongelaNome[r] = 0;
+  z.s.PuntoSpoX[r] = 0;
+  z.s.PuntoDimensioneNome[r] = z.s.PuntoDimensioneQuota[r] = z.s.PuntoDimensioneDescrizione[r] = -2;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -3 12.35", "Testo 1 -6 SPIGOLO"}));
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
 }
 
 TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {

@@ -59,13 +59,13 @@ TEST(Rigenera1, AltezzaMinimaProporzioniBordiEScalaUtente) {
   EXPECT_EQ(s.Vista.BordoAlto, 40.0);
   EXPECT_TRUE(sup.Chiamate.empty());
 
-  // A square surface makes the left edge equal the bottom one, and the set-up then leaves
-  // the surface's scale as it was: kept as the program has always behaved.
+  // A square surface makes the left edge equal the bottom one: it is scaled all the same,
+  // since a fresh surface has no scale of its own to fall back on.
   SuperficieRegistrata quadrata(200, 200);
   s.Schermo = &quadrata;
   Rigenera1(s);
   EXPECT_EQ(BordiVista(s.Vista), (Bordi{-40, -40, 40, 40}));
-  EXPECT_TRUE(quadrata.Chiamate.empty());
+  EXPECT_EQ(quadrata.Chiamate, (std::vector<std::string>{"ScalaUtente -40 40 80 -80"}));
 }
 
 TEST(Rigenera1, SenzaMisureDellaSuperficieIlRapportoE16) {
