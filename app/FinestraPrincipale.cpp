@@ -16,7 +16,6 @@
 #include "FinestreLavori.h"
 #include "commands/Comandi.h"
 #include "commands/TabellaComandi.h"
-#include "commands/TabellaDialoghi.h"
 #include "commands/Tastiera.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -132,22 +131,8 @@ FinestraPrincipale::~FinestraPrincipale() {
 }
 
 bool FinestraPrincipale::AttivoTag(const std::string& tag) const {
-  if (TagDelDesktop(Qs(tag))) return true;
-  const VoceComando* v = CercaTag(tag);
-  if (!v) return false;
-  switch (v->Genere) {
-    case GenereComando::Zoom:
-    case GenereComando::Snap: return true;
-    case GenereComando::Subito: return v->Azione != nullptr || (!v->Dialogo.empty() && DialogoDisponibile(v->Dialogo));
-    case GenereComando::Arma: {
-      // A command whose steps are not written yet is shown, and not offered.
-      const SchedaCodice* c = SchedaPerCodice(v->Codice);
-      if (!c || !c->Routine) return false;
-      if (CodiceDiSelezione(v->Codice)) return DialogoDisponibile("Selezentita");
-      return v->Dialogo.empty() || v->Dialogo == "Imputa" || DialogoDisponibile(v->Dialogo);
-    }
-  }
-  return false;
+  // A command whose work is not written yet is shown, and not offered.
+  return TagDelDesktop(Qs(tag)) || TagEseguibile(tag);
 }
 
 void FinestraPrincipale::CreaMenu() {
