@@ -3,12 +3,14 @@
 #include <QTimer>
 
 #include "FinestraPrincipale.h"
+#include "Traduzioni.h"
 #include "core/Avvio.h"
 #include "core/Sessione.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Varena");
+  varena::CaricaTraduzioniQt();
   varena::Sessione s;
   varena::FinestraPrincipale finestra(s);
   // --schermata FILE: paint the job, save a picture of the whole window and quit.

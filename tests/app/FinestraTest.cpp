@@ -4,6 +4,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileSystemModel>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -12,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeView>
 #include <QWheelEvent>
 #include <cmath>
 #include <csignal>
@@ -47,13 +51,18 @@ std::string CopiaEsempio(const std::string& cartella) {
   return cartella + "/RILIEVO";
 }
 
-// Answers the next message box that appears with `bottone`.
-void RispondiAlBox(QMessageBox::StandardButton bottone) {
-  QTimer::singleShot(20, [bottone] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-      box->button(bottone)->click();
-    else
-      RispondiAlBox(bottone);
+// Answers the next message box that appears, within a second, with `bottone`; `testi` gets
+// its buttons' texts.
+void RispondiAlBox(QMessageBox::StandardButton bottone, QStringList* testi = nullptr, int attese = 50) {
+  QTimer::singleShot(20, [=] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) {
+      if (attese > 0) RispondiAlBox(bottone, testi, attese - 1);
+      return;
+    }
+    if (testi)
+      for (auto* b : box->buttons()) *testi << b->text();
+    box->button(bottone)->click();
   });
 }
 
@@ -204,9 +213,34 @@ TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecen
   EXPECT_EQ(elenco->item(0)->text().toStdString(), base + ".CFG");
   QTimer::singleShot(0, [elenco] { emit elenco->itemDoubleClicked(elenco->item(0)); });
   ASSERT_EQ(recentiFinestra.exec(), QDialog::Accepted);
-  RispondiAlBox(QMessageBox::No);  // "Salvare le modifiche al Lavoro Attuale?"
   ASSERT_TRUE(ApriLavoroScelto(*s, recentiFinestra.Scelto().toStdString()));
   EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
+}
+
+TEST_F(Desktop, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
+  Avvia(base + ".CFG");
+  // Closing asks "Salvare il Lavoro?" with Qt's own buttons, in Italian; Cancel keeps it open.
+  QStringList bottoni;
+  RispondiAlBox(QMessageBox::Cancel, &bottoni);
+  f->close();
+  EXPECT_TRUE(f->isVisible());
+  bottoni.sort();
+  EXPECT_EQ(bottoni.join("|").toStdString(), "&No|&Sì|Annulla");
+
+  // The open window starts in the working root, its list of jobs there too.
+  FormApri apri(*s, f.get());
+  const std::string radice = QDir(QString::fromStdString(s->CartellaLavoro)).absolutePath().toStdString();
+  auto* cartelle = apri.findChild<QTreeView*>("Cartelle");
+  auto* file = apri.findChild<QTreeView*>("File");
+  ASSERT_TRUE(cartelle && file);
+  auto percorso = [](QTreeView* v, const QModelIndex& i) {
+    return qobject_cast<QFileSystemModel*>(v->model())->filePath(i).toStdString();
+  };
+  EXPECT_EQ(percorso(cartelle, cartelle->currentIndex()), radice);
+  EXPECT_TRUE(cartelle->isExpanded(cartelle->currentIndex().parent()));
+  EXPECT_EQ(percorso(file, file->rootIndex()), radice);
+  EXPECT_EQ(file->model()->headerData(0, Qt::Horizontal).toString().toStdString(), "Nome");
+  EXPECT_EQ(apri.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->text().toStdString(), "Apri");
 }
 
 TEST_F(Desktop, RecuperaLaCopiaDiUnProgrammaUcciso) {
