@@ -12,9 +12,12 @@
 #include <QPixmap>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <fstream>
+#include <iostream>
 
 #include "FinestreLavori.h"
 #include "commands/Comandi.h"
+#include "commands/Script.h"
 #include "commands/TabellaComandi.h"
 #include "commands/Tastiera.h"
 #include "core/Errori.h"
@@ -263,6 +266,26 @@ void FinestraPrincipale::CreaSpie() {
     statusBar()->addPermanentWidget(spia);
     spie_.insert(v.Codice, spia);
   }
+}
+
+bool FinestraPrincipale::EseguiScript(const QString& percorso) {
+  std::ifstream righe(percorso.toStdString(), std::ios::binary);
+  if (!righe) {
+    std::cerr << "Script non trovato: " << percorso.toStdString() << "\n";
+    return false;
+  }
+  tela_->CompletaRidisegno();
+  InterfacciaScript script(std::cout);
+  s_.Ui = &script;
+  const EsitoScript esito = varena::EseguiScript(s_, script, righe, std::cout);
+  s_.Ui = ui_.get();
+  // What the script left open or prompted, it told its own interface: the window shows it now.
+  for (const auto& d : s_.Dialoghi) ui_->MostraDialogo(*d);
+  ui_->Prompt(s_.Prompt);
+  MostraNomeDelFile();
+  Aggiorna();
+  if (esito.Codice != 0) std::cerr << "Script, riga " << esito.Riga << ": " << esito.Errore << "\n";
+  return esito.Codice == 0;
 }
 
 void FinestraPrincipale::MenuContestuale(std::string_view nome) {

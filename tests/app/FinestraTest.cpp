@@ -8,8 +8,10 @@
 #include <QDir>
 #include <QFileSystemModel>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -243,6 +245,23 @@ TEST_F(Desktop, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
   EXPECT_EQ(apri.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->text().toStdString(), "Apri");
 }
 
+TEST_F(Desktop, UnoScriptLasciaIlComandoNellaFinestra) {
+  Avvia(base + ".CFG");
+  const std::string script = utente / "finestra.txt";
+  prova::ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 1725300 5031200\nMOVE 1725323.9 5031209.3\n");
+  ASSERT_TRUE(f->EseguiScript(QString::fromStdString(script)));
+  // The window shows where the script left the line: its prompt, the pointer's read-out.
+  EXPECT_EQ(f->findChild<QLabel*>("Prompt")->text().toStdString(), "Disegno Linea - Al Punto:");
+  EXPECT_EQ(f->findChild<QLabel*>("Lettura")->text().toStdString(), "N=5031209.30 E=1725323.90   70.0");
+  // And the hand goes on from there: the line ends on point 102.
+  Tasto('P');
+  Clic(kE0 + 24.5, kN0 + 10);
+  const auto r = static_cast<size_t>(s->ContaEntita[SlotLinee] - 1);
+  EXPECT_DOUBLE_EQ(s->LineaX1[r], kE0);
+  EXPECT_DOUBLE_EQ(s->LineaX2[r], kE0 + 24.522);
+  EXPECT_FALSE(f->EseguiScript(QString::fromStdString(utente / "assente.txt")));
+}
+
 TEST_F(Desktop, RecuperaLaCopiaDiUnProgrammaUcciso) {
   // A run that edits the job and is killed before it can close.
   const pid_t figlio = fork();
@@ -386,9 +405,20 @@ TEST_F(Desktop, LineaColMouseConGliSnap) {
   l = ultima();
   EXPECT_NEAR(l[2], e100 + 12.5, 1e-9);
   EXPECT_NEAR(l[3], n100, 1e-9);
-  // The right button ends the command.
+  // The right button ends the command; with nothing armed it opens the Edit menu, as
+  // `MenuMouse` 1, the default, asks.
   QTest::mouseClick(T(), Qt::RightButton, {}, p);
   EXPECT_EQ(s->ComandoCorrente, 0);
+  ASSERT_EQ(s->Imp.MenuMouse, 1);
+  QMenu* edit = nullptr;
+  for (QMenu* m : f->findChildren<QMenu*>())
+    if (m->title() == "Edit") edit = m;
+  ASSERT_NE(edit, nullptr);
+  EXPECT_FALSE(edit->isVisible());
+  QTest::mouseClick(T(), Qt::RightButton, {}, p);
+  EXPECT_TRUE(edit->isVisible());
+  EXPECT_EQ(s->ComandoCorrente, 0);
+  edit->close();
 }
 
 TEST_F(Desktop, SelezioneNelDialogoEInversaSulDisegno) {
