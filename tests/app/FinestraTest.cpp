@@ -499,7 +499,13 @@ TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
     if (v && v->Genere == GenereComando::Arma) eseguiti[tag] = false;
   }
   ASSERT_GT(eseguiti.size(), 50u);
-  for (auto& [tag, eseguito] : eseguiti) eseguito = IlNucleoLoEsegue(base, tag);
+  {
+    // The sessions that try the tags keep their provisional copies apart from the window's.
+    prova::CartellaTemporanea sonde;
+    setenv("VARENA_DOCUMENTI", sonde.Percorso().c_str(), 1);
+    for (auto& [tag, eseguito] : eseguiti) eseguito = IlNucleoLoEsegue(base, tag);
+    setenv("VARENA_DOCUMENTI", doc.Percorso().c_str(), 1);
+  }
   EXPECT_TRUE(eseguiti.at("CAMBIA_ELIMINA"));
 
   // A value asked at arming gets "1".
