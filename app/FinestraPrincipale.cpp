@@ -12,11 +12,13 @@
 #include <QPixmap>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <fstream>
+#include <iostream>
 
 #include "FinestreLavori.h"
 #include "commands/Comandi.h"
+#include "commands/Script.h"
 #include "commands/TabellaComandi.h"
-#include "commands/TabellaDialoghi.h"
 #include "commands/Tastiera.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -132,22 +134,8 @@ FinestraPrincipale::~FinestraPrincipale() {
 }
 
 bool FinestraPrincipale::AttivoTag(const std::string& tag) const {
-  if (TagDelDesktop(Qs(tag))) return true;
-  const VoceComando* v = CercaTag(tag);
-  if (!v) return false;
-  switch (v->Genere) {
-    case GenereComando::Zoom:
-    case GenereComando::Snap: return true;
-    case GenereComando::Subito: return v->Azione != nullptr || (!v->Dialogo.empty() && DialogoDisponibile(v->Dialogo));
-    case GenereComando::Arma: {
-      // A command whose steps are not written yet is shown, and not offered.
-      const SchedaCodice* c = SchedaPerCodice(v->Codice);
-      if (!c || !c->Routine) return false;
-      if (CodiceDiSelezione(v->Codice)) return DialogoDisponibile("Selezentita");
-      return v->Dialogo.empty() || v->Dialogo == "Imputa" || DialogoDisponibile(v->Dialogo);
-    }
-  }
-  return false;
+  // A command whose work is not written yet is shown, and not offered.
+  return TagDelDesktop(Qs(tag)) || TagEseguibile(tag);
 }
 
 void FinestraPrincipale::CreaMenu() {
@@ -278,6 +266,26 @@ void FinestraPrincipale::CreaSpie() {
     statusBar()->addPermanentWidget(spia);
     spie_.insert(v.Codice, spia);
   }
+}
+
+bool FinestraPrincipale::EseguiScript(const QString& percorso) {
+  std::ifstream righe(percorso.toStdString(), std::ios::binary);
+  if (!righe) {
+    std::cerr << "Script non trovato: " << percorso.toStdString() << "\n";
+    return false;
+  }
+  tela_->CompletaRidisegno();
+  InterfacciaScript script(std::cout);
+  s_.Ui = &script;
+  const EsitoScript esito = varena::EseguiScript(s_, script, righe, std::cout);
+  s_.Ui = ui_.get();
+  // What the script left open or prompted, it told its own interface: the window shows it now.
+  for (const auto& d : s_.Dialoghi) ui_->MostraDialogo(*d);
+  ui_->Prompt(s_.Prompt);
+  MostraNomeDelFile();
+  Aggiorna();
+  if (esito.Codice != 0) std::cerr << "Script, riga " << esito.Riga << ": " << esito.Errore << "\n";
+  return esito.Codice == 0;
 }
 
 void FinestraPrincipale::MenuContestuale(std::string_view nome) {

@@ -41,6 +41,10 @@ class FinestraPrincipale : public QMainWindow {
   void EsciSenzaDomande();
   // The toolbars and the colour bar, from the settings and tables read at start.
   void PreparaBarre();
+  // Runs a script of actions (the language of `varena-cli script`) on the job in the window:
+  // what it is shown is printed, its questions take its own answers, and the window then
+  // shows where it left the job. False, with the line on the error stream, when it stopped.
+  bool EseguiScript(const QString& percorso);
 
  protected:
   void closeEvent(QCloseEvent* e) override;

@@ -1,6 +1,7 @@
 #include "FinestreLavori.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileSystemModel>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -48,6 +49,7 @@ FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
   cartelle->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
   cartelle->setRootPath("/");
   auto* albero = new QTreeView(divisore);
+  albero->setObjectName("Cartelle");
   albero->setModel(cartelle);
   for (int k = 1; k < cartelle->columnCount(); ++k) albero->hideColumn(k);
   auto* file = new QFileSystemModel(this);
@@ -55,10 +57,18 @@ FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
   file->setNameFilters({"*.CFG", "*.cfg", "*.Cfg"});
   file->setNameFilterDisables(false);
   auto* elenco = new QTreeView(divisore);
+  elenco->setObjectName("File");
   elenco->setModel(file);
   elenco->setRootIsDecorated(false);
-  const QString iniziale = Qs(s_.Imp.Cartella_Default);
-  albero->setCurrentIndex(cartelle->index(iniziale));
+  // The tree holds the whole disk, opened at the working root, where the jobs are kept.
+  const QString iniziale = QDir(Qs(s_.CartellaLavoro)).absolutePath();
+  const QModelIndex radice = cartelle->index(iniziale);
+  for (QModelIndex i = radice.parent(); i.isValid(); i = i.parent()) albero->expand(i);
+  albero->setCurrentIndex(radice);
+  // The folders come in as they are read: the working root is brought into sight once there.
+  connect(cartelle, &QFileSystemModel::directoryLoaded, albero, [albero] {
+    albero->scrollTo(albero->currentIndex(), QAbstractItemView::PositionAtCenter);
+  });
   elenco->setRootIndex(file->setRootPath(iniziale));
   connect(albero, &QTreeView::clicked, this, [cartelle, file, elenco](const QModelIndex& i) {
     elenco->setRootIndex(file->setRootPath(cartelle->filePath(i)));

@@ -246,6 +246,8 @@ bool EntitaVicina(const Sessione& s, double x, double y, uint8_t& tipo, int32_t&
   }
 }
 
+bool LavoroSuSelezione(int32_t codice) { return PromptDopoSelezione(codice) || LavoroImmediato(codice); }
+
 void ConfermaSelezione(Sessione& s) {
   s.RoutineCorrente = "ConfermaSelezione";
   // The list goes to disk first, so that the next selection can repeat this one.
@@ -255,7 +257,7 @@ void ConfermaSelezione(Sessione& s) {
   NascondiRiquadro(s);
   ChiudiDialogo(s, "Selezentita");
   const int32_t c = s.ComandoCorrente;
-  if (ContaSelezionati(s) == 0 || (!PromptDopoSelezione(c) && !LavoroImmediato(c))) {
+  if (ContaSelezionati(s) == 0 || !LavoroSuSelezione(c)) {
     // Nothing selected, or a command whose work on a selection is not here: it ends.
     InterrompiComando(s);
     return;

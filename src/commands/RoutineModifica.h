@@ -16,6 +16,10 @@ bool EntitaVicina(const Sessione& s, double x, double y, uint8_t& tipo, int32_t&
 
 // --- On a selection ----------------------------------------------------------------------
 
+// Whether a command on a selection has work here once the selection is confirmed: steps of
+// its own, or the work done at once on the rows. Any other ends at the confirmation.
+bool LavoroSuSelezione(int32_t codice);
+
 // The confirmation of `Selezentita`: the list written for a repeat, then the first prompt of
 // the command's own steps, or the work done at once on the selection.
 void ConfermaSelezione(Sessione& s);

@@ -10,6 +10,7 @@
 #include "commands/RoutineCostruzione.h"
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
+#include "commands/TabellaDialoghi.h"
 
 namespace varena {
 
@@ -464,6 +465,24 @@ const SchedaCodice* SchedaPerCodice(int32_t codice) {
   for (const SchedaCodice& c : kSchede)
     if (c.Codice == codice) return &c;
   return nullptr;
+}
+
+bool TagEseguibile(std::string_view tag) {
+  const VoceComando* v = CercaTag(tag);
+  if (!v) return false;
+  switch (v->Genere) {
+    case G::Zoom:
+    case G::Snap: return true;
+    case G::Subito: return v->Azione != nullptr || (!v->Dialogo.empty() && DialogoDisponibile(v->Dialogo));
+    case G::Arma: {
+      // The work of a command on a selection is done at the confirmation, not by a routine of
+      // its clicks: most of them have none.
+      if (CodiceDiSelezione(v->Codice)) return LavoroSuSelezione(v->Codice);
+      const SchedaCodice* c = SchedaPerCodice(v->Codice);
+      return c && c->Routine;
+    }
+  }
+  return false;
 }
 
 bool CodiceDiSelezione(int32_t codice) {

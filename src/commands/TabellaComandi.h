@@ -73,6 +73,13 @@ struct SchedaCodice {
 // The card of a code, or null when the code has none.
 const SchedaCodice* SchedaPerCodice(int32_t codice);
 
+// Whether the core does the work of a tag, which the desktop then offers: a tag that acts at
+// once has its action or a dialog with a builder; a command on a selection has work on the
+// rows once they are confirmed; any other command has a routine for its clicks. A dialog
+// opened before the first prompt that has no builder yet is skipped, and the command runs
+// with the values in force.
+bool TagEseguibile(std::string_view tag);
+
 // Codes of commands on a selection: `Selezentita` opens before any prompt.
 bool CodiceDiSelezione(int32_t codice);
 // Codes whose right button shows a dialog instead of ending the command.

@@ -2,13 +2,22 @@
 // windows, and a line drawn with the mouse through the snaps.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileSystemModel>
+#include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+#include <QTreeView>
 #include <QWheelEvent>
 #include <cmath>
 #include <csignal>
@@ -19,8 +28,13 @@
 #include "DialogoQt.h"
 #include "FinestraPrincipale.h"
 #include "FinestreLavori.h"
+#include "commands/Comandi.h"
+#include "commands/Puntatore.h"
+#include "commands/TabellaComandi.h"
 #include "core/Avvio.h"
+#include "core/Dialoghi.h"
 #include "core/Sessione.h"
+#include "store/Provvisorio.h"
 #include "store/Registro.h"
 #include "store/Undo.h"
 #include "support/Supporto.h"
@@ -39,14 +53,52 @@ std::string CopiaEsempio(const std::string& cartella) {
   return cartella + "/RILIEVO";
 }
 
-// Answers the next message box that appears with `bottone`.
-void RispondiAlBox(QMessageBox::StandardButton bottone) {
-  QTimer::singleShot(20, [bottone] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-      box->button(bottone)->click();
-    else
-      RispondiAlBox(bottone);
+// Answers the next message box that appears, within a second, with `bottone`; `testi` gets
+// its buttons' texts.
+void RispondiAlBox(QMessageBox::StandardButton bottone, QStringList* testi = nullptr, int attese = 50) {
+  QTimer::singleShot(20, [=] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) {
+      if (attese > 0) RispondiAlBox(bottone, testi, attese - 1);
+      return;
+    }
+    if (testi)
+      for (auto* b : box->buttons()) *testi << b->text();
+    box->button(bottone)->click();
   });
+}
+
+// Whether the core does the work of an arming tag, found by doing it on the example job in a
+// session of its own, with "1" for every value asked. A command on a selection gets the whole
+// drawing selected and confirmed: a command with no work on a selection ends there. Any other
+// gets a click on station 100: a command with no steps of its own changes nothing at it.
+bool IlNucleoLoEsegue(const std::string& lavoro, const std::string& tag) {
+  InterfacciaRegistrata ui;
+  for (int i = 0; i < 4; ++i) ui.RispondiValore("1");
+  Sessione s;
+  s.Ui = &ui;
+  VarenaLoad(s, lavoro + ".CFG");
+  EseguiTag(s, tag);
+  bool eseguito = false;
+  if (s.ComandoCorrente != 0) {
+    const std::string prompt = s.Prompt;
+    const int16_t passo = s.PassoComando;
+    const int64_t generazione = LeggiDiario(s)->Passo;
+    const size_t mostrati = ui.Messaggi.size() + ui.Domande.size() + ui.Dialoghi.size() + ui.Richieste.size();
+    if (DialogoAperto(s, "Selezentita")) {
+      PremiBottone(s, "Selezentita", "Tutto");
+      PremiBottone(s, "Selezentita", "OK");
+    } else {
+      MouseMove(s, 0, 0, kE0 - s.Vista.CentroEst, kN0 - s.Vista.CentroNord);
+      MouseDown(s, BottoneSinistro, 0, kE0 - s.Vista.CentroEst, kN0 - s.Vista.CentroNord);
+    }
+    eseguito = s.ComandoCorrente != 0 &&
+               (s.Prompt != prompt || s.PassoComando != passo || LeggiDiario(s)->Passo != generazione ||
+                ui.Messaggi.size() + ui.Domande.size() + ui.Dialoghi.size() + ui.Richieste.size() != mostrati);
+  }
+  InterrompiComando(s);
+  EliminaProvviso(s);
+  return eseguito;
 }
 
 class Desktop : public ::testing::Test {
@@ -163,9 +215,51 @@ TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecen
   EXPECT_EQ(elenco->item(0)->text().toStdString(), base + ".CFG");
   QTimer::singleShot(0, [elenco] { emit elenco->itemDoubleClicked(elenco->item(0)); });
   ASSERT_EQ(recentiFinestra.exec(), QDialog::Accepted);
-  RispondiAlBox(QMessageBox::No);  // "Salvare le modifiche al Lavoro Attuale?"
   ASSERT_TRUE(ApriLavoroScelto(*s, recentiFinestra.Scelto().toStdString()));
   EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
+}
+
+TEST_F(Desktop, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
+  Avvia(base + ".CFG");
+  // Closing asks "Salvare il Lavoro?" with Qt's own buttons, in Italian; Cancel keeps it open.
+  QStringList bottoni;
+  RispondiAlBox(QMessageBox::Cancel, &bottoni);
+  f->close();
+  EXPECT_TRUE(f->isVisible());
+  bottoni.sort();
+  EXPECT_EQ(bottoni.join("|").toStdString(), "&No|&Sì|Annulla");
+
+  // The open window starts in the working root, its list of jobs there too.
+  FormApri apri(*s, f.get());
+  const std::string radice = QDir(QString::fromStdString(s->CartellaLavoro)).absolutePath().toStdString();
+  auto* cartelle = apri.findChild<QTreeView*>("Cartelle");
+  auto* file = apri.findChild<QTreeView*>("File");
+  ASSERT_TRUE(cartelle && file);
+  auto percorso = [](QTreeView* v, const QModelIndex& i) {
+    return qobject_cast<QFileSystemModel*>(v->model())->filePath(i).toStdString();
+  };
+  EXPECT_EQ(percorso(cartelle, cartelle->currentIndex()), radice);
+  EXPECT_TRUE(cartelle->isExpanded(cartelle->currentIndex().parent()));
+  EXPECT_EQ(percorso(file, file->rootIndex()), radice);
+  EXPECT_EQ(file->model()->headerData(0, Qt::Horizontal).toString().toStdString(), "Nome");
+  EXPECT_EQ(apri.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->text().toStdString(), "Apri");
+}
+
+TEST_F(Desktop, UnoScriptLasciaIlComandoNellaFinestra) {
+  Avvia(base + ".CFG");
+  const std::string script = utente / "finestra.txt";
+  prova::ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 1725300 5031200\nMOVE 1725323.9 5031209.3\n");
+  ASSERT_TRUE(f->EseguiScript(QString::fromStdString(script)));
+  // The window shows where the script left the line: its prompt, the pointer's read-out.
+  EXPECT_EQ(f->findChild<QLabel*>("Prompt")->text().toStdString(), "Disegno Linea - Al Punto:");
+  EXPECT_EQ(f->findChild<QLabel*>("Lettura")->text().toStdString(), "N=5031209.30 E=1725323.90   70.0");
+  // And the hand goes on from there: the line ends on point 102.
+  Tasto('P');
+  Clic(kE0 + 24.5, kN0 + 10);
+  const auto r = static_cast<size_t>(s->ContaEntita[SlotLinee] - 1);
+  EXPECT_DOUBLE_EQ(s->LineaX1[r], kE0);
+  EXPECT_DOUBLE_EQ(s->LineaX2[r], kE0 + 24.522);
+  EXPECT_FALSE(f->EseguiScript(QString::fromStdString(utente / "assente.txt")));
 }
 
 TEST_F(Desktop, RecuperaLaCopiaDiUnProgrammaUcciso) {
@@ -311,9 +405,20 @@ TEST_F(Desktop, LineaColMouseConGliSnap) {
   l = ultima();
   EXPECT_NEAR(l[2], e100 + 12.5, 1e-9);
   EXPECT_NEAR(l[3], n100, 1e-9);
-  // The right button ends the command.
+  // The right button ends the command; with nothing armed it opens the Edit menu, as
+  // `MenuMouse` 1, the default, asks.
   QTest::mouseClick(T(), Qt::RightButton, {}, p);
   EXPECT_EQ(s->ComandoCorrente, 0);
+  ASSERT_EQ(s->Imp.MenuMouse, 1);
+  QMenu* edit = nullptr;
+  for (QMenu* m : f->findChildren<QMenu*>())
+    if (m->title() == "Edit") edit = m;
+  ASSERT_NE(edit, nullptr);
+  EXPECT_FALSE(edit->isVisible());
+  QTest::mouseClick(T(), Qt::RightButton, {}, p);
+  EXPECT_TRUE(edit->isVisible());
+  EXPECT_EQ(s->ComandoCorrente, 0);
+  edit->close();
 }
 
 TEST_F(Desktop, SelezioneNelDialogoEInversaSulDisegno) {
@@ -379,6 +484,56 @@ TEST_F(Desktop, BilaterazioneNeiDialoghiAMano) {
   EXPECT_NEAR(s->PuntoX[r], kE0 + a * ux + h * uy, 1e-6);
   EXPECT_NEAR(s->PuntoY[r], kN0 + a * uy - h * ux, 1e-6);
   EXPECT_EQ(f->Interfaccia()->DialogoAperto("PuntoBilatera"), nullptr);  // closed after OK
+}
+
+TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
+  std::map<std::string, bool> eseguiti;  // the arming tags of the menus and toolbars
+  Avvia(base + ".CFG");
+  std::vector<std::pair<std::string, QObject*>> voci;
+  for (QAction* a : f->findChildren<QAction*>())
+    if (!a->objectName().isEmpty()) voci.emplace_back(a->objectName().toStdString(), a);
+  for (QToolButton* b : f->findChildren<QToolButton*>())
+    if (b->property("tag").isValid()) voci.emplace_back(b->property("tag").toString().toStdString(), b);
+  for (const auto& [tag, voce] : voci) {
+    const VoceComando* v = CercaTag(tag);
+    if (v && v->Genere == GenereComando::Arma) eseguiti[tag] = false;
+  }
+  ASSERT_GT(eseguiti.size(), 50u);
+  {
+    // The sessions that try the tags keep their provisional copies apart from the window's.
+    prova::CartellaTemporanea sonde;
+    setenv("VARENA_DOCUMENTI", sonde.Percorso().c_str(), 1);
+    for (auto& [tag, eseguito] : eseguiti) eseguito = IlNucleoLoEsegue(base, tag);
+    setenv("VARENA_DOCUMENTI", doc.Percorso().c_str(), 1);
+  }
+  EXPECT_TRUE(eseguiti.at("CAMBIA_ELIMINA"));
+
+  // A value asked at arming gets "1".
+  QTimer paziente;
+  QObject::connect(&paziente, &QTimer::timeout, [] {
+    if (auto* d = qobject_cast<QInputDialog*>(QApplication::activeModalWidget())) {
+      d->setTextValue("1");
+      d->accept();
+    }
+  });
+  paziente.start(10);
+  for (const auto& [tag, voce] : voci) {
+    if (!eseguiti.contains(tag)) continue;
+    auto* a = qobject_cast<QAction*>(voce);
+    auto* b = qobject_cast<QToolButton*>(voce);
+    const bool attiva = a ? a->isEnabled() : b->isEnabled();
+    // A click at station 100 is not every command's first step: only what ran must be offered.
+    if (eseguiti.at(tag)) {
+      EXPECT_TRUE(attiva) << tag << (a ? " (menu)" : " (bottone)");
+    }
+    if (!attiva) continue;
+    if (a)
+      a->trigger();
+    else
+      b->click();
+    EXPECT_EQ(s->ComandoCorrente, CercaTag(tag)->Codice) << tag;
+    f->EseguiTag("INTERROMPI_COMANDO");
+  }
 }
 
 }  // namespace

@@ -4,9 +4,12 @@
 #include <QApplication>
 #include <cstdlib>
 
+#include "Traduzioni.h"
+
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   QApplication app(argc, argv);
+  varena::CaricaTraduzioniQt();  // as the program does at start
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
