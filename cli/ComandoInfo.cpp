@@ -58,33 +58,17 @@ std::string Valore(const ValoreCampo& v) {
   return JsonTesto(std::get<std::string>(v));
 }
 
-template <class Tab>
-void DumpRighe(const Sessione& s, const LayoutRecord<Tab>& layout, std::ostream& out) {
-  const Tab& tab = s;
-  for (int32_t r = 0; r < s.ContaEntita[layout.Slot]; ++r) {
-    std::string riga = "{\"riga\":" + std::to_string(r);
-    for (const auto& campo : layout.Campi) {
-      if (campo.Membro.index() == 0) continue;  // reserved bytes
-      riga += "," + JsonTesto(campo.Nome) + ":" + Valore(ValoreDi(campo, tab, r));
-    }
-    out << riga << "}\n";
-  }
-}
-
 // False for a slot that has no rows to list.
 bool Dump(const Sessione& s, int slot, std::ostream& out) {
-  switch (slot) {
-    case SlotPunti: DumpRighe(s, LayoutPunti(), out); return true;
-    case SlotLinee: DumpRighe(s, LayoutLinee(), out); return true;
-    case SlotCerchi: DumpRighe(s, LayoutCerchi(), out); return true;
-    case SlotArchi: DumpRighe(s, LayoutArchi(), out); return true;
-    case SlotTesti: DumpRighe(s, LayoutTesti(), out); return true;
-    case SlotFalde: DumpRighe(s, LayoutFalde(), out); return true;
-    case SlotSette: DumpRighe(s, LayoutSette(), out); return true;
-    case SlotCurve: DumpRighe(s, LayoutCurve(), out); return true;
-    case SlotBitmap: DumpRighe(s, LayoutBitmap(), out); return true;
-    default: return false;
+  if (!SlotConCampi(slot)) return false;
+  for (int32_t r = 0; r < s.ContaEntita[slot]; ++r) {
+    std::string riga = "{\"riga\":" + std::to_string(r);
+    PerOgniCampo(s, slot, r, [&](std::string_view nome, const ValoreCampo& v) {
+      riga += "," + JsonTesto(nome) + ":" + Valore(v);
+    });
+    out << riga << "}\n";
   }
+  return true;
 }
 
 int ComandoInfo(const Argomenti& a, std::ostream& out, std::ostream& err) {

@@ -1,4 +1,7 @@
 // script: a job driven by a text of actions, as the mouse and the keyboard would drive it.
+#include <stdlib.h>
+
+#include <filesystem>
 #include <fstream>
 
 #include "Comandi.h"
@@ -14,9 +17,33 @@ namespace varena::cli {
 
 namespace {
 
+// A folder of this run alone, removed at its end: what a run writes for the user (the
+// display toggles, the last selection) must not reach the next run, nor the user's own.
+class CartellaDellaCorsa {
+ public:
+  CartellaDellaCorsa() {
+    std::error_code e;
+    std::string modello = (std::filesystem::temp_directory_path(e) / "varena-script-XXXXXX").string();
+    if (!e && mkdtemp(modello.data())) percorso_ = modello;
+  }
+  ~CartellaDellaCorsa() {
+    std::error_code e;
+    if (!percorso_.empty()) std::filesystem::remove_all(percorso_, e);
+  }
+  const std::string& Percorso() const { return percorso_; }
+
+ private:
+  std::string percorso_;
+};
+
 int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
+  if (a.Ha("--dialoghi") && a.Posizionali.empty()) {
+    ElencaDialoghi(out);
+    return 0;
+  }
   if (a.Posizionali.size() != 2) {
-    err << "uso: varena-cli script LAVORO[.CFG] SCRIPT\n";
+    err << "uso: varena-cli script LAVORO[.CFG] SCRIPT [--rigoroso]\n"
+           "     varena-cli script --dialoghi\n";
     return 64;
   }
   const auto base = BaseLavoro(a.Posizionali[0]);
@@ -29,10 +56,16 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
     err << "Script non trovato: " << a.Posizionali[1] << "\n";
     return 1;
   }
+  const CartellaDellaCorsa corsa;
+  if (corsa.Percorso().empty()) {
+    err << "Impossibile creare la cartella temporanea dello script\n";
+    return 1;
+  }
   Sessione s;
   InterfacciaScript ui(out);
   s.Ui = &ui;
   ImpostaCartelle(s);
+  s.CartellaUtente = corsa.Percorso();
   if (!CreaAlberoCartelle(s)) return 1;
   InizializzaDefault(s);
   // The job is opened as the program opens it: in a provisional copy, where all the work
@@ -40,7 +73,9 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   s.NomeOriginale = *base;
   VR_ApriLavoro(s);
   RigeneraLista(s);
-  const EsitoScript esito = EseguiScript(s, ui, testo, out);
+  OpzioniScript opzioni;
+  opzioni.Rigoroso = a.Ha("--rigoroso");
+  const EsitoScript esito = EseguiScript(s, ui, testo, out, opzioni);
   EliminaProvviso(s);
   if (esito.Codice != 0) {
     err << a.Posizionali[1] << ", riga " << esito.Riga << ": " << esito.Errore << "\n";
@@ -49,7 +84,7 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   return ui.Errori ? 2 : 0;
 }
 
-const RegistraComando kScript("script", "script LAVORO[.CFG] SCRIPT", ComandoScript);
+const RegistraComando kScript("script", "script LAVORO[.CFG] SCRIPT [--rigoroso] | script --dialoghi", ComandoScript);
 
 }  // namespace
 

@@ -1,16 +1,22 @@
 // The script runner and its interface.
 #include "commands/Script.h"
 
+#include <array>
+#include <cmath>
 #include <cstdlib>
 #include <sstream>
 #include <vector>
 
 #include "commands/Comandi.h"
 #include "commands/Puntatore.h"
+#include "commands/TabellaComandi.h"
+#include "commands/TabellaDialoghi.h"
 #include "commands/Tastiera.h"
 #include "core/Dialoghi.h"
+#include "core/Record.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "snap/Vicino.h"
 #include "store/Salvataggio.h"
 #include "view/Ridisegna.h"
 
@@ -44,17 +50,30 @@ bool TempoDiRidisegno(std::string_view t) { return !t.empty() && t.find_first_no
 
 }  // namespace
 
+std::optional<std::string> InterfacciaScript::Risposta_() {
+  if (risposte_.empty()) return std::nullopt;
+  std::string r = std::move(risposte_.front());
+  risposte_.pop_front();
+  return r;
+}
+
+void InterfacciaScript::RichiestaSenzaRisposta(std::string_view tipo, std::string_view testo) {
+  if (Rigoroso && SenzaRisposta.empty()) SenzaRisposta = std::string(tipo) + " senza risposta: " + UnaRiga(testo);
+}
+
 void InterfacciaScript::Messaggio(std::string_view testo, std::string_view titolo, Icona icona) {
-  out_ << "MESSAGGIO [" << titolo << "] " << UnaRiga(testo) << "\n";
+  ++Mostrati;
+  UltimoMessaggio = UnaRiga(testo);
+  out_ << "MESSAGGIO [" << titolo << "] " << UltimoMessaggio << "\n";
   if (icona == Icona::Critico) ++Errori;
 }
 
 Risposta InterfacciaScript::Domanda(std::string_view testo, std::string_view titolo, Bottoni, Icona,
                                     Risposta predefinita) {
+  ++Mostrati;
   Risposta r = predefinita;
-  if (!risposte_.empty()) {
-    const std::string a = Minuscolo(Rifila(risposte_.front()));
-    risposte_.pop_front();
+  if (const auto risposta = Risposta_()) {
+    const std::string a = Minuscolo(Rifila(*risposta));
     if (a == "yes" || a == "si" || a == "sì")
       r = Risposta::Si;
     else if (a == "no")
@@ -63,6 +82,8 @@ Risposta InterfacciaScript::Domanda(std::string_view testo, std::string_view tit
       r = Risposta::Annulla;
     else if (a == "ok")
       r = Risposta::Ok;
+  } else {
+    RichiestaSenzaRisposta("domanda", testo);
   }
   static const char* kNomi[] = {"OK", "ANNULLA", "SI", "NO"};
   out_ << "DOMANDA [" << titolo << "] " << UnaRiga(testo) << " -> " << kNomi[static_cast<int>(r)] << "\n";
@@ -71,38 +92,48 @@ Risposta InterfacciaScript::Domanda(std::string_view testo, std::string_view tit
 
 std::optional<std::string> InterfacciaScript::ScegliFile(bool, std::string_view titolo, std::string_view,
                                                          std::string_view, std::string_view) {
-  std::optional<std::string> r;
-  if (!risposte_.empty()) {
-    if (!UgualeSenzaCaso(Rifila(risposte_.front()), "cancel")) r = risposte_.front();
-    risposte_.pop_front();
-  }
+  ++Mostrati;
+  std::optional<std::string> r = std::exchange(file_, std::nullopt);
+  if (!r) r = Risposta_();
+  if (!r) RichiestaSenzaRisposta("scelta di file", titolo);
+  if (r && UgualeSenzaCaso(Rifila(*r), "cancel")) r.reset();
   out_ << "FILE [" << titolo << "] -> " << (r ? *r : std::string("(annullato)")) << "\n";
   return r;
 }
 
 std::optional<std::string> InterfacciaScript::Imputa(std::string_view testo, std::string_view titolo,
                                                      std::string_view) {
-  std::optional<std::string> r;
-  if (!risposte_.empty()) {
-    if (!UgualeSenzaCaso(Rifila(risposte_.front()), "cancel")) r = risposte_.front();
-    risposte_.pop_front();
-  }
+  ++Mostrati;
+  std::optional<std::string> r = Risposta_();
+  if (!r) RichiestaSenzaRisposta("richiesta di un valore", testo);
+  if (r && UgualeSenzaCaso(Rifila(*r), "cancel")) r.reset();
   out_ << "IMPUTA [" << titolo << "] " << UnaRiga(testo) << " -> " << (r ? *r : std::string("(annullato)")) << "\n";
   return r;
 }
 
 void InterfacciaScript::Prompt(std::string_view testo) {
-  if (testo.empty() || TempoDiRidisegno(testo)) return;
-  out_ << "PROMPT " << UnaRiga(testo) << "\n";
+  if (TempoDiRidisegno(testo)) return;
+  UltimoPrompt = UnaRiga(testo);
+  if (testo.empty()) return;
+  out_ << "PROMPT " << UltimoPrompt << "\n";
 }
 
 void InterfacciaScript::MostraDialogo(const Dialogo& d) {
+  ++Mostrati;
   out_ << "DIALOGO + " << d.Nome << " [" << d.Titolo << "]" << Campi(d) << "\n";
 }
 
-void InterfacciaScript::NascondiDialogo(const Dialogo& d) { out_ << "DIALOGO - " << d.Nome << "\n"; }
+void InterfacciaScript::AggiornaDialogo(const Dialogo&) { ++Mostrati; }
 
-void InterfacciaScript::MenuContestuale(std::string_view nome) { out_ << "MENU " << nome << "\n"; }
+void InterfacciaScript::NascondiDialogo(const Dialogo& d) {
+  ++Mostrati;
+  out_ << "DIALOGO - " << d.Nome << "\n";
+}
+
+void InterfacciaScript::MenuContestuale(std::string_view nome) {
+  ++Mostrati;
+  out_ << "MENU " << nome << "\n";
+}
 
 namespace {
 
@@ -160,86 +191,316 @@ std::pair<std::string, std::string> Destinazione(const std::string& t) {
   return {t.substr(0, punto), t.substr(punto + 1)};
 }
 
-}  // namespace
+// The field a script names: of the dialog named, or of the most recently opened dialog that
+// has one of that name, as FIELD finds it.
+const CampoDialogo* CampoAperto(const Sessione& s, const std::string& dialogo, const std::string& campo) {
+  for (auto d = s.Dialoghi.rbegin(); d != s.Dialoghi.rend(); ++d) {
+    if (!dialogo.empty() && !UgualeSenzaCaso((*d)->Nome, dialogo)) continue;
+    if (const CampoDialogo* c = (*d)->Campo(campo)) return c;
+    if (!dialogo.empty()) return nullptr;
+  }
+  return nullptr;
+}
 
-EsitoScript EseguiScript(Sessione& s, InterfacciaScript& ui, std::istream& script, std::ostream& out,
-                         const std::function<bool(Sessione&)>& salva) {
-  std::string riga;
-  int numero = 0;
-  auto ferma = [&](int codice, std::string errore) { return EsitoScript{codice, numero, std::move(errore)}; };
-  while (std::getline(script, riga)) {
-    ++numero;
-    const std::string r = Rifila(Sostituisci(riga, "\r", ""));
-    if (r.empty() || r[0] == '#') continue;
-    out << "> " << r << "\n";
+// What a left click may change when the command takes it. Equal before and after: the
+// command dropped the click. The snap mode a key set is left out, since the click ends it
+// whether the command took the point or not.
+struct Impronta {
+  int32_t Comando;
+  int16_t Passo;
+  uint8_t Fase;
+  int16_t SottoFase, FaseIncrocio, PuntoInDialogo, ModoZoom;
+  uint8_t PrimoPuntoZoom;
+  std::string Prompt;
+  uint64_t Mostrati, Modifiche, Selezionati;
+  std::array<int32_t, NumeroSlot> Conta;
+  std::array<double, 6> Numeri;  // the view and the last point stored
+  int32_t Punto1Indice;
+  bool operator==(const Impronta&) const = default;
+};
+
+uint64_t Selezionati(const Sessione& s) {
+  uint64_t n = 0;
+  auto somma = [&](const Colonna<uint8_t>& stato, int slot) {
+    const auto righe = std::min(stato.size(), static_cast<size_t>(std::max(s.ContaEntita[static_cast<size_t>(slot)], 0)));
+    for (size_t r = 0; r < righe; ++r) n += stato[r];
+  };
+  somma(s.StatoPunto, SlotPunti), somma(s.StatoLinea, SlotLinee), somma(s.StatoCerchio, SlotCerchi);
+  somma(s.StatoArco, SlotArchi), somma(s.StatoTesto, SlotTesti), somma(s.StatoFalda, SlotFalde);
+  somma(s.StatoCurva, SlotCurve), somma(s.StatoBitmap, SlotBitmap);
+  return n;
+}
+
+Impronta ImprontaDi(const Sessione& s, const InterfacciaScript& ui) {
+  return {s.ComandoCorrente,
+          s.PassoComando,
+          s.FaseSelezione,
+          s.SottoFaseSelezione,
+          s.FaseIncrocio,
+          s.PuntoInDialogo,
+          s.Vista.ModoZoom,
+          s.Vista.PrimoPuntoZoom,
+          ui.UltimoPrompt,
+          ui.Mostrati,
+          s.Modifiche,
+          Selezionati(s),
+          s.ContaEntita,
+          {s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista, s.Punto1X, s.Punto1Y, s.Punto1Z},
+          s.Punto1Indice};
+}
+
+std::string Scritto(const ValoreCampo& v) {
+  if (const auto* i = std::get_if<int64_t>(&v)) return std::to_string(*i);
+  if (const auto* d = std::get_if<double>(&v)) return FormaSemplice(*d);
+  return std::get<std::string>(v);
+}
+
+// Numbers agree to 1e-9, relative beyond 1; texts exactly, blanks at the ends aside.
+bool Concorda(const ValoreCampo& v, const std::string& atteso) {
+  if (const auto* testo = std::get_if<std::string>(&v)) return Rifila(*testo) == atteso;
+  double numero = 0;
+  if (!Numero(atteso, numero)) return false;
+  const double valore = std::holds_alternative<double>(v) ? std::get<double>(v) : static_cast<double>(std::get<int64_t>(v));
+  return std::fabs(valore - numero) <= 1e-9 * std::max(1.0, std::fabs(numero));
+}
+
+// Words 1 on of "EXPECT riga <slot> <row> <field> <value>". The field's name may have blanks
+// ("Colore Simbolo"): the longest run of words that names a field is the name, the rest the
+// value. No value: the row holds it.
+std::optional<std::string> VerificaRiga(const Sessione& s, const std::vector<std::string>& arg) {
+  const int slot = static_cast<int>(std::strtod(arg[1].c_str(), nullptr));
+  const int64_t riga = static_cast<int64_t>(std::strtod(arg[2].c_str(), nullptr));
+  std::vector<std::pair<std::string, ValoreCampo>> campi;
+  PerOgniCampo(s, slot, riga, [&](std::string_view nome, const ValoreCampo& v) { campi.emplace_back(nome, v); });
+  if (campi.empty()) return "la riga " + arg[2] + " del tipo " + arg[1] + " non esiste";
+  const ValoreCampo* trovato = nullptr;
+  size_t parole = 0;
+  for (const auto& [nome, valore] : campi) {
+    std::string scritto;
+    for (size_t k = 3; k < arg.size(); ++k) {
+      scritto += (k > 3 ? " " : "") + arg[k];
+      if (k - 2 > parole && UgualeSenzaCaso(scritto, nome)) trovato = &valore, parole = k - 2;
+    }
+  }
+  if (!trovato) return "campo sconosciuto: " + arg[3];
+  std::string atteso;
+  for (size_t k = 3 + parole; k < arg.size(); ++k) atteso += (atteso.empty() ? "" : " ") + arg[k];
+  if (Concorda(*trovato, atteso)) return std::nullopt;
+  return "atteso " + atteso + ", trovato " + Scritto(*trovato);
+}
+
+// One script being run: the session, its interface, the line being read.
+class Esecuzione {
+ public:
+  Esecuzione(Sessione& s, InterfacciaScript& ui, std::ostream& out, const OpzioniScript& o)
+      : s_(s), ui_(ui), out_(out), opzioni_(o) {}
+
+  EsitoScript Esegui(std::istream& script) {
+    std::string riga;
+    ui_.Rigoroso = opzioni_.Rigoroso;
+    ui_.SenzaRisposta.clear();
+    while (std::getline(script, riga)) {
+      ++numero_;
+      const std::string r = Rifila(Sostituisci(riga, "\r", ""));
+      if (r.empty() || r[0] == '#') continue;
+      out_ << "> " << r << "\n";
+      esito_ = {};
+      Azione(r);
+      if (esito_.Codice == 0 && !ui_.SenzaRisposta.empty()) Ferma(1, std::exchange(ui_.SenzaRisposta, {}));
+      if (esito_.Codice != 0) return esito_;
+    }
+    return {};
+  }
+
+ private:
+  void Ferma(int codice, std::string errore) { esito_ = {codice, numero_, std::move(errore)}; }
+
+  void Azione(const std::string& r) {
     std::istringstream parole(r);
     std::string azione;
     parole >> azione;
     azione = Maiuscolo(azione);
-    std::string resto;
-    std::getline(parole, resto);
-    resto = Rifila(resto);
-    std::vector<std::string> arg;
-    {
-      std::istringstream a(resto);
-      for (std::string p; a >> p;) arg.push_back(p);
-    }
-    auto punto = [&](size_t da, double& est, double& nord) {
-      return arg.size() > da + 1 && Numero(arg[da], est) && Numero(arg[da + 1], nord);
-    };
+    resto_.clear();  // a line of one word leaves the stream at its end: nothing is read
+    std::getline(parole, resto_);
+    resto_ = Rifila(resto_);
+    arg_.clear();
+    std::istringstream a(resto_);
+    for (std::string p; a >> p;) arg_.push_back(p);
+
     if (azione == "TAG") {
-      if (arg.size() != 1) return ferma(64, "TAG vuole un nome");
-      EseguiTag(s, arg[0]);
+      if (arg_.size() != 1) return Ferma(64, "TAG vuole un nome");
+      EseguiTag(s_, arg_[0]);
     } else if (azione == "CLICK") {
-      int bottone = 0;
-      double est = 0, nord = 0;
-      if (arg.size() < 3 || arg.size() > 4 || !Bottone(arg[0], bottone) || !punto(1, est, nord) ||
-          (arg.size() == 4 && Minuscolo(arg[3]) != "shift"))
-        return ferma(64, "CLICK vuole un bottone, est, nord e al più shift");
-      const int shift = arg.size() == 4 ? 1 : 0;
-      // As a hand does: the pointer gets there, the button goes down and comes up.
-      MouseMove(s, 0, shift, est - s.Vista.CentroEst, nord - s.Vista.CentroNord);
-      MouseDown(s, bottone, shift, est - s.Vista.CentroEst, nord - s.Vista.CentroNord);
-      MouseUp(s, bottone, shift, est - s.Vista.CentroEst, nord - s.Vista.CentroNord);
+      Click();
     } else if (azione == "MOVE") {
+      const char* uso = "MOVE vuole est e nord, o @punto";
       double est = 0, nord = 0;
-      if (arg.size() != 2 || !punto(0, est, nord)) return ferma(64, "MOVE vuole est e nord");
-      MouseMove(s, 0, 0, est - s.Vista.CentroEst, nord - s.Vista.CentroNord);
+      const auto dopo = Posizione(0, est, nord, uso);
+      if (!dopo) return;
+      if (*dopo != arg_.size()) return Ferma(64, uso);
+      MouseMove(s_, 0, 0, est - s_.Vista.CentroEst, nord - s_.Vista.CentroNord);
     } else if (azione == "KEY") {
       EventoTasto e;
-      if (arg.size() != 1 || !LeggiTasto(arg[0], e)) return ferma(64, "tasto non riconosciuto");
-      TastoGiu(s, e);
+      if (arg_.size() != 1 || !LeggiTasto(arg_[0], e)) return Ferma(64, "tasto non riconosciuto");
+      TastoGiu(s_, e);
     } else if (azione == "TYPE") {
-      InvioCasella(s, resto);
+      InvioCasella(s_, resto_);
     } else if (azione == "ANSWER") {
-      if (resto.empty()) return ferma(64, "ANSWER vuole una risposta");
-      ui.Accoda(resto);
+      if (resto_.empty()) return Ferma(64, "ANSWER vuole una risposta");
+      ui_.Accoda(resto_);
     } else if (azione == "FIELD" || azione == "PASTE") {
-      if (arg.empty()) return ferma(64, azione + " vuole un campo");
-      const auto [dialogo, campo] = Destinazione(arg[0]);
-      std::string testo = Rifila(resto.substr(arg[0].size()));
-      const bool scritto = azione == "FIELD" ? ScriviCampo(s, dialogo, campo, std::move(testo))
-                                             : IncollaCampo(s, dialogo, campo, std::move(testo));
-      if (!scritto) return ferma(2, "nessun dialogo aperto con il campo " + arg[0]);
+      if (arg_.empty()) return Ferma(64, azione + " vuole un campo");
+      const auto [dialogo, campo] = Destinazione(arg_[0]);
+      std::string testo = Rifila(resto_.substr(arg_[0].size()));
+      const bool scritto = azione == "FIELD" ? ScriviCampo(s_, dialogo, campo, std::move(testo))
+                                             : IncollaCampo(s_, dialogo, campo, std::move(testo));
+      if (!scritto) return Ferma(2, "nessun dialogo aperto con il campo " + arg_[0]);
     } else if (azione == "PRESS") {
-      if (arg.size() != 1) return ferma(64, "PRESS vuole un bottone");
-      const auto [dialogo, bottone] = Destinazione(arg[0]);
-      if (!PremiBottone(s, dialogo, bottone)) return ferma(2, "nessun dialogo aperto con il bottone " + arg[0]);
+      if (arg_.size() != 1) return Ferma(64, "PRESS vuole un bottone");
+      const auto [dialogo, bottone] = Destinazione(arg_[0]);
+      if (!PremiBottone(s_, dialogo, bottone)) return Ferma(2, "nessun dialogo aperto con il bottone " + arg_[0]);
     } else if (azione == "VIEW") {
       double est = 0, nord = 0, altezza = 0;
-      if (arg.size() != 3 || !punto(0, est, nord) || !Numero(arg[2], altezza) || !(altezza > 0))
-        return ferma(64, "VIEW vuole est, nord e un'altezza");
-      s.Vista.CentroEst = est;
-      s.Vista.CentroNord = nord;
-      s.Vista.AltezzaVista = altezza;
-      Ridisegna(s);
+      if (arg_.size() != 3 || !Numero(arg_[0], est) || !Numero(arg_[1], nord) || !Numero(arg_[2], altezza) ||
+          !(altezza > 0))
+        return Ferma(64, "VIEW vuole est, nord e un'altezza");
+      s_.Vista.CentroEst = est;
+      s_.Vista.CentroNord = nord;
+      s_.Vista.AltezzaVista = altezza;
+      Ridisegna(s_);
     } else if (azione == "SAVE") {
-      if (!(salva ? salva(s) : Salva(s))) return ferma(2, "lavoro non salvato");
+      if (!arg_.empty()) return Ferma(64, "SAVE non vuole altro");
+      if (!(opzioni_.Salva ? opzioni_.Salva(s_) : Salva(s_))) return Ferma(2, "lavoro non salvato");
+    } else if (azione == "SAVEAS") {
+      if (resto_.empty()) return Ferma(64, "SAVEAS vuole un percorso");
+      ui_.FileSuccessivo(resto_);
+      if (!VR_SalvaConNome(s_)) return Ferma(2, "lavoro non salvato come " + resto_);
+    } else if (azione == "EXPECT") {
+      Verifica();
     } else {
-      return ferma(64, "azione sconosciuta: " + azione);
+      return Ferma(64, "azione sconosciuta: " + azione);
     }
   }
-  return {};
+
+  // The point of words `da` on, "<east> <north>" or "@<name>", and the first word after it;
+  // none when it cannot be read, or names no point (the script then stops).
+  std::optional<size_t> Posizione(size_t da, double& est, double& nord, const char* uso) {
+    if (arg_.size() > da && IniziaCon(arg_[da], "@")) {
+      const int32_t r = IlPiuVicinoPerNome(s_, arg_[da].substr(1));
+      if (r < 0) {
+        Ferma(2, "punto non trovato: " + arg_[da].substr(1));
+        return std::nullopt;
+      }
+      est = s_.PuntoX[static_cast<size_t>(r)];
+      nord = s_.PuntoY[static_cast<size_t>(r)];
+      return da + 1;
+    }
+    if (arg_.size() >= da + 2 && Numero(arg_[da], est) && Numero(arg_[da + 1], nord)) return da + 2;
+    Ferma(64, uso);
+    return std::nullopt;
+  }
+
+  void Click() {
+    const char* uso = "CLICK vuole un bottone, est e nord (o @punto) e al più shift";
+    int bottone = 0;
+    if (arg_.empty() || !Bottone(arg_[0], bottone)) return Ferma(64, uso);
+    double est = 0, nord = 0;
+    const auto dopo = Posizione(1, est, nord, uso);
+    if (!dopo) return;
+    if (arg_.size() > *dopo + 1 || (arg_.size() == *dopo + 1 && Minuscolo(arg_[*dopo]) != "shift"))
+      return Ferma(64, uso);
+    const int shift = arg_.size() == *dopo + 1 ? 1 : 0;
+    const Impronta prima = ImprontaDi(s_, ui_);
+    // As a hand does: the pointer gets there, the button goes down and comes up.
+    MouseMove(s_, 0, shift, est - s_.Vista.CentroEst, nord - s_.Vista.CentroNord);
+    MouseDown(s_, bottone, shift, est - s_.Vista.CentroEst, nord - s_.Vista.CentroNord);
+    MouseUp(s_, bottone, shift, est - s_.Vista.CentroEst, nord - s_.Vista.CentroNord);
+    if (opzioni_.Rigoroso && bottone == BottoneSinistro && ImprontaDi(s_, ui_) == prima)
+      Ferma(1, "il clic non ha avuto effetto");
+  }
+
+  void Verifica() {
+    if (arg_.empty()) return Ferma(64, "EXPECT vuole prompt, messaggio, campo o riga");
+    const std::string cosa = Minuscolo(arg_[0]);
+    const std::string atteso = Rifila(resto_.substr(arg_[0].size()));
+    std::string errore;
+    if (cosa == "prompt") {
+      if (ui_.UltimoPrompt != atteso) errore = "prompt \"" + ui_.UltimoPrompt + "\"";
+    } else if (cosa == "messaggio") {
+      if (ui_.UltimoMessaggio != atteso) errore = "messaggio \"" + ui_.UltimoMessaggio + "\"";
+    } else if (cosa == "campo") {
+      if (arg_.size() < 2) return Ferma(64, "EXPECT campo vuole un campo");
+      const auto [dialogo, nome] = Destinazione(arg_[1]);
+      const std::string testo = Rifila(atteso.substr(arg_[1].size()));
+      const CampoDialogo* c = CampoAperto(s_, dialogo, nome);
+      if (!c)
+        errore = "nessun dialogo aperto con il campo " + arg_[1];
+      else if (UnaRiga(c->Testo) != testo)
+        errore = arg_[1] + "=\"" + UnaRiga(c->Testo) + "\"";
+    } else if (cosa == "riga") {
+      double slot = 0, riga = 0;
+      if (arg_.size() < 4 || !Numero(arg_[1], slot) || !Numero(arg_[2], riga))
+        return Ferma(64, "EXPECT riga vuole un tipo, una riga, un campo e un valore");
+      errore = VerificaRiga(s_, arg_).value_or("");
+    } else {
+      return Ferma(64, "EXPECT vuole prompt, messaggio, campo o riga");
+    }
+    if (!errore.empty()) Ferma(1, "EXPECT " + cosa + ": " + errore);
+  }
+
+  Sessione& s_;
+  InterfacciaScript& ui_;
+  std::ostream& out_;
+  const OpzioniScript& opzioni_;
+  int numero_ = 0;
+  EsitoScript esito_;
+  std::string resto_;
+  std::vector<std::string> arg_;
+};
+
+}  // namespace
+
+EsitoScript EseguiScript(Sessione& s, InterfacciaScript& ui, std::istream& script, std::ostream& out,
+                         const OpzioniScript& opzioni) {
+  return Esecuzione(s, ui, out, opzioni).Esegui(script);
+}
+
+namespace {
+
+// The dialog of that name as a script meets it, opened on a session of its own: by its
+// builder on a job just opened, else by a tag that opens it (a dialog that belongs to its
+// command opens only with it). None for one that opens only after a choice.
+const Dialogo* DialogoDiEsempio(Sessione& s, const SchedaDialogo& scheda) {
+  auto aperto = [&]() -> const Dialogo* {
+    for (const auto& d : s.Dialoghi)
+      if (UgualeSenzaCaso(d->Nome, scheda.Nome)) return d.get();
+    return nullptr;
+  };
+  scheda.Apri(s);
+  if (const Dialogo* d = aperto()) return d;
+  for (const VoceComando& voce : TabellaComandi())
+    if (UgualeSenzaCaso(voce.Dialogo, scheda.Nome)) {
+      EseguiTag(s, voce.Tag);
+      if (const Dialogo* d = aperto()) return d;
+    }
+  return nullptr;
+}
+
+}  // namespace
+
+void ElencaDialoghi(std::ostream& out) {
+  for (const SchedaDialogo& scheda : TabellaDialoghi()) {
+    Sessione s;
+    const Dialogo* d = DialogoDiEsempio(s, scheda);
+    if (!d) {
+      out << scheda.Nome << " (si apre solo dopo una scelta)\n";
+      continue;
+    }
+    out << d->Nome << " [" << d->Titolo << "]\n";
+    for (const CampoDialogo& c : d->Campi)
+      out << "  " << (c.SoloLettura ? "dato " : "campo ") << c.Nome << " \"" << c.Etichetta << "\"\n";
+    for (const BottoneDialogo& b : d->Bottoni) out << "  bottone " << b.Nome << " \"" << b.Etichetta << "\"\n";
+  }
 }
 
 }  // namespace varena

@@ -10,6 +10,9 @@ namespace varena {
 
 namespace {
 
+// A run that keeps its own folder for the user keeps the toggles there.
+const std::string& Cartella(const Sessione& s) { return s.CartellaUtente.empty() ? s.CartellaProgramma : s.CartellaUtente; }
+
 std::string Chiave(std::string_view sezione, std::string_view chiave) {
   return Maiuscolo(Rifila(sezione)) + "|" + Maiuscolo(Rifila(chiave));
 }
@@ -18,7 +21,7 @@ void Leggi(Sessione& s) {
   ImpostazioniUtente& u = s.PreferenzeUtente;
   if (u.Lette) return;
   u.Lette = true;
-  if (s.CartellaProgramma.empty()) return;
+  if (Cartella(s).empty()) return;
   s.RoutineCorrente = "LeggiImpostazioniUtente";
   Protetto(s, [&] {
     std::string sezione;
@@ -37,7 +40,9 @@ void Leggi(Sessione& s) {
 
 }  // namespace
 
-std::string PercorsoImpostazioniUtente(const Sessione& s) { return s.CartellaProgramma + "/ImpostazioniUtente.ini"; }
+std::string PercorsoImpostazioniUtente(const Sessione& s) {
+  return Cartella(s) + "/ImpostazioniUtente.ini";
+}
 
 std::string LeggiImpostazioneUtente(Sessione& s, std::string_view sezione, std::string_view chiave,
                                     std::string_view predefinito) {
@@ -49,7 +54,7 @@ std::string LeggiImpostazioneUtente(Sessione& s, std::string_view sezione, std::
 void ScriviImpostazioneUtente(Sessione& s, std::string_view sezione, std::string_view chiave, std::string valore) {
   Leggi(s);
   s.PreferenzeUtente.Valori[Chiave(sezione, chiave)] = std::move(valore);
-  if (s.SolaLettura || s.CartellaProgramma.empty()) return;
+  if (s.SolaLettura || Cartella(s).empty()) return;
   s.RoutineCorrente = "ScriviImpostazioniUtente";
   Protetto(s, [&] {
     std::string testo, sezioneCorrente;

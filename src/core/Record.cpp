@@ -378,6 +378,41 @@ ValoreCampo ValoreDi(const CampoRecord<Tab>& campo, const Tab& tab, int64_t riga
       campo.Membro);
 }
 
+namespace {
+
+template <class F>
+bool ConLayout(int slot, F&& f) {
+  switch (slot) {
+    case SlotPunti: f(LayoutPunti()); return true;
+    case SlotLinee: f(LayoutLinee()); return true;
+    case SlotCerchi: f(LayoutCerchi()); return true;
+    case SlotArchi: f(LayoutArchi()); return true;
+    case SlotTesti: f(LayoutTesti()); return true;
+    case SlotFalde: f(LayoutFalde()); return true;
+    case SlotSette: f(LayoutSette()); return true;
+    case SlotCurve: f(LayoutCurve()); return true;
+    case SlotBitmap: f(LayoutBitmap()); return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+bool SlotConCampi(int slot) {
+  return ConLayout(slot, [](const auto&) {});
+}
+
+void PerOgniCampo(const TabelleEntita& t, int slot, int64_t riga,
+                  const std::function<void(std::string_view nome, const ValoreCampo& valore)>& f) {
+  if (slot < 0 || slot >= NumeroSlot || riga < 0 || riga >= t.ContaEntita[static_cast<size_t>(slot)]) return;
+  ConLayout(slot, [&](const auto& layout) {
+    using Tab = typename std::decay_t<decltype(layout)>::Tabella;
+    const Tab& tab = t;
+    for (const auto& campo : layout.Campi)
+      if (campo.Membro.index() != 0) f(campo.Nome, ValoreDi(campo, tab, riga));
+  });
+}
+
 #define VARENA_ISTANZIA(Tab)                                                                       \
   template void DecodificaRecord<Tab>(const LayoutRecord<Tab>&, Tab&, int64_t, const unsigned char*, \
                                       int64_t);                                                    \

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "core/Tabelle.h"
@@ -40,6 +42,7 @@ struct CampoRecord {
 
 template <class Tab>
 struct LayoutRecord {
+  using Tabella = Tab;
   int Slot;
   int Lunghezza;
   std::span<const CampoRecord<Tab>> Campi;
@@ -75,6 +78,13 @@ void CodificaRighe(const LayoutRecord<Tab>& layout, const Tab& tab, std::span<co
 using ValoreCampo = std::variant<int64_t, double, std::string>;
 template <class Tab>
 ValoreCampo ValoreDi(const CampoRecord<Tab>& campo, const Tab& tab, int64_t riga);
+
+// The kinds whose rows have named fields: the record kinds and the text kinds of the dump.
+bool SlotConCampi(int slot);
+// Every field of row `riga` of a slot, by name in the order of its record, the reserved bytes
+// left out: what the dump lists and a script checks. Nothing for a row that is not counted.
+void PerOgniCampo(const TabelleEntita& t, int slot, int64_t riga,
+                  const std::function<void(std::string_view nome, const ValoreCampo& valore)>& f);
 
 // A fixed string field as read: cut at the first NUL, blank padding removed, code page to
 // UTF-8; `rifila` also removes leading blanks.

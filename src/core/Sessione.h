@@ -48,6 +48,10 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica {
   std::string CartellaDocumenti;
   std::string CartellaLavoro;
   std::string CartellaProgramma;
+  // Where a run that must leave the user's files alone (a script) keeps what it writes for
+  // the user: the per-user toggles and the last selection. Empty: the program data folder
+  // and the job's folder.
+  std::string CartellaUtente;
 
   // The job: where it lives for the user, and its provisional copy; both without extension.
   std::string NomeOriginale;

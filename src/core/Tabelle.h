@@ -230,6 +230,8 @@ struct TabelleEntita : TabellaPunti,
                        TabellaBitmap {
   std::array<int32_t, NumeroSlot> ContaEntita{};
   std::array<bool, NumeroSlot> SlotModificato{};
+  // Grows at every change marked: a script tells by it whether a click changed a row.
+  uint64_t Modifiche = 0;
 };
 
 // The one test of deletion: 0 is a live row and any other value a deleted one. The program
@@ -241,8 +243,14 @@ constexpr bool IdentVivo(int16_t ident) { return ident == 0; }
 // contour vertices) are live while they are counted.
 bool RigaViva(const TabelleEntita& t, int slot, int64_t r);
 
-inline void SegnaModificato(TabelleEntita& t, int slot) { t.SlotModificato[static_cast<size_t>(slot)] = true; }
-inline void SegnaTuttoModificato(TabelleEntita& t) { t.SlotModificato.fill(true); }
+inline void SegnaModificato(TabelleEntita& t, int slot) {
+  t.SlotModificato[static_cast<size_t>(slot)] = true;
+  ++t.Modifiche;
+}
+inline void SegnaTuttoModificato(TabelleEntita& t) {
+  t.SlotModificato.fill(true);
+  ++t.Modifiche;
+}
 // The job files now hold exactly what the tables hold.
 inline void SegnaTuttoSalvato(TabelleEntita& t) { t.SlotModificato.fill(false); }
 

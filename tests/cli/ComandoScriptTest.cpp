@@ -81,6 +81,36 @@ TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
   EXPECT_EQ(estremi, (std::vector<double>{0, 0, 10, 30, 40, 20}));
 }
 
+// SAVEAS writes the job under the new name; a strict run stops at the line that fails; the
+// display toggle a run changes stays in the run's own folder, not in the user's.
+TEST_F(CliScript, SalvaComeRigorosoEPreferenzeDellaCorsa) {
+  ScriviFileProva(script, prova::LeggiFileProva(script) + "TYPE _N\nSAVEAS " + (dir / "BIANCHI.CFG") + "\n");
+  Esito e = Cli({"script", base, script, "--rigoroso"});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(prova::LeggiFileProva(dir / "BIANCHI.LIN").size(), 128u);
+  EXPECT_FALSE(prova::Esiste(base + ".LIN"));
+  EXPECT_FALSE(prova::Esiste(casa / "prog/ImpostazioniUtente.ini"));
+  ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nEXPECT prompt Disegno Linea 2P - Primo Punto:\n");
+  e = Cli({"script", base, script, "--rigoroso"});
+  EXPECT_EQ(e.stato, 1);
+  EXPECT_EQ(e.err, script + ", riga 3: EXPECT prompt: prompt \"Disegno Linea - Al Punto:\"\n");
+}
+
+// The dialogs a script can fill, with their fields and buttons: a dialog that opens only
+// with its command is listed too.
+TEST_F(CliScript, ElencoDeiDialoghi) {
+  const Esito e = Cli({"script", "--dialoghi"});
+  ASSERT_EQ(e.stato, 0);
+  EXPECT_NE(e.out.find("Imputa2 [Campitura]\n"
+                       "  campo Angolo_Campitura \"Angolo Campitura (gon) :\"\n"
+                       "  campo Distanza_Campitura \"Distanza Campitura (m) :\"\n"
+                       "  bottone OK \"OK\"\n"
+                       "  bottone Annulla \"Annulla\"\n"),
+            std::string::npos)
+      << e.out;
+  EXPECT_NE(e.out.find("PuntoPiede [Punto Piede]\n  dato Primo \"Primo Punto   : \"\n"), std::string::npos);
+}
+
 TEST_F(CliScript, ErroriDelloScript) {
   Esito e = Cli({"script", base, dir / "manca.txt"});
   EXPECT_EQ(e.stato, 1);

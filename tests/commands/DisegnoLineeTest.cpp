@@ -231,6 +231,7 @@ TEST(RettangoloESquadrato, IlTerzoPuntoDaLaProfondita) {
   b.s.Imp.Colore_Default = 4;
   b.Pronto();
   // A third point on the first side: no depth, no figure, the third point still awaited.
+  b.Opzioni.Rigoroso = false;
   EXPECT_EQ(b.Script("TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\nCLICK left 3 4\n"),
             "> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
             "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"

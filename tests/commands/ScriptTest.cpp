@@ -202,6 +202,73 @@ TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
   EXPECT_EQ(b.s.PuntoY[1], 10.0011);
 }
 
+// Strict runs stop where a script would otherwise go on wrongly, at the line: a click the
+// command refuses, a question or a value prompt that nobody answered.
+TEST(Script, IlModoRigorosoFermaClicVaniEDomandeSenzaRisposta) {
+  Banco b;
+  MettiPunto(b.s, "5", 10, 10, 4);
+  b.Pronto();
+  const std::pair<const char*, std::string> casi[] = {
+      // the third corner on the first side gives no depth: refused
+      {"TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\n", "4: il clic non ha avuto effetto"},
+      {"TAG DISEGNA_PUNTO\nCLICK left 10 10\n",
+       "2: domanda senza risposta: Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
+       "Cambiare il Nome al Punto Esistente"},
+      {"KEY ESC\nKEY F4\n", "2: richiesta di un valore senza risposta: Distanza della Parallela :"},
+  };
+  for (const auto& [script, errore] : casi) {
+    b.Script(script);
+    EXPECT_EQ(b.UltimoEsito.Codice, 1) << script;
+    EXPECT_EQ(std::to_string(b.UltimoEsito.Riga) + ": " + b.UltimoEsito.Errore, errore);
+  }
+  // Without it the same lines take the defaults and go on.
+  b.Opzioni.Rigoroso = false;
+  for (const auto& [script, errore] : casi) {
+    b.Script(script);
+    EXPECT_EQ(b.UltimoEsito.Codice, 0) << script;
+  }
+}
+
+// Checks of what the program shows and holds, and clicks at points by their names.
+TEST(Script, VerificheEClicSuiPuntiPerNome) {
+  Banco b;
+  MettiPunto(b.s, "101", 3, 4, 7.25);
+  MettiPunto(b.s, "102", 3, 9, 7.25);
+  b.Pronto();
+  b.Script("TAG INFO_DISTANZA\n"
+           "EXPECT prompt Info Distanza - Primo Punto:\n"
+           "CLICK left @101\n"
+           "MOVE @102\n"
+           "CLICK left @102\n"
+           "EXPECT messaggio Dal Punto 101 al Punto 102 | Distanza = 5.000 | Azimut = 0.0000 | Dislivello = 0.000 | "
+           "Distanza Inclinata = 5.000\n"
+           "TAG DISEGNA_PUNTO\n"
+           "EXPECT campo NuovoPunto.Nome 103\n"
+           "EXPECT campo Piano 0\n"
+           "EXPECT riga 1 1 Y 9.000000001\n"
+           "EXPECT riga 1 0 Colore Simbolo 1\n"
+           "EXPECT riga 1 0 Nome 101\n");
+  EXPECT_EQ(b.UltimoEsito.Codice, 0) << b.UltimoEsito.Riga << ": " << b.UltimoEsito.Errore;
+  const std::tuple<const char*, int, std::string> casi[] = {
+      {"EXPECT prompt Altro\n", 1, "EXPECT prompt: prompt \"Indicare la posizione del nuovo punto\""},
+      {"EXPECT messaggio Altro\n", 1, "EXPECT messaggio: messaggio \"Dal Punto 101 al Punto 102 | Distanza = 5.000 | "
+                                      "Azimut = 0.0000 | Dislivello = 0.000 | Distanza Inclinata = 5.000\""},
+      {"EXPECT campo NuovoPunto.Nome 104\n", 1, "EXPECT campo: NuovoPunto.Nome=\"103\""},
+      {"EXPECT campo Selezentita.Nome 1\n", 1, "EXPECT campo: nessun dialogo aperto con il campo Selezentita.Nome"},
+      {"EXPECT riga 1 1 Y 9.00000002\n", 1, "EXPECT riga: atteso 9.00000002, trovato 9"},
+      {"EXPECT riga 1 0 Nome 1O1\n", 1, "EXPECT riga: atteso 1O1, trovato 101"},
+      {"EXPECT riga 1 2 Y 9\n", 1, "EXPECT riga: la riga 2 del tipo 1 non esiste"},
+      {"EXPECT riga 1 0 Colore 1\n", 1, "EXPECT riga: campo sconosciuto: Colore"},
+      {"EXPECT riga uno 0 X 1\n", 64, "EXPECT riga vuole un tipo, una riga, un campo e un valore"},
+      {"CLICK left @999\n", 2, "punto non trovato: 999"},
+  };
+  for (const auto& [script, codice, errore] : casi) {
+    b.Script(script);
+    EXPECT_EQ(b.UltimoEsito.Codice, codice) << script;
+    EXPECT_EQ(b.UltimoEsito.Errore, errore);
+  }
+}
+
 // Unknown actions are pinned, with their message, by the command line's own test.
 TEST(Script, RigheNonCapiteFermanoLoScript) {
   Banco b;

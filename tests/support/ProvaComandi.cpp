@@ -120,7 +120,7 @@ void Banco::Pronto(double est, double nord, double altezza) {
 std::string Banco::Script(const std::string& testo) {
   uscita.str("");
   std::istringstream in(testo);
-  UltimoEsito = EseguiScript(s, ui, in, uscita);
+  UltimoEsito = EseguiScript(s, ui, in, uscita, Opzioni);
   return uscita.str();
 }
 

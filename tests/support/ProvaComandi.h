@@ -34,8 +34,11 @@ struct Banco {
   Banco();
   // The view, then the display list and the grids made from the tables.
   void Pronto(double est = 0, double nord = 0, double altezza = 100);
-  // Runs `testo` and gives what it printed; the printout starts afresh at each call.
+  // Runs `testo` and gives what it printed; the printout starts afresh at each call. Strict
+  // unless a test says otherwise: a click that does nothing or a question nobody answered
+  // stops the script.
   std::string Script(const std::string& testo);
+  OpzioniScript Opzioni{.Rigoroso = true, .Salva = {}};
   EsitoScript UltimoEsito;
 };
 
