@@ -33,7 +33,7 @@ xvfb-run -a -s "-screen 0 1400x900x24" ./build/app/varena "$tmp/finestra/RILIEVO
 
 ./build/cli/varena-cli render "$tmp/esempio/RILIEVO.CFG" docs/esempio.png --size 1600x1000
 
-./build/cli/varena-cli script "$tmp/disegno/RILIEVO" examples/disegno-comandi.txt >/dev/null
+./build/cli/varena-cli script "$tmp/disegno/RILIEVO" examples/disegno-comandi.txt --rigoroso >/dev/null
 ./build/cli/varena-cli render "$tmp/disegno/RILIEVO" docs/disegno-comandi.png --size 1200x800 \
   --view 1725317,5031204,62
 
