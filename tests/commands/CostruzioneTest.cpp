@@ -190,10 +190,14 @@ TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
   b.Script("FIELD Angolo1 50\nFIELD Angolo2 50\nPRESS OK\n");
   EXPECT_TRUE(In(b.s, "20", 5, -5, 0));
   EXPECT_FALSE(DialogoAperto(b.s, "PuntoInAvanti"));
-  // Angles that add up to a half turn never meet: no point, the dialog waits.
-  b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
+  // Angles that add up to a half turn never meet: the box, no point, the command ends.
+  const std::string uscita =
+      b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
+  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+            "> PRESS OK\nMESSAGGIO [Punto In Avanti] Punto Non Trovato\n"
+            "DIALOGO - NuovoPunto\nDIALOGO - PuntoInAvanti\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
-  EXPECT_TRUE(DialogoAperto(b.s, "PuntoInAvanti"));
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
 TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
@@ -360,11 +364,25 @@ TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
             "S|1.50|10.0|A");
   EXPECT_EQ(Etichette(b.s, "IntersecaDirezione", "Azimutale Zenitale"),
             "Interseca Direzione|Lettura Azimutale : |Lettura Zenitale :");
+  // An orientation no point bears: the box, nothing made, the name can be typed again.
+  EXPECT_EQ(b.Script("FIELD Orientamento Q\nFIELD Azimutale 10\nPRESS OK\n"),
+            "> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
+            "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(DialogoAperto(b.s, "IntersecaDirezione"));
   // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
   // (5, 10), 10 away. 90 gon over the horizon over 10 m of plan climbs 10·cot(81°).
-  b.Script("FIELD Orientamento O\nFIELD Azimutale 10\nFIELD Zenitale 90\nPRESS OK\n");
+  b.Script("FIELD Orientamento O\nFIELD Zenitale 90\nPRESS OK\n");
   EXPECT_TRUE(In(b.s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
   EXPECT_FALSE(DialogoAperto(b.s, "IntersecaDirezione"));
+  // A reading of 110 looks East, along the line: no crossing, the box, the command ends.
+  const std::string uscita =
+      b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\nFIELD Azimutale 110\n"
+               "PRESS OK\n");
+  EXPECT_NE(uscita.find("> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"), std::string::npos)
+      << uscita;
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
 TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
