@@ -225,7 +225,7 @@ void ConfermaStazioneLibera(Sessione& s) {
   SchedaCostruzione& c = Scheda(s);
   const RisultatoStazioneLibera r = StazioneLibera(c.Primo.P, c.Secondo.P, d->Numero("Distanza1"),
                                                    d->Numero("Distanza2"), d->Numero("Lettura1"), d->Numero("Lettura2"));
-  auto testo = [](double v) { return VirgolaInPunto(FormatoMaschera(v, "########0.###0")); };
+  auto testo = [](double v) { return FormatoRilievo(v, "########0.###0"); };
   s.Ui->Messaggio("Distanza Reale = " + testo(r.BaseReale) + "\nDistanza Rilevata = " + testo(r.BaseMisurata) +
                       "\nDifferenza = " + testo(r.BaseReale - r.BaseMisurata),
                   "Punto Stazione Libera", Icona::Informazione);

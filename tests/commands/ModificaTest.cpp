@@ -257,11 +257,11 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(d->Titolo, "Punto - Rototraslazione con Selezione");
   // The grid as picked (the report below pins the cells it shares with the file).
-  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0");
-  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0");
+  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0000");
+  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
   // The target typed over the picked one: due South of the new origin.
   b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
-  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0");
+  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0000");
   b.Script("PRESS FormRotoTraslazione.OK\n");
   for (auto [fatto, atteso] : {std::pair{s.LineaX1[0], 100.0004}, {s.LineaY1[0], 100}, {s.LineaX2[0], 100.0004},
                                 {s.LineaY2[0], 95}, {s.TestoY[0], 98}, {s.TestoRotazione[0], 200}})
@@ -271,15 +271,15 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   EXPECT_EQ(LeggiFileProva(PercorsoReportRotoTraslazione(s, "CSV")),
             "Rootraslazione\r\n\r\n"
             ";Nome;Nord;Est;Quota;Azimut;Distanza\r\n"
-            "Origine;O;0.0;0.0;1.0;;\r\n"
-            "Orientamento;OR;10.0;0.0;2.0;0.0;10.0\r\n"
-            "Nuova Origine;NO;100.0;100.0;3.0;;\r\n"
-            "Nuovo Orientamento;NOR;90.0;100.0;4.0;200.0;10.0\r\n"
-            "Differenza;;;;;200.0;0.0\r\n");
+            "Origine;O;0.000;0.000;1.000;;\r\n"
+            "Orientamento;OR;10.000;0.000;2.000;0.0000;10.000\r\n"
+            "Nuova Origine;NO;100.000;100.000;3.000;;\r\n"
+            "Nuovo Orientamento;NOR;90.000;100.000;4.000;200.0000;10.000\r\n"
+            "Differenza;;;;;200.0000;0.000\r\n");
   const std::string txt = LeggiFileProva(PercorsoReportRotoTraslazione(s, "TXT"));
   EXPECT_EQ(txt.substr(0, 17), "Rototraslazione\r\n");
-  EXPECT_NE(txt.find("\r\n" + Colonna("Orientamento", 22) + Colonna("OR", 22) + Colonna("10.0", 15) +
-                     Colonna("0.0", 15) + Colonna("2.0", 15) + Colonna("0.0", 15) + "10.0\r\n"),
+  EXPECT_NE(txt.find("\r\n" + Colonna("Orientamento", 22) + Colonna("OR", 22) + Colonna("10.000", 15) +
+                     Colonna("0.000", 15) + Colonna("2.000", 15) + Colonna("0.0000", 15) + "10.000\r\n"),
             std::string::npos)
       << txt;
   // Cancelled, the grid leaves the drawing as it was and the command ends.
