@@ -16,7 +16,8 @@ namespace {
 // The two buttons of a picker. `OK` hands the text of `campo` to `prendi`, which stores the
 // choice and says whether the text named one; the dialog then closes and a command waiting
 // for it goes on. A text that names nothing is said so, and the dialog stays for another.
-void BottoniScelta(Dialogo& d, const char* campo, const char* nonValido, bool (*prendi)(Sessione&, const std::string&)) {
+void BottoniScelta(Dialogo& d, const char* campo, const char* nonValido,
+                   bool (*prendi)(Sessione&, const std::string&)) {
   const std::string nome = d.Nome, titolo = d.Titolo;
   d.AggiungiBottone("OK", "OK", [nome, titolo, campo, nonValido, prendi](Sessione& x) {
     const Dialogo* dd = TrovaDialogo(x, nome);
@@ -74,7 +75,8 @@ int TratteggioScelto(const Sessione& s, const std::string& testo) {
   if (t.empty()) return -1;
   int scelto = -1;
   if (t[0] >= '0' && t[0] <= '9') {
-    scelto = static_cast<int>(Val(t));
+    const double v = Val(t);
+    if (v >= 1 && v <= s.Tratteggi.NumeroTratteggi) scelto = static_cast<int>(v);
   } else {
     // By its name: the first word, as a list line or a name typed gives it.
     const std::string nome = t.substr(0, t.find(' '));

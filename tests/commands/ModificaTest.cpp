@@ -219,7 +219,8 @@ TEST(Proprieta, PianoTratteggioEColoreSceltiPrimaDellaSelezione) {
             "(OK, Annulla)\n");
   // A layer of the table keeps the table's spelling; then the selection and the work.
   b.Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]), std::make_tuple("STRADE", "STRADE", "STRADE"));
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]),
+            std::make_tuple("STRADE", "STRADE", "STRADE"));
   EXPECT_EQ(s.PianoCorrente, "STRADE");
   // The command comes back to the layers; cancelled there, it ends.
   ASSERT_TRUE(DialogoAperto(s, "MenuPiani"));
@@ -227,7 +228,8 @@ TEST(Proprieta, PianoTratteggioEColoreSceltiPrimaDellaSelezione) {
   b.Script("PRESS MenuPiani.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
   // A line type by its number in the list.
-  b.Script("TAG CAMBIA_TRATTEGGIO\nFIELD MenuTratteggi.Tratteggio 3\nPRESS OK\nPRESS TutteLinee\nPRESS Selezentita.OK\n");
+  b.Script("TAG CAMBIA_TRATTEGGIO\nFIELD MenuTratteggi.Tratteggio 3\nPRESS OK\n"
+           "PRESS TutteLinee\nPRESS Selezentita.OK\n");
   EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.CerchioTratteggio[0]), std::make_tuple(3, 1));
   // A colour out of the table is refused and the dialog waits.
   EXPECT_EQ(b.Script("TAG CAMBIA_COLORE_DEFAULT\nFIELD FormSelezColore.Colore 0\nPRESS OK\n"),
