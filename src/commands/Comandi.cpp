@@ -152,8 +152,9 @@ void ArmaComando(Sessione& s) {
   // A choice the command asks first (a layer, a line type, a colour) comes before the
   // selection: its answer opens `Selezentita` (`DialogoInizialeRisposto`).
   const std::string_view iniziale = DialogoIniziale(s);
-  if (CodiceDiSelezione(s.ComandoCorrente) && !(!iniziale.empty() && DialogoAperto(s, iniziale)) &&
-      !DialogoAperto(s, "Selezentita") && !ApriDialogoDiTabella(s, "Selezentita")) {
+  const bool attende = !iniziale.empty() && DialogoAperto(s, iniziale);
+  if (CodiceDiSelezione(s.ComandoCorrente) && !attende && !DialogoAperto(s, "Selezentita") &&
+      !ApriDialogoDiTabella(s, "Selezentita")) {
     s.ComandoCorrente = 0;
     return;
   }
