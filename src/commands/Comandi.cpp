@@ -149,7 +149,11 @@ void ArmaComando(Sessione& s) {
       return;
     }
   }
-  if (CodiceDiSelezione(s.ComandoCorrente) && !DialogoAperto(s, "Selezentita") &&
+  // A choice the command asks first (a layer, a line type, a colour) comes before the
+  // selection: its answer opens `Selezentita` (`DialogoInizialeRisposto`).
+  const std::string_view iniziale = DialogoIniziale(s);
+  const bool attende = !iniziale.empty() && DialogoAperto(s, iniziale);
+  if (CodiceDiSelezione(s.ComandoCorrente) && !attende && !DialogoAperto(s, "Selezentita") &&
       !ApriDialogoDiTabella(s, "Selezentita")) {
     s.ComandoCorrente = 0;
     return;
@@ -198,6 +202,25 @@ void InterrompiComando(Sessione& s) {
   ChiudiDialoghiLavoro(s);
   Azzera(s.ListaDisegno.Stato);
   Ridisegna(s);
+}
+
+std::string_view DialogoIniziale(const Sessione& s) {
+  const VoceComando* v = s.ComandoCorrente != 0 ? VoceArmata(s) : nullptr;
+  // The value prompt is asked and answered within the arming: nothing waits for it.
+  if (!v || v->Dialogo == "Imputa") return {};
+  return v->Dialogo;
+}
+
+void DialogoInizialeRisposto(Sessione& s, std::string_view dialogo, bool confermato) {
+  const std::string_view iniziale = DialogoIniziale(s);
+  if (iniziale.empty() || !UgualeSenzaCaso(iniziale, dialogo)) return;
+  if (!confermato) {
+    InterrompiComando(s);
+    return;
+  }
+  if (CodiceDiSelezione(s.ComandoCorrente) && !DialogoAperto(s, "Selezentita") &&
+      !ApriDialogoDiTabella(s, "Selezentita"))
+    s.ComandoCorrente = 0;
 }
 
 void RipetiComando(Sessione& s) {

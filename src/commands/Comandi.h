@@ -30,6 +30,15 @@ void InterrompiComando(Sessione& s);
 // The repeat of Esc and of the right button: the last command armed again.
 void RipetiComando(Sessione& s);
 
+// The dialog the armed command's tag opens before the first prompt (`MenuPiani` for
+// `CAMBIA_PIANO` ...); empty when none. While it is open, a command on a selection waits
+// for its answer before `Selezentita`.
+std::string_view DialogoIniziale(const Sessione& s);
+// That dialog has been answered and closed. Confirmed, a command on a selection goes on to
+// `Selezentita`; cancelled, the command ends. Nothing when no command waits for it (the
+// dialog was opened by a tag of its own, as `MENU_PIANI` or F7 open the layers).
+void DialogoInizialeRisposto(Sessione& s, std::string_view dialogo, bool confermato);
+
 // The sixteen dialogs of the command in progress, closed when another tag arrives.
 void ChiudiDialoghiLavoro(Sessione& s);
 // `SnapPunto` and the dialogs in which a snap point is typed.

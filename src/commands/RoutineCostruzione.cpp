@@ -89,12 +89,14 @@ void Ricomincia(Sessione& s, const char* dialogo) {
   ArmaComando(s);
 }
 
-// A computation that cannot close its triangle: the box, and the command ends with nothing
-// changed.
-void DistanzeNonAmmissibili(Sessione& s, const char* titolo) {
-  s.Ui->Messaggio("Distanze non ammissibili!", titolo, Icona::Avviso);
+// A computation that gives no point (a triangle that does not close, directions that never
+// meet): the box, and the command ends with nothing changed.
+void Fallita(Sessione& s, const char* testo, const char* titolo) {
+  s.Ui->Messaggio(testo, titolo, Icona::Avviso);
   InterrompiComando(s);
 }
+void DistanzeNonAmmissibili(Sessione& s, const char* titolo) { Fallita(s, "Distanze non ammissibili!", titolo); }
+void PuntoNonTrovato(Sessione& s, const char* titolo) { Fallita(s, "Punto Non Trovato", titolo); }
 
 std::string Metri(double v) { return TestoMetri(v); }
 std::string Gon(double radianti) { return TestoGon(RadToGon * radianti); }
@@ -223,7 +225,7 @@ void ConfermaStazioneLibera(Sessione& s) {
   SchedaCostruzione& c = Scheda(s);
   const RisultatoStazioneLibera r = StazioneLibera(c.Primo.P, c.Secondo.P, d->Numero("Distanza1"),
                                                    d->Numero("Distanza2"), d->Numero("Lettura1"), d->Numero("Lettura2"));
-  auto testo = [](double v) { return VirgolaInPunto(FormatoMaschera(v, "########0.###0")); };
+  auto testo = [](double v) { return FormatoRilievo(v, "########0.###0"); };
   s.Ui->Messaggio("Distanza Reale = " + testo(r.BaseReale) + "\nDistanza Rilevata = " + testo(r.BaseMisurata) +
                       "\nDifferenza = " + testo(r.BaseReale - r.BaseMisurata),
                   "Punto Stazione Libera", Icona::Informazione);
@@ -281,8 +283,10 @@ void ConfermaPuntoInAvanti(Sessione& s) {
   if (!d) return;
   const SchedaCostruzione& c = Scheda(s);
   PuntoXYZ p;
-  // Directions that never meet give no point; the angles can be typed again.
-  if (PuntoInAvanti(c.Primo.P, c.Secondo.P, d->Numero("Angolo1"), d->Numero("Angolo2"), p) != kRiuscito) return;
+  if (PuntoInAvanti(c.Primo.P, c.Secondo.P, d->Numero("Angolo1"), d->Numero("Angolo2"), p) != kRiuscito) {
+    PuntoNonTrovato(s, "Punto In Avanti");
+    return;
+  }
   Inserisci(s, p);
   Anteprima(s, {c.Primo.P, p, c.Secondo.P});
   Ricomincia(s, "PuntoInAvanti");
@@ -301,19 +305,25 @@ void ConfermaIntersecaDirezione(Sessione& s) {
   const Dialogo* d = TrovaDialogo(s, "IntersecaDirezione");
   if (!d) return;
   const SchedaCostruzione& c = Scheda(s);
-  // The orientation point by the name typed; the first point of the line when no point
-  // bears it.
+  // The orientation point by the name typed. The name offered is the first point of the
+  // line, which holds even for a free place; any other name must be a point's, else the
+  // direction would be turned from a point the user never meant: the name is asked again.
+  const std::string nome = Rifila(d->Valore("Orientamento"));
   PuntoXYZ orientamento = c.Primo.P;
-  const int32_t riga = IlPiuVicinoPerNome(s, Rifila(d->Valore("Orientamento")));
-  if (riga >= 0) {
+  if (const int32_t riga = IlPiuVicinoPerNome(s, nome); riga >= 0) {
     const auto k = static_cast<size_t>(riga);
     orientamento = {s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k]};
+  } else if (nome != Rifila(c.Primo.Nome)) {
+    s.Ui->Messaggio("Punto Non Trovato", "Punto non Trovato", Icona::Avviso);
+    return;
   }
   const double zenit = Zenitale(s, "IntersecaDirezione", *d, "Zenitale");
   PuntoXYZ p;
   if (IntersecaDirezione(c.Primo.P, c.Secondo.P, c.Terzo.P, orientamento, d->Numero("LetturaOrientamento"),
-                         d->Numero("Azimutale"), zenit, d->Numero("AltezzaStrumento"), p) != kRiuscito)
+                         d->Numero("Azimutale"), zenit, d->Numero("AltezzaStrumento"), p) != kRiuscito) {
+    PuntoNonTrovato(s, "Interseca Direzione");
     return;
+  }
   Inserisci(s, p);
   Anteprima(s, {c.Terzo.P, p});
   Ricomincia(s, "IntersecaDirezione");

@@ -80,9 +80,9 @@ double Numero(const std::string& testo) { return Val(VirgolaInPunto(testo)); }
 constexpr const char* kRigheRT[] = {"Origine", "Orientamento", "NuovaOrigine", "NuovoOrientamento"};
 constexpr const char* kTitoliRT[] = {"Origine", "Orientamento", "Nuova Origine", "Nuovo Orientamento", "Differenza"};
 
-std::string Coordinata(double v) { return Rifila(FormatoMaschera(v, "########0.##0")); }
-std::string AzimutGon(double v) { return Rifila(FormatoMaschera(v, "#####0.###0")); }
-std::string Lunghezza(double v) { return Rifila(FormatoMaschera(v, "#####0.##0")); }
+std::string Coordinata(double v) { return Rifila(FormatoRilievo(v, "########0.##0")); }
+std::string AzimutGon(double v) { return Rifila(FormatoRilievo(v, "#####0.###0")); }
+std::string Lunghezza(double v) { return Rifila(FormatoRilievo(v, "#####0.##0")); }
 
 std::string Campo(const std::string& riga, const char* colonna) { return riga + "_" + colonna; }
 

@@ -3,6 +3,7 @@
 
 #include "commands/Comandi.h"
 #include "commands/DialoghiDisegno.h"
+#include "commands/DialoghiScelta.h"
 #include "commands/RoutineCostruzione.h"
 #include "commands/DialoghiSelezione.h"
 #include "commands/RoutineModifica.h"
@@ -40,6 +41,10 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"SelezPunti", ApriSelezPunti},
     {"DN", ApriDN},
     {"FormRotoTraslazione", ApriRotoTraslazione},
+    // The pickers of the current layer, line type and colour.
+    {"MenuPiani", ApriMenuPiani},
+    {"MenuTratteggi", ApriMenuTratteggi},
+    {"FormSelezColore", ApriFormSelezColore},
 };
 
 }  // namespace

@@ -353,8 +353,13 @@ int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y
 // --- The list files ----------------------------------------------------------------------
 
 std::string PercorsoUls(const Sessione& s) {
-  if (Rifila(s.NomeLavoro).empty()) return {};
-  return Cartella(s.NomeLavoro) + "/" + s.NomeGruppo + ".uls";
+  // Not beside the provisional copy: that folder is one for every job, and the row numbers
+  // of one job's list mean other rows in another.
+  const std::string lavoro = Rifila(s.NomeOriginale);
+  if (lavoro.empty()) return {};
+  const std::string base = Rifila(s.NomeGruppo).empty() ? Foglia(lavoro) : Rifila(s.NomeGruppo);
+  if (base.empty()) return {};
+  return Cartella(lavoro) + "/" + base + ".uls";
 }
 
 void ScriviUls(Sessione& s) {

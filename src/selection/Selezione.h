@@ -58,9 +58,9 @@ int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y
 bool ColoreDi(const Sessione& s, int tipo, int32_t riga, int32_t& colore);
 bool PianoDi(const Sessione& s, int tipo, int32_t riga, std::string& piano);
 
-// `.uls`: beside the provisional job, `NomeGruppo` as base. Kind after kind in the slot
-// order 1 to 13, the number of rows selected of the kind, then each row, one integer a line.
-// Empty when no job is open.
+// `.uls`: in the folder of the job as the user knows it, `NomeGruppo` as base (the job's
+// name when that is empty). Kind after kind in the slot order 1 to 13, the number of rows
+// selected of the kind, then each row, one integer a line. Empty when no job is open.
 std::string PercorsoUls(const Sessione& s);
 void ScriviUls(Sessione& s);
 // The rows listed are marked again. False when there is no list to read.

@@ -16,8 +16,9 @@ struct StatoSelezione {
   uint8_t PuntiInSelezione = 1;
   // The rows selected, as the dialogs last showed them.
   int64_t ContaSelezione = 0;
-  // The base of the list file `.uls` (and of a group `.GGG`).
-  std::string NomeGruppo = "Selezione";
+  // The base of the list file `.uls` (and of a group `.GGG`). Empty: the job's own name,
+  // so that each job keeps its own last selection.
+  std::string NomeGruppo;
   // The row `MarcaEntita` marked last, for the commands that want one entity.
   uint8_t UltimaSelezioneTipo = 0;
   int32_t UltimaSelezioneRiga = -1;

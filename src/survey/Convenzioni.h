@@ -19,9 +19,14 @@ inline const double GonToRad = PiGreco / 200.0;
 // after it are ignored, an empty text is 0.
 double LeggiNumero(std::string_view testo);
 
-// Azimuths and angles in gon: at most four decimals ("#########0.###0").
+// A number of the survey dialogs and their reports through its mask: every decimal place
+// of the mask is shown, zeros included, so that an angle of 50 gon reads "50.0000" and a
+// height of 10.2 m "10.200": a measure is never taken for one read to fewer places. The
+// integer part follows the mask as everywhere else.
+std::string FormatoRilievo(double valore, std::string_view maschera);
+// Azimuths and angles in gon: four decimals ("#########0.###0").
 std::string TestoGon(double gon);
-// Distances and heights in metres: at most three decimals ("#########0.##0").
+// Distances and heights in metres: three decimals ("#########0.##0").
 std::string TestoMetri(double metri);
 // Up to four decimals and no leading zero ("##########.####").
 std::string TestoQuattroDecimali(double valore);

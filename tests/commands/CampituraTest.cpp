@@ -121,7 +121,8 @@ TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
             "PROMPT Seleziona Contorno - Punto Contorno\n"
             "> CLICK right 0 0\n"
             "DIALOGO + FormSelezionaContorno [Seleziona Contorno] Contorno=\"Progr\tNome\tNord\tEst\tQuota | "
-            "1\t1\t0.0\t0.0\t10.0 | 2\t*\t0.0\t10.0\t0.0 | 3\t*\t10.0\t10.0\t0.0 | 4\t*\t10.0\t0.0\t0.0\" (Chiudi)\n"
+            "1\t1\t0.000\t0.000\t10.000 | 2\t*\t0.000\t10.000\t0.000 | 3\t*\t10.000\t10.000\t0.000 | "
+            "4\t*\t10.000\t0.000\t0.000\" (Chiudi)\n"
             "PROMPT Seleziona Contorno - Primo Punto\n");
   // 45 gon is 40.5°: the square is 10 (cos + sin) = 14.098 wide across the hatch, 14 lines.
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 14);

@@ -68,7 +68,7 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
             "Passo=\"1\" (Prendi, Annulla)\n"
             "PROMPT Punto Bilatera - Primo Punto:\n> CLICK left 100 200\n"
             "PROMPT Punto Bilatera - Secondo Punto:\n> CLICK left 100 205.2\n"
-            "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0\" Base=\"5.0\" "
+            "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0000\" Base=\"5.000\" "
             "Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
             "PROMPT Punto Bilatera - Primo Punto:\n");
   EXPECT_EQ(Etichette(b.s, "PuntoBilatera", "Primo Azimut Base Distanza1 Distanza2"),
@@ -112,7 +112,7 @@ TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) 
   const std::string uscita = b.Script(
       "FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\nPRESS OK\n");
   EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
-            "> PRESS OK\nMESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0 | Distanza Rilevata = 100.4092 | "
+            "> PRESS OK\nMESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 100.4092 | "
             "Differenza = -0.4092\nDIALOGO - StazioneLibera\nPROMPT Punto StazioneLibera - Primo Punto:\n");
   EXPECT_TRUE(In(b.s, "300", 50, -50.20458146424487, 10));
   // The irradiation that follows offers the station.
@@ -128,8 +128,8 @@ TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) 
   // Equal sights with no angle make no triangle: the report, then the failure.
   const std::string fallita =
       b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n");
-  EXPECT_NE(fallita.find("MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0 | Distanza Rilevata = 0.0 | "
-                         "Differenza = 100.0\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"),
+  EXPECT_NE(fallita.find("MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
+                         "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"),
             std::string::npos)
       << fallita;
   EXPECT_EQ(b.s.ComandoCorrente, 0);
@@ -148,7 +148,7 @@ TEST(Irraggiamento, UnVentaglioDiTrePuntiConLeAltezze) {
   b.Script("TAG IRRAGGIAMENTO\nFIELD NuovoPunto.Nome 1\nCLICK left 1000 2000\nCLICK left 1000 2100\n");
   EXPECT_EQ(Valori(b.s, "Irraggiamento",
                    "Stazione Orientamento Azimut Base QuotaStazione AltezzaStazione LetturaOrientamento Zenitale"),
-            "100|101|0.0|100.0|50.0|1.50|0|100");
+            "100|101|0.0000|100.000|50.000|1.500|0|100");
   EXPECT_EQ(Etichette(b.s, "Irraggiamento", "Stazione LetturaOrientamento AltezzaStazione"),
             "Irraggiamento|Stazione     : |Lettura Orientamento : |Altezza Stazione : ");
 
@@ -190,10 +190,14 @@ TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
   b.Script("FIELD Angolo1 50\nFIELD Angolo2 50\nPRESS OK\n");
   EXPECT_TRUE(In(b.s, "20", 5, -5, 0));
   EXPECT_FALSE(DialogoAperto(b.s, "PuntoInAvanti"));
-  // Angles that add up to a half turn never meet: no point, the dialog waits.
-  b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
+  // Angles that add up to a half turn never meet: the box, no point, the command ends.
+  const std::string uscita =
+      b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
+  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+            "> PRESS OK\nMESSAGGIO [Punto In Avanti] Punto Non Trovato\n"
+            "DIALOGO - NuovoPunto\nDIALOGO - PuntoInAvanti\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
-  EXPECT_TRUE(DialogoAperto(b.s, "PuntoInAvanti"));
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
 TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
@@ -276,7 +280,7 @@ TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
   // The foot of (4, 3) on the line running East is (4, 0), 0.4 up the slope; the point lies
   // left of the line.
   EXPECT_TRUE(In(b.s, "1", 4, 0, 4));
-  EXPECT_EQ(Valori(b.s, "PuntoPiede", "Terzo QuotaPiede Ascissa Distacco"), "P|4.0|4.0|-3.0");
+  EXPECT_EQ(Valori(b.s, "PuntoPiede", "Terzo QuotaPiede Ascissa Distacco"), "P|4.000|4.000|-3.000");
   EXPECT_EQ(Etichette(b.s, "PuntoPiede", "Terzo QuotaPiede"), "Punto Piede|Terzo Punto : |Quota Piede : ");
   // The first button starts again at the first point.
   b.Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
@@ -337,7 +341,7 @@ TEST(PolariCartesiane, AzimutEDistanzaDaUnOrigine) {
   MettiPunto(b.s, "O", 100, 200, 7);
   b.Pronto(100, 200, 40);
   b.Script("TAG POLARI_CARTESIANE\nFIELD NuovoPunto.Nome 1\nCLICK left 100 200\n");
-  EXPECT_EQ(Valori(b.s, "PolariCartesiane", "Nord Est Quota"), "200.0|100.0|7.0");
+  EXPECT_EQ(Valori(b.s, "PolariCartesiane", "Nord Est Quota"), "200.000|100.000|7.000");
   EXPECT_EQ(Etichette(b.s, "PolariCartesiane", "Origine Nord Est Quota"),
             "Polari > Cartesiane|Punto Origine : |         Nord : |          Est : |        Quota : ");
   // West by 5, at the origin's height; the dialog stays up.
@@ -357,14 +361,28 @@ TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
   b.Pronto(5, 10, 60);
   b.Script("TAG INTERSECA_DIREZIONE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\n");
   EXPECT_EQ(Valori(b.s, "IntersecaDirezione", "Stazione AltezzaStrumento LetturaOrientamento Orientamento"),
-            "S|1.50|10.0|A");
+            "S|1.500|10.0000|A");
   EXPECT_EQ(Etichette(b.s, "IntersecaDirezione", "Azimutale Zenitale"),
             "Interseca Direzione|Lettura Azimutale : |Lettura Zenitale :");
+  // An orientation no point bears: the box, nothing made, the name can be typed again.
+  EXPECT_EQ(b.Script("FIELD Orientamento Q\nFIELD Azimutale 10\nPRESS OK\n"),
+            "> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
+            "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(DialogoAperto(b.s, "IntersecaDirezione"));
   // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
   // (5, 10), 10 away. 90 gon over the horizon over 10 m of plan climbs 10·cot(81°).
-  b.Script("FIELD Orientamento O\nFIELD Azimutale 10\nFIELD Zenitale 90\nPRESS OK\n");
+  b.Script("FIELD Orientamento O\nFIELD Zenitale 90\nPRESS OK\n");
   EXPECT_TRUE(In(b.s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
   EXPECT_FALSE(DialogoAperto(b.s, "IntersecaDirezione"));
+  // A reading of 110 looks East, along the line: no crossing, the box, the command ends.
+  const std::string uscita =
+      b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\nFIELD Azimutale 110\n"
+               "PRESS OK\n");
+  EXPECT_NE(uscita.find("> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"), std::string::npos)
+      << uscita;
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
 TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
@@ -373,14 +391,14 @@ TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
   MettiPunto(b.s, "B", 0, 30, 6);
   b.Pronto(0, 15, 60);
   b.Script("TAG PUNTO_DISTANZA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 30\n");
-  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Distanza Dislivello"), "30.|6.0");
+  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Distanza Dislivello"), "30.|6.000");
   EXPECT_EQ(Etichette(b.s, "PuntoDistanza", "Azimut Dislivello"), "Punto Distanza|Azimut     : |Dislivello : ");
   // Steps of 10 up a slope of 1 in 5, each from the point made before.
   b.Script("FIELD Distanza 10\nPRESS OK\nPRESS OK\nPRESS OK\n");
   EXPECT_TRUE(In(b.s, "1", 0, 10, 2));
   EXPECT_TRUE(In(b.s, "2", 0, 20, 4));
   EXPECT_TRUE(In(b.s, "3", 0, 30, 6));
-  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Primo Base"), "3|0.0");
+  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Primo Base"), "3|0.000");
 }
 
 TEST(DialoghiDiCostruzione, EscUnAltroTagOUnNuovoClicLiChiudono) {

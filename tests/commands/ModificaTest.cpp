@@ -1,8 +1,9 @@
 // The commands on a selection, driven by scripts: mirror with and without the originals,
 // scale (the unit factor too), rotation, move and copy with the heights of the picked
-// points, deletion that keeps the rows until a reload, freezing, the bulk properties, the
-// height change, the alignment, the roto-translation with its grid and reports, and the
-// vertical rotation of a face.
+// points, deletion that keeps the rows until a reload, freezing, the bulk properties with
+// the pickers of layer, line type and colour that come before the selection, the height
+// change, the alignment, the roto-translation with its grid and reports, and the vertical
+// rotation of a face.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,6 +11,8 @@
 
 #include "commands/Attese.h"
 #include "commands/RoutineModifica.h"
+#include "core/Testo.h"
+#include "core/Tratteggi.h"
 #include "selection/Selezione.h"
 #include "store/Undo.h"
 
@@ -171,7 +174,7 @@ TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
   EXPECT_EQ(s.LineaY1[1], 9);
 }
 
-TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
+TEST(Proprieta, CongelaScongelaEColoreCorrente) {
   Banco b;
   Sessione& s = b.s;
   MettiPunto(s, "1", 0, 0);
@@ -193,11 +196,76 @@ TEST(Proprieta, CongelaScongelaColorePianoTratteggio) {
   b.Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
   EXPECT_EQ(std::tie(s.LineaColore[0], s.TestoColore[0], s.PuntoColoreSimbolo[0], s.PuntoColoreDescrizione[0]),
             std::make_tuple(6, 6, 6, 6));
-  s.PianoCorrente = "STRADE";
-  s.Imp.Tratteggio_Default = 4;
-  b.Script("TAG CAMBIA_PIANO\nPRESS Tutto\nPRESS OK\nTAG CAMBIA_TRATTEGGIO\nPRESS TutteLinee\nPRESS OK\n");
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.PuntoPiano[0], s.TestoPiano[0]), std::make_tuple("STRADE", "STRADE", "STRADE"));
-  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.CerchioTratteggio[0]), std::make_tuple(4, 1));
+}
+
+// The layer, the line type and the colour written into a selection are asked first, from
+// the job's tables; the selection comes only once one is chosen.
+TEST(Proprieta, PianoTratteggioEColoreSceltiPrimaDellaSelezione) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiPunto(s, "1", 0, 0);
+  MettiLinea(s, 0, 0, 10, 0);
+  MettiCerchio(s, 5, 5, 1);
+  b.Pronto(5, 5, 40);
+  for (const char* nome : {"RECINZ", "STRADE"}) {
+    Piano p;
+    p.Nome = nome;
+    s.Piani.push_back(p);
+  }
+  s.PianoCorrente = "RECINZ";
+  CaricaTratteggi(s);
+  EXPECT_EQ(b.Script("TAG CAMBIA_PIANO\n"),
+            "> TAG CAMBIA_PIANO\nDIALOGO + MenuPiani [Menu Piani] Piano=\"RECINZ\" Elenco=\"RECINZ | STRADE | \" "
+            "(OK, Annulla)\n");
+  // A layer of the table keeps the table's spelling; then the selection and the work.
+  b.Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]),
+            std::make_tuple("STRADE", "STRADE", "STRADE"));
+  EXPECT_EQ(s.PianoCorrente, "STRADE");
+  // The command comes back to the layers; cancelled there, it ends.
+  ASSERT_TRUE(DialogoAperto(s, "MenuPiani"));
+  EXPECT_FALSE(DialogoAperto(s, "Selezentita"));
+  b.Script("PRESS MenuPiani.Annulla\n");
+  EXPECT_EQ(s.ComandoCorrente, 0);
+  // A line type by its number in the list.
+  b.Script("TAG CAMBIA_TRATTEGGIO\nFIELD MenuTratteggi.Tratteggio 3\nPRESS OK\n"
+           "PRESS TutteLinee\nPRESS Selezentita.OK\n");
+  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.CerchioTratteggio[0]), std::make_tuple(3, 1));
+  // A colour out of the table is refused and the dialog waits.
+  EXPECT_EQ(b.Script("TAG CAMBIA_COLORE_DEFAULT\nFIELD FormSelezColore.Colore 0\nPRESS OK\n"),
+            "> TAG CAMBIA_COLORE_DEFAULT\nDIALOGO - MenuTratteggi\n"
+            "DIALOGO + FormSelezColore [Seleziona Colore] Colore=\"1\" (OK, Annulla)\n"
+            "> FIELD FormSelezColore.Colore 0\n> PRESS OK\nMESSAGGIO [Seleziona Colore] Colore non valido\n");
+  b.Script("FIELD Colore 4\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
+  EXPECT_EQ(std::tie(s.LineaColore[0], s.CerchioColore[0], s.PuntoColoreNome[0]), std::make_tuple(4, 4, 4));
+}
+
+// Opened by their keys and tags, the pickers only set what is current.
+TEST(Proprieta, F6EF7CambianoSoloTratteggioEPianoCorrenti) {
+  Banco b;
+  Sessione& s = b.s;
+  MettiLinea(s, 0, 0, 10, 0);
+  b.Pronto(5, 5, 40);
+  CaricaTratteggi(s);
+  b.Script("KEY F7\nFIELD MenuPiani.Piano MURI\nPRESS OK\n");
+  EXPECT_EQ(s.PianoCorrente, "MURI");
+  b.Script("KEY F6\n");
+  ASSERT_TRUE(DialogoAperto(s, "MenuTratteggi"));
+  // Lines of linee.ini as written when absent: "*TRATTEGG" over "A, 3, -3", "*PUNTINI" over
+  // "A, 0, -25, 0, -25".
+  const std::vector<std::string> elenco = Dividi(TrovaDialogo(s, "MenuTratteggi")->Valore("Elenco"), '\n');
+  ASSERT_EQ(elenco.size(), 19u);
+  EXPECT_EQ(elenco[1], "2 TRATTEGG   __ __ __ __   Elementi: 3. [ TRATTO ] 3. [ SPAZIO ]");
+  EXPECT_EQ(elenco[5], "6 PUNTINI   ................   Elementi: [ PUNTO ] 25. [ SPAZIO ] [ PUNTO ] 25. [ SPAZIO ]");
+  // A line of the list, or a name, picks the same way.
+  b.Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
+  EXPECT_EQ(s.Imp.Tratteggio_Default, 6);
+  b.Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
+  EXPECT_EQ(s.Imp.Tratteggio_Default, 3);
+  EXPECT_EQ(s.ComandoCorrente, 0);
+  EXPECT_TRUE(s.Dialoghi.empty());
+  EXPECT_EQ(s.LineaPiano[0], "0");
+  EXPECT_EQ(s.LineaTratteggio[0], 1);
 }
 
 TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {
@@ -257,11 +325,11 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(d->Titolo, "Punto - Rototraslazione con Selezione");
   // The grid as picked (the report below pins the cells it shares with the file).
-  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0");
-  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0");
+  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0000");
+  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
   // The target typed over the picked one: due South of the new origin.
   b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
-  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0");
+  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0000");
   b.Script("PRESS FormRotoTraslazione.OK\n");
   for (auto [fatto, atteso] : {std::pair{s.LineaX1[0], 100.0004}, {s.LineaY1[0], 100}, {s.LineaX2[0], 100.0004},
                                 {s.LineaY2[0], 95}, {s.TestoY[0], 98}, {s.TestoRotazione[0], 200}})
@@ -271,15 +339,15 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   EXPECT_EQ(LeggiFileProva(PercorsoReportRotoTraslazione(s, "CSV")),
             "Rootraslazione\r\n\r\n"
             ";Nome;Nord;Est;Quota;Azimut;Distanza\r\n"
-            "Origine;O;0.0;0.0;1.0;;\r\n"
-            "Orientamento;OR;10.0;0.0;2.0;0.0;10.0\r\n"
-            "Nuova Origine;NO;100.0;100.0;3.0;;\r\n"
-            "Nuovo Orientamento;NOR;90.0;100.0;4.0;200.0;10.0\r\n"
-            "Differenza;;;;;200.0;0.0\r\n");
+            "Origine;O;0.000;0.000;1.000;;\r\n"
+            "Orientamento;OR;10.000;0.000;2.000;0.0000;10.000\r\n"
+            "Nuova Origine;NO;100.000;100.000;3.000;;\r\n"
+            "Nuovo Orientamento;NOR;90.000;100.000;4.000;200.0000;10.000\r\n"
+            "Differenza;;;;;200.0000;0.000\r\n");
   const std::string txt = LeggiFileProva(PercorsoReportRotoTraslazione(s, "TXT"));
   EXPECT_EQ(txt.substr(0, 17), "Rototraslazione\r\n");
-  EXPECT_NE(txt.find("\r\n" + Colonna("Orientamento", 22) + Colonna("OR", 22) + Colonna("10.0", 15) +
-                     Colonna("0.0", 15) + Colonna("2.0", 15) + Colonna("0.0", 15) + "10.0\r\n"),
+  EXPECT_NE(txt.find("\r\n" + Colonna("Orientamento", 22) + Colonna("OR", 22) + Colonna("10.000", 15) +
+                     Colonna("0.000", 15) + Colonna("2.000", 15) + Colonna("0.0000", 15) + "10.000\r\n"),
             std::string::npos)
       << txt;
   // Cancelled, the grid leaves the drawing as it was and the command ends.

@@ -204,7 +204,7 @@ TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
   MettiLinea(b.s, 0, 9, 10, 9);
   b.Pronto(5, 2, 20);
   const std::string uls = PercorsoUls(b.s);
-  ASSERT_EQ(uls, Cartella(b.s.NomeLavoro) + "/Selezione.uls");
+  ASSERT_EQ(uls, b.cartella / "ROSSI.uls");
   auto zeri = [](int n) {
     std::string r;
     for (int i = 0; i < n; ++i) r += "0\r\n";
@@ -231,6 +231,20 @@ TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
   b.Script("KEY ESC\nKEY ESC\nPRESS OK\n");
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   EXPECT_EQ(LeggiFileProva(uls), zeri(13));
+  // Another job, in the same folder, has a list of its own: the rows of ROSSI are not its.
+  ScriviFileProva(uls, "0\r\n2\r\n0\r\n2\r\n");
+  ScriviFileProva(b.cartella / "BIANCHI.CFG", CfgManuale("VR2020", "0,0,100"));
+  b.s.NomeOriginale = b.cartella / "BIANCHI";
+  VR_ApriLavoro(b.s);
+  MettiLinea(b.s, 0, 0, 10, 0);
+  MettiLinea(b.s, 0, 5, 10, 5);
+  MettiLinea(b.s, 0, 9, 10, 9);
+  b.Pronto(5, 2, 20);
+  b.Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
+  EXPECT_EQ(Stati(b.s), "L000 C A T P ");
+  // With no job there is no list at all.
+  b.s.NomeOriginale.clear();
+  EXPECT_EQ(PercorsoUls(b.s), "");
 }
 
 TEST(SelezPunti, FiltriFinestraFileEdEliminazione) {

@@ -36,13 +36,13 @@ TEST(AzimutDistanza, DirezioniNotevoliEFormaAMezzoAngolo) {
   // A point to itself: d + dY = 0, the azimuth is pi, shown as 200 gon. East and West come
   // from atan alone, so they pin the constant pi too.
   EXPECT_EQ(AD(5, 5, 5, 5), Coppia(PiGreco, 0));
-  EXPECT_EQ(TestoGon(RadToGon * AD(5, 5, 5, 5).first), "200.0");
+  EXPECT_EQ(TestoGon(RadToGon * AD(5, 5, 5, 5).first), "200.0000");
   EXPECT_EQ(AD(0, 0, 0, 7), Coppia(0, 7));            // North: 2 atan(0)
   EXPECT_EQ(AD(0, 0, 7, 0).first, PiGreco / 2);       // East: 2 atan(1), half of 4 atan(1)
   EXPECT_EQ(AD(0, 0, 0, -7), Coppia(PiGreco, 7));     // South: d + dY = 0 exactly
   // West: 2 atan(-1) = -pi/2, then a whole turn added; 3 pi / 2 rounds the same way.
   EXPECT_EQ(AD(0, 0, -7, 0).first, 3 * PiGreco / 2);
-  EXPECT_EQ(TestoGon(RadToGon * AD(0, 0, -7, 0).first), "300.0");
+  EXPECT_EQ(TestoGon(RadToGon * AD(0, 0, -7, 0).first), "300.0000");
 
   // 3-4-5: dX / (d + dY) = 3 / 9, the same double as 1/3.
   EXPECT_EQ(AD(0, 0, 3, 4), Coppia(2 * std::atan(1.0 / 3.0), 5));
@@ -256,10 +256,12 @@ TEST(NomiEConvenzioni, NomiPulitiEMaschereDeiGonEDeiMetri) {
   EXPECT_EQ(NomePulito("  a.b,c d\\e/f  "), "a_b_c_d_e_f");
   EXPECT_EQ(NomePulito("   "), "0");
   EXPECT_EQ(TestoGon(123.45678), "123.4568");
-  EXPECT_EQ(TestoGon(99.99996), "100.0");
-  EXPECT_EQ(TestoGon(-0.5), "-0.50");  // a "#" place shows while a digit follows it
+  // Every decimal place shows, its zeros too.
+  EXPECT_EQ(TestoGon(99.99996), "100.0000");
+  EXPECT_EQ(TestoGon(-0.5), "-0.5000");
   EXPECT_EQ(TestoMetri(12.3456), "12.346");
-  EXPECT_EQ(TestoMetri(1725000.5), "1725000.50");
+  EXPECT_EQ(TestoMetri(1725000.5), "1725000.500");
+  EXPECT_EQ(FormatoRilievo(7, "###0.##0"), "7.000");
   EXPECT_EQ(TestoQuattroDecimali(0.5), ".5");
   EXPECT_EQ(TestoQuattroDecimali(12.34567), "12.3457");
 }
