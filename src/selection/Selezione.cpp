@@ -359,7 +359,8 @@ std::string PercorsoUls(const Sessione& s) {
   if (lavoro.empty()) return {};
   const std::string base = Rifila(s.NomeGruppo).empty() ? Foglia(lavoro) : Rifila(s.NomeGruppo);
   if (base.empty()) return {};
-  return Cartella(lavoro) + "/" + base + ".uls";
+  // A run with a folder of its own (a script) leaves the user's job folder alone.
+  return (s.CartellaUtente.empty() ? Cartella(lavoro) : s.CartellaUtente) + "/" + base + ".uls";
 }
 
 void ScriviUls(Sessione& s) {

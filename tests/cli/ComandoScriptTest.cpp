@@ -82,14 +82,17 @@ TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
 }
 
 // SAVEAS writes the job under the new name; a strict run stops at the line that fails; the
-// display toggle a run changes stays in the run's own folder, not in the user's.
+// display toggle and the last selection of a run stay in the run's own folder, not the user's.
 TEST_F(CliScript, SalvaComeRigorosoEPreferenzeDellaCorsa) {
-  ScriviFileProva(script, prova::LeggiFileProva(script) + "TYPE _N\nSAVEAS " + (dir / "BIANCHI.CFG") + "\n");
+  ScriviFileProva(script, prova::LeggiFileProva(script) + "TYPE _N\nTAG CAMBIA_ELIMINA\nPRESS Tutto\nPRESS OK\nSAVEAS " +
+                              (dir / "BIANCHI.CFG") + "\n");
   Esito e = Cli({"script", base, script, "--rigoroso"});
   ASSERT_EQ(e.stato, 0) << e.err;
-  EXPECT_EQ(prova::LeggiFileProva(dir / "BIANCHI.LIN").size(), 128u);
+  EXPECT_TRUE(prova::Esiste(dir / "BIANCHI.CFG"));
   EXPECT_FALSE(prova::Esiste(base + ".LIN"));
   EXPECT_FALSE(prova::Esiste(casa / "prog/ImpostazioniUtente.ini"));
+  EXPECT_FALSE(prova::Esiste(dir / "ROSSI.uls"));
+  EXPECT_FALSE(prova::Esiste(dir / "BIANCHI.uls"));
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nEXPECT prompt Disegno Linea 2P - Primo Punto:\n");
   e = Cli({"script", base, script, "--rigoroso"});
   EXPECT_EQ(e.stato, 1);
