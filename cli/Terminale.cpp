@@ -28,14 +28,12 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
     err << "Lavoro non trovato: " << argomento << "\n";
     return false;
   }
-  ImpostaCartelle(s);
   s.SolaLettura = true;
   // The settings and tables in force, read where they stand or taken as defaults: colours,
   // line types and point configurations shape what a report shows and a picture paints.
-  InizializzaDefault(s);
+  AvviaSessione(s);
   s.NomeOriginale = *base;
   s.NomeLavoro = *base;
-  ClearAllTables(s);
   CaricaLavoro(s);
   return true;
 }

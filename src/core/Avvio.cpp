@@ -189,14 +189,18 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   });
 }
 
-void VarenaLoad(Sessione& s, const std::string& rigaComando) {
+bool AvviaSessione(Sessione& s) {
   s.RoutineCorrente = "VarenaLoad";
   ImpostaCartelle(s);
-  if (!CreaAlberoCartelle(s)) return;
+  if (!s.SolaLettura && !CreaAlberoCartelle(s)) return false;
   InizializzaDefault(s);
   s.RoutineCorrente = "VarenaLoad1";
   ClearAllTables(s);
-  ApriLavoroIniziale(s, rigaComando);
+  return true;
+}
+
+void VarenaLoad(Sessione& s, const std::string& rigaComando) {
+  if (AvviaSessione(s)) ApriLavoroIniziale(s, rigaComando);
 }
 
 }  // namespace varena
