@@ -14,7 +14,7 @@ void InterfacciaTerminale::Messaggio(std::string_view testo, std::string_view ti
 }
 
 std::optional<std::string> BaseLavoro(const std::string& argomento) {
-  std::string base = NormalizzaPercorso(argomento);
+  std::string base = PercorsoAssoluto(argomento);
   if (base.size() > 4 && UgualeSenzaCaso(base.substr(base.size() - 4), ".CFG")) base.resize(base.size() - 4);
   // As it stands on disk, so that reports name the job as the user's files do.
   const auto cfg = TrovaFile(base + ".CFG");

@@ -40,7 +40,9 @@ bool AvviaSessione(Sessione& s);
 // `COMMON.CFG` or of the last run.
 void VarenaLoad(Sessione& s, const std::string& rigaComando);
 
-// The part of `VarenaLoad` that picks and opens the job.
+// The part of `VarenaLoad` that picks and opens the job. The path handed over is made
+// absolute against the current folder: the job is recorded by that name in its `.INF` and
+// in `LavoriRecenti.txt`, which are read again from anywhere.
 void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando);
 
 }  // namespace varena

@@ -38,6 +38,13 @@ class Resave : public ::testing::Test {
   }
 };
 
+// The current folder for the life of the object.
+struct InCartella {
+  std::filesystem::path prima = std::filesystem::current_path();
+  explicit InCartella(const std::string& cartella) { std::filesystem::current_path(cartella); }
+  ~InCartella() { std::filesystem::current_path(prima); }
+};
+
 TEST_F(Resave, SalvaAlSuoPostoEDiceCosaHaScritto) {
   const Esito e = Cli({"resave", lavori + "Rossi.CFG"});
   ASSERT_EQ(e.stato, 0) << e.err;
@@ -83,6 +90,27 @@ TEST_F(Resave, ParteComeIlProgrammaConLeImpostazioniDellUtente) {
   EXPECT_EQ(righe[153], "77");     // block B, statement 1
   EXPECT_EQ(righe[167], "1,2,3");  // statement 15
   EXPECT_EQ(LeggiFileProva(radice / "VR2000/SALVAINI.INI").substr(0, 4), "77\r\n");
+}
+
+TEST_F(Resave, PercorsiRelativiResiAssoluti) {
+  std::filesystem::create_directories(radice / "VR2000/LAVORI/NUOVO");
+  prova::ScriviFileProva(radice / "VR2000/LAVORI/NUOVO/NUOVO.CFG", cfg);
+  std::filesystem::create_directory_symlink(radice / "VR2000", radice / "collegamento");
+  Esito nuovo, collegato, verdi;
+  {
+    InCartella qui(lavori);
+    nuovo = Cli({"resave", "../VR2000/LAVORI/../LAVORI/NUOVO/NUOVO"});
+    collegato = Cli({"resave", radice / "collegamento/LAVORI/NUOVO/NUOVO"});
+    verdi = Cli({"resave", "./rossi.cfg", "--as", "../lavori/verdi"});
+  }
+  // The default job, however it is spelt or reached, is never saved over in place.
+  EXPECT_EQ(nuovo.stato, 2);
+  EXPECT_EQ(collegato.stato, 2);
+  EXPECT_EQ(prova::NomiIn(radice / "VR2000/LAVORI/NUOVO"), std::vector<std::string>{"NUOVO.CFG"});
+  // A job is recorded by a name that means the same from any folder.
+  ASSERT_EQ(verdi.stato, 0) << verdi.err;
+  EXPECT_EQ(LeggiFileProva(lavori + "VERDI.INF"), "\"" + lavori + "VERDI\"\r\n");
+  EXPECT_EQ(LeggiFileProva(radice / "VR2000/LavoriRecenti.txt"), lavori + "VERDI.CFG\r\n");
 }
 
 TEST_F(Resave, ErroriDUso) {
