@@ -113,6 +113,20 @@ TEST_F(Resave, PercorsiRelativiResiAssoluti) {
   EXPECT_EQ(LeggiFileProva(radice / "VR2000/LavoriRecenti.txt"), lavori + "VERDI.CFG\r\n");
 }
 
+TEST_F(Resave, CfgConVirgoletteRotteNonVieneRiscritto) {
+  // A quote left open on line 4: read on, every later item would stand one place late.
+  std::string rotto = prova::CfgManuale("VR2020", "1725000,5031000,50");
+  rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
+  prova::ScriviFileProva(lavori + "rossi.cfg", rotto);
+  const Esito e = Cli({"resave", lavori + "rossi"});
+  EXPECT_EQ(e.stato, 2);
+  EXPECT_NE(e.err.find("Rilevato errore: Si è verificato questo errore : Type mismatch: riga 4 o il file potrebbe "
+                       "essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
+            std::string::npos);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFG"), rotto);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
+}
+
 TEST_F(Resave, ErroriDUso) {
   EXPECT_EQ(Cli({"resave"}).stato, 64);
   EXPECT_EQ(Cli({"resave", lavori + "rossi", "--as"}).stato, 64);
