@@ -7,7 +7,6 @@
 #include "Comandi.h"
 #include "Terminale.h"
 #include "core/Avvio.h"
-#include "core/Configura.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -56,9 +55,7 @@ int ComandoResave(const Argomenti& a, std::ostream& out, std::ostream& err) {
   Sessione s;
   InterfacciaResave ui(err, nuovo);
   s.Ui = &ui;
-  ImpostaCartelle(s);
-  if (!CreaAlberoCartelle(s)) return 2;
-  ConfiguraLeggi(s);
+  if (!AvviaSessione(s)) return 2;
   s.NomeOriginale = *base;
   s.TipoFile = "CFG";
   VR_ApriLavoro(s);

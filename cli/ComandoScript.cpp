@@ -64,10 +64,8 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   Sessione s;
   InterfacciaScript ui(out);
   s.Ui = &ui;
-  ImpostaCartelle(s);
   s.CartellaUtente = corsa.Percorso();
-  if (!CreaAlberoCartelle(s)) return 1;
-  InizializzaDefault(s);
+  if (!AvviaSessione(s)) return 1;
   // The job is opened as the program opens it: in a provisional copy, where all the work
   // is done; only SAVE brings it back over the original.
   s.NomeOriginale = *base;

@@ -88,8 +88,7 @@ int ComandoSettings(const Argomenti& a, std::ostream& out, std::ostream& err) {
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
   s.SolaLettura = true;
-  ImpostaCartelle(s);
-  InizializzaDefault(s);
+  AvviaSessione(s);
   LeggiStampaPaginato(s);
   a.Ha("--json") ? SettingsJson(s, out) : SettingsTesto(s, out);
   return ui.Errori ? 2 : 0;

@@ -14,7 +14,7 @@ void InterfacciaTerminale::Messaggio(std::string_view testo, std::string_view ti
 }
 
 std::optional<std::string> BaseLavoro(const std::string& argomento) {
-  std::string base = NormalizzaPercorso(argomento);
+  std::string base = PercorsoAssoluto(argomento);
   if (base.size() > 4 && UgualeSenzaCaso(base.substr(base.size() - 4), ".CFG")) base.resize(base.size() - 4);
   // As it stands on disk, so that reports name the job as the user's files do.
   const auto cfg = TrovaFile(base + ".CFG");
@@ -28,14 +28,12 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
     err << "Lavoro non trovato: " << argomento << "\n";
     return false;
   }
-  ImpostaCartelle(s);
   s.SolaLettura = true;
   // The settings and tables in force, read where they stand or taken as defaults: colours,
   // line types and point configurations shape what a report shows and a picture paints.
-  InizializzaDefault(s);
+  AvviaSessione(s);
   s.NomeOriginale = *base;
   s.NomeLavoro = *base;
-  ClearAllTables(s);
   CaricaLavoro(s);
   return true;
 }

@@ -25,7 +25,8 @@ class InterfacciaTerminale : public InterfacciaMuta {
   std::ostream& err_;
 };
 
-// The job's base path from a name given with or without ".CFG", in any letter case.
+// The job's base path from a name given with or without ".CFG", in any letter case: absolute,
+// as the files on disk spell it.
 std::optional<std::string> BaseLavoro(const std::string& argomento);
 
 // Reads the job where it stands, writing nothing anywhere. False, with a message, when the

@@ -52,7 +52,9 @@ std::string CartellaDocumentiUtente() {
 
 void ImpostaCartelle(Sessione& s) {
   const std::string doc = Ambiente("VARENA_DOCUMENTI");
-  s.CartellaDocumenti = SenzaSeparatoreFinale(NormalizzaPercorso(doc.empty() ? CartellaDocumentiUtente() : doc));
+  // Absolute, as every path built on them must be: a job under a working root named from the
+  // current folder would be recorded by a name that means nothing from another one.
+  s.CartellaDocumenti = PercorsoAssoluto(doc.empty() ? CartellaDocumentiUtente() : doc);
   s.CartellaLavoro = s.CartellaDocumenti + "/VR2000/";
   std::string prog = Ambiente("VARENA_PROGRAMMA");
   if (prog.empty()) {
@@ -60,7 +62,7 @@ void ImpostaCartelle(Sessione& s) {
     if (dati.empty()) dati = (Ambiente("HOME").empty() ? "/tmp" : Ambiente("HOME")) + "/.local/share";
     prog = dati + "/varena";
   }
-  s.CartellaProgramma = SenzaSeparatoreFinale(NormalizzaPercorso(prog));
+  s.CartellaProgramma = PercorsoAssoluto(prog);
 }
 
 bool CreaAlberoCartelle(Sessione& s) {
@@ -130,11 +132,13 @@ std::string LeggiComune(const std::string& percorso) {
   return in.Fine() ? std::string() : in.LeggiTesto();
 }
 
-// The job handed over: its extension as `DividiNomeComune` finds it, its name upper-cased as
-// it always was but for the folders above it, named as they stand on disk on this system.
+// The job handed over, absolute: its extension as `DividiNomeComune` finds it, its name
+// upper-cased as it always was but for the folders above it, named as they stand on disk on
+// this system.
 NomeConEstensione NomeDaComune(const std::string& letto) {
-  NomeConEstensione n = DividiNomeComune(letto);
-  if (!n.Nome.empty()) n.Nome = NomeMaiuscolo(letto.substr(0, n.Nome.size()));
+  const std::string percorso = PercorsoAssoluto(letto);
+  NomeConEstensione n = DividiNomeComune(percorso);
+  if (!n.Nome.empty()) n.Nome = NomeMaiuscolo(percorso.substr(0, n.Nome.size()));
   return n;
 }
 
@@ -189,14 +193,18 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   });
 }
 
-void VarenaLoad(Sessione& s, const std::string& rigaComando) {
+bool AvviaSessione(Sessione& s) {
   s.RoutineCorrente = "VarenaLoad";
   ImpostaCartelle(s);
-  if (!CreaAlberoCartelle(s)) return;
+  if (!s.SolaLettura && !CreaAlberoCartelle(s)) return false;
   InizializzaDefault(s);
   s.RoutineCorrente = "VarenaLoad1";
   ClearAllTables(s);
-  ApriLavoroIniziale(s, rigaComando);
+  return true;
+}
+
+void VarenaLoad(Sessione& s, const std::string& rigaComando) {
+  if (AvviaSessione(s)) ApriLavoroIniziale(s, rigaComando);
 }
 
 }  // namespace varena

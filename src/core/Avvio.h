@@ -30,11 +30,19 @@ struct NomeConEstensione {
 };
 NomeConEstensione DividiNomeComune(const std::string& testo);
 
-// `VarenaLoad` without the window: folders, defaults, tables, then the job of the command
-// line, of `COMMON.CFG` or of the last run.
+// How every entry point starts, the desktop program and each command of varena-cli alike:
+// the folders (made, unless the session may not write), the defaults, the settings and the
+// tables in force, SALVAINI among them, and empty entity tables. False when the folder tree
+// could not be made (the error box has been shown).
+bool AvviaSessione(Sessione& s);
+
+// `VarenaLoad` without the window: `AvviaSessione`, then the job of the command line, of
+// `COMMON.CFG` or of the last run.
 void VarenaLoad(Sessione& s, const std::string& rigaComando);
 
-// The part of `VarenaLoad` that picks and opens the job.
+// The part of `VarenaLoad` that picks and opens the job. The path handed over is made
+// absolute against the current folder: the job is recorded by that name in its `.INF` and
+// in `LavoriRecenti.txt`, which are read again from anywhere.
 void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando);
 
 }  // namespace varena

@@ -48,6 +48,17 @@ bool Esiste(const std::string& p, bool* cartella = nullptr) {
 
 std::string NormalizzaPercorso(std::string_view p) { return Sostituisci(p, "\\", "/"); }
 
+std::string PercorsoAssoluto(std::string_view percorso) {
+  const std::string n = NormalizzaPercorso(percorso);
+  if (Rifila(n).empty()) return n;
+  std::error_code ec;
+  fs::path p = fs::absolute(fs::path(n), ec);
+  if (ec) p = n;  // no current folder to stand on: left as given
+  std::string r = p.lexically_normal().string();
+  while (r.size() > 1 && r.back() == '/') r.pop_back();
+  return r;
+}
+
 std::string Cartella(std::string_view p) {
   const std::string n = NormalizzaPercorso(p);
   const size_t k = n.find_last_of('/');

@@ -15,6 +15,10 @@ namespace varena {
 std::string NormalizzaPercorso(std::string_view percorso);
 std::string Cartella(std::string_view percorso);  // with no trailing separator
 std::string Foglia(std::string_view percorso);
+// A path the way every job path is kept: normalised, made absolute against the current
+// folder, "." and ".." resolved by their names, no trailing separator. A blank path stays
+// blank. Whatever folder the program is later run from, the path names the same file.
+std::string PercorsoAssoluto(std::string_view percorso);
 
 // The path as it stands on disk: exact if it exists, else each component matched without
 // regard to letter case. No value when nothing matches.

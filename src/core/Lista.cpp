@@ -1,6 +1,8 @@
 // Writer and reader of list statements.
 #include "core/Lista.h"
 
+#include <algorithm>
+
 #include "core/Errori.h"
 #include "core/Testo.h"
 
@@ -47,6 +49,8 @@ std::string LettoreLista::Elemento() {
   // After a comma an item may be empty when the line ends at once; at the start of a
   // statement, blank lines are passed over.
   while (pos_ < testo_.size() && Blank(testo_[pos_])) ++pos_;
+  inizio_ = pos_;
+  virgolette_ = false;
   if (dopoVirgola_ && pos_ < testo_.size() && FineRiga(testo_[pos_])) {
     dopoVirgola_ = false;
     if (testo_[pos_] == '\r' && pos_ + 1 < testo_.size() && testo_[pos_ + 1] == '\n') ++pos_;
@@ -54,9 +58,11 @@ std::string LettoreLista::Elemento() {
     return {};
   }
   SaltaVuoti();
+  inizio_ = pos_;
   if (pos_ >= testo_.size()) throw ErroreVarena(kErroreFineFile);
   std::string item;
-  if (testo_[pos_] == '"') {
+  virgolette_ = testo_[pos_] == '"';
+  if (virgolette_) {
     const size_t chiusa = testo_.find('"', pos_ + 1);
     if (chiusa == std::string::npos) {
       item = testo_.substr(pos_ + 1);
@@ -90,6 +96,11 @@ int32_t LettoreLista::LeggiI32() { return InteroLungo(LeggiNumero()); }
 uint8_t LettoreLista::LeggiU8() {
   const int64_t v = ArrotondaPari(LeggiNumero());
   return static_cast<uint8_t>(v < 0 ? 0 : (v > 255 ? 255 : v));
+}
+
+size_t LettoreLista::RigaElemento() const {
+  const auto fine = testo_.begin() + static_cast<std::ptrdiff_t>(std::min(inizio_, testo_.size()));
+  return 1 + static_cast<size_t>(std::count(testo_.begin(), fine, '\n'));
 }
 
 std::string LettoreLista::LeggiRiga() {

@@ -42,12 +42,18 @@ class LettoreLista {
   // The rest of the current line, as a whole-line read.
   std::string LeggiRiga();
   size_t Posizione() const { return pos_; }
+  // Of the item read last: whether it stood between quotes, and the line it began on,
+  // counted from 1.
+  bool TraVirgolette() const { return virgolette_; }
+  size_t RigaElemento() const;
 
  private:
   void SaltaVuoti();
   std::string testo_;
   size_t pos_ = 0;
+  size_t inizio_ = 0;
   bool dopoVirgola_ = false;
+  bool virgolette_ = false;
 };
 
 }  // namespace varena

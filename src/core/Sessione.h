@@ -103,7 +103,8 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica {
   std::vector<std::string> LibrettoMisure;
   std::string Testo126;
   std::string TestoCel;
-  // Members whose meaning belongs to later work, kept as read so that a save loses nothing.
+  // Members whose meaning belongs to later work, kept as read so that a save loses nothing;
+  // and a `.CFG` found damaged at the load, which a save puts back as it stood.
   std::map<int, std::string> MembriConservati;
 
   // The undo generations share unchanged members through hard links; false gives each

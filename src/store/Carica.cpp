@@ -137,7 +137,7 @@ void CaricaInf(Sessione& s) {
     const auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(SlotInf));
     if (!byte) return;
     LettoreLista in(Cp1252InUtf8(*byte));
-    if (!in.Fine()) s.NomeOriginale = in.LeggiTesto();
+    if (!in.Fine()) s.NomeOriginale = PercorsoAssoluto(in.LeggiTesto());
   });
 }
 

@@ -1,9 +1,12 @@
 // Reading and writing of the `.CFG` blocks, driven by the table of statement shapes.
 #include "store/Cfg.h"
 
+#include <algorithm>
+
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
+#include "core/FileTabella.h"
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -85,16 +88,39 @@ BloccoCfg BloccoVuoto(const std::vector<std::string>& forma) {
   return b;
 }
 
+// An item of the wrong kind for its place. A quote left open swallows the end of its line
+// and the item after it, and from there on every item stands one place late: each setting
+// would take its neighbour's value. The first item out of place stops the read.
+class VoceFuoriPosto : public ErroreVarena {
+ public:
+  explicit VoceFuoriPosto(size_t riga) : ErroreVarena(std::string(kErroreTipo) + ": riga " + std::to_string(riga)) {}
+};
+
+// A string stands between quotes within one line, or bare when it is not a number; a
+// number stands bare, or is left out.
+bool AlSuoPosto(const std::string& voce, bool virgolette, char tipo) {
+  if (tipo == 's') return virgolette ? voce.find_first_of("\r\n") == std::string::npos : !EUnNumero(voce);
+  return !virgolette && (voce.empty() || EUnNumero(voce));
+}
+
+std::string LeggiVoce(LettoreLista& in, char tipo) {
+  std::string voce = in.Elemento();
+  if (!AlSuoPosto(voce, in.TraVirgolette(), tipo)) throw VoceFuoriPosto(in.RigaElemento());
+  return voce;
+}
+
 void LeggiValore(LettoreLista& in, ValoreCfg& v) {
+  std::string voce = LeggiVoce(in, v.Tipo);
   if (v.Tipo == 's') {
-    v.Testo = in.LeggiTesto();
+    v.Testo = std::move(voce);
     return;
   }
+  const double x = Val(voce);
   switch (v.Tipo) {
-    case 'i': v.Numero = in.LeggiI16(); break;
-    case 'l': v.Numero = in.LeggiI32(); break;
-    case 'b': v.Numero = in.LeggiU8(); break;
-    default: v.Numero = in.LeggiNumero(); break;
+    case 'i': v.Numero = InteroCorto(x); break;
+    case 'l': v.Numero = InteroLungo(x); break;
+    case 'b': v.Numero = static_cast<double>(std::clamp<int64_t>(ArrotondaPari(x), 0, 255)); break;
+    default: v.Numero = x; break;
   }
 }
 
@@ -134,7 +160,7 @@ CfgLavoro::CfgLavoro() : A(BloccoVuoto(FormaBloccoA())), B(BloccoVuoto(FormaBloc
 
 void LeggiBloccoA(LettoreLista& in, BloccoCfg& a) {
   for (IstruzioneCfg& ist : a.Istruzioni) {
-    ist.Etichetta = in.LeggiTesto();
+    ist.Etichetta = LeggiVoce(in, 's');
     for (ValoreCfg& v : ist.Valori) LeggiValore(in, v);
   }
 }
@@ -215,20 +241,36 @@ void RicordaBloccoB(Sessione& s) {
 
 void CaricaCFGProvvisorio(Sessione& s) {
   s.RoutineCorrente = "CaricaCFGProvvisorio";
+  s.MembriConservati.erase(SlotCfg);
   Protetto(s, [&] {
     const auto byte = LeggiByte(s.NomeLavoro + ".CFG");
     if (!byte) return;
     LettoreLista in(Cp1252InUtf8(*byte));
-    s.Edizione = in.LeggiTesto();
-    LeggiBloccoA(in, s.Cfg.A);
-    if (s.Edizione == "VR2020" || s.Edizione == "VR2000") {
-      // Block B carries the view; a file that breaks off inside it still gives what it had.
-      struct Applica {
-        Sessione& s;
-        ~Applica() { ApplicaBloccoB(s); }
-      } applica{s};
-      LeggiBloccoB(in, s.Cfg.B);
+    BloccoCfg a = s.Cfg.A, b = s.Cfg.B;
+    bool bloccoB = false;
+    // A file that breaks off still gives what it had, block B (which carries the view)
+    // included.
+    auto prendi = [&] {
+      s.Cfg.A = std::move(a);
+      if (!bloccoB) return;
+      s.Cfg.B = std::move(b);
+      ApplicaBloccoB(s);
+    };
+    try {
+      s.Edizione = LeggiVoce(in, 's');
+      LeggiBloccoA(in, a);
+      bloccoB = s.Edizione == "VR2020" || s.Edizione == "VR2000";
+      if (bloccoB) LeggiBloccoB(in, b);
+    } catch (const VoceFuoriPosto&) {
+      // Items out of place give nothing, and the member is kept as it was read: the saver
+      // puts these very bytes back, so that no save writes the slipped values into the job.
+      s.MembriConservati[SlotCfg] = *byte;
+      throw;
+    } catch (...) {
+      prendi();
+      throw;
     }
+    prendi();
   });
 }
 

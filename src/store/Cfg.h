@@ -87,7 +87,9 @@ struct EtichettaA {
 const std::vector<EtichettaA>& EtichetteBloccoA();
 
 // Reading consumes exactly what the writer emits. A file that ends early stops the read
-// with the common error; what was read so far stays.
+// with the common error; what was read so far stays. An item of the wrong kind for its
+// place (a quoted text where a number belongs, a bare number where a text belongs, a quoted
+// text running over its line's end) stops it with "Type mismatch: riga N".
 void LeggiBloccoA(LettoreLista& in, BloccoCfg& a);
 void LeggiBloccoB(LettoreLista& in, BloccoCfg& b);
 std::string ScriviBloccoA(const BloccoCfg& a);
@@ -100,8 +102,9 @@ void RaccogliBloccoB(Sessione& s);
 // at the end of a load.
 void RicordaBloccoB(Sessione& s);
 
-// `CaricaCFGProvvisorio`: the `.CFG` of `NomeLavoro`. The whole text of a `.CFG` is
-// `TestoCfg`.
+// `CaricaCFGProvvisorio`: the `.CFG` of `NomeLavoro`. When its items are out of place,
+// nothing of it is taken and its bytes are kept in `MembriConservati`, which the saver
+// writes back instead of `TestoCfg`. The whole text of a `.CFG` is `TestoCfg`.
 void CaricaCFGProvvisorio(Sessione& s);
 std::string TestoCfg(Sessione& s);
 

@@ -154,7 +154,7 @@ bool EliminaLavoro(Sessione& s, const std::string& percorsoCfg) {
 }
 
 bool ApriLavoroScelto(Sessione& s, const std::string& percorso) {
-  const std::string n = NormalizzaPercorso(percorso);
+  const std::string n = PercorsoAssoluto(percorso);
   if (!FinisceCon(Maiuscolo(n), ".CFG")) {
     s.Ui->Messaggio("Formato non riconosciuto:\n" + n, "Apri Lavoro", Icona::Avviso);
     return false;

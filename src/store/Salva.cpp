@@ -252,7 +252,12 @@ void SalvaCel(Passata& p) {
 
 void SalvaCfg(Passata& p) {
   p.s.RoutineCorrente = "SalvaCfg";
-  Deponi(p, SlotCfg, Utf8InCp1252(TestoCfg(p.s)), nullptr);
+  // A `.CFG` whose items were found out of place at the load goes back as it was read.
+  const auto danneggiato = p.s.MembriConservati.find(SlotCfg);
+  if (danneggiato != p.s.MembriConservati.end())
+    Deponi(p, SlotCfg, danneggiato->second, nullptr);
+  else
+    Deponi(p, SlotCfg, Utf8InCp1252(TestoCfg(p.s)), nullptr);
 }
 
 void SalvaPiani(Passata& p) {

@@ -24,9 +24,15 @@ constexpr const char* kSuffissoNuovo = ".~nuovo";
 
 bool Estensione(int slot) { return EstensioneFile(slot)[0] != '\0'; }
 
+// The default job, by its name in any letter case, or by its folder on disk, which a link
+// may reach under another name. Job paths are absolute and normal from the moment they come
+// in, so that no spelling of the name ("./", "..", a relative path) saves over it in place.
 bool LavoroNuovo(const Sessione& s) {
-  const std::string n = Rifila(s.NomeOriginale);
-  return n.empty() || Maiuscolo(NormalizzaPercorso(n)) == Maiuscolo(NomeLavoroNuovo(s));
+  const std::string n = PercorsoAssoluto(Rifila(s.NomeOriginale));
+  if (n.empty()) return true;
+  const std::string nuovo = NomeLavoroNuovo(s);
+  if (Maiuscolo(n) == Maiuscolo(nuovo)) return true;
+  return Maiuscolo(Foglia(n)) == Maiuscolo(Foglia(nuovo)) && StessoFile(Cartella(n), Cartella(nuovo));
 }
 
 // The base path with its folder as it stands on disk, so that the names formed from it are
@@ -55,7 +61,7 @@ std::optional<std::string> NomeScelto(const std::string& scelta) {
   if (nome.size() >= 4 && UgualeSenzaCaso(std::string_view(nome).substr(nome.size() - 4), ".CFG"))
     nome.resize(nome.size() - 4);
   if (Rifila(nome).empty()) return std::nullopt;
-  return nome;
+  return PercorsoAssoluto(nome);
 }
 
 // The name chosen in the "Salva Con Nome ..." dialog, after the overwrite question.

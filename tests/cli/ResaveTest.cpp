@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/CodicePagina.h"
+#include "core/File.h"
 #include "store/Cfg.h"
 #include "support/ProvaCli.h"
 #include "support/Supporto.h"
@@ -25,12 +26,23 @@ class Resave : public ::testing::Test {
     Sessione s;
     cfg = Utf8InCp1252(TestoCfg(s));
     ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
+    ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
     lavori = radice / "lavori/";
     std::filesystem::create_directories(lavori);
     prova::ScriviFileProva(lavori + "rossi.cfg", cfg);
     prova::ScriviFileProva(lavori + "rossi.lll", prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
   }
-  void TearDown() override { ::unsetenv("VARENA_DOCUMENTI"); }
+  void TearDown() override {
+    ::unsetenv("VARENA_DOCUMENTI");
+    ::unsetenv("VARENA_PROGRAMMA");
+  }
+};
+
+// The current folder for the life of the object.
+struct InCartella {
+  std::filesystem::path prima = std::filesystem::current_path();
+  explicit InCartella(const std::string& cartella) { std::filesystem::current_path(cartella); }
+  ~InCartella() { std::filesystem::current_path(prima); }
 };
 
 TEST_F(Resave, SalvaAlSuoPostoEDiceCosaHaScritto) {
@@ -61,6 +73,58 @@ TEST_F(Resave, SalvaConUnAltroNome) {
   const Esito ancora = Cli({"resave", lavori + "rossi.cfg", "--as=" + lavori + "BIANCHI.CFG"});
   ASSERT_EQ(ancora.stato, 0) << ancora.err;
   EXPECT_NE(ancora.err.find("Salva Con Nome ...: Il file :\r\n" + lavori + "BIANCHI\r\nè esistente!"), std::string::npos);
+}
+
+TEST_F(Resave, ParteComeIlProgrammaConLeImpostazioniDellUtente) {
+  // The drawing defaults the last job left: zoom step 77, view 1,2,3 (block B to statement 17).
+  std::filesystem::create_directories(radice / "VR2000");
+  prova::ScriviFileProva(radice / "VR2000/SALVAINI.INI",
+                         "77\r\n7\r\n1,1,0,1,1\r\n\"Arial\"\r\n5,0\r\n3\r\n\"0\"\r\n0\r\n1.7\r\n\"\",\"\"\r\n"
+                         "\"\"\r\n1\r\n0\r\n0\r\n1,2,3\r\n\"\"\r\n0\r\n");
+  // An older edition has no block B: the job takes those defaults, as it does in the program.
+  prova::ScriviFileProva(lavori + "rossi.cfg", "\"VR1999\"\r\n" + prova::BloccoAManuale());
+  const Esito e = Cli({"resave", lavori + "rossi"});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  const std::vector<std::string> righe = RigheTesto(LeggiFileProva(lavori + "rossi.CFG"));
+  ASSERT_EQ(righe.size(), 1u + 152u + 24u);
+  EXPECT_EQ(righe[153], "77");     // block B, statement 1
+  EXPECT_EQ(righe[167], "1,2,3");  // statement 15
+  EXPECT_EQ(LeggiFileProva(radice / "VR2000/SALVAINI.INI").substr(0, 4), "77\r\n");
+}
+
+TEST_F(Resave, PercorsiRelativiResiAssoluti) {
+  std::filesystem::create_directories(radice / "VR2000/LAVORI/NUOVO");
+  prova::ScriviFileProva(radice / "VR2000/LAVORI/NUOVO/NUOVO.CFG", cfg);
+  std::filesystem::create_directory_symlink(radice / "VR2000", radice / "collegamento");
+  Esito nuovo, collegato, verdi;
+  {
+    InCartella qui(lavori);
+    nuovo = Cli({"resave", "../VR2000/LAVORI/../LAVORI/NUOVO/NUOVO"});
+    collegato = Cli({"resave", radice / "collegamento/LAVORI/NUOVO/NUOVO"});
+    verdi = Cli({"resave", "./rossi.cfg", "--as", "../lavori/verdi"});
+  }
+  // The default job, however it is spelt or reached, is never saved over in place.
+  EXPECT_EQ(nuovo.stato, 2);
+  EXPECT_EQ(collegato.stato, 2);
+  EXPECT_EQ(prova::NomiIn(radice / "VR2000/LAVORI/NUOVO"), std::vector<std::string>{"NUOVO.CFG"});
+  // A job is recorded by a name that means the same from any folder.
+  ASSERT_EQ(verdi.stato, 0) << verdi.err;
+  EXPECT_EQ(LeggiFileProva(lavori + "VERDI.INF"), "\"" + lavori + "VERDI\"\r\n");
+  EXPECT_EQ(LeggiFileProva(radice / "VR2000/LavoriRecenti.txt"), lavori + "VERDI.CFG\r\n");
+}
+
+TEST_F(Resave, CfgConVirgoletteRotteNonVieneRiscritto) {
+  // A quote left open on line 4: read on, every later item would stand one place late.
+  std::string rotto = prova::CfgManuale("VR2020", "1725000,5031000,50");
+  rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
+  prova::ScriviFileProva(lavori + "rossi.cfg", rotto);
+  const Esito e = Cli({"resave", lavori + "rossi"});
+  EXPECT_EQ(e.stato, 2);
+  EXPECT_NE(e.err.find("Rilevato errore: Si è verificato questo errore : Type mismatch: riga 4 o il file potrebbe "
+                       "essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
+            std::string::npos);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFG"), rotto);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
 }
 
 TEST_F(Resave, ErroriDUso) {

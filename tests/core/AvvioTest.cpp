@@ -65,6 +65,17 @@ TEST_F(Avvio, RigaDiComandoTraVirgoletteConSpazi) {
   EXPECT_FALSE(prova::Esiste(Comune()));  // the hand-over is consumed
 }
 
+TEST_F(Avvio, RigaDiComandoRelativa) {
+  const std::string base = CopiaEsempio(utente / "L");
+  const fs::path prima = fs::current_path();
+  fs::current_path(utente / "L");
+  VarenaLoad(s, "../L/./rilievo.cfg");
+  fs::current_path(prima);
+  // The name the job is recorded by means the same from any folder.
+  EXPECT_EQ(s.NomeOriginale, base);
+  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".INF"), "\"" + base + "\"\r\n");
+}
+
 TEST_F(Avvio, DividiNomeComune) {
   auto n = DividiNomeComune("/home/x/my.jobs/rilievo.v2.cfg");
   EXPECT_EQ(n.Nome, "/HOME/X/MY.JOBS/RILIEVO.V2");

@@ -67,17 +67,44 @@ TEST_F(CaricaTesti, CfgBloccoAConsumatoEBloccoBLetto) {
 }
 
 TEST_F(CaricaTesti, CfgTroncatoOSporcoDaIlBoxENonRompe) {
+  auto box = [](const std::string& errore) {
+    return "Si è verificato questo errore : " + errore +
+           " o il file potrebbe essere di sola lettura!\nNella Routine CaricaCFGProvvisorio";
+  };
+  Scrivi(".CFG", "\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n");
+  CaricaCFGProvvisorio(s);
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Input past end of file"));
+  EXPECT_EQ(s.Cfg.A(1, 0).Numero, 2);  // what the file had is taken
   std::string sporco;
   for (int i = 0; i < 5000; ++i) sporco.push_back(static_cast<char>((i * 7919) % 256));
-  for (const std::string& cfg : {std::string("\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n"), sporco}) {
+  p.ui.Messaggi.clear();
+  Scrivi(".CFG", sporco);
+  CaricaCFGProvvisorio(s);
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Testo.rfind("Si è verificato questo errore : Type mismatch: riga ", 0), 0u);
+
+  // A quote left open on line 4 swallows the line end: read on, every later item would take
+  // its neighbour's place. Nothing of the file is taken, and its bytes wait for the saver.
+  s.Vista.AltezzaVista = 55;
+  std::string rotto = prova::CfgManuale("VR2020", "10,20,30");
+  rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
+  // A quoted text where a number belongs: the first statement, on line 2.
+  std::string virgolettato = prova::CfgManuale("VR2020", "10,20,30");
+  virgolettato.replace(virgolettato.find("\"\",1\r\n"), 6, "\"\",\"1\"\r\n");
+  for (const auto& [cfg, riga] : {std::pair{rotto, 4}, std::pair{virgolettato, 2}}) {
     p.ui.Messaggi.clear();
     Scrivi(".CFG", cfg);
     CaricaCFGProvvisorio(s);
     ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-    EXPECT_EQ(p.ui.Messaggi[0].Testo,
-              "Si è verificato questo errore : Input past end of file o il file potrebbe essere di sola lettura!\n"
-              "Nella Routine CaricaCFGProvvisorio");
+    EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Type mismatch: riga " + std::to_string(riga)));
+    EXPECT_EQ(s.Vista.AltezzaVista, 55);
+    EXPECT_EQ(s.Cfg.A(1, 0).Numero, 2);
+    EXPECT_EQ(s.MembriConservati.at(SlotCfg), cfg);
   }
+  Cfg("10,20,30");  // mended, it is read, and the mark is gone
+  EXPECT_EQ(s.Vista.AltezzaVista, 30);
+  EXPECT_EQ(s.MembriConservati.count(SlotCfg), 0u);
 }
 
 TEST_F(CaricaTesti, CfgScrittoERiletto) {
