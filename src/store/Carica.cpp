@@ -16,6 +16,7 @@
 #include "exchange/Importatori.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
+#include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
 #include "view/Rigenera.h"
@@ -235,7 +236,11 @@ void VR_ApriLavoro(Sessione& s) {
   EliminaProvviso(s);
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = "VR_ApriLavoro";
-  if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
+  if (!Protetto(s, [&] {
+        RiprendiSalvataggio(s);
+        CopiaInProvvisorio(s);
+      }))
+    return;
   CaricaLavoro(s);
   VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {

@@ -1,6 +1,8 @@
 // varena-cli resave: open, snapshot, save back or save as, and the list of what was written.
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 
 #include "core/CodicePagina.h"
@@ -125,6 +127,45 @@ TEST_F(Resave, CfgConVirgoletteRotteNonVieneRiscritto) {
             std::string::npos);
   EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFG"), rotto);
   EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
+}
+
+TEST_F(Resave, UnSalvataggioInterrottoInfoLoDiceResaveLoCompleta) {
+  // A save cut short as soon as its journal stood: the new members wait beside the originals.
+  const std::string spostato = prova::RecordPuntoBase("101", 1725001, 5031000, 14).Byte();
+  prova::ScriviFileProva(lavori + "rossi.LLL.~nuovo", spostato);
+  prova::ScriviFileProva(lavori + "rossi.CFG.~nuovo", cfg);
+  auto inode = [&](const std::string& nome) {
+    struct stat st {};
+    EXPECT_EQ(::stat((lavori + nome).c_str(), &st), 0);
+    return std::to_string(st.st_ino);
+  };
+  prova::ScriviFileProva(lavori + "rossi.~salvataggio",
+                         "\"VR2020 SALVATAGGIO\"\r\n"
+                         "\"rossi.lll\",\"\",\"rossi.LLK\",\"rossi.LLL.~nuovo\",\"rossi.LLL\",\"256\",\"" +
+                             inode("rossi.LLL.~nuovo") +
+                             "\"\r\n"
+                             "\"rossi.cfg\",\"\",\"rossi.CFK\",\"rossi.CFG.~nuovo\",\"rossi.CFG\",\"" +
+                             std::to_string(cfg.size()) + "\",\"" + inode("rossi.CFG.~nuovo") + "\"\r\n");
+  const std::vector<std::string> lasciati = prova::NomiIn(lavori);
+  // Reading writes nothing: it says what the opening will do, and that what it shows is partial.
+  const Esito letto = Cli({"info", lavori + "rossi"});
+  EXPECT_EQ(letto.stato, 2);
+  EXPECT_EQ(letto.err,
+            "Salvataggio interrotto: L'ultimo salvataggio del Lavoro rossi si era interrotto: alla prossima apertura "
+            "sarà completato; ora i file sono letti come stanno.\n");
+  EXPECT_EQ(prova::NomiIn(lavori), lasciati);
+  // Opening completes it, and the save goes on from there.
+  const Esito e = Cli({"resave", lavori + "rossi"});
+  ASSERT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(e.err.rfind("Salvataggio interrotto: L'ultimo salvataggio del Lavoro rossi si era interrotto: è stato "
+                        "completato, il Lavoro è quello salvato.\n",
+                        0),
+            0u)
+      << e.err;
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), spostato);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLK"), spostato);
+  EXPECT_FALSE(Esiste(lavori + "rossi.lll"));
+  EXPECT_FALSE(Esiste(lavori + "rossi.~salvataggio"));
 }
 
 TEST_F(Resave, ErroriDUso) {

@@ -115,6 +115,7 @@ TEST_F(Salvataggio, LaCopiaNellaCartellaDelleImpostazioniSegueIlLavoro) {
 
   // The job loses its lines: the copy loses its own as well.
   std::remove((base + ".LIN").c_str());
+  std::remove((base + ".LIK").c_str());
   Apri();
   s.Imp.Cartella_Copia_Salvataggio = condivisa;
   ASSERT_TRUE(Salva(s));
