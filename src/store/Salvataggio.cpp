@@ -1,6 +1,7 @@
 // Save, save as, new job and the close question.
 #include "store/Salvataggio.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -117,14 +118,15 @@ bool RiapriDallOriginale(Sessione& s, const char* routine) {
 
 // Every member of the provisional copy copied beside the original, before any original is
 // touched: a failure here (a full disk, a file that cannot be written) leaves the originals
-// and their backups as they were. The copies by slot.
+// and their backups as they were. The copies by slot; none for a member read with an error,
+// which the save leaves alone.
 std::array<std::string, NumeroSlot> CopieAccanto(const Sessione& s, const std::string& base) {
   const FileLavoro provvisorio = ElencaFileLavoro(s.NomeLavoro);
   std::array<std::string, NumeroSlot> pronti;
   try {
     for (int slot = 0; slot < NumeroSlot; ++slot) {
       const auto k = static_cast<size_t>(slot);
-      if (!Estensione(slot)) continue;
+      if (!Estensione(slot) || s.MembroGuasto[k]) continue;
       const std::string tmp = base + EstensioneFile(slot) + kSuffissoNuovo;
       if (!provvisorio.Membro[k].empty()) {
         CopiaFile(provvisorio.Membro[k], tmp);
@@ -146,14 +148,15 @@ std::array<std::string, NumeroSlot> CopieAccanto(const Sessione& s, const std::s
 }
 
 // What goes where: one generation of backups, the older ones going, the originals taking
-// their names and the copies the originals'.
-std::vector<VoceGiornale> VociDelSalvataggio(const std::string& base,
+// their names and the copies the originals'. A member read with an error keeps its file and
+// its backup.
+std::vector<VoceGiornale> VociDelSalvataggio(const Sessione& s, const std::string& base,
                                              const std::array<std::string, NumeroSlot>& pronti) {
   const FileLavoro originale = ElencaFileLavoro(base);
   std::vector<VoceGiornale> voci;
   for (int slot = 0; slot < NumeroSlot; ++slot) {
     const auto k = static_cast<size_t>(slot);
-    if (!Estensione(slot)) continue;
+    if (!Estensione(slot) || s.MembroGuasto[k]) continue;
     if (originale.Membro[k].empty() && originale.Backup[k].empty() && pronti[k].empty()) continue;
     VoceGiornale v;
     v.Membro = Foglia(originale.Membro[k]);
@@ -164,6 +167,19 @@ std::vector<VoceGiornale> VociDelSalvataggio(const std::string& base,
     voci.push_back(std::move(v));
   }
   return voci;
+}
+
+// The members a save leaves as they stand, one name a line, as the folder spells them.
+std::string NomiConservati(const Sessione& s, const std::string& base) {
+  if (std::none_of(s.MembroGuasto.begin(), s.MembroGuasto.end(), [](bool g) { return g; })) return {};
+  const FileLavoro originale = ElencaFileLavoro(base);
+  std::string nomi;
+  for (int slot = 0; slot < NumeroSlot; ++slot) {
+    const std::string& membro = originale.Membro[static_cast<size_t>(slot)];
+    if (Estensione(slot) && s.MembroGuasto[static_cast<size_t>(slot)])
+      nomi += "\n" + Foglia(membro.empty() ? base + EstensioneFile(slot) : membro);
+  }
+  return nomi;
 }
 
 }  // namespace
@@ -177,15 +193,21 @@ std::string NomeMaiuscolo(const std::string& base) {
 bool VR_DaProvvisoAOriginale(Sessione& s) {
   s.RoutineCorrente = "VR_DaProvvisoAOriginale";
   s.FileSalvati.clear();
+  std::string conservati;
   const bool salvato = Protetto(s, [&] {
     if (!NuovaCartella(Cartella(s.NomeOriginale))) throw ErroreVarena(kErrorePercorso);
     const std::string base = BaseSuDisco(s.NomeOriginale);
     const std::array<std::string, NumeroSlot> pronti = CopieAccanto(s, base);
-    SostituisciMembri(base, VociDelSalvataggio(base, pronti));
+    conservati = NomiConservati(s, base);
+    SostituisciMembri(base, VociDelSalvataggio(s, base, pronti));
     for (int slot = 0; slot < NumeroSlot; ++slot)
       if (!pronti[static_cast<size_t>(slot)].empty()) s.FileSalvati.push_back(base + EstensioneFile(slot));
     AggiungiTesto(s.CartellaLavoro + "LavoriRecenti.txt", s.NomeOriginale + ".CFG\r\n");
   });
+  if (salvato && !conservati.empty())
+    s.Ui->Messaggio(
+        "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:" + conservati,
+        "Salva Lavoro", Icona::Avviso);
   if (salvato) SalvaUnaCopiaInDropBox(s);
   return salvato;
 }

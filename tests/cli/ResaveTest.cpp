@@ -115,18 +115,38 @@ TEST_F(Resave, PercorsiRelativiResiAssoluti) {
   EXPECT_EQ(LeggiFileProva(radice / "VR2000/LavoriRecenti.txt"), lavori + "VERDI.CFG\r\n");
 }
 
-TEST_F(Resave, CfgConVirgoletteRotteNonVieneRiscritto) {
-  // A quote left open on line 4: read on, every later item would stand one place late.
+TEST_F(Resave, UnCfgLettoConErroreRestaComEraConIlSuoBackup) {
+  // A quote left open on line 4: read on, every later item would stand one place late. And a
+  // file that ends early.
   std::string rotto = prova::CfgManuale("VR2020", "1725000,5031000,50");
   rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
-  prova::ScriviFileProva(lavori + "rossi.cfg", rotto);
-  const Esito e = Cli({"resave", lavori + "rossi"});
-  EXPECT_EQ(e.stato, 2);
-  EXPECT_NE(e.err.find("Rilevato errore: Si è verificato questo errore : Type mismatch: riga 4 o il file potrebbe "
-                       "essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
-            std::string::npos);
-  EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFG"), rotto);
-  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
+  const std::string troncato = "\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n";
+  const std::string punto = prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte();
+  for (const auto& [guasto, errore] :
+       {std::pair{rotto, "Type mismatch: riga 4"}, {troncato, "Input past end of file"}}) {
+    std::filesystem::remove_all(lavori);
+    std::filesystem::create_directories(lavori);
+    prova::ScriviFileProva(lavori + "rossi.cfg", guasto);
+    prova::ScriviFileProva(lavori + "rossi.CFK", cfg);  // the good settings of the save before
+    prova::ScriviFileProva(lavori + "rossi.lll", punto);
+    const Esito e = Cli({"resave", lavori + "rossi"});
+    EXPECT_EQ(e.stato, 2);
+    EXPECT_NE(e.err.find(std::string("Rilevato errore: Si è verificato questo errore : ") + errore +
+                         " o il file potrebbe essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
+              std::string::npos);
+    EXPECT_NE(e.err.find("Salva Lavoro: Questi file del Lavoro, letti con un errore, non sono stati salvati e restano "
+                         "com'erano:\nrossi.cfg\n"),
+              std::string::npos)
+        << e.err;
+    // The file as it stood, under its own name, and the good backup beside it.
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.cfg"), guasto);
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFK"), cfg);
+    EXPECT_FALSE(Esiste(lavori + "rossi.CFG"));
+    EXPECT_EQ(e.out.find(".CFG"), std::string::npos);
+    // The other members are saved as ever.
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLK"), punto);
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), punto);
+  }
 }
 
 TEST_F(Resave, UnSalvataggioInterrottoInfoLoDiceResaveLoCompleta) {
