@@ -1,6 +1,6 @@
-// A save cut short (the program killed, the machine switched off) is finished or undone the
-// next time the job is opened: before it changes any file of the job, the save writes beside
-// it a journal of what goes where, and removes it once everything is in place.
+// A save cut short (the program killed or stopped half way) is finished or undone the next
+// time the job is opened: before it changes any file of the job, the save writes beside it a
+// journal of what goes where, and removes it once everything is in place.
 #pragma once
 
 #include <cstdint>
