@@ -1,10 +1,12 @@
 #include "Terminale.h"
 
 #include "core/Avvio.h"
+#include "core/Errori.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Carica.h"
+#include "store/SalvataggioInterrotto.h"
 
 namespace varena::cli {
 
@@ -34,6 +36,8 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
   AvviaSessione(s);
   s.NomeOriginale = *base;
   s.NomeLavoro = *base;
+  // A save cut short is only reported here: the files are read as they stand.
+  Protetto(s, [&] { RiprendiSalvataggio(s); });
   CaricaLavoro(s);
   return true;
 }

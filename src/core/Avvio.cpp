@@ -15,6 +15,7 @@
 #include "exchange/Importatori.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
+#include "store/SalvataggioInterrotto.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
 
@@ -184,7 +185,11 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   s.TipoFile = "CFG";
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = "VarenaLoad2";
-  if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
+  if (!Protetto(s, [&] {
+        RiprendiSalvataggio(s);
+        CopiaInProvvisorio(s);
+      }))
+    return;
   CaricaLavoro(s);
   VR_SalvaUndo(s);
   Protetto(s, [&] {

@@ -287,6 +287,12 @@ bool EliminaFileEsatto(std::string_view percorso) {
   FallisceErrno(errno);
 }
 
+void RinominaFileEsatto(std::string_view da, std::string_view a) {
+  const std::string sorgente = NormalizzaPercorso(da), dest = NormalizzaPercorso(a);
+  if (Guasto(OperazioneFile::Rinomina, dest)) throw ErroreVarena(kErrorePermesso);
+  if (std::rename(sorgente.c_str(), dest.c_str()) != 0) FallisceErrno(errno);
+}
+
 bool CollegaFile(std::string_view da, std::string_view a) {
   const std::string sorgente = NormalizzaPercorso(da), dest = NormalizzaPercorso(a);
   if (Guasto(OperazioneFile::Collegamento, dest)) return false;

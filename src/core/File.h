@@ -60,6 +60,9 @@ int64_t LunghezzaFile(std::string_view percorso);  // -1 when absent
 // Exact paths, no matching of letter case: for the files the program names itself, where a
 // directory scan per absent name would cost more than the work.
 bool EliminaFileEsatto(std::string_view percorso);  // true when something was removed
+// Renames `da` to `a`, replacing a file `a` in one step, both names taken as given: a save
+// that records what goes where must land on exactly the names it recorded.
+void RinominaFileEsatto(std::string_view da, std::string_view a);
 // `a` becomes a second name of `da` (a hard link), replacing any file `a` atomically.
 // False when the file system refuses; the caller then copies.
 bool CollegaFile(std::string_view da, std::string_view a);

@@ -14,6 +14,7 @@ void ClearAllTables(Sessione& s) {
   s.Testo126.clear();
   s.TestoCel.clear();
   s.MembriConservati.clear();
+  s.MembroGuasto.fill(false);
   s.ListaDisegno.Svuota();
   s.IndiceLista.Svuota();
   s.IndicePunti.Svuota();

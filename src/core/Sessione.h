@@ -103,9 +103,12 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica {
   std::vector<std::string> LibrettoMisure;
   std::string Testo126;
   std::string TestoCel;
-  // Members whose meaning belongs to later work, kept as read so that a save loses nothing;
-  // and a `.CFG` found damaged at the load, which a save puts back as it stood.
+  // Members whose meaning belongs to later work, kept as read so that a save loses nothing.
   std::map<int, std::string> MembriConservati;
+  // The members the last load read with an error: the tables hold only part of them, so no
+  // snapshot and no save writes them again, and a save leaves them and their backups as
+  // they stand.
+  std::array<bool, NumeroSlot> MembroGuasto{};
 
   // The undo generations share unchanged members through hard links; false gives each
   // generation copies of its own, as on a file system without links.

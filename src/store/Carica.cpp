@@ -16,6 +16,7 @@
 #include "exchange/Importatori.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
+#include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
 #include "view/Rigenera.h"
@@ -141,11 +142,23 @@ void CaricaInf(Sessione& s) {
   });
 }
 
-void CaricaTesto126Cel(Sessione& s) {
+namespace {
+
+void Carica126(Sessione& s) {
   s.RoutineCorrente = "CaricaTesto126";
   Protetto(s, [&] { s.Testo126 = CaricaFileIntero(s.NomeLavoro + EstensioneFile(Slot126)); });
+}
+
+void CaricaCel(Sessione& s) {
   s.RoutineCorrente = "CaricaTestoCel";
   Protetto(s, [&] { s.TestoCel = CaricaFileIntero(s.NomeLavoro + EstensioneFile(SlotCel)); });
+}
+
+}  // namespace
+
+void CaricaTesto126Cel(Sessione& s) {
+  Carica126(s);
+  CaricaCel(s);
 }
 
 std::string RigaZeroLibrettoDefault(const Sessione& s) {
@@ -173,15 +186,18 @@ void CaricaLibretto(Sessione& s) {
   });
 }
 
-void ConservaMembri(Sessione& s) {
+namespace {
+
+// A member whose meaning belongs to later work, kept as read so that a save loses nothing.
+template <int Slot>
+void Conserva(Sessione& s) {
   s.RoutineCorrente = "ConservaMembri";
-  for (int slot : {SlotDue, SlotSezioni, SlotEdm, SlotEstratto, SlotPng, SlotSmp, SlotFot}) {
-    Protetto(s, [&] {
-      if (auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(slot)))
-        s.MembriConservati[slot] = std::move(*byte);
-    });
-  }
+  Protetto(s, [&] {
+    if (auto byte = LeggiByte(s.NomeLavoro + EstensioneFile(Slot))) s.MembriConservati[Slot] = std::move(*byte);
+  });
 }
+
+}  // namespace
 
 void ConvertiPuntiPDPV(Sessione& s) {
   for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k) {
@@ -201,19 +217,56 @@ void ConvertiPuntiPDPV(Sessione& s) {
 
 std::string NomeLavoroNuovo(const Sessione& s) { return s.CartellaLavoro + "LAVORI/NUOVO/NUOVO"; }
 
+namespace {
+
+// One member in the fixed load order: its loader and its slot.
+struct PassoCarica {
+  void (*Carica)(Sessione&);
+  int Slot;
+};
+
+constexpr PassoCarica kPassiCarica[] = {
+    {CaricaCFGProvvisorio, SlotCfg},
+    {CaricaPunti, SlotPunti},
+    {CaricaLinee, SlotLinee},
+    {CaricaCerchi, SlotCerchi},
+    {CaricaArchi, SlotArchi},
+    {CaricaTesti, SlotTesti},
+    {CaricaFalde, SlotFalde},
+    {CaricaSette, SlotSette},
+    {CaricaCurveLivello, SlotCurve},
+    {CaricaBitmap, SlotBitmap},
+    {CaricaInf, SlotInf},
+    {Carica126, Slot126},
+    {CaricaCel, SlotCel},
+    {Conserva<SlotDue>, SlotDue},
+    {Conserva<SlotSezioni>, SlotSezioni},
+    {Conserva<SlotEdm>, SlotEdm},
+    {Conserva<SlotEstratto>, SlotEstratto},
+    {Conserva<SlotPng>, SlotPng},
+    {Conserva<SlotSmp>, SlotSmp},
+    {Conserva<SlotFot>, SlotFot},
+    {CaricaLibretto, SlotLibretto},
+    {CaricaPiani, SlotPiani},
+};
+
+}  // namespace
+
 void CaricaLavoro(Sessione& s) {
   // What the loaders repair or convert differs from the files: the next snapshot writes all.
   SegnaTuttoModificato(s);
+  s.MembroGuasto.fill(false);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
   // The members in their fixed order; the interface shows how far a large job has come.
-  using Passo = void (*)(Sessione&);
-  constexpr Passo kPassi[] = {CaricaCFGProvvisorio, CaricaPunti,    CaricaLinee,     CaricaCerchi,      CaricaArchi,
-                              CaricaTesti,          CaricaFalde,    CaricaSette,     CaricaCurveLivello, CaricaBitmap,
-                              CaricaInf,            CaricaTesto126Cel, ConservaMembri, CaricaLibretto,    CaricaPiani};
-  constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassi));
+  constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassiCarica));
   for (int64_t k = 0; k < kQuanti; ++k) {
-    kPassi[k](s);
+    const PassoCarica& passo = kPassiCarica[k];
+    // A loader that meets an error shows the common box and keeps the rows read before it:
+    // the tables then hold only part of its member, which must never be written back.
+    s.UltimoErrore.clear();
+    passo.Carica(s);
+    if (!s.UltimoErrore.empty()) s.MembroGuasto[static_cast<size_t>(passo.Slot)] = true;
     s.Ui->Progresso(k + 1, kQuanti);
   }
   ConvertiPuntiPDPV(s);
@@ -235,7 +288,11 @@ void VR_ApriLavoro(Sessione& s) {
   EliminaProvviso(s);
   ImpostaNomeProvvisorio(s);
   s.RoutineCorrente = "VR_ApriLavoro";
-  if (!Protetto(s, [&] { CopiaInProvvisorio(s); })) return;
+  if (!Protetto(s, [&] {
+        RiprendiSalvataggio(s);
+        CopiaInProvvisorio(s);
+      }))
+    return;
   CaricaLavoro(s);
   VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {

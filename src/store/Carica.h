@@ -23,8 +23,6 @@ void CaricaBitmap(Sessione& s);
 void CaricaInf(Sessione& s);
 void CaricaTesto126Cel(Sessione& s);
 void CaricaLibretto(Sessione& s);
-// Members whose meaning belongs to later work, kept as read.
-void ConservaMembri(Sessione& s);
 // The older way of marking a point as a "PD" or "PV": a Contorno-7 row of that comment
 // becomes a tag in front of the point's description.
 void ConvertiPuntiPDPV(Sessione& s);

@@ -241,7 +241,6 @@ void RicordaBloccoB(Sessione& s) {
 
 void CaricaCFGProvvisorio(Sessione& s) {
   s.RoutineCorrente = "CaricaCFGProvvisorio";
-  s.MembriConservati.erase(SlotCfg);
   Protetto(s, [&] {
     const auto byte = LeggiByte(s.NomeLavoro + ".CFG");
     if (!byte) return;
@@ -262,9 +261,8 @@ void CaricaCFGProvvisorio(Sessione& s) {
       bloccoB = s.Edizione == "VR2020" || s.Edizione == "VR2000";
       if (bloccoB) LeggiBloccoB(in, b);
     } catch (const VoceFuoriPosto&) {
-      // Items out of place give nothing, and the member is kept as it was read: the saver
-      // puts these very bytes back, so that no save writes the slipped values into the job.
-      s.MembriConservati[SlotCfg] = *byte;
+      // Items out of place give nothing: every later value would stand in its neighbour's
+      // setting. Like any member read with an error, the file is then never written back.
       throw;
     } catch (...) {
       prendi();

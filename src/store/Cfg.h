@@ -103,8 +103,7 @@ void RaccogliBloccoB(Sessione& s);
 void RicordaBloccoB(Sessione& s);
 
 // `CaricaCFGProvvisorio`: the `.CFG` of `NomeLavoro`. When its items are out of place,
-// nothing of it is taken and its bytes are kept in `MembriConservati`, which the saver
-// writes back instead of `TestoCfg`. The whole text of a `.CFG` is `TestoCfg`.
+// nothing of it is taken. The whole text of a `.CFG` is `TestoCfg`.
 void CaricaCFGProvvisorio(Sessione& s);
 std::string TestoCfg(Sessione& s);
 

@@ -112,6 +112,8 @@ bool SalvaLavoroAperto(Sessione& s, const std::string& voce) {
   if (!RigaScelta(s, voce)) return false;
   s.NomeLavoro = ProvvisorioDiVoce(voce);
   s.NomeOriginale.clear();
+  // The copy is saved as it stands: what the last load found damaged was another job's.
+  s.MembroGuasto.fill(false);
   CaricaInf(s);
   if (Rifila(s.NomeOriginale).empty()) return false;
   const bool fatto = VR_DaProvvisoAOriginale(s);

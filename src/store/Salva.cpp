@@ -252,12 +252,7 @@ void SalvaCel(Passata& p) {
 
 void SalvaCfg(Passata& p) {
   p.s.RoutineCorrente = "SalvaCfg";
-  // A `.CFG` whose items were found out of place at the load goes back as it was read.
-  const auto danneggiato = p.s.MembriConservati.find(SlotCfg);
-  if (danneggiato != p.s.MembriConservati.end())
-    Deponi(p, SlotCfg, danneggiato->second, nullptr);
-  else
-    Deponi(p, SlotCfg, Utf8InCp1252(TestoCfg(p.s)), nullptr);
+  Deponi(p, SlotCfg, Utf8InCp1252(TestoCfg(p.s)), nullptr);
 }
 
 void SalvaPiani(Passata& p) {
@@ -297,24 +292,26 @@ void SalvaPiani(Sessione& s) { DaSolo<SalvaPiani>(s); }
 bool SalvaTutto(Sessione& s, bool completo) {
   return Protetto(s, [&] {
     Passata p = Inizia(s, !completo);
-    auto serve = [&](int slot) { return completo || s.SlotModificato[static_cast<size_t>(slot)]; };
+    // A member read with an error stays as it was read: the tables hold only part of it.
+    auto integro = [&](int slot) { return !s.MembroGuasto[static_cast<size_t>(slot)]; };
+    auto serve = [&](int slot) { return integro(slot) && (completo || s.SlotModificato[static_cast<size_t>(slot)]); };
     if (serve(SlotPunti)) SalvaPunti(p);
     if (serve(SlotLinee)) SalvaLinee(p);
     if (serve(SlotCerchi)) SalvaCerchi(p);
     if (serve(SlotArchi)) SalvaArchi(p);
     if (serve(SlotTesti)) SalvaTesti(p);
     if (serve(SlotFalde)) SalvaFalde(p);
-    SalvaSette(p);
+    if (integro(SlotSette)) SalvaSette(p);
     if (serve(SlotCurve)) SalvaCurve(p);
-    SalvaInf(p);
+    if (integro(SlotInf)) SalvaInf(p);
     if (serve(SlotSezioni)) SalvaSezioni(p);
-    SalvaBitmap(p);
-    SalvaLibretto(p);
+    if (integro(SlotBitmap)) SalvaBitmap(p);
+    if (integro(SlotLibretto)) SalvaLibretto(p);
     if (serve(SlotPunti) || serve(SlotL)) SalvaListaL(p);
-    Salva126(p);
-    SalvaCel(p);
-    SalvaCfg(p);
-    SalvaPiani(p);
+    if (integro(Slot126)) Salva126(p);
+    if (integro(SlotCel)) SalvaCel(p);
+    if (integro(SlotCfg)) SalvaCfg(p);
+    if (integro(SlotPiani)) SalvaPiani(p);
     SegnaTuttoSalvato(s);
   });
 }

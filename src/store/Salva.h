@@ -28,7 +28,8 @@ void SalvaPiani(Sessione& s);
 // what the tables hold. Only what changed is written: the record members of the slots
 // marked in `SlotModificato` (the point list `.L` goes with the points), and the text
 // members whose bytes differ from the file; every other member is left as it stands,
-// still shared with the undo generations. `completo` writes every member again.
+// still shared with the undo generations. `completo` writes every member again. A member
+// the load read with an error (`MembroGuasto`) is never written: it stays as it was read.
 // False when one failed (the common error box has been shown); the marks then stay.
 bool SalvaTutto(Sessione& s, bool completo = false);
 

@@ -1,6 +1,7 @@
 // Save, save as, new job and the close question.
 #include "store/Salvataggio.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -12,15 +13,13 @@
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Salva.h"
+#include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
 
 namespace varena {
 
 namespace {
-
-// The copies of a save wait under this name beside the originals until all are made.
-constexpr const char* kSuffissoNuovo = ".~nuovo";
 
 bool Estensione(int slot) { return EstensioneFile(slot)[0] != '\0'; }
 
@@ -117,6 +116,72 @@ bool RiapriDallOriginale(Sessione& s, const char* routine) {
   return VR_SalvaUndo(s);
 }
 
+// Every member of the provisional copy copied beside the original, before any original is
+// touched: a failure here (a full disk, a file that cannot be written) leaves the originals
+// and their backups as they were. The copies by slot; none for a member read with an error,
+// which the save leaves alone.
+std::array<std::string, NumeroSlot> CopieAccanto(const Sessione& s, const std::string& base) {
+  const FileLavoro provvisorio = ElencaFileLavoro(s.NomeLavoro);
+  std::array<std::string, NumeroSlot> pronti;
+  try {
+    for (int slot = 0; slot < NumeroSlot; ++slot) {
+      const auto k = static_cast<size_t>(slot);
+      if (!Estensione(slot) || s.MembroGuasto[k]) continue;
+      const std::string tmp = base + EstensioneFile(slot) + kSuffissoNuovo;
+      if (!provvisorio.Membro[k].empty()) {
+        CopiaFile(provvisorio.Membro[k], tmp);
+        pronti[k] = tmp;
+      } else if (slot == SlotCfg) {
+        // Without its settings the job could not be opened again: an empty one stands in.
+        ScriviByte(tmp, "");
+        pronti[k] = tmp;
+      } else {
+        EliminaFileEsatto(tmp);  // left by a save that was interrupted
+      }
+    }
+  } catch (...) {
+    for (const std::string& tmp : pronti)
+      if (!tmp.empty()) EliminaSenzaErrori(tmp);
+    throw;
+  }
+  return pronti;
+}
+
+// What goes where: one generation of backups, the older ones going, the originals taking
+// their names and the copies the originals'. A member read with an error keeps its file and
+// its backup.
+std::vector<VoceGiornale> VociDelSalvataggio(const Sessione& s, const std::string& base,
+                                             const std::array<std::string, NumeroSlot>& pronti) {
+  const FileLavoro originale = ElencaFileLavoro(base);
+  std::vector<VoceGiornale> voci;
+  for (int slot = 0; slot < NumeroSlot; ++slot) {
+    const auto k = static_cast<size_t>(slot);
+    if (!Estensione(slot) || s.MembroGuasto[k]) continue;
+    if (originale.Membro[k].empty() && originale.Backup[k].empty() && pronti[k].empty()) continue;
+    VoceGiornale v;
+    v.Membro = Foglia(originale.Membro[k]);
+    v.BackupVecchio = Foglia(originale.Backup[k]);
+    v.Backup = Foglia(base) + EstensioneBackup(slot);
+    v.Copia = Foglia(pronti[k]);
+    v.Destinazione = Foglia(base) + EstensioneFile(slot);
+    voci.push_back(std::move(v));
+  }
+  return voci;
+}
+
+// The members a save leaves as they stand, one name a line, as the folder spells them.
+std::string NomiConservati(const Sessione& s, const std::string& base) {
+  if (std::none_of(s.MembroGuasto.begin(), s.MembroGuasto.end(), [](bool g) { return g; })) return {};
+  const FileLavoro originale = ElencaFileLavoro(base);
+  std::string nomi;
+  for (int slot = 0; slot < NumeroSlot; ++slot) {
+    const std::string& membro = originale.Membro[static_cast<size_t>(slot)];
+    if (Estensione(slot) && s.MembroGuasto[static_cast<size_t>(slot)])
+      nomi += "\n" + Foglia(membro.empty() ? base + EstensioneFile(slot) : membro);
+  }
+  return nomi;
+}
+
 }  // namespace
 
 std::string NomeMaiuscolo(const std::string& base) {
@@ -128,55 +193,21 @@ std::string NomeMaiuscolo(const std::string& base) {
 bool VR_DaProvvisoAOriginale(Sessione& s) {
   s.RoutineCorrente = "VR_DaProvvisoAOriginale";
   s.FileSalvati.clear();
+  std::string conservati;
   const bool salvato = Protetto(s, [&] {
     if (!NuovaCartella(Cartella(s.NomeOriginale))) throw ErroreVarena(kErrorePercorso);
     const std::string base = BaseSuDisco(s.NomeOriginale);
-    const FileLavoro provvisorio = ElencaFileLavoro(s.NomeLavoro);
-
-    // Every copy is made before any original is touched: a failure here (a full disk, a
-    // file that cannot be written) leaves the originals and their backups as they were.
-    std::array<std::string, NumeroSlot> pronti;
-    try {
-      for (int slot = 0; slot < NumeroSlot; ++slot) {
-        if (!Estensione(slot)) continue;
-        const auto k = static_cast<size_t>(slot);
-        const std::string tmp = base + EstensioneFile(slot) + kSuffissoNuovo;
-        if (!provvisorio.Membro[k].empty()) {
-          CopiaFile(provvisorio.Membro[k], tmp);
-          pronti[k] = tmp;
-        } else if (slot == SlotCfg) {
-          // Without its settings the job could not be opened again: an empty one stands in.
-          ScriviByte(tmp, "");
-          pronti[k] = tmp;
-        } else {
-          EliminaFileEsatto(tmp);  // left by a save that was interrupted
-        }
-      }
-    } catch (...) {
-      for (const std::string& tmp : pronti)
-        if (!tmp.empty()) EliminaSenzaErrori(tmp);
-      throw;
-    }
-
-    // One generation of backups: the older backups go, the originals take their names.
-    const FileLavoro originale = ElencaFileLavoro(base);
+    const std::array<std::string, NumeroSlot> pronti = CopieAccanto(s, base);
+    conservati = NomiConservati(s, base);
+    SostituisciMembri(base, VociDelSalvataggio(s, base, pronti));
     for (int slot = 0; slot < NumeroSlot; ++slot)
-      if (!originale.Backup[static_cast<size_t>(slot)].empty())
-        EliminaFileEsatto(originale.Backup[static_cast<size_t>(slot)]);
-    for (int slot = 0; slot < NumeroSlot; ++slot)
-      if (EstensioneBackup(slot)[0] != '\0' && !originale.Membro[static_cast<size_t>(slot)].empty())
-        RinominaFile(originale.Membro[static_cast<size_t>(slot)], base + EstensioneBackup(slot));
-
-    // The new members take their places.
-    for (int slot = 0; slot < NumeroSlot; ++slot) {
-      const auto k = static_cast<size_t>(slot);
-      if (pronti[k].empty()) continue;
-      RinominaFile(pronti[k], base + EstensioneFile(slot));
-      s.FileSalvati.push_back(base + EstensioneFile(slot));
-    }
-
+      if (!pronti[static_cast<size_t>(slot)].empty()) s.FileSalvati.push_back(base + EstensioneFile(slot));
     AggiungiTesto(s.CartellaLavoro + "LavoriRecenti.txt", s.NomeOriginale + ".CFG\r\n");
   });
+  if (salvato && !conservati.empty())
+    s.Ui->Messaggio(
+        "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:" + conservati,
+        "Salva Lavoro", Icona::Avviso);
   if (salvato) SalvaUnaCopiaInDropBox(s);
   return salvato;
 }

@@ -1,6 +1,8 @@
 // varena-cli resave: open, snapshot, save back or save as, and the list of what was written.
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 
 #include "core/CodicePagina.h"
@@ -113,18 +115,77 @@ TEST_F(Resave, PercorsiRelativiResiAssoluti) {
   EXPECT_EQ(LeggiFileProva(radice / "VR2000/LavoriRecenti.txt"), lavori + "VERDI.CFG\r\n");
 }
 
-TEST_F(Resave, CfgConVirgoletteRotteNonVieneRiscritto) {
-  // A quote left open on line 4: read on, every later item would stand one place late.
+TEST_F(Resave, UnCfgLettoConErroreRestaComEraConIlSuoBackup) {
+  // A quote left open on line 4: read on, every later item would stand one place late. And a
+  // file that ends early.
   std::string rotto = prova::CfgManuale("VR2020", "1725000,5031000,50");
   rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
-  prova::ScriviFileProva(lavori + "rossi.cfg", rotto);
+  const std::string troncato = "\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n";
+  const std::string punto = prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte();
+  for (const auto& [guasto, errore] :
+       {std::pair{rotto, "Type mismatch: riga 4"}, {troncato, "Input past end of file"}}) {
+    std::filesystem::remove_all(lavori);
+    std::filesystem::create_directories(lavori);
+    prova::ScriviFileProva(lavori + "rossi.cfg", guasto);
+    prova::ScriviFileProva(lavori + "rossi.CFK", cfg);  // the good settings of the save before
+    prova::ScriviFileProva(lavori + "rossi.lll", punto);
+    const Esito e = Cli({"resave", lavori + "rossi"});
+    EXPECT_EQ(e.stato, 2);
+    EXPECT_NE(e.err.find(std::string("Rilevato errore: Si è verificato questo errore : ") + errore +
+                         " o il file potrebbe essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
+              std::string::npos);
+    EXPECT_NE(e.err.find("Salva Lavoro: Questi file del Lavoro, letti con un errore, non sono stati salvati e restano "
+                         "com'erano:\nrossi.cfg\n"),
+              std::string::npos)
+        << e.err;
+    // The file as it stood, under its own name, and the good backup beside it.
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.cfg"), guasto);
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFK"), cfg);
+    EXPECT_FALSE(Esiste(lavori + "rossi.CFG"));
+    EXPECT_EQ(e.out.find(".CFG"), std::string::npos);
+    // The other members are saved as ever.
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLK"), punto);
+    EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), punto);
+  }
+}
+
+TEST_F(Resave, UnSalvataggioInterrottoInfoLoDiceResaveLoCompleta) {
+  // A save cut short as soon as its journal stood: the new members wait beside the originals.
+  const std::string spostato = prova::RecordPuntoBase("101", 1725001, 5031000, 14).Byte();
+  prova::ScriviFileProva(lavori + "rossi.LLL.~nuovo", spostato);
+  prova::ScriviFileProva(lavori + "rossi.CFG.~nuovo", cfg);
+  auto inode = [&](const std::string& nome) {
+    struct stat st {};
+    EXPECT_EQ(::stat((lavori + nome).c_str(), &st), 0);
+    return std::to_string(st.st_ino);
+  };
+  prova::ScriviFileProva(lavori + "rossi.~salvataggio",
+                         "\"VR2020 SALVATAGGIO\"\r\n"
+                         "\"rossi.lll\",\"\",\"rossi.LLK\",\"rossi.LLL.~nuovo\",\"rossi.LLL\",\"256\",\"" +
+                             inode("rossi.LLL.~nuovo") +
+                             "\"\r\n"
+                             "\"rossi.cfg\",\"\",\"rossi.CFK\",\"rossi.CFG.~nuovo\",\"rossi.CFG\",\"" +
+                             std::to_string(cfg.size()) + "\",\"" + inode("rossi.CFG.~nuovo") + "\"\r\n");
+  const std::vector<std::string> lasciati = prova::NomiIn(lavori);
+  // Reading writes nothing: it says what the opening will do, and that what it shows is partial.
+  const Esito letto = Cli({"info", lavori + "rossi"});
+  EXPECT_EQ(letto.stato, 2);
+  EXPECT_EQ(letto.err,
+            "Salvataggio interrotto: L'ultimo salvataggio del Lavoro rossi si era interrotto: alla prossima apertura "
+            "sarà completato; ora i file sono letti come stanno.\n");
+  EXPECT_EQ(prova::NomiIn(lavori), lasciati);
+  // Opening completes it, and the save goes on from there.
   const Esito e = Cli({"resave", lavori + "rossi"});
-  EXPECT_EQ(e.stato, 2);
-  EXPECT_NE(e.err.find("Rilevato errore: Si è verificato questo errore : Type mismatch: riga 4 o il file potrebbe "
-                       "essere di sola lettura!\nNella Routine CaricaCFGProvvisorio\n"),
-            std::string::npos);
-  EXPECT_EQ(LeggiFileProva(lavori + "rossi.CFG"), rotto);
-  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
+  ASSERT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(e.err.rfind("Salvataggio interrotto: L'ultimo salvataggio del Lavoro rossi si era interrotto: è stato "
+                        "completato, il Lavoro è quello salvato.\n",
+                        0),
+            0u)
+      << e.err;
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLL"), spostato);
+  EXPECT_EQ(LeggiFileProva(lavori + "rossi.LLK"), spostato);
+  EXPECT_FALSE(Esiste(lavori + "rossi.lll"));
+  EXPECT_FALSE(Esiste(lavori + "rossi.~salvataggio"));
 }
 
 TEST_F(Resave, ErroriDUso) {

@@ -1,6 +1,6 @@
 // A save that fails half way, by a fault at a chosen member or by the process being killed,
-// never leaves the user without a whole job: the original set, its backups or the
-// provisional copy is complete, and opening it gives the job back.
+// never costs the user the job: opened again, it is whole, as it was before the save or as
+// saved, and the user is told which.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -29,42 +29,32 @@ using prova::LeggiFileProva;
 using prova::MembriDi;
 using Insieme = std::map<std::string, std::string>;
 
+const std::string kCompletato =
+    "L'ultimo salvataggio del Lavoro ROSSI si era interrotto: è stato completato, il Lavoro è quello salvato.";
+const std::string kAnnullato =
+    "L'ultimo salvataggio del Lavoro ROSSI si era interrotto: è stato annullato, il Lavoro è com'era prima.";
+
 class Guasti : public ::testing::Test {
  protected:
   prova::SessioneProva p;
   Sessione& s = p.s;
-  std::string lavori, base, provvisorio;
-  Insieme vecchio;
+  std::string lavori, base;
+  Insieme prima, dopo;  // every file of the job's folder before the save and after it
+  Insieme originali;    // the members before the save
+
   void Prepara(int punti) {
     lavori = s.CartellaLavoro + "LAVORI/";
     fs::create_directories(lavori);
     base = lavori + "ROSSI";
-    provvisorio = s.CartellaLavoro + "PROVVISO/ROSSI_20262111103015";
     prova::PreparaLavoro(base, punti, punti / 10);
-    vecchio = MembriDi(base);
-  }
-  // What a save does in the program: open, one edit of the points and one of the lines, save.
-  static void AperturaModificaSalvataggio(Sessione& t, const std::string& base, const std::function<void()>& poi) {
-    t.NomeOriginale = base;
-    VR_ApriLavoro(t);
-    t.PuntoX[0] = 1;
-    SegnaModificato(t, SlotPunti);
-    t.LineaIdent[1] = -1;
-    SegnaModificato(t, SlotLinee);
-    poi();
-    Salva(t);
-  }
-  // The same in a child process, in a session of its own.
-  pid_t Figlio(const std::function<void()>& poi) {
-    const pid_t figlio = fork();
-    if (figlio == 0) {
-      Sessione t;
-      t.CartellaLavoro = s.CartellaLavoro;
-      t.Orologio = s.Orologio;
-      AperturaModificaSalvataggio(t, base, poi);
-      ::_exit(0);
-    }
-    return figlio;
+    // The texts of the job were all deleted by the save before: it has their member, empty,
+    // which the next save removes.
+    prova::ScriviFileProva(base + ".TES", "");
+    originali = Cartella();
+    // The backups that save left, which this one replaces.
+    prova::ScriviFileProva(base + ".LLK", prova::RecordPunto("1", 1724000));
+    prova::ScriviFileProva(base + ".CFK", "\"VR2020\"\r\n");
+    prima = Cartella();
   }
   // Everything in the folder of the job, by name.
   Insieme Cartella() const {
@@ -77,41 +67,89 @@ class Guasti : public ::testing::Test {
     Insieme m;
     for (int slot = 0; slot < NumeroSlot; ++slot) {
       const std::string b = base + EstensioneBackup(slot);
-      if (EstensioneFile(slot)[0] != '\0' && fs::is_regular_file(b)) m[EstensioneFile(slot)] = LeggiFileProva(b);
+      if (EstensioneFile(slot)[0] != '\0' && fs::is_regular_file(b))
+        m["ROSSI" + std::string(EstensioneFile(slot))] = LeggiFileProva(b);
     }
     return m;
   }
   void Ripristina() {
     fs::remove_all(lavori);
-    fs::remove_all(s.CartellaLavoro + "PROVVISO");
     fs::create_directories(lavori);
-    fs::create_directories(s.CartellaLavoro + "PROVVISO");
-    std::remove((s.CartellaLavoro + "LavoriRecenti.txt").c_str());
-    for (const auto& [est, byte] : vecchio) prova::ScriviFileProva(base + est, byte);
+    for (const auto& [nome, byte] : prima) prova::ScriviFileProva(lavori + nome, byte);
   }
-  // One of the three sets is whole, and opening it gives the job as saved or as before.
-  void UnInsiemeEIntegro(const Insieme& nuovo, const std::string& quando) {
-    const Insieme originale = MembriDi(base);
-    const bool vecchioIntegro = originale == vecchio;
-    const bool nuovoIntegro = originale == nuovo;
-    const bool backupIntegri = BackupComeMembri() == vecchio;
-    const bool provvisorioIntegro = MembriDi(provvisorio) == nuovo;
-    ASSERT_TRUE(vecchioIntegro || nuovoIntegro || backupIntegri || provvisorioIntegro) << quando;
-    prova::SessioneProva q;
-    q.s.CartellaLavoro = s.CartellaLavoro;
-    if (vecchioIntegro || nuovoIntegro) {
-      q.s.NomeOriginale = base;
-      q.s.NomeLavoro = base;
-      q.s.SolaLettura = true;
-    } else {
-      q.s.NomeLavoro = provvisorio;  // the copy the registry offers to recover
+  // The job opened and changed in several members: a point moved, a line deleted, a circle
+  // the job did not have, a row of the field book and the view. Saved once to learn what the
+  // save makes of it.
+  void ApriEModifica() {
+    s.NomeOriginale = base;
+    VR_ApriLavoro(s);
+    s.PuntoX[0] = 1;
+    SegnaModificato(s, SlotPunti);
+    s.LineaIdent[1] = -1;
+    SegnaModificato(s, SlotLinee);
+    PreparaRighe(s, SlotCerchi, 1);
+    s.ContaEntita[SlotCerchi] = 1;
+    s.CerchioX[0] = 1725005, s.CerchioY[0] = 5031005, s.CerchioRaggio[0] = 2.5, s.CerchioPiano[0] = "POZZI";
+    SegnaModificato(s, SlotCerchi);
+    AggiungiRigaLibretto(s, "9|20|10|20|1070|9.00-G|FR|rilievo celerimetrico|");
+    s.Vista.CentroEst += 5;
+    ASSERT_TRUE(VR_SalvaUndo(s));
+    ASSERT_TRUE(Salva(s));
+    dopo = Cartella();
+    ASSERT_EQ(dopo.count("ROSSI.TES"), 0u);
+    ASSERT_EQ(dopo.count("ROSSI.CER"), 1u);
+  }
+  // The save of the session, in a child process that `sonda` may kill; the status it ended with.
+  int SalvaInUnFiglio(SondaGuasti sonda) {
+    const pid_t figlio = fork();
+    if (figlio == 0) {
+      ImpostaSondaGuasti(std::move(sonda));
+      Salva(s);
+      ::_exit(0);
     }
-    CaricaLavoro(q.s);
-    const bool salvato = nuovoIntegro || (!vecchioIntegro && provvisorioIntegro);
+    int stato = 0;
+    EXPECT_EQ(::waitpid(figlio, &stato, 0), figlio);
+    return stato;
+  }
+  // Kills the process at the n-th operation that changes the job's folder; removing a name
+  // that is not there changes nothing and is not one.
+  SondaGuasti UccidiAl(int n) {
+    return [this, n, conta = 0](OperazioneFile op, std::string_view percorso) mutable {
+      if (!IniziaCon(percorso, lavori)) return false;
+      if (op == OperazioneFile::Eliminazione && !fs::exists(percorso)) return false;
+      if (++conta == n) ::kill(::getpid(), SIGKILL);
+      return false;
+    };
+  }
+  // Kills the save as soon as its journal stands: all of it is left to the next opening.
+  SondaGuasti UccidiDopoIlGiornale() {
+    return [this, visto = false](OperazioneFile op, std::string_view percorso) mutable {
+      if (!IniziaCon(percorso, lavori)) return false;
+      if (visto) ::kill(::getpid(), SIGKILL);
+      visto = op == OperazioneFile::Scrittura && percorso == base + ".~salvataggio";
+      return false;
+    };
+  }
+  // The job opened again as the user opens it: its folder holds exactly the files it held
+  // before the save or after it, the tables are the ones of that job, and the user hears of a
+  // save cut short. True when the save stands.
+  bool Riaperto(const std::string& quando) {
+    bool interrotto = false;
+    for (const auto& [nome, byte] : Cartella()) interrotto |= nome.find(".~") != std::string::npos;
+    prova::SessioneProva q;
+    q.s.NomeOriginale = base;
+    VR_ApriLavoro(q.s);
+    const Insieme ora = Cartella();
+    const bool salvato = ora == dopo;
+    EXPECT_TRUE(salvato || ora == prima) << quando;
     EXPECT_EQ(q.s.PuntoX[0], salvato ? 1 : 1725000) << quando;
-    EXPECT_EQ(q.s.ContaEntita[SlotLinee], static_cast<int32_t>(vecchio.at(".LIN").size() / 128) - (salvato ? 1 : 0))
-        << quando;
-    EXPECT_TRUE(q.ui.Messaggi.empty()) << quando;
+    EXPECT_EQ(q.s.ContaEntita[SlotCerchi], salvato ? 1 : 0) << quando;
+    std::vector<std::string> attesi, visti;
+    if (interrotto) attesi.push_back(salvato ? kCompletato : kAnnullato);
+    for (const auto& m : q.ui.Messaggi) visti.push_back(m.Testo);
+    EXPECT_EQ(visti, attesi) << quando;
+    EliminaProvviso(q.s);
+    return salvato;
   }
 };
 
@@ -122,9 +160,8 @@ TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
   s.PuntoX[0] = 1;
   SegnaModificato(s, SlotPunti);
   ASSERT_TRUE(VR_SalvaUndo(s));
-  const Insieme prima = Cartella();
   const Insieme membri = MembriDi(s.NomeLavoro);
-  ASSERT_GE(membri.size(), 8u);
+  ASSERT_EQ(membri.size(), 7u);  // all but the empty texts
   for (const auto& [est, byte] : membri) {
     p.ui.Messaggi.clear();
     {
@@ -147,60 +184,145 @@ TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
   EXPECT_EQ(Cartella(), prima);
   ASSERT_TRUE(VR_DaProvvisoAOriginale(s));
   EXPECT_EQ(MembriDi(base), membri);
-  EXPECT_EQ(BackupComeMembri(), vecchio);
+  EXPECT_EQ(BackupComeMembri(), originali);
 }
 
 TEST_F(Guasti, ProcessoUccisoInOgniPassoDelSalvataggio) {
-  Prepara(50);
-  // The save carried to its end, for the set it must produce.
-  AperturaModificaSalvataggio(s, base, [] {});
-  const Insieme nuovo = MembriDi(base);
-  ASSERT_NE(nuovo, vecchio);
-  int uccisi = 0;
+  Prepara(10000);  // some 3 MB
+  ApriEModifica();
+  int completati = 0, annullati = 0;
   for (int passo = 1;; ++passo) {
     Ripristina();
-    int operazioni = 0;
-    const pid_t figlio = Figlio([&] {
-      ImpostaSondaGuasti([&](OperazioneFile op, std::string_view percorso) {
-        // The removal of a name that is not there changes nothing: not a step worth a kill.
-        if (op == OperazioneFile::Eliminazione && !fs::exists(percorso)) return false;
-        if (++operazioni == passo) ::kill(::getpid(), SIGKILL);
-        return false;
-      });
-    });
-    ASSERT_GE(figlio, 0);
-    int stato = 0;
-    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
-    UnInsiemeEIntegro(nuovo, "ucciso al passo " + std::to_string(passo));
+    const int stato = SalvaInUnFiglio(UccidiAl(passo));
+    const bool salvato = Riaperto("ucciso al passo " + std::to_string(passo));
     if (!WIFSIGNALED(stato)) {
-      EXPECT_EQ(MembriDi(base), nuovo);  // past the last step the save ran to its end
+      EXPECT_TRUE(salvato);  // past the last step the save ran to its end
       break;
     }
-    ++uccisi;
-    ASSERT_LT(passo, 1000);
+    ++(salvato ? completati : annullati);
+    ASSERT_LT(passo, 500);
   }
-  EXPECT_GT(uccisi, 40);  // every operation of the snapshot and of the save was a kill point
+  // The save makes 8 members (points, lines, circles, settings, .INF, field book, point list,
+  // layers) over 8 (the same but circles, and the empty texts) and their 2 older backups.
+  // Before the journal stands: the start and the middle of each copy, and the journal's own
+  // write. After: the 2 older backups go, 8 originals become backups, 8 copies take their
+  // places, the journal goes.
+  EXPECT_EQ(annullati, 2 * 8 + 1);
+  EXPECT_EQ(completati, 2 + 8 + 8 + 1);
+}
+
+TEST_F(Guasti, RipresaUccisaInOgniPasso) {
+  Prepara(50);
+  ApriEModifica();
+  for (int passo = 1;; ++passo) {
+    Ripristina();
+    SalvaInUnFiglio(UccidiDopoIlGiornale());
+    ASSERT_TRUE(fs::exists(base + ".~salvataggio"));
+    // The opening that takes the save up, killed in its turn.
+    const pid_t figlio = fork();
+    if (figlio == 0) {
+      ImpostaSondaGuasti(UccidiAl(passo));
+      Sessione t;
+      t.CartellaLavoro = s.CartellaLavoro;
+      t.NomeOriginale = base;
+      VR_ApriLavoro(t);
+      ::_exit(0);
+    }
+    int stato = 0;
+    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+    EXPECT_TRUE(Riaperto("ripresa uccisa al passo " + std::to_string(passo)));
+    if (!WIFSIGNALED(stato)) break;
+    ASSERT_LT(passo, 200);
+  }
+}
+
+TEST_F(Guasti, UnaCopiaPersaRiportaIlLavoroComEraPrima) {
+  Prepara(50);
+  ApriEModifica();
+  Ripristina();
+  // Killed half way through the renames into place: the members before the field book are new.
+  SalvaInUnFiglio([this](OperazioneFile op, std::string_view percorso) {
+    if (op == OperazioneFile::Rinomina && percorso == base + ".TXT") ::kill(::getpid(), SIGKILL);
+    return false;
+  });
+  ASSERT_EQ(LeggiFileProva(base + ".LLL"), dopo.at("ROSSI.LLL"));
+  ASSERT_EQ(LeggiFileProva(base + ".LLK"), originali.at("ROSSI.LLL"));
+  // A copy still waiting is lost, as a disk switched off may lose it: the save cannot be
+  // completed, and every member goes back.
+  ASSERT_TRUE(fs::remove(base + ".PIA.~nuovo"));
+  prova::SessioneProva q;
+  q.s.NomeOriginale = base;
+  VR_ApriLavoro(q.s);
+  // The older backups the save had removed stay removed: the job is the one before.
+  EXPECT_EQ(Cartella(), originali);
+  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(q.ui.Messaggi[0].Titolo, "Salvataggio interrotto");
+  EXPECT_EQ(q.ui.Messaggi[0].Testo, kAnnullato);
+  EXPECT_EQ(q.s.PuntoX[0], 1725000);
+  EliminaProvviso(q.s);
+}
+
+TEST_F(Guasti, UnGiornaleIlleggibileNonMuoveNulla) {
+  Prepara(50);
+  ApriEModifica();
+  Ripristina();
+  SalvaInUnFiglio(UccidiDopoIlGiornale());
+  // A name outside the job's folder: the journal is not taken at its word.
+  std::string giornale = LeggiFileProva(base + ".~salvataggio");
+  const size_t k = giornale.find("\"ROSSI.LLK\"");
+  ASSERT_NE(k, std::string::npos);
+  giornale.replace(k, 11, "\"../ROSSI.LLK\"");
+  prova::ScriviFileProva(base + ".~salvataggio", giornale);
+  const Insieme lasciato = Cartella();
+  prova::SessioneProva q;
+  q.s.NomeOriginale = base;
+  VR_ApriLavoro(q.s);
+  EXPECT_EQ(Cartella(), lasciato);
+  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(q.ui.Messaggi[0].Testo,
+            "Si è verificato questo errore : Invalid file format o il file potrebbe essere di sola lettura!\n"
+            "Nella Routine RiprendiSalvataggio");
+  EXPECT_EQ(q.s.ContaEntita[SlotPunti], 0);
+}
+
+TEST_F(Guasti, MembriMancantiAccantoAlBackupNonSiApronoInSilenzio) {
+  Prepara(50);
+  // What a save of an older program leaves when it is cut short: the points and the lines are
+  // already their backups, and nothing stands in their place.
+  fs::rename(base + ".LLL", base + ".LLK");
+  fs::rename(base + ".LIN", base + ".LIK");
+  const Insieme lasciato = Cartella();
+  s.NomeOriginale = base;
+  VR_ApriLavoro(s);
+  EXPECT_EQ(Cartella(), lasciato);
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Apri Lavoro");
+  EXPECT_EQ(p.ui.Messaggi[0].Testo,
+            "Del Lavoro ROSSI mancano questi file, dei quali resta la copia di sicurezza:\nROSSI.LLL (ROSSI.LLK)\n"
+            "ROSSI.LIN (ROSSI.LIK)\nSe l'ultimo salvataggio li ha tolti perché vuoti, va bene così; se mancano per "
+            "errore, rinominare le copie prima di salvare, perché il salvataggio le sostituisce.");
 }
 
 TEST_F(Guasti, ProcessoUccisoDuranteIlSalvataggioDiUnLavoroGrande) {
   Prepara(40000);
-  auto lancia = [&] { return Figlio([] {}); };
+  ApriEModifica();
+  Ripristina();
   const auto inizio = std::chrono::steady_clock::now();
-  const pid_t intero = lancia();
-  ASSERT_GT(intero, 0);
-  int stato = 0;
-  ASSERT_EQ(::waitpid(intero, &stato, 0), intero);
+  ASSERT_TRUE(WIFEXITED(SalvaInUnFiglio(nullptr)));
   const auto durata = std::chrono::steady_clock::now() - inizio;
-  ASSERT_TRUE(WIFEXITED(stato));
-  const Insieme nuovo = MembriDi(base);
   for (int decimi = 1; decimi <= 9; decimi += 2) {
     Ripristina();
-    const pid_t figlio = lancia();
+    const pid_t figlio = fork();
+    if (figlio == 0) {
+      Salva(s);
+      ::_exit(0);
+    }
     ASSERT_GT(figlio, 0);
     std::this_thread::sleep_for(durata * decimi / 10);
     ::kill(figlio, SIGKILL);
+    int stato = 0;
     ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
-    UnInsiemeEIntegro(nuovo, "ucciso a " + std::to_string(decimi) + "/10");
+    Riaperto("ucciso a " + std::to_string(decimi) + "/10");
   }
 }
 

@@ -115,6 +115,7 @@ TEST_F(Salvataggio, LaCopiaNellaCartellaDelleImpostazioniSegueIlLavoro) {
 
   // The job loses its lines: the copy loses its own as well.
   std::remove((base + ".LIN").c_str());
+  std::remove((base + ".LIK").c_str());
   Apri();
   s.Imp.Cartella_Copia_Salvataggio = condivisa;
   ASSERT_TRUE(Salva(s));
@@ -140,6 +141,31 @@ TEST_F(Salvataggio, UnaCopiaCheNonRiesceNonDisfaIlSalvataggio) {
   s.Imp.Cartella_Copia_Salvataggio = lavori;
   EXPECT_TRUE(Salva(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_F(Salvataggio, UnMembroLettoConErroreNonVieneRiscrittoNeRuotato) {
+  // Broken quoting in the second Contorno-7 row: the first row reads, then the file runs short.
+  const std::string sette = "0,\"101|102\",\"COGO\",\"245\",3,1\r\n0,\"103|104,\"COGO\",\"246\",3,1\r\n";
+  const std::string buono = "0,\"101|102\",\"COGO\",\"245\",3,1\r\n";
+  Scrivi(".HAT", sette);
+  Scrivi(".HAK", buono);  // what the save before left
+  Apri();
+  ASSERT_EQ(s.ContaEntita[SlotSette], 1);
+  // An edit, undone and done again: undo and redo read the member from the generations, which
+  // must still hold it as it was read.
+  ModificaLinea(1725011);
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  ASSERT_TRUE(VR_UNDO(s));
+  ASSERT_TRUE(VR_REDO(s));
+  p.ui.Messaggi.clear();
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(LeggiFileProva(base + ".HAT"), sette);
+  EXPECT_EQ(LeggiFileProva(base + ".HAK"), buono);
+  EXPECT_EQ(MembriDi(base).at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Salva Lavoro");
+  EXPECT_EQ(p.ui.Messaggi[0].Testo,
+            "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:\nROSSI.HAT");
 }
 
 TEST_F(Salvataggio, LeRigheCancellateRestanoFinoAllaRiapertura) {
