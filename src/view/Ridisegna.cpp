@@ -304,8 +304,8 @@ void Ridisegna(Sessione& s) {
     AggiungiStoriaVista(s.Vista);
   }
   AggiornaIngombroAltezza(s.Vista);
-  const double secondi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-  if (s.ComandoCorrente == 0) MostraPrompt(s, TestoTempoRidisegno(secondi));
+  s.Vista.TempoRidisegno = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
+  ++s.Vista.Ridisegni;
 }
 
 }  // namespace varena
