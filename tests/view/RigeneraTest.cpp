@@ -227,6 +227,13 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   Ridisegna(z.s);
   EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -3 12.35", "Testo 1 -6 SPIGOLO"}));
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
+  // The same surface as a window on a screen 150 mm high: 2% of 150 mm is 3 mm, which on
+  // the 100 mm window showing 100 m is 3 m, lines 4.5 m apart; the symbol keeps its size.
+  z.sup.riferimentoMm = 150;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -4.5 12.35", "Testo 1 -9 SPIGOLO"}));
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(3.0 / 0.3528)));
 }
 
 TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
