@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "view/Rigenera.h"
@@ -81,6 +82,7 @@ TEST(ColoreVisibile, IndiciDaNonDipingereEFondo) {
 }
 
 TEST(Rigenerazione, OrdineDelleTipologie) {
+  InterfacciaRegistrata ui;
   Scena z;
   z.Linea(990, 1990, 1010, 1990);
   z.Testo("VIA ROMA", 0);
@@ -91,7 +93,11 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
   z.s.ContaEntita[SlotArchi] = 1;
   z.Bitmap(990, 100, 50, 0.1);
+  z.s.Ui = &ui;
   RigeneraLista(z.s);
+  // Its progress: images, arcs, circles, lines, texts, the extent's frame, the indexes.
+  using A = std::vector<std::pair<int64_t, int64_t>>;
+  EXPECT_EQ(ui.Avanzamento, (A{{0, 7}, {1, 7}, {2, 7}, {3, 7}, {4, 7}, {5, 7}, {6, 7}, {7, 7}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
