@@ -234,7 +234,7 @@ void FinestraPrincipale::InvioRiga(const QString& testo) {
 void FinestraPrincipale::AggiornaRiposo() {
   const QString nome = Qs(Foglia(s_.NomeOriginale));
   riposo_ = nome.isEmpty() ? tr("Nessun lavoro aperto") : nome + " - " + Contenuto(s_);
-  ridisegniVisti_ = s_.Vista.Ridisegni;
+  modificheViste_ = s_.Modifiche;
   lavoroVisto_ = s_.NomeOriginale;
 }
 
@@ -244,9 +244,9 @@ void FinestraPrincipale::Aggiorna() {
   segmento_->setText(Qs(s_.LetturaSegmento));
   etichettaSnap_->setText(Qs(s_.EtichettaSnap));
   for (auto it = spie_.begin(); it != spie_.end(); ++it) it.value()->setChecked(it.key() == s_.ModoSnap);
-  // What the job holds changes only with a redraw: counting it again at every pointer move
-  // would cost a large job its smoothness.
-  const bool cambiato = s_.Vista.Ridisegni != ridisegniVisti_ || s_.NomeOriginale != lavoroVisto_;
+  // What the job holds changes only with a change of its tables: counting it again at every
+  // pointer move or redraw would cost a large job its smoothness.
+  const bool cambiato = s_.Modifiche != modificheViste_ || s_.NomeOriginale != lavoroVisto_;
   if (cambiato) AggiornaRiposo();
   if (cambiato || s_.PianoCorrente != pianoVisto_) {
     pianoVisto_ = s_.PianoCorrente;

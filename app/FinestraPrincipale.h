@@ -125,7 +125,7 @@ class FinestraPrincipale : public QMainWindow {
   QMap<QString, QMenu*> menu_;
   Disposizione memoria_;
   QString riposo_;
-  uint64_t ridisegniVisti_ = ~uint64_t{0};
+  uint64_t modificheViste_ = ~uint64_t{0};
   std::string lavoroVisto_, pianoVisto_;
   std::unique_ptr<InterfacciaQt> ui_;
 };

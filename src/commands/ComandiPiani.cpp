@@ -103,14 +103,21 @@ std::vector<VocePiano> ElencoPiani(const Sessione& s) {
     if (trova(p.Nome)) continue;
     elenco.push_back({Rifila(p.Nome), p.Colore, 0, 0, false, true});
   }
+  // Rows of one layer mostly follow one another: the layer of the row before is tried first.
+  std::string ultimo;
+  size_t indice = 0;
   PerOgniRiga(s, [&](int slot, size_t r, const std::string& p) {
-    VocePiano* v = trova(p);
-    if (!v) {
-      elenco.push_back({Rifila(p).empty() ? "0" : Rifila(p), 1, 0, 0, false, false});
-      v = &elenco.back();
+    if (elenco.empty() || p != ultimo) {
+      VocePiano* v = trova(p);
+      if (!v) {
+        elenco.push_back({Rifila(p).empty() ? "0" : Rifila(p), 1, 0, 0, false, false});
+        v = &elenco.back();
+      }
+      indice = static_cast<size_t>(v - elenco.data());
+      ultimo = p;
     }
-    ++v->Entita;
-    if (Congelata(s, slot, r)) ++v->Congelate;
+    ++elenco[indice].Entita;
+    if (Congelata(s, slot, r)) ++elenco[indice].Congelate;
   });
   for (VocePiano& v : elenco) v.Corrente = StessoPiano(v.Nome, s.PianoCorrente);
   return elenco;

@@ -687,6 +687,17 @@ TEST_F(Desktop, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
   EXPECT_TRUE(rc->Casella()->completer()->model()->match(rc->Casella()->completer()->model()->index(0, 0),
                                                        Qt::DisplayRole, "Linea 2 Punti (Disegno)").size() == 1);
 
+  // Names under the icons make the toolbars wider: they take more lines, and every button is
+  // still in sight.
+  f->TestoSottoIcone(true);
+  for (QToolButton* b : f->findChildren<QToolButton*>())
+    if (b->property("tag").isValid()) {
+      EXPECT_EQ(b->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+      EXPECT_TRUE(b->isVisible()) << b->property("tag").toString().toStdString();
+    }
+  EXPECT_EQ(f->width(), 1280);
+  f->TestoSottoIcone(false);
+
   // The layer panel moves to the left and the command line is closed; the next session
   // finds them so.
   f->addDockWidget(Qt::LeftDockWidgetArea, f->DockPiani());
