@@ -239,6 +239,7 @@ void FinestraPrincipale::AggiornaRiposo() {
 }
 
 void FinestraPrincipale::Aggiorna() {
+  if (!InterfacciaQt::AlLavoro()) ui_->FineAvanzamento();
   tela_->update();
   lettura_->setText(Qs(s_.LetturaCoordinate));
   segmento_->setText(Qs(s_.LetturaSegmento));

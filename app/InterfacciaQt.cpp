@@ -100,7 +100,7 @@ void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
     if (barra_ && barra_->isVisible()) barra_->hide();
     return;
   }
-  if (!inizio_.isValid()) {
+  if (!inizio_.isValid() || fatto == 0) {
     inizio_.start();
     ultimaPittura_.invalidate();
   }

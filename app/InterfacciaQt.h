@@ -63,6 +63,9 @@ class InterfacciaQt : public Interfaccia {
   // True while long work lets the window repaint: whatever would run the core again (a
   // timer's redraw) waits for its end.
   static bool AlLavoro() { return alLavoro_ > 0; }
+  // Once the core is back from its work, a bar that its end did not close (the work failed
+  // half way) goes.
+  void FineAvanzamento() { Progresso(0, 0); }
 
  private:
   void Colloca(DialogoQt* d);
