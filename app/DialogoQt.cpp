@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMoveEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -137,6 +138,22 @@ DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, 
   auto* colonna = new QVBoxLayout(this);
   DisponiCampi(d, colonna);
   DisponiBottoni(d, colonna);
+  // Wide enough for the whole title and the frame's buttons beside it.
+  QFont titolo = font();
+  titolo.setBold(true);
+  setMinimumWidth(std::max(minimumSizeHint().width(), QFontMetrics(titolo).horizontalAdvance(windowTitle()) + 110));
+}
+
+void DialogoQt::Colloca(QPoint p) {
+  collocando_ = true;
+  move(p);
+  collocando_ = false;
+}
+
+void DialogoQt::moveEvent(QMoveEvent* e) {
+  QDialog::moveEvent(e);
+  // The program's own placing is not the user's choice; any later move is.
+  if (!collocando_ && isVisible()) spostato_ = true;
 }
 
 void DialogoQt::DisponiCampi(const Dialogo& d, QVBoxLayout* colonna) {

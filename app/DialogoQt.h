@@ -25,9 +25,14 @@ class DialogoQt : public QDialog {
   const QString& Nome() const { return nome_; }
   // For a test: the widget of a field.
   QWidget* Campo(const QString& campo) const { return campi_.value(campo); }
+  // The program puts the dialog at `p` (its frame's corner); a move of the user's after
+  // that is what the next session brings back.
+  void Colloca(QPoint p);
+  bool SpostatoDallUtente() const { return spostato_; }
 
  protected:
   void reject() override;  // Esc presses the dialog's own Esc button, if it has one
+  void moveEvent(QMoveEvent* e) override;
 
  private:
   QWidget* CreaCampo(const CampoDialogo& c, const std::string& campoPrima);
@@ -42,6 +47,8 @@ class DialogoQt : public QDialog {
   QMap<QString, QPushButton*> bottoni_;
   QString primoBottone_;
   std::function<void()> dopo_;
+  bool collocando_ = false;
+  bool spostato_ = false;
 };
 
 }  // namespace varena

@@ -5,17 +5,19 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QHBoxLayout>
-#include <QInputDialog>
 #include <QKeyEvent>
-#include <QMenuBar>
-#include <QPainter>
-#include <QPixmap>
+#include <QMenu>
+#include <QResizeEvent>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <cmath>
 #include <fstream>
 #include <iostream>
 
 #include "FinestreLavori.h"
+#include "Icone.h"
+#include "PannelloPiani.h"
+#include "RigaComando.h"
 #include "commands/Comandi.h"
 #include "commands/Script.h"
 #include "commands/TabellaComandi.h"
@@ -24,8 +26,9 @@
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
-#include "store/Registro.h"
+#include "selection/Selezione.h"
 #include "store/Provvisorio.h"
+#include "store/Registro.h"
 #include "store/Salvataggio.h"
 
 namespace varena {
@@ -34,48 +37,42 @@ namespace {
 
 QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
 
-// The menus in the order of the menu bar; a menu named in the table and not here comes last.
-const char* const kOrdineMenu[] = {"File",   "Edit",   "Visualizza", "Zoom",    "Disegno",
-                                   "Punto",  "Cambia", "Info",       "Immagine", "Catasto",
-                                   "Terreno", "Strumenti"};
-
 // The tags whose windows belong to the desktop program.
 bool TagDelDesktop(const QString& t) {
   return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "RIAPRI_DISEGNO" || t == "GESTIONE_DISEGNI";
 }
 
-// The button toolbars and their tags. `CfgToolbarBottoni.ini` gives, toolbar by toolbar, the
-// row of the top of the window it stands in.
-struct Barra {
-  const char* Nome;
-  std::vector<const char*> Tag;
-};
-const std::vector<Barra>& Barre() {
-  static const std::vector<Barra> barre = {
-      {"File", {"NUOVO_VUOTO", "APRI_ESISTENTE", "SALVA_VELOCE", "ANNULLA", "REDO"}},
-      {"Zoom", {"ZOOM_TUTTO", "ZOOM_FINESTRA", "ZOOM_SPOSTA", "ZOOM_PRECEDENTE", "ZOOM_+", "ZOOM_-", "ZOOM_SCALA",
-                "RIDISEGNA"}},
-      {"Linee", {"DISEGNA_LINEA_2_P", "DISEGNA_LINEA_LIBERA", "DISEGNA_PARALLELA", "DISEGNA_LINEA_PERPENDA", "RETTANGOLO"}},
-      {"Curve", {"DISEGNA_CERCHIO_3_P", "CERCHIO_CENTRO_RAGGIO", "DISEGNA_ARCO_3_P", "ARCO_CENTRO_INIZIO_FINE"}},
-      {"Testi", {"DISEGNA_TESTO", "DISEGNA_TESTO_DA_APPUNTI", "DISEGNA_FUMETTO"}},
-      {"Punti", {"DISEGNA_PUNTO", "PUNTO_BILATERA", "IRRAGGIAMENTO", "PUNTO_PIEDE", "PUNTO_INCROCIO", "PUNTO_STAZIONE_LIBERA"}},
-      {"Cambia", {"CAMBIA_ELIMINA", "CAMBIA_SPOSTA", "CAMBIA_COPIA", "CAMBIA_RUOTA", "CAMBIA_SPECCHIO", "CAMBIA_SCALA"}},
-      {"Taglia", {"CAMBIA_TAGLIA", "CAMBIA_ALLUNGA", "CAMBIA_RIFILA", "CAMBIA_DIVIDE"}},
-      {"Info", {"INFO_DISTANZA", "INFO_ANGOLO", "INFO_AREA", "LISTA_ENTITA"}},
-      {"Visualizza", {"N", "Q", "W", "S", "L", "A"}},
-      {"Immagine", {"DISEGNA_IMMAGINE", "SPOSTA_BITMAP", "SCALA_1000", "SCALA_2000"}},
-      {"Catasto", {"LIBRETTO_MISURE", "SCHEMA_DA_LIBRETTO", "CONTORNO_7"}},
-      {"Strumenti", {"CONFIGURAZIONE", "ORTOSINO", "DISEGNA_CAMPITURA"}},
-  };
-  return barre;
+// A name typed in the command line that a point bears is the point's, as it always was:
+// the same comparison the centring makes.
+bool NomeDiPunto(const Sessione& s, const std::string& nome) {
+  const auto n = std::min(static_cast<size_t>(std::max(s.ContaEntita[SlotPunti], 0)), s.PuntoNome.size());
+  for (size_t i = 0; i < n; ++i)
+    if (s.PuntoNome[i] == nome) return true;
+  return false;
 }
 
-// The buttons the user assigned, kept beside the settings: "toolbar|position|TAG" a line.
-std::string FileBottoni(const Sessione& s) { return s.CartellaLavoro + "BottoniToolbar.ini"; }
+// "1 punto", "12 linee": the live rows of each kind that has any.
+QString Contenuto(const Sessione& s) {
+  struct Genere {
+    int Slot;
+    const char *Uno, *Molti;
+  };
+  static constexpr Genere kGeneri[] = {{SlotPunti, "punto", "punti"},    {SlotLinee, "linea", "linee"},
+                                       {SlotCerchi, "cerchio", "cerchi"}, {SlotArchi, "arco", "archi"},
+                                       {SlotTesti, "testo", "testi"},     {SlotFalde, "falda", "falde"},
+                                       {SlotBitmap, "immagine", "immagini"}};
+  QStringList parti;
+  for (const Genere& g : kGeneri) {
+    const int64_t n = RigheVive(s, g.Slot);
+    if (n > 0) parti << QString("%1 %2").arg(n).arg(n == 1 ? g.Uno : g.Molti);
+  }
+  return parti.isEmpty() ? QObject::tr("nessuna entità") : parti.join(", ");
+}
 
 }  // namespace
 
 FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
+  setWindowIcon(QIcon(":/icone/linea-2p.svg"));
   auto* centro = new QWidget(this);
   auto* colonna = new QVBoxLayout(centro);
   colonna->setContentsMargins(0, 0, 0, 0);
@@ -83,46 +80,42 @@ FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
   tela_ = new Tela(s_, centro);
   tela_->setObjectName("Picture1");
   colonna->addWidget(tela_, 1);
-
-  auto* riga = new QHBoxLayout();
-  riga->setContentsMargins(4, 2, 4, 2);
   prompt_ = new QLabel(centro);
   prompt_->setObjectName("Prompt");
-  prompt_->setMinimumWidth(300);
-  comando_ = new QLineEdit(centro);
-  comando_->setObjectName("Casella");
-  comando_->setMaximumWidth(220);
-  comando_->setPlaceholderText(tr("Nome punto / _N"));
-  riga->addWidget(prompt_, 1);
-  riga->addWidget(comando_);
-  colonna->addLayout(riga);
+  prompt_->setContentsMargins(6, 3, 6, 3);
+  prompt_->setTextFormat(Qt::PlainText);
+  colonna->addWidget(prompt_);
   setCentralWidget(centro);
 
   etichettaSnap_ = new QLabel(this);
   segmento_ = new QLabel(this);
   lettura_ = new QLabel(this);
   lettura_->setObjectName("Lettura");
+  tempo_ = new QLabel(this);
+  tempo_->setObjectName("TempoRidisegno");
+  progresso_ = new QProgressBar(this);
+  progresso_->setObjectName("Progresso");
+  progresso_->setMaximumWidth(180);
+  progresso_->setTextVisible(false);
+  progresso_->hide();
   statusBar()->addWidget(etichettaSnap_);
   statusBar()->addWidget(segmento_, 1);
+  statusBar()->addPermanentWidget(progresso_);
+  statusBar()->addPermanentWidget(tempo_);
   statusBar()->addPermanentWidget(lettura_);
 
   ui_ = std::make_unique<InterfacciaQt>(
       s_, this, prompt_, [this] { Aggiorna(); }, [this](std::string_view nome) { MenuContestuale(nome); });
+  ui_->ImpostaBarra(progresso_);
+  ui_->ImpostaAgganci({[this] { return RettangoloDisegno(); }, [this] { return RettangoloSelezione(); }, &memoria_});
   s_.Ui = ui_.get();
 
   connect(tela_, &Tela::Evento, this, &FinestraPrincipale::Aggiorna);
-  connect(comando_, &QLineEdit::returnPressed, this, [this] {
-    const std::string testo = comando_->text().trimmed().toStdString();
-    comando_->clear();
-    tela_->setFocus();
-    tela_->CompletaRidisegno();
-    if (!testo.empty()) InvioCasella(s_, testo);
-    Aggiorna();
-  });
+  CreaDock();
   CreaMenu();
   CreaSpie();
   resize(1280, 800);
-  // Keys belong to the drawing until the user types into the text box.
+  // Keys belong to the drawing until the user types into the command line.
   tela_->setFocus();
   MostraNomeDelFile();
 }
@@ -133,38 +126,31 @@ FinestraPrincipale::~FinestraPrincipale() {
   s_.Ui = &muta;
 }
 
-bool FinestraPrincipale::AttivoTag(const std::string& tag) const {
-  // A command whose work is not written yet is shown, and not offered.
-  return TagDelDesktop(Qs(tag)) || TagEseguibile(tag);
-}
+QLineEdit* FinestraPrincipale::CasellaComando() { return riga_->Casella(); }
 
-void FinestraPrincipale::CreaMenu() {
-  for (const char* nome : kOrdineMenu) menu_.insert(nome, menuBar()->addMenu(Qs(nome)));
-  for (const VoceComando& v : TabellaComandi()) {
-    if (v.Menu.empty()) continue;
-    const QString nome = Qs(v.Menu);
-    if (!menu_.contains(nome)) menu_.insert(nome, menuBar()->addMenu(nome));
-    const QString tag = Qs(v.Tag);
-    QAction* a = menu_[nome]->addAction(Qs(v.Voce), this, [this, tag] { EseguiTag(tag); });
-    a->setObjectName(tag);
-    a->setEnabled(AttivoTag(std::string(v.Tag)));
-    a->setStatusTip(tag);
-  }
-  QMenu* file = menu_["File"];
-  file->addSeparator();
-  file->addAction(tr("Lavori Aperti (recupero)..."), this, &FinestraPrincipale::LavoriAperti);
-  file->addAction(tr("Includi Disegno..."), this, &FinestraPrincipale::IncludiDisegno);
-  file->addAction(tr("Chiudi Lavoro"), this, [this] {
-    if (!ChiudiPrimaDi()) return;
-    ClearAllTables(s_);
-    s_.NomeOriginale.clear();
-    s_.NomeLavoro.clear();
-    DopoCambioLavoro();
+void FinestraPrincipale::CreaDock() {
+  riga_ = new RigaComando(this);
+  dockComando_ = new QDockWidget(tr("Riga di comando"), this);
+  dockComando_->setObjectName("DockComando");
+  dockComando_->setWidget(riga_);
+  addDockWidget(Qt::BottomDockWidgetArea, dockComando_);
+  connect(riga_, &RigaComando::Invio, this, &FinestraPrincipale::InvioRiga);
+
+  piani_ = new PannelloPiani(s_, this);
+  dockPiani_ = new QDockWidget(tr("Piani"), this);
+  dockPiani_->setObjectName("DockPiani");
+  dockPiani_->setWidget(piani_);
+  addDockWidget(Qt::RightDockWidgetArea, dockPiani_);
+  connect(piani_, &PannelloPiani::Cambiato, this, [this] {
+    tela_->update();
+    Aggiorna();
   });
-  file->addSeparator();
-  file->addAction(tr("Esci"), this, &QWidget::close);
-  for (QMenu* m : menu_)
-    if (m->isEmpty()) m->menuAction()->setVisible(false);
+  connect(dockPiani_, &QDockWidget::visibilityChanged, this, [this](bool visibile) {
+    if (visibile) piani_->Aggiorna();
+  });
+  // The drawing keeps most of the window: the docks start narrow and short.
+  resizeDocks({dockPiani_}, {240}, Qt::Horizontal);
+  resizeDocks({dockComando_}, {90}, Qt::Vertical);
 }
 
 void FinestraPrincipale::PreparaBarre() {
@@ -172,100 +158,22 @@ void FinestraPrincipale::PreparaBarre() {
     removeToolBar(b);
     b->deleteLater();
   }
+  memoria_.Apri(s_.CartellaLavoro);
+  riga_->ImpostaDigitate(memoria_.Storia());
+  const bool testo = memoria_.Valore("Finestra/TestoSottoIcone", "0") == "1";
+  if (testoSottoIcone_) testoSottoIcone_->setChecked(testo);
+  setToolButtonStyle(testo ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
   CreaToolbar();
   CreaBarraColori();
+  barreDellUtente_ = memoria_.RipristinaFinestra(*this);
+  ImpostaTema(TemaDaNome(memoria_.Valore("Finestra/Tema")), false);
+  AggiornaRiposo();
+  Aggiorna();
 }
 
-void FinestraPrincipale::CreaToolbar() {
-  // User assignments override the defaults, button by button.
-  QMap<QString, QString> assegnati;
-  for (const std::string& riga : RigheFile(FileBottoni(s_))) {
-    const auto pezzi = Dividi(riga, '|');
-    if (pezzi.size() >= 3) assegnati.insert(Qs(pezzi[0]) + "|" + Qs(pezzi[1]), Qs(Rifila(pezzi[2])));
-  }
-  // Toolbars of the same row stand together, rows in increasing order.
-  const auto& gruppi = s_.Toolbar.Gruppi;
-  std::vector<std::pair<int, size_t>> ordine;
-  for (size_t k = 0; k < Barre().size(); ++k)
-    ordine.emplace_back(k < gruppi.size() ? gruppi[k] : 1, k);
-  std::stable_sort(ordine.begin(), ordine.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  int rigaPrima = -1;
-  for (const auto& [riga, k] : ordine) {
-    const Barra& b = Barre()[k];
-    auto* barra = new QToolBar(Qs(b.Nome), this);
-    barra->setObjectName(QString("Barra") + b.Nome);
-    if (rigaPrima >= 0 && riga != rigaPrima) addToolBarBreak(Qt::TopToolBarArea);
-    rigaPrima = riga;
-    addToolBar(Qt::TopToolBarArea, barra);
-    for (size_t i = 0; i < b.Tag.size(); ++i) {
-      const QString chiave = QString(b.Nome) + "|" + QString::number(i);
-      const QString tag = assegnati.value(chiave, b.Tag[i]);
-      const VoceComando* v = CercaTag(tag.toStdString());
-      auto* bottone = new QToolButton(barra);
-      bottone->setProperty("chiave", chiave);
-      bottone->setProperty("tag", tag);
-      bottone->setText(v && !v->Voce.empty() ? Qs(v->Voce) : tag);
-      bottone->setToolTip(tag);
-      bottone->setEnabled(AttivoTag(tag.toStdString()));
-      bottone->setContextMenuPolicy(Qt::CustomContextMenu);
-      connect(bottone, &QToolButton::clicked, this, [this, bottone] { EseguiTag(bottone->property("tag").toString()); });
-      connect(bottone, &QToolButton::customContextMenuRequested, this, [this, bottone] { AssegnaBottone(bottone); });
-      barra->addWidget(bottone);
-    }
-  }
-}
-
-void FinestraPrincipale::AssegnaBottone(QToolButton* b) {
-  QStringList voci;
-  QStringList tag;
-  for (const VoceComando& v : TabellaComandi())
-    if (!v.Voce.empty()) {
-      voci << Qs(v.Menu) + " - " + Qs(v.Voce) + "  [" + Qs(v.Tag) + "]";
-      tag << Qs(v.Tag);
-    }
-  bool ok = false;
-  const QString scelta = QInputDialog::getItem(this, tr("Assegna Comando"), tr("Comando del bottone:"), voci,
-                                               static_cast<int>(tag.indexOf(b->property("tag").toString())), false, &ok);
-  if (!ok) return;
-  const QString nuovo = tag[voci.indexOf(scelta)];
-  b->setProperty("tag", nuovo);
-  const VoceComando* v = CercaTag(nuovo.toStdString());
-  b->setText(v ? Qs(v->Voce) : nuovo);
-  b->setToolTip(nuovo);
-  b->setEnabled(AttivoTag(nuovo.toStdString()));
-  s_.RoutineCorrente = "AssegnaBottone";
-  const std::string riga = b->property("chiave").toString().toStdString() + "|" + nuovo.toStdString() + "\r\n";
-  Protetto(s_, [&] { AggiungiTesto(FileBottoni(s_), riga); });
-}
-
-void FinestraPrincipale::CreaBarraColori() {
-  auto* barra = new QToolBar(tr("Colori"), this);
-  barra->setObjectName("BarraColori");
-  addToolBar(Qt::BottomToolBarArea, barra);
-  const int quanti = std::clamp(s_.Colori.NumeroColori, 9, 32);
-  for (int i = 1; i <= quanti; ++i) {
-    QPixmap campione(16, 16);
-    const ColoreRGB c = s_.Colori[i];
-    campione.fill(QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
-    QAction* a = barra->addAction(QIcon(campione), QString::number(i), this,
-                                  [this, i] { EseguiTag("COLORE_" + QString::number(i)); });
-    a->setToolTip(tr("Colore %1").arg(i));
-  }
-}
-
-void FinestraPrincipale::CreaSpie() {
-  for (const VoceComando& v : TabellaComandi()) {
-    if (v.Genere != GenereComando::Snap) continue;
-    auto* spia = new QToolButton(this);
-    spia->setText(Qs(v.Tag).mid(5, 3));
-    spia->setToolTip(Qs(v.Voce));
-    spia->setCheckable(true);
-    spia->setAutoRaise(true);
-    const QString tag = Qs(v.Tag);
-    connect(spia, &QToolButton::clicked, this, [this, tag] { EseguiTag(tag); });
-    statusBar()->addPermanentWidget(spia);
-    spie_.insert(v.Codice, spia);
-  }
+bool FinestraPrincipale::AttivoTag(const std::string& tag) const {
+  // A command whose work is not written yet is shown, and not offered.
+  return TagDelDesktop(Qs(tag)) || TagEseguibile(tag);
 }
 
 bool FinestraPrincipale::EseguiScript(const QString& percorso) {
@@ -298,6 +206,7 @@ void FinestraPrincipale::MenuContestuale(std::string_view nome) {
 
 void FinestraPrincipale::EseguiTag(const QString& tag) {
   const QString t = tag.toUpper();
+  if (const VoceComando* v = CercaTag(t.toStdString()); v && !v->Voce.empty()) riga_->Annota(Qs(v->Voce));
   if (t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO") return ApriLavoro();
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
@@ -308,12 +217,73 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   Aggiorna();
 }
 
+void FinestraPrincipale::InvioRiga(const QString& testo) {
+  tela_->setFocus();
+  tela_->CompletaRidisegno();
+  if (testo.isEmpty()) return;
+  riga_->Annota("> " + testo);
+  // The legacy box first: display toggles and point names; then the commands by name.
+  const std::string t = testo.toStdString();
+  if (!testo.startsWith('_') && !NomeDiPunto(s_, t)) {
+    if (const VoceComando* v = ComandoDaTesto(testo)) return EseguiTag(Qs(v->Tag));
+  }
+  InvioCasella(s_, t);
+  Aggiorna();
+}
+
+void FinestraPrincipale::AggiornaRiposo() {
+  const QString nome = Qs(Foglia(s_.NomeOriginale));
+  riposo_ = nome.isEmpty() ? tr("Nessun lavoro aperto") : nome + " - " + Contenuto(s_);
+  modificheViste_ = s_.Modifiche;
+  lavoroVisto_ = s_.NomeOriginale;
+}
+
 void FinestraPrincipale::Aggiorna() {
+  if (!InterfacciaQt::AlLavoro()) ui_->FineAvanzamento();
   tela_->update();
   lettura_->setText(Qs(s_.LetturaCoordinate));
   segmento_->setText(Qs(s_.LetturaSegmento));
   etichettaSnap_->setText(Qs(s_.EtichettaSnap));
   for (auto it = spie_.begin(); it != spie_.end(); ++it) it.value()->setChecked(it.key() == s_.ModoSnap);
+  // What the job holds changes only with a change of its tables: counting it again at every
+  // pointer move or redraw would cost a large job its smoothness.
+  const bool cambiato = s_.Modifiche != modificheViste_ || s_.NomeOriginale != lavoroVisto_;
+  if (cambiato) AggiornaRiposo();
+  if (cambiato || s_.PianoCorrente != pianoVisto_) {
+    pianoVisto_ = s_.PianoCorrente;
+    if (dockPiani_->isVisible()) piani_->Aggiorna();
+  }
+  const QString prompt = Qs(s_.Prompt);
+  prompt_->setText(prompt.isEmpty() ? riposo_ : prompt);
+  riga_->Annota(prompt);
+  if (s_.Vista.Ridisegni > 0) {
+    const long ms = std::lround(s_.Vista.TempoRidisegno * 1000);
+    tempo_->setText(ms < 1 ? tr("Ridisegno < 1 ms") : tr("Ridisegno %1 ms").arg(ms));
+  }
+}
+
+QRect FinestraPrincipale::RettangoloDisegno() const {
+  return QRect(tela_->mapToGlobal(QPoint(0, 0)), tela_->size());
+}
+
+QRect FinestraPrincipale::RettangoloSelezione() const {
+  // What the command is about: the rows selected, and the points it has taken so far with
+  // the pointer's; a margin keeps the labels of points clear too.
+  Ingombro ingombro;
+  if (const auto sel = IngombroSelezione(s_)) {
+    ingombro.Aggiungi(sel->XMin, sel->YMin);
+    ingombro.Aggiungi(sel->XMax, sel->YMax);
+  }
+  if (s_.ComandoCorrente != 0) {
+    ingombro.Aggiungi(s_.PuntoCorrenteX, s_.PuntoCorrenteY);
+    if (s_.PassoComando >= 1) ingombro.Aggiungi(s_.Punto1X, s_.Punto1Y);
+    if (s_.PassoComando >= 2) ingombro.Aggiungi(s_.Punto2X, s_.Punto2Y);
+  }
+  const auto i = ingombro.Risultato();
+  if (!i) return {};
+  const QPointF a = tela_->InPixel(i->XMin, i->YMax), b = tela_->InPixel(i->XMax, i->YMin);
+  const QRect locale = QRectF(a, b).toAlignedRect().adjusted(-24, -24, 60, 48);
+  return QRect(tela_->mapToGlobal(locale.topLeft()), locale.size());
 }
 
 bool FinestraPrincipale::Tasto(QKeyEvent* e) {
@@ -350,20 +320,57 @@ bool FinestraPrincipale::Tasto(QKeyEvent* e) {
       }
   }
   tela_->CompletaRidisegno();
-  const bool usato = TastoGiu(s_, t, comando_->hasFocus());
+  const bool usato = TastoGiu(s_, t, CasellaComando()->hasFocus());
   Aggiorna();
   return usato;
 }
 
 void FinestraPrincipale::keyPressEvent(QKeyEvent* e) {
   if (Tasto(e)) return;
-  // A key the program did not use starts the text of the command box.
+  // A key the program did not use starts the text of the command line, shown again if the
+  // user had closed it.
   if (!e->text().isEmpty() && e->text()[0].isPrint()) {
-    comando_->setFocus();
-    comando_->insert(e->text());
+    if (!dockComando_->isVisible()) dockComando_->show();
+    CasellaComando()->setFocus();
+    CasellaComando()->insert(e->text());
     return;
   }
   QMainWindow::keyPressEvent(e);
+}
+
+void FinestraPrincipale::changeEvent(QEvent* e) {
+  // The icons follow the palette by themselves; the colour swatches and lamps need a repaint.
+  if (e->type() == QEvent::PaletteChange) update();
+  QMainWindow::changeEvent(e);
+}
+
+void FinestraPrincipale::ImpostaTema(Tema t, bool ricorda) {
+  ApplicaTema(t);
+  if (temaScuro_) {
+    const QSignalBlocker zitto(temaScuro_);
+    temaScuro_->setChecked(PaletteScura());
+  }
+  if (ricorda) memoria_.Scrivi("Finestra/Tema", NomeTema(t));
+}
+
+void FinestraPrincipale::TestoSottoIcone(bool si) {
+  setToolButtonStyle(si ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+  memoria_.Scrivi("Finestra/TestoSottoIcone", si ? "1" : "0");
+  // Wider buttons need the rows laid out again.
+  DisponiToolbar(BarreDeiComandi());
+}
+
+std::vector<QToolBar*> FinestraPrincipale::BarreDeiComandi() const {
+  std::vector<QToolBar*> barre;
+  for (QToolBar* b : findChildren<QToolBar*>())
+    if (b->objectName().startsWith("Barra") && b->objectName() != "BarraColori") barre.push_back(b);
+  return barre;
+}
+
+void FinestraPrincipale::resizeEvent(QResizeEvent* e) {
+  QMainWindow::resizeEvent(e);
+  if (!barreDellUtente_ && larghezzaDisposta_ > 0 && std::abs(width() - larghezzaDisposta_) > 32)
+    DisponiToolbar(BarreDeiComandi());
 }
 
 void FinestraPrincipale::MostraNomeDelFile() {
@@ -423,6 +430,8 @@ void FinestraPrincipale::closeEvent(QCloseEvent* e) {
     e->ignore();
     return;
   }
+  memoria_.SalvaFinestra(*this);
+  memoria_.SalvaStoria(riga_->Digitate());
   e->accept();
 }
 

@@ -4,8 +4,11 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 
 #include "DialogoQt.h"
+#include "Disposizione.h"
 #include "core/Dialoghi.h"
 
 namespace varena {
@@ -93,21 +96,33 @@ void InterfacciaQt::Prompt(std::string_view testo) {
 
 void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
   if (totale <= 0 || fatto >= totale) {
-    if (progresso_) progresso_->deleteLater();
+    inizio_.invalidate();
+    if (barra_ && barra_->isVisible()) barra_->hide();
     return;
   }
-  if (!progresso_) {
-    progresso_ = new QProgressDialog(QObject::tr("Attendere..."), QString(), 0, 1000, finestra_);
-    progresso_->setWindowModality(Qt::WindowModal);
-    progresso_->setMinimumDuration(300);
+  if (!inizio_.isValid() || fatto == 0) {
+    inizio_.start();
+    ultimaPittura_.invalidate();
   }
-  progresso_->setValue(static_cast<int>(fatto * 1000 / totale));
-  // Let the window repaint while the work goes on.
+  if (!barra_ || inizio_.elapsed() < ritardoMs_) return;
+  // A few paintings a second are enough for the eye and cost the work nothing.
+  if (ultimaPittura_.isValid() && ultimaPittura_.elapsed() < 50) return;
+  ultimaPittura_.start();
+  barra_->setRange(0, 1000);
+  barra_->setValue(static_cast<int>(fatto * 1000 / totale));
+  barra_->show();
+  // The window repaints (the bar, a window uncovered) while the work goes on; input waits,
+  // since a click could run the core again in the middle of its own work.
+  ++alLavoro_;
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  --alLavoro_;
 }
 
 InterfacciaQt::~InterfacciaQt() {
-  for (DialogoQt* d : dialoghi_) delete d;
+  for (DialogoQt* d : dialoghi_) {
+    RicordaPosizione(d);
+    delete d;
+  }
 }
 
 void InterfacciaQt::MostraDialogo(const Dialogo& d) {
@@ -115,16 +130,46 @@ void InterfacciaQt::MostraDialogo(const Dialogo& d) {
   if (DialogoQt* vecchio = dialoghi_.take(nome)) vecchio->deleteLater();
   auto* nuovo = new DialogoQt(s_, d, aggiorna_, finestra_);
   dialoghi_.insert(nome, nuovo);
+  Colloca(nuovo);
   nuovo->show();
 }
 
+void InterfacciaQt::Colloca(DialogoQt* d) {
+  d->adjustSize();
+  if (!agganci_.Disegno) return;
+  // The frame of a window that was never shown is not known yet: the title bar's height
+  // stands for it.
+  QSize cornice = d->frameGeometry().size();
+  if (!d->isVisible()) cornice += QSize(0, d->style()->pixelMetric(QStyle::PM_TitleBarHeight));
+  std::vector<QRect> altri;
+  for (DialogoQt* a : dialoghi_)
+    if (a != d && a->isVisible()) altri.push_back(a->frameGeometry());
+  const QScreen* schermo = finestra_ ? finestra_->screen() : nullptr;
+  const std::optional<QPoint> lasciato =
+      agganci_.Memoria ? agganci_.Memoria->PosizioneDialogo(d->Nome()) : std::optional<QPoint>();
+  const QPoint p = CollocaDialogo(cornice, agganci_.Disegno(), schermo ? schermo->availableGeometry() : QRect(),
+                                  agganci_.Selezione ? agganci_.Selezione() : QRect(), lasciato, altri);
+  d->Colloca(p);
+}
+
+void InterfacciaQt::RicordaPosizione(DialogoQt* d) {
+  if (agganci_.Memoria && d->SpostatoDallUtente()) agganci_.Memoria->SalvaPosizioneDialogo(d->Nome(), d->pos());
+}
+
 void InterfacciaQt::AggiornaDialogo(const Dialogo& d) {
-  if (DialogoQt* q = dialoghi_.value(QString::fromStdString(d.Nome))) q->Aggiorna(d);
+  DialogoQt* q = dialoghi_.value(QString::fromStdString(d.Nome));
+  if (!q) return;
+  q->Aggiorna(d);
+  // What was just picked stays in sight: a dialog standing over it moves aside.
+  if (!agganci_.Selezione || !q->isVisible()) return;
+  const QRect evita = agganci_.Selezione();
+  if (!evita.isEmpty() && q->frameGeometry().intersects(evita)) Colloca(q);
 }
 
 void InterfacciaQt::NascondiDialogo(const Dialogo& d) {
   // The press that closes a dialog may be running inside it: it goes once the press is over.
   if (DialogoQt* q = dialoghi_.take(QString::fromStdString(d.Nome))) {
+    RicordaPosizione(q);
     q->hide();
     q->deleteLater();
   }

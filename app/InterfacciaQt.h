@@ -2,12 +2,14 @@
 // prompts, the status prompt and the progress of long work.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QMap>
 #include <QPointer>
-#include <functional>
-#include <QProgressDialog>
+#include <QProgressBar>
+#include <QRect>
 #include <QWidget>
+#include <functional>
 
 #include "core/Porte.h"
 
@@ -15,6 +17,16 @@ namespace varena {
 
 struct Sessione;
 class DialogoQt;
+class Disposizione;
+
+// What the window tells the interface about where dialogs may stand: the drawing's
+// rectangle on the screen, the rectangle of what the command has picked (the selection, the
+// points clicked), and where the dialogs were left before.
+struct AgganciDialoghi {
+  std::function<QRect()> Disegno;
+  std::function<QRect()> Selezione;
+  Disposizione* Memoria = nullptr;
+};
 
 class InterfacciaQt : public Interfaccia {
  public:
@@ -41,11 +53,32 @@ class InterfacciaQt : public Interfaccia {
   // The dialog of that name on screen, or null (for tests).
   DialogoQt* DialogoAperto(const QString& nome) const { return dialoghi_.value(nome); }
 
+  void ImpostaAgganci(AgganciDialoghi a) { agganci_ = std::move(a); }
+  // The bar in the status bar that shows the progress of long work; it appears once the work
+  // has gone on for `ritardoMs`, so that quick work shows nothing.
+  void ImpostaBarra(QProgressBar* barra, int ritardoMs = 400) {
+    barra_ = barra;
+    ritardoMs_ = ritardoMs;
+  }
+  // True while long work lets the window repaint: whatever would run the core again (a
+  // timer's redraw) waits for its end.
+  static bool AlLavoro() { return alLavoro_ > 0; }
+  // Once the core is back from its work, a bar that its end did not close (the work failed
+  // half way) goes.
+  void FineAvanzamento() { Progresso(0, 0); }
+
  private:
+  void Colloca(DialogoQt* d);
+  void RicordaPosizione(DialogoQt* d);
+
   Sessione& s_;
   QPointer<QWidget> finestra_;
   QPointer<QLabel> prompt_;
-  QPointer<QProgressDialog> progresso_;
+  QPointer<QProgressBar> barra_;
+  int ritardoMs_ = 400;
+  QElapsedTimer inizio_, ultimaPittura_;
+  static inline int alLavoro_ = 0;
+  AgganciDialoghi agganci_;
   std::function<void()> aggiorna_;
   std::function<void(std::string_view)> menu_;
   QMap<QString, DialogoQt*> dialoghi_;

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QPainter>
 #include <QWheelEvent>
 #include <cmath>
 
+#include "InterfacciaQt.h"
 #include "commands/Puntatore.h"
 #include "core/Sessione.h"
 #include "view/Ridisegna.h"
@@ -54,17 +56,36 @@ Tela::~Tela() {
 }
 
 void Tela::Prepara() {
-  const QSize dimensioni = size().expandedTo(QSize(1, 1));
-  if (superficie_ && immagine_.size() == dimensioni) return;
-  if (s_.Schermo == superficie_.get()) s_.Schermo = nullptr;
-  superficie_.reset();
-  immagine_ = QImage(dimensioni, QImage::Format_RGB32);
-  immagine_.fill(Qt::white);
-  superficie_ = std::make_unique<SuperficieQt>(&immagine_, dimensioni.width(), dimensioni.height(), logicalDpiY());
-  s_.Schermo = superficie_.get();
+  // The picture has the screen's own pixels, which on a 2x screen are twice the window's:
+  // the drawing is painted at that resolution and shown pixel for pixel, never scaled up.
+  const double rapporto = devicePixelRatioF();
+  const QSize dimensioni = (QSizeF(size().expandedTo(QSize(1, 1))) * rapporto).toSize();
+  const double dpi = logicalDpiY() * rapporto;
+  if (!superficie_ || immagine_.size() != dimensioni || rapporto != rapporto_) {
+    if (s_.Schermo == superficie_.get()) s_.Schermo = nullptr;
+    superficie_.reset();
+    immagine_ = QImage(dimensioni, QImage::Format_RGB32);
+    // Fonts in points become pixels at the same resolution the surface measures its
+    // millimetres with, so that a text of so many metres is that long on the drawing.
+    immagine_.setDotsPerMeterX(qRound(dpi / 0.0254));
+    immagine_.setDotsPerMeterY(qRound(dpi / 0.0254));
+    immagine_.fill(Qt::white);
+    rapporto_ = rapporto;
+    superficie_ = std::make_unique<SuperficieQt>(&immagine_, dimensioni.width(), dimensioni.height(), dpi);
+    superficie_->ImpostaRapportoPixel(rapporto);
+    s_.Schermo = superficie_.get();
+  }
+  // Labels given as a share of the view are a share of the screen's height.
+  if (const QScreen* schermo = screen())
+    superficie_->ImpostaRiferimentoMm(schermo->geometry().height() * 25.4 / logicalDpiY());
 }
 
 void Tela::Ridisegna() {
+  // The window repaints while long work runs; the work is not begun again inside itself.
+  if (InterfacciaQt::AlLavoro()) {
+    attesa_.start();
+    return;
+  }
   attesa_.stop();
   Prepara();
   QApplication::setOverrideCursor(Qt::BusyCursor);
@@ -114,7 +135,7 @@ void Tela::paintEvent(QPaintEvent*) {
   const StatoVista& v = s_.Vista;
   const auto [est, nord, altezza] = v.SulloSchermo;
   if (!attesa_.isActive() || altezza <= 0 || (est == v.CentroEst && nord == v.CentroNord && altezza == v.AltezzaVista)) {
-    p.drawImage(0, 0, immagine_);
+    p.drawImage(QRectF(0, 0, immagine_.width() / rapporto_, immagine_.height() / rapporto_), immagine_);
   } else {
     // The picture of the earlier view, its top left corner and size where the present view
     // puts them; the ground it leaves uncovered takes the background colour.
@@ -123,7 +144,7 @@ void Tela::paintEvent(QPaintEvent*) {
     const ColoreRGB fondo = superficie_ ? superficie_->Fondo() : 0xFFFFFF;
     p.fillRect(rect(), QColor((fondo >> 16) & 0xFF, (fondo >> 8) & 0xFF, fondo & 0xFF));
     p.setRenderHint(QPainter::SmoothPixmapTransform, k != 1);
-    p.drawImage(QRectF(angolo, QSizeF(immagine_.width() * k, immagine_.height() * k)), immagine_);
+    p.drawImage(QRectF(angolo, QSizeF(immagine_.width() * k / rapporto_, immagine_.height() * k / rapporto_)), immagine_);
   }
   // The label of the point under the pointer lies over the drawing, not in it.
   const SuggerimentoPunto& t = s_.Suggerimento;

@@ -27,8 +27,9 @@ class Tela : public QWidget {
   // so that nothing is ever drawn over a picture of another view.
   void RidisegnoDifferito();
   void CompletaRidisegno();
-  // The picture on screen, for a screenshot or a test.
+  // The picture on screen, for a screenshot or a test, in the screen's own pixels.
   const QImage& Immagine() const { return immagine_; }
+  const SuperficieQt* Superficie() const { return superficie_.get(); }
   // The pointer at pixel `p`, in view coordinates (metres from the view's centre).
   QPointF InVista(QPointF p) const;
   QPointF InPixel(double est, double nord) const;
@@ -52,6 +53,7 @@ class Tela : public QWidget {
 
   Sessione& s_;
   QImage immagine_;
+  double rapporto_ = 1;  // device pixels of the picture to one of the window
   std::unique_ptr<SuperficieQt> superficie_;
   QTimer attesa_;
 };

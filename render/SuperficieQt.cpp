@@ -95,7 +95,7 @@ void SuperficieQt::Penna(ColoreRGB c) {
   pennaStile_ = stile_;
   QPen p(Qc(c));
   p.setCosmetic(true);
-  p.setWidth(spessore_);
+  p.setWidthF(spessore_ * rapporto_);
   p.setStyle(stile_ == StilePenna::Punteggiato ? Qt::DotLine : Qt::SolidLine);
   p.setCapStyle(Qt::FlatCap);
   pittore_.setPen(p);
@@ -204,6 +204,7 @@ void SuperficieQt::Simbolo(int codice, float x, float y, double dimensione, Colo
       SuperficieQt sprite(&img, lato, lato, dpi_);
       const double mezzo = lato / 2.0 / pixel * dimensione;
       sprite.ScalaUtente(-mezzo, mezzo, 2 * mezzo, -2 * mezzo);
+      sprite.ImpostaRapportoPixel(rapporto_);
       sprite.Spessore(spessore_);
       sprite.Superficie::Simbolo(codice, 0, 0, dimensione, c, false);
     }

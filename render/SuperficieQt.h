@@ -20,6 +20,12 @@ class SuperficieQt : public Superficie {
 
   double LarghezzaMm() const override { return larghezza_ * 25.4 / dpi_; }
   double AltezzaMm() const override { return altezza_ * 25.4 / dpi_; }
+  double AltezzaRiferimentoMm() const override { return riferimentoMm_ > 0 ? riferimentoMm_ : AltezzaMm(); }
+  // The window's: the height of the screen it stands on, for the labels sized as a share.
+  void ImpostaRiferimentoMm(double mm) { riferimentoMm_ = mm; }
+  // On a screen of more device pixels than logical ones the pens widen with it, so that a
+  // line keeps its weight; the surface is then `ratio` times the window in pixels.
+  void ImpostaRapportoPixel(double rapporto) { rapporto_ = rapporto > 0 ? rapporto : 1; }
 
   void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
   void Pulisci() override;
@@ -46,6 +52,8 @@ class SuperficieQt : public Superficie {
 
   // Ends the painting, so that the device holds the whole picture.
   void Fine();
+  // The font of the last text painted, as set by `Carattere`.
+  const QFont& CarattereInUso() const { return carattere_; }
 
  private:
   QPointF Mappa(double x, double y) const { return {(x - sinistra_) * sx_, (y - alto_) * sy_}; }
@@ -54,6 +62,8 @@ class SuperficieQt : public Superficie {
   QPainter pittore_;
   int larghezza_, altezza_;
   double dpi_;
+  double riferimentoMm_ = 0;
+  double rapporto_ = 1;
   double sinistra_ = 0, alto_ = 0, sx_ = 1, sy_ = 1;
   ColoreRGB fondo_ = 0xFFFFFF, penna_ = 0;
   StilePenna stile_ = StilePenna::Continuo;

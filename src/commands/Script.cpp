@@ -44,10 +44,6 @@ std::string Campi(const Dialogo& d) {
   return r + (b.empty() ? "" : " (" + b + ")");
 }
 
-// A redraw shows its time in the prompt when no command waits; that is no prompt of a
-// command, and would make every run print differently.
-bool TempoDiRidisegno(std::string_view t) { return !t.empty() && t.find_first_not_of("0123456789.") == std::string_view::npos; }
-
 }  // namespace
 
 std::optional<std::string> InterfacciaScript::Risposta_() {
@@ -112,7 +108,6 @@ std::optional<std::string> InterfacciaScript::Imputa(std::string_view testo, std
 }
 
 void InterfacciaScript::Prompt(std::string_view testo) {
-  if (TempoDiRidisegno(testo)) return;
   UltimoPrompt = UnaRiga(testo);
   if (testo.empty()) return;
   out_ << "PROMPT " << UltimoPrompt << "\n";

@@ -23,75 +23,75 @@ constexpr int16_t V = kSnapInVigore;
 
 constexpr VoceComando Arma(std::string_view tag, int16_t codice, std::string_view prompt, int16_t snap,
                            std::string_view dialogo, std::string_view menu, std::string_view voce,
-                           std::string_view domanda = {}) {
-  return {tag, G::Arma, codice, prompt, snap, dialogo, domanda, nullptr, menu, voce};
+                           std::string_view domanda = {}, std::string_view tasto = {}) {
+  return {tag, G::Arma, codice, prompt, snap, dialogo, domanda, nullptr, menu, voce, tasto};
 }
 constexpr VoceComando Subito(std::string_view tag, void (*azione)(Sessione&), std::string_view dialogo,
-                             std::string_view menu, std::string_view voce) {
-  return {tag, G::Subito, 0, {}, V, dialogo, {}, azione, menu, voce};
+                             std::string_view menu, std::string_view voce, std::string_view tasto = {}) {
+  return {tag, G::Subito, 0, {}, V, dialogo, {}, azione, menu, voce, tasto};
 }
 constexpr VoceComando Zoom(std::string_view tag, void (*azione)(Sessione&), std::string_view menu = {},
-                           std::string_view voce = {}) {
-  return {tag, G::Zoom, 0, {}, V, {}, {}, azione, menu, voce};
+                           std::string_view voce = {}, std::string_view tasto = {}) {
+  return {tag, G::Zoom, 0, {}, V, {}, {}, azione, menu, voce, tasto};
 }
-constexpr VoceComando Snap(std::string_view tag, int16_t modo, std::string_view voce) {
-  return {tag, G::Snap, modo, {}, V, {}, {}, nullptr, "Snap", voce};
+constexpr VoceComando Snap(std::string_view tag, int16_t modo, std::string_view voce, std::string_view tasto = {}) {
+  return {tag, G::Snap, modo, {}, V, {}, {}, nullptr, "Snap", voce, tasto};
 }
 
 // First match wins, as in the chain of comparisons this table replaces: a tag listed twice
 // only ever reaches its first row.
 constexpr VoceComando kTabella[] = {
     // --- Zoom: ahead of everything, the armed command goes on ---------------------------
-    Zoom("ZOOM_TUTTO", AzioneZoomTutto, "Zoom", "Zoom Tutto"),
+    Zoom("ZOOM_TUTTO", AzioneZoomTutto, "Zoom", "Zoom Tutto", "Ins"),
     Zoom("T", AzioneZoomTutto),
     Zoom("0", AzioneZoomTutto),
     Zoom("ZOOM_FINESTRA", AzioneZoomFinestra, "Zoom", "Zoom Finestra"),
     Zoom("ZOOM_SPOSTA", AzioneZoomSposta, "Zoom", "Zoom Sposta"),
     Zoom("ZOOM_CENTRO", AzioneZoomCentro, "Zoom", "Zoom Centro"),
     Zoom("ZOOM_RIQUADRO", AzioneZoomRiquadro, "Zoom", "Zoom Riquadro"),
-    Zoom("ZOOM_SCALA", AzioneZoomScala, "Zoom", "Zoom Scala"),
+    Zoom("ZOOM_SCALA", AzioneZoomScala, "Zoom", "Zoom Scala", "Num /"),
     Zoom("/", AzioneZoomScala),
     Zoom("ZOOM_RICHIAMA_MEMO", AzioneZoomRichiama, "Zoom", "Richiama Zoom"),
     Zoom("5", AzioneZoomRichiama),
     Zoom("ZOOM_MEMORIZZA", AzioneZoomMemorizza, "Zoom", "Memorizza Zoom"),
     Zoom("ZOOM_ESTRATTO", AzioneZoomEstratto, "Zoom", "Zoom Estratto"),
-    Zoom("ZOOM_SU", AzioneZoomSu, "Zoom", "Zoom Alto"),
+    Zoom("ZOOM_SU", AzioneZoomSu, "Zoom", "Zoom Alto", "Freccia Su"),
     Zoom("8", AzioneZoomSu),
-    Zoom("ZOOM_GIU", AzioneZoomGiu, "Zoom", "Zoom Basso"),
+    Zoom("ZOOM_GIU", AzioneZoomGiu, "Zoom", "Zoom Basso", "Freccia Giù"),
     Zoom("2", AzioneZoomGiu),
-    Zoom("ZOOM_SIN", AzioneZoomSinistra, "Zoom", "Zoom Sinistra"),
+    Zoom("ZOOM_SIN", AzioneZoomSinistra, "Zoom", "Zoom Sinistra", "Freccia Sinistra"),
     Zoom("4", AzioneZoomSinistra),
-    Zoom("ZOOM_DES", AzioneZoomDestra, "Zoom", "Zoom Destro"),
+    Zoom("ZOOM_DES", AzioneZoomDestra, "Zoom", "Zoom Destro", "Freccia Destra"),
     Zoom("6", AzioneZoomDestra),
-    Zoom("ZOOM_+", AzioneZoomAvanti, "Zoom", "Zoom Avanti"),
+    Zoom("ZOOM_+", AzioneZoomAvanti, "Zoom", "Zoom Avanti", "Pag Su"),
     Zoom("9", AzioneZoomAvanti),
-    Zoom("ZOOM_-", AzioneZoomIndietro, "Zoom", "Zoom Indietro"),
+    Zoom("ZOOM_-", AzioneZoomIndietro, "Zoom", "Zoom Indietro", "Pag Giù"),
     Zoom("3", AzioneZoomIndietro),
-    Zoom("ZOOM_PRECEDENTE", AzioneZoomPrecedente, "Zoom", "Zoom Precedente"),
+    Zoom("ZOOM_PRECEDENTE", AzioneZoomPrecedente, "Zoom", "Zoom Precedente", "Home"),
     Zoom("7", AzioneZoomPrecedente),
-    Zoom("RIDISEGNA", AzioneRidisegna, "Zoom", "Ridisegna"),
+    Zoom("RIDISEGNA", AzioneRidisegna, "Zoom", "Ridisegna", "Fine"),
     Zoom("1", AzioneRidisegna),
     Zoom("R", AzioneRidisegna),
-    Zoom(" ", AzioneCentraPuntatore),
+    Zoom(" ", AzioneCentraPuntatore, {}, {}, "Ctrl+Spazio"),
 
     // --- Snap: the mode of the next click, the armed command goes on ---------------------
-    Snap("SNAP_NODO", SnapNodo, "Punto Noto"),
-    Snap("SNAP_PIEDE", SnapPiede, "Ortogonale a ..."),
-    Snap("SNAP_NEQ", SnapNEQ, "Coordinate N, E, Q"),
-    Snap("SNAP_VICINO", SnapVicino, "Vicino a ..."),
-    Snap("SNAP_FINE", SnapFine, "Fine di ..."),
-    Snap("SNAP_CENTRO", SnapCentro, "Centro di ..."),
-    Snap("SNAP_QUADRANTE", SnapQuadrante, "Quadrante di ..."),
-    Snap("SNAP_TANGENTE", SnapTangente, "Tangente a ..."),
-    Snap("SNAP_INCROCIO", SnapIncrocio, "Incrocio"),
-    Snap("SNAP_TESTO", SnapTesto, "Inserimento Testo"),
-    Snap("SNAP_POLARE", SnapPolare, "Polare"),
-    Snap("SNAP_APERTURA", SnapApertura, "Apertura"),
-    Snap("SNAP_MEDIO", SnapMedio, "Punto Medio"),
-    Snap("SNAP_RNEQ", SnapRNEQ, "Coordinate Relative"),
-    Snap("SNAP_LIBERO", SnapLibero, "Punto Libero"),
+    Snap("SNAP_NODO", SnapNodo, "Punto Noto", "P"),
+    Snap("SNAP_PIEDE", SnapPiede, "Ortogonale a ...", "O"),
+    Snap("SNAP_NEQ", SnapNEQ, "Coordinate N, E, Q", "N"),
+    Snap("SNAP_VICINO", SnapVicino, "Vicino a ...", "V"),
+    Snap("SNAP_FINE", SnapFine, "Fine di ...", "F"),
+    Snap("SNAP_CENTRO", SnapCentro, "Centro di ...", "C"),
+    Snap("SNAP_QUADRANTE", SnapQuadrante, "Quadrante di ...", "Q"),
+    Snap("SNAP_TANGENTE", SnapTangente, "Tangente a ...", "T"),
+    Snap("SNAP_INCROCIO", SnapIncrocio, "Incrocio", "I"),
+    Snap("SNAP_TESTO", SnapTesto, "Inserimento Testo", "B"),
+    Snap("SNAP_POLARE", SnapPolare, "Polare", "U"),
+    Snap("SNAP_APERTURA", SnapApertura, "Apertura", "A"),
+    Snap("SNAP_MEDIO", SnapMedio, "Punto Medio", "M"),
+    Snap("SNAP_RNEQ", SnapRNEQ, "Coordinate Relative", "R"),
+    Snap("SNAP_LIBERO", SnapLibero, "Punto Libero", "L"),
     Snap("MEMO_PUNTO", SnapMemoPunto, "Memorizza Punto"),
-    Snap("RICHIAMA_MEMO", SnapRichiamaMemo, "Richiama Punto Memorizzato"),
+    Snap("RICHIAMA_MEMO", SnapRichiamaMemo, "Richiama Punto Memorizzato", "H"),
 
     // --- Commands that arm --------------------------------------------------------------
     Arma("INFO_DISTANZA", 28, "Info Distanza - Primo Punto:", P, {}, "Info", "Distanza"),
@@ -142,7 +142,7 @@ constexpr VoceComando kTabella[] = {
     Arma("DISEGNA_ARCO_3_P", 135, "Arco Tre Punti - Indicare il Primo:", V, {}, "Disegno", "Arco 3 Punti"),
     Arma("DISEGNA_TESTO", 701, "Indicare posizione inizio testo :", L, "ProprietaTesto", "Disegno", "Testo"),
     Arma("DISEGNA_PARALLELA", 136, "Disegno parallela - Indicare Entità:", V, "Imputa", "Disegno", "Parallela",
-         "Distanza della Parallela :"),
+         "Distanza della Parallela :", "F4"),
     Arma("DISEGNA_CAMPITURA", 196, "Seleziona Contorno - Primo Punto", V, "Imputa2", "Disegno", "Campitura"),
     Arma("DISEGNA_TESTO_DA_APPUNTI", 207, "Indicare posizione inizio testo :", L, "ProprietaTesto", "Disegno",
          "Testo da Appunti"),
@@ -258,20 +258,20 @@ constexpr VoceComando kTabella[] = {
     Subito("SCONGELA_ESTRATTO", nullptr, {}, "Catasto", "Scongela Estratto"),
     Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
     Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),
-    Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani"),
-    Subito("MENU_TRATTEGGI", nullptr, "MenuTratteggi", "Visualizza", "Tratteggi"),
-    Subito("MENU_DESCRIZIONI", nullptr, "VR_Codici", "Visualizza", "Descrizioni"),
+    Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani", "F7"),
+    Subito("MENU_TRATTEGGI", nullptr, "MenuTratteggi", "Visualizza", "Tratteggi", "F6"),
+    Subito("MENU_DESCRIZIONI", nullptr, "VR_Codici", "Visualizza", "Descrizioni", "F5"),
     Subito("SALVA_CON_NOME", AzioneSalvaConNome, {}, "File", "Salva con Nome"),
-    Subito("SALVA_VELOCE", AzioneSalva, {}, "File", "Salva"),
+    Subito("SALVA_VELOCE", AzioneSalva, {}, "File", "Salva", "F12"),
     Subito("NUOVO_VUOTO", AzioneNuovoVuoto, {}, "File", "Nuovo"),
     Subito("APRI_ESISTENTE", nullptr, {}, "File", "Apri"),
     Subito("APRI_DA_ARCHIVIO", nullptr, {}, "File", "Apri da Archivio"),
     Subito("RIAPRI_DISEGNO", nullptr, {}, "File", "Riapri"),
     Subito("GESTIONE_DISEGNI", nullptr, {}, "File", "Gestione Disegni"),
-    Subito("ANNULLA", AzioneAnnulla, {}, "Edit", "Annulla"),
-    Subito("REDO", AzioneRipristina, {}, "Edit", "Ripristina"),
+    Subito("ANNULLA", AzioneAnnulla, {}, "Edit", "Annulla", "F9"),
+    Subito("REDO", AzioneRipristina, {}, "Edit", "Ripristina", "F10"),
     Subito("RIGENERA", AzioneInterrompi, {}, "Zoom", "Rigenera"),
-    Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando"),
+    Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando", "Esc"),
     Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
     Subito("ANTEPRIMA_STAMPA", nullptr, {}, "File", "Anteprima di Stampa"),
     Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),
@@ -306,7 +306,7 @@ constexpr VoceComando kTabella[] = {
     Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
     Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
-    Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO"),
+    Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),
     Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
     Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),
     Subito("MENU_ARCO", AzioneMenu, {}, {}, {}),
@@ -322,12 +322,12 @@ constexpr VoceComando kTabella[] = {
     Subito("MENU_IMMAGINE", AzioneMenu, {}, {}, {}),
     Subito("MANUALE_WEB_AUTOALLESTITO", nullptr, {}, "Catasto", "Manuale Autoallestito"),
     // The letters of the command bar.
-    Subito("A", AzioneVisualizza, {}, "Visualizza", "Solo PF-Stazioni SI/NO"),
-    Subito("N", AzioneVisualizza, {}, "Visualizza", "Nomi Punti SI/NO"),
-    Subito("S", AzioneVisualizza, {}, "Visualizza", "Simboli Punti SI/NO"),
-    Subito("Q", AzioneVisualizza, {}, "Visualizza", "Quote Punti SI/NO"),
-    Subito("W", AzioneVisualizza, {}, "Visualizza", "Descrizione Punti SI/NO"),
-    Subito("L", AzioneVisualizza, {}, "Visualizza", "Linee SI/NO"),
+    Subito("A", AzioneVisualizza, {}, "Visualizza", "Solo PF-Stazioni SI/NO", "_A"),
+    Subito("N", AzioneVisualizza, {}, "Visualizza", "Nomi Punti SI/NO", "_N"),
+    Subito("S", AzioneVisualizza, {}, "Visualizza", "Simboli Punti SI/NO", "_S"),
+    Subito("Q", AzioneVisualizza, {}, "Visualizza", "Quote Punti SI/NO", "_Q"),
+    Subito("W", AzioneVisualizza, {}, "Visualizza", "Descrizione Punti SI/NO", "_W"),
+    Subito("L", AzioneVisualizza, {}, "Visualizza", "Linee SI/NO", "_L"),
     Subito("C", AzioneMenu, {}, {}, {}),
     Subito("D", AzioneMenu, {}, {}, {}),
     Subito("E", AzioneMenu, {}, {}, {}),

@@ -38,6 +38,9 @@ struct VoceComando {
   void (*Azione)(Sessione&);
   std::string_view Menu;     // the menu the desktop lists it under; empty: no menu entry
   std::string_view Voce;     // the entry's caption
+  // The key on the drawing that does the same, as the user reads it on the keyboard ("F9",
+  // "Pag Su", the letter of a snap), or "_N" for what is typed in the text box; empty: none.
+  std::string_view Tasto = {};
 };
 
 std::span<const VoceComando> TabellaComandi();

@@ -51,7 +51,7 @@ class InterfacciaRegistrata : public Interfaccia {
     return v;
   }
   void Prompt(std::string_view testo) override { Prompts.push_back(std::string(testo)); }
-  void Progresso(int64_t, int64_t) override {}
+  void Progresso(int64_t fatto, int64_t totale) override { Avanzamento.emplace_back(fatto, totale); }
   void MostraDialogo(const Dialogo& d) override { Dialoghi.push_back("+" + d.Nome); }
   void NascondiDialogo(const Dialogo& d) override { Dialoghi.push_back("-" + d.Nome); }
   void MenuContestuale(std::string_view nome) override { Menu.push_back(std::string(nome)); }
@@ -64,6 +64,8 @@ class InterfacciaRegistrata : public Interfaccia {
   // "+Nome" when a dialog opens, "-Nome" when it closes, in order.
   std::vector<std::string> Dialoghi;
   std::vector<std::string> Menu;
+  // Each report of progress: done, and out of how many.
+  std::vector<std::pair<int64_t, int64_t>> Avanzamento;
 
  private:
   std::deque<Risposta> risposte_;

@@ -318,6 +318,41 @@ int64_t SelezionaPiano(Sessione& s, std::string_view piano) {
   return n;
 }
 
+std::optional<Rettangolo> IngombroSelezione(const Sessione& s) {
+  Ingombro ingombro;
+  auto cerchio = [&ingombro](double x, double y, double r) {
+    ingombro.Aggiungi(x - std::fabs(r), y - std::fabs(r));
+    ingombro.Aggiungi(x + std::fabs(r), y + std::fabs(r));
+  };
+  auto righe = [&s](int tipo, const std::vector<uint8_t>& stato) { return std::min(Righe(s, tipo), stato.size()); };
+  for (size_t r = 0; r < righe(SlotPunti, s.StatoPunto); ++r)
+    if (s.StatoPunto[r] == 1) ingombro.Aggiungi(s.PuntoX[r], s.PuntoY[r]);
+  for (size_t r = 0; r < righe(SlotLinee, s.StatoLinea); ++r)
+    if (s.StatoLinea[r] == 1) {
+      ingombro.Aggiungi(s.LineaX1[r], s.LineaY1[r]);
+      ingombro.Aggiungi(s.LineaX2[r], s.LineaY2[r]);
+    }
+  for (size_t r = 0; r < righe(SlotCerchi, s.StatoCerchio); ++r)
+    if (s.StatoCerchio[r] == 1) cerchio(s.CerchioX[r], s.CerchioY[r], s.CerchioRaggio[r]);
+  for (size_t r = 0; r < righe(SlotArchi, s.StatoArco); ++r)
+    if (s.StatoArco[r] == 1) cerchio(s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r]);
+  for (size_t r = 0; r < righe(SlotTesti, s.StatoTesto); ++r)
+    if (s.StatoTesto[r] == 1) ingombro.Aggiungi(s.TestoX[r], s.TestoY[r]);
+  for (size_t r = 0; r < righe(SlotFalde, s.StatoFalda); ++r)
+    if (s.StatoFalda[r] == 1) {
+      ingombro.Aggiungi(s.FaldaX1[r], s.FaldaY1[r]);
+      ingombro.Aggiungi(s.FaldaX2[r], s.FaldaY2[r]);
+      ingombro.Aggiungi(s.FaldaX3[r], s.FaldaY3[r]);
+    }
+  for (size_t r = 0; r < righe(SlotBitmap, s.StatoBitmap); ++r)
+    if (s.StatoBitmap[r] == 1) {
+      double x[4], y[4];
+      AngoliImmagine(s, r, x, y);
+      for (int k = 0; k < 4; ++k) ingombro.Aggiungi(x[k], y[k]);
+    }
+  return ingombro.Risultato();
+}
+
 int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y2, bool soloPunti) {
   const Box b{std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
   // Drawn left to right, only what is wholly inside; the other way, whatever it touches.

@@ -5,8 +5,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "view/Zoom.h"
 
 namespace varena {
 
@@ -52,6 +55,10 @@ int64_t SelezionaPiano(Sessione& s, std::string_view piano);
 // the box. Tests are inclusive. `soloPunti`: the points alone, whatever
 // `PuntiInSelezione` says (the window of `SelezPunti`).
 int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y2, bool soloPunti = false);
+
+// The rectangle on the sheet of the rows selected (a circle or an arc by its whole circle, a
+// text by its insertion point); none when nothing is selected.
+std::optional<Rettangolo> IngombroSelezione(const Sessione& s);
 
 // The colour and the layer of a row, as the selections by colour and by layer compare
 // them; false for a kind that has none.

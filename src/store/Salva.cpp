@@ -26,7 +26,13 @@ struct Passata {
   Sessione& s;
   FileLavoro file;
   bool soloSeDiverso;  // text members: leave a file that already holds the bytes
+  // A whole save tells its progress member by member: a large job takes a while to write.
+  bool conAvanzamento = false;
+  int64_t scritti = 0;
 };
+
+// The members a whole save writes at most.
+constexpr int64_t kMembriSalvati = 17;
 
 Passata Inizia(Sessione& s, bool soloSeDiverso) { return {s, ElencaFileLavoro(s.NomeLavoro), soloSeDiverso}; }
 
@@ -47,6 +53,7 @@ void Scrivi(Passata& p, int slot, std::string_view byte) {
   const std::string dest = Destinazione(p, slot);
   ScriviByte(dest, byte);
   p.file.Membro[static_cast<size_t>(slot)] = dest;
+  if (p.conAvanzamento) p.s.Ui->Progresso(std::min(++p.scritti, kMembriSalvati - 1), kMembriSalvati);
 }
 
 // A record member. The legacy saver removed the file and wrote it anew; here the new file
@@ -290,8 +297,10 @@ void SalvaCfg(Sessione& s) { DaSolo<SalvaCfg>(s); }
 void SalvaPiani(Sessione& s) { DaSolo<SalvaPiani>(s); }
 
 bool SalvaTutto(Sessione& s, bool completo) {
-  return Protetto(s, [&] {
+  const bool fatto = Protetto(s, [&] {
     Passata p = Inizia(s, !completo);
+    p.conAvanzamento = true;
+    s.Ui->Progresso(0, kMembriSalvati);
     // A member read with an error stays as it was read: the tables hold only part of it.
     auto integro = [&](int slot) { return !s.MembroGuasto[static_cast<size_t>(slot)]; };
     auto serve = [&](int slot) { return integro(slot) && (completo || s.SlotModificato[static_cast<size_t>(slot)]); };
@@ -314,6 +323,8 @@ bool SalvaTutto(Sessione& s, bool completo) {
     if (integro(SlotPiani)) SalvaPiani(p);
     SegnaTuttoSalvato(s);
   });
+  s.Ui->Progresso(kMembriSalvati, kMembriSalvati);
+  return fatto;
 }
 
 }  // namespace varena

@@ -131,7 +131,7 @@ void DisegnaImmagine(Sessione& s, Superficie& sup, int32_t riga) {
 
 // A share of the view, as label sizes are given when negative.
 double Misura(const Sessione& s, double valore);
-double MisuraEtichetta(const Sessione& s, double valore);
+double MisuraEtichetta(const Sessione& s, const StatoPunti& stato, double valore);
 
 // Labels of a point take about three lines of 1.5 h and eight characters; when those of the
 // points near the view would cover it more than four times over they could not be read,
@@ -141,7 +141,7 @@ void PreparaSfoltimento(const Sessione& s, const std::vector<int64_t>& vicini, S
   if (vicini.empty() || s.PuntoIdent.empty()) return;
   const auto primo = static_cast<size_t>(vicini.front());
   if (primo >= s.PuntoDimensioneNome.size()) return;
-  const double h = Misura(s, s.PuntoDimensioneNome[primo]);
+  const double h = std::fabs(MisuraEtichetta(s, stato, s.PuntoDimensioneNome[primo]));
   const double larghezza = v.BordoDestro - v.BordoSinistro, altezza = v.BordoAlto - v.BordoBasso;
   if (!(h > 0) || static_cast<double>(vicini.size()) * (4.5 * h) * (5.0 * h) <= 4.0 * larghezza * altezza) return;
   stato.Sfoltisci = true;
@@ -171,6 +171,7 @@ bool PostoPerEtichette(StatoPunti& stato, double x, double y, size_t caratteri) 
 
 void DisegnaPunti(Sessione& s, Superficie& sup) {
   StatoPunti stato;
+  if (sup.AltezzaMm() > 0) stato.QuotaEtichette = std::max(1.0, sup.AltezzaRiferimentoMm() / sup.AltezzaMm());
   const StatoVista& v = s.Vista;
   std::vector<int64_t> vicini;
   s.IndicePunti.Cerca(v.CentroEst + v.BordoSinistro, v.CentroNord + v.BordoBasso, v.CentroEst + v.BordoDestro,
@@ -188,9 +189,11 @@ double Misura(const Sessione& s, double valore) {
 }
 
 // The size handed to the label painter: metres, with the sign of the setting kept, since
-// the sign decides where the label is printed.
-double MisuraEtichetta(const Sessione& s, double valore) {
-  return valore < 0 ? -Misura(s, valore) : valore;
+// the sign decides where the label is printed. A share is of the surface's reference
+// height: on a window, of its screen, so that such labels keep one readable size however
+// small the window is made.
+double MisuraEtichetta(const Sessione& s, const StatoPunti& stato, double valore) {
+  return valore < 0 ? -Misura(s, valore) * stato.QuotaEtichette : valore;
 }
 
 }  // namespace
@@ -245,12 +248,12 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
                 Rgb(s, ColoreVisibile(s, s.PuntoColoreNome[r])));
       sup.Stile(StilePenna::Continuo);
     }
-    DisegnaPuntoNuovo(s, sup, xn, y, MisuraEtichetta(s, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font,
+    DisegnaPuntoNuovo(s, sup, xn, y, MisuraEtichetta(s, stato, s.PuntoDimensioneNome[r]), s.PuntoNome[r], font,
                       s.PuntoColoreNome[r]);
     primo = false;
   }
   if (etichette && s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
-    const double h = MisuraEtichetta(s, s.PuntoDimensioneQuota[r]);
+    const double h = MisuraEtichetta(s, stato, s.PuntoDimensioneQuota[r]);
     if (!primo) y -= 1.5 * std::fabs(h);
     const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];
     const std::string testo =
@@ -259,7 +262,7 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     primo = false;
   }
   if (etichette && s.PuntoCongelaDescrizione[r] == 0 && s.Imp.MostraDescrizione != 0) {
-    const double h = MisuraEtichetta(s, s.PuntoDimensioneDescrizione[r]);
+    const double h = MisuraEtichetta(s, stato, s.PuntoDimensioneDescrizione[r]);
     if (!primo) y -= 1.5 * std::fabs(h);
     const int32_t colore = s.PuntoColoreDescrizione[r] > 257 ? 1 : s.PuntoColoreDescrizione[r];
     DisegnaPuntoNuovo(s, sup, xn, y, h, s.PuntoDescrizione[r], font, colore);
@@ -304,8 +307,8 @@ void Ridisegna(Sessione& s) {
     AggiungiStoriaVista(s.Vista);
   }
   AggiornaIngombroAltezza(s.Vista);
-  const double secondi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-  if (s.ComandoCorrente == 0) MostraPrompt(s, TestoTempoRidisegno(secondi));
+  s.Vista.TempoRidisegno = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
+  ++s.Vista.Ridisegni;
 }
 
 }  // namespace varena

@@ -24,6 +24,9 @@ void Disegna1(Sessione& s, Superficie& sup);
 struct StatoPunti {
   double DimensionePrecedente = 0;
   bool Carta = false;  // drawing for paper: no culling, dots as small crosses
+  // A label sized as a share of the view is a share of this many view heights: the
+  // surface's reference height over its own (the screen's over a window's).
+  double QuotaEtichette = 1;
   // When the labels in view would cover the surface many times over, a point's labels are
   // drawn only where no label stands yet: cells of one label line, marked as they fill.
   bool Sfoltisci = false;

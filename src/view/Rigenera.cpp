@@ -291,8 +291,16 @@ void IndicizzaVicinanza(Sessione& s) {
 void RigeneraLista(Sessione& s) {
   s.RoutineCorrente = "Rigenerazione1";
   s.ListaDisegno.Svuota();
-  for (Rigeneratore f : kOrdine) f(s);
+  // A large job takes a while: each kind done, and the indexes, are a step of its progress.
+  constexpr auto kPassi = static_cast<int64_t>(std::size(kOrdine)) + 1;
+  int64_t passo = 0;
+  s.Ui->Progresso(passo, kPassi);
+  for (Rigeneratore f : kOrdine) {
+    f(s);
+    s.Ui->Progresso(++passo, kPassi);
+  }
   IndicizzaDisegno(s);
+  s.Ui->Progresso(kPassi, kPassi);
 }
 
 void Rigenerazione1(Sessione& s) {

@@ -47,6 +47,10 @@ struct StatoVista {
   double TrascinaX = 0, TrascinaY = 0, TrascinaCentroEst = 0, TrascinaCentroNord = 0;
   // The last pointer position in metres, for the centre-on-pointer key and the guides.
   double PuntatoreEst = 0, PuntatoreNord = 0;
+  // The seconds the last redraw took, for the status bar, and how many redraws there have
+  // been: before the first there is no time to show.
+  double TempoRidisegno = 0;
+  uint64_t Ridisegni = 0;
 };
 
 }  // namespace varena

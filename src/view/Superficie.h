@@ -22,6 +22,10 @@ class Superficie {
   // Size of the drawable area in millimetres; 0 when unknown.
   virtual double LarghezzaMm() const = 0;
   virtual double AltezzaMm() const = 0;
+  // The height, in millimetres, that a label sized as a share of the view is a share of:
+  // the surface's own, or for a window the height of its screen, so that the labels of a
+  // small window are as readable as those of a large one.
+  virtual double AltezzaRiferimentoMm() const { return AltezzaMm(); }
   // A minimised window is not drawn on.
   virtual bool Minimizzata() const { return false; }
 

@@ -15,6 +15,7 @@ class SuperficieRegistrata : public Superficie {
 
   double LarghezzaMm() const override { return lmm_; }
   double AltezzaMm() const override { return amm_; }
+  double AltezzaRiferimentoMm() const override { return riferimentoMm > 0 ? riferimentoMm : amm_; }
   bool Minimizzata() const override { return minimizzata; }
 
   void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
@@ -38,6 +39,7 @@ class SuperficieRegistrata : public Superficie {
 
   std::vector<std::string> Chiamate;
   bool minimizzata = false;
+  double riferimentoMm = 0;  // the screen's height, for a surface that stands for a window
   // Only the calls that begin with `prefisso`.
   std::vector<std::string> Solo(const std::string& prefisso) const;
 

@@ -45,8 +45,4 @@ void AggiornaIngombroAltezza(StatoVista& v) {
     v.IngombroAltezza = v.AltezzaVista;
 }
 
-std::string TestoTempoRidisegno(double secondi) {
-  return VirgolaInPunto(FormatoMaschera(secondi, "#########0.0#######"));
-}
-
 }  // namespace varena

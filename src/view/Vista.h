@@ -35,7 +35,4 @@ void AggiungiStoriaVista(StatoVista& v);
 // so that the extent frame and the scale read-outs always have a sensible size.
 void AggiornaIngombroAltezza(StatoVista& v);
 
-// The seconds a redraw took, as the prompt shows them when no command is armed.
-std::string TestoTempoRidisegno(double secondi);
-
 }  // namespace varena

@@ -12,10 +12,17 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QCompleter>
+#include <QProgressBar>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -28,12 +35,16 @@
 #include "DialogoQt.h"
 #include "FinestraPrincipale.h"
 #include "FinestreLavori.h"
+#include "PannelloPiani.h"
+#include "RigaComando.h"
+#include "Tema.h"
 #include "commands/Comandi.h"
 #include "commands/Puntatore.h"
 #include "commands/TabellaComandi.h"
 #include "core/Avvio.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
+#include "selection/Selezione.h"
 #include "store/Provvisorio.h"
 #include "store/Registro.h"
 #include "store/Undo.h"
@@ -125,7 +136,7 @@ class Desktop : public ::testing::Test {
     f = std::make_unique<FinestraPrincipale>(*s);
     VarenaLoad(*s, riga);
     f->PreparaBarre();
-    f->resize(1200, 800);
+    f->resize(1280, 800);
     f->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(f.get()));
     f->Disegno()->Rigenera();
@@ -517,6 +528,54 @@ TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
     }
   });
   paziente.start(10);
+  // Every entry and button on offer shows the command's icon and its Italian name, with the
+  // key that does the same; the menus show the key in their shortcut column; no internal
+  // tag reaches the user.
+  int conTasto = 0;
+  for (const auto& [tag, voce] : voci) {
+    auto* a = qobject_cast<QAction*>(voce);
+    auto* b = qobject_cast<QToolButton*>(voce);
+    const VoceComando* v = CercaTag(tag);
+    if (!v || !(a ? a->isEnabled() : b->isEnabled())) continue;
+    const QString nome = QString::fromUtf8(v->Voce.data(), static_cast<qsizetype>(v->Voce.size()));
+    const QString tasto = QString::fromUtf8(v->Tasto.data(), static_cast<qsizetype>(v->Tasto.size()));
+    const QString atteso = tasto.isEmpty() ? nome : nome + " (" + tasto + ")";
+    EXPECT_FALSE(nome.isEmpty()) << tag;
+    EXPECT_FALSE((a ? a->icon() : b->icon()).isNull()) << tag;
+    EXPECT_FALSE((a ? a->icon() : b->icon()).pixmap(16, 16).isNull()) << tag;
+    EXPECT_EQ((a ? a->toolTip() : b->toolTip()).toStdString(), atteso.toStdString()) << tag;
+    const QString stato = a ? a->statusTip() : b->statusTip();
+    EXPECT_TRUE(stato.contains(nome)) << tag;
+    if (tag.size() > 1) {
+      EXPECT_FALSE(stato.contains(QString::fromStdString(tag))) << tag;
+    }
+    if (a) {
+      EXPECT_EQ(a->text().toStdString(), (tasto.isEmpty() ? nome : nome + "\t" + tasto).toStdString());
+    }
+    conTasto += a && !tasto.isEmpty();
+  }
+  EXPECT_GE(conTasto, 20);
+  // The window's own entries (recovery, docks, theme ...) have their icons too.
+  for (QAction* m : f->menuBar()->actions())
+    for (QAction* a : m->menu()->actions())
+      if (!a->isSeparator() && a->isEnabled()) {
+        EXPECT_FALSE(a->icon().isNull()) << a->text().toStdString();
+      }
+  // At the window's first width no button hides behind a toolbar's overflow arrow.
+  ASSERT_EQ(f->width(), 1280);
+  int bottoni = 0;
+  for (QToolBar* barra : f->findChildren<QToolBar*>()) {
+    for (QToolButton* b : barra->findChildren<QToolButton*>()) {
+      if (b->objectName() == "qt_toolbar_ext_button") {
+        EXPECT_FALSE(b->isVisible()) << barra->objectName().toStdString();
+      } else if (b->property("tag").isValid()) {
+        EXPECT_TRUE(b->isVisible()) << b->property("tag").toString().toStdString();
+        ++bottoni;
+      }
+    }
+  }
+  EXPECT_GT(bottoni, 50);
+
   for (const auto& [tag, voce] : voci) {
     if (!eseguiti.contains(tag)) continue;
     auto* a = qobject_cast<QAction*>(voce);
@@ -534,6 +593,227 @@ TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
     EXPECT_EQ(s->ComandoCorrente, CercaTag(tag)->Codice) << tag;
     f->EseguiTag("INTERROMPI_COMANDO");
   }
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+TEST_F(Desktop, LettereSulleSpiePromptARiposoTempoNellaBarraEtichetteLeggibili) {
+  Avvia(base + ".CFG");
+  // The lamps: the letter that sets the snap, and its name with the letter on hover.
+  auto* fine = f->findChild<QToolButton*>("SpiaSNAP_FINE");
+  ASSERT_NE(fine, nullptr);
+  EXPECT_EQ(fine->text().toStdString(), "F");
+  EXPECT_EQ(fine->toolTip().toStdString(), "Fine di ... (F)");
+  auto* memo = f->findChild<QToolButton*>("SpiaMEMO_PUNTO");
+  ASSERT_NE(memo, nullptr);
+  EXPECT_TRUE(memo->text().isEmpty());
+  EXPECT_FALSE(memo->icon().isNull());
+  EXPECT_EQ(memo->toolTip().toStdString(), "Memorizza Punto");
+
+  // Idle, the prompt tells the job and what it holds; the redraw's time is in the status bar.
+  auto* prompt = f->findChild<QLabel*>("Prompt");
+  EXPECT_EQ(prompt->text().toStdString(), "RILIEVO - 20 punti, 12 linee, 2 cerchi, 1 arco, 4 testi");
+  EXPECT_TRUE(QRegularExpression("^Ridisegno (\\d+|< 1) ms$").match(f->findChild<QLabel*>("TempoRidisegno")->text()).hasMatch());
+  f->EseguiTag("DISEGNA_LINEA_2_P");
+  EXPECT_EQ(prompt->text().toStdString(), "Disegno Linea 2P - Primo Punto:");
+  QTest::keyClick(T(), Qt::Key_Escape);
+
+  // The example's labels are 1.5% of the view: on a screen 800 pixels high they are 12,
+  // whatever room the window leaves the drawing.
+  ASSERT_EQ(T()->screen()->geometry().height(), 800);
+  ASSERT_LT(T()->height(), 700);
+  const QFont carattere = T()->Superficie()->CarattereInUso();
+  EXPECT_EQ(carattere.family().toStdString(), "Liberation Sans");
+  EXPECT_NEAR(carattere.pointSizeF() * T()->Immagine().dotsPerMeterY() * 0.0254 / 72, 12, 0.05);
+
+  f->EseguiTag("CAMBIA_ELIMINA");
+  QTest::mouseClick(f->Interfaccia()->DialogoAperto("Selezentita")->findChild<QPushButton*>("Tutto"), Qt::LeftButton);
+  QTest::mouseClick(f->Interfaccia()->DialogoAperto("Selezentita")->findChild<QPushButton*>("OK"), Qt::LeftButton);
+  f->EseguiTag("INTERROMPI_COMANDO");
+  EXPECT_EQ(prompt->text().toStdString(), "RILIEVO - nessuna entità");
+}
+
+TEST_F(Desktop, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
+  Avvia(base + ".CFG");
+  PannelloPiani* piani = f->Piani();
+  ASSERT_TRUE(f->DockPiani()->isVisible());
+  QTableWidget* t = piani->Tabella();
+  auto riga = [t](const QString& nome) {
+    for (int r = 0; r < t->rowCount(); ++r)
+      if (t->item(r, PannelloPiani::ColNome)->text() == nome) return r;
+    return -1;
+  };
+  const int recinz = riga("RECINZ");
+  ASSERT_GE(recinz, 0);
+  EXPECT_EQ(t->item(recinz, PannelloPiani::ColEntita)->text().toStdString(), "5");
+  // Hidden, the fence is frozen, in one step of undo.
+  const int64_t passo = LeggiDiario(*s)->Passo;
+  t->item(recinz, PannelloPiani::ColVisibile)->setCheckState(Qt::Unchecked);
+  int congelate = 0;
+  for (int32_t r = 0; r < s->ContaEntita[SlotLinee]; ++r) congelate += s->LineaCongela[static_cast<size_t>(r)] != 0;
+  EXPECT_EQ(congelate, 5);
+  EXPECT_EQ(LeggiDiario(*s)->Passo, passo + 1);
+  EXPECT_EQ(t->item(riga("RECINZ"), PannelloPiani::ColVisibile)->checkState(), Qt::Unchecked);
+  QTest::keyClick(T(), Qt::Key_F9);
+  EXPECT_EQ(t->item(riga("RECINZ"), PannelloPiani::ColVisibile)->checkState(), Qt::Checked);
+  // The current layer by a click on its name.
+  emit t->cellClicked(riga("STRADA"), PannelloPiani::ColNome);
+  EXPECT_EQ(s->PianoCorrente, "STRADA");
+
+  // The command line: an Italian name, a tag, a point name, a display toggle.
+  RigaComando* rc = f->Riga();
+  auto scrivi = [rc](const QString& testo) {
+    rc->Casella()->setText(testo);
+    QTest::keyClick(rc->Casella(), Qt::Key_Return);
+  };
+  scrivi("linea 2 punti");
+  EXPECT_EQ(s->ComandoCorrente, 22);
+  scrivi("interrompi_comando");
+  EXPECT_EQ(s->ComandoCorrente, 0);
+  scrivi("Punto Medio (Punto)");
+  EXPECT_EQ(s->ComandoCorrente, 159);
+  f->EseguiTag("INTERROMPI_COMANDO");
+  scrivi("112");
+  EXPECT_DOUBLE_EQ(s->Vista.CentroEst, kE0 + 48.905);
+  EXPECT_TRUE(rc->Storia().contains("> linea 2 punti\nLinea 2 Punti\nDisegno Linea 2P - Primo Punto:"));
+  QTest::keyClick(rc->Casella(), Qt::Key_Up);
+  EXPECT_EQ(rc->Casella()->text().toStdString(), "112");
+  QTest::keyClick(rc->Casella(), Qt::Key_Up);
+  EXPECT_EQ(rc->Casella()->text().toStdString(), "Punto Medio (Punto)");
+  EXPECT_TRUE(rc->Casella()->completer()->model()->match(rc->Casella()->completer()->model()->index(0, 0),
+                                                       Qt::DisplayRole, "Linea 2 Punti (Disegno)").size() == 1);
+
+  // Names under the icons make the toolbars wider: they take more lines, and every button is
+  // still in sight.
+  f->TestoSottoIcone(true);
+  for (QToolButton* b : f->findChildren<QToolButton*>())
+    if (b->property("tag").isValid()) {
+      EXPECT_EQ(b->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+      EXPECT_TRUE(b->isVisible()) << b->property("tag").toString().toStdString();
+    }
+  EXPECT_EQ(f->width(), 1280);
+  f->TestoSottoIcone(false);
+
+  // The layer panel moves to the left and the command line is closed; the next session
+  // finds them so.
+  f->addDockWidget(Qt::LeftDockWidgetArea, f->DockPiani());
+  f->DockComando()->close();
+  f->EsciSenzaDomande();
+  f.reset();
+  s.reset();
+  Avvia(base + ".CFG");
+  EXPECT_EQ(f->dockWidgetArea(f->DockPiani()), Qt::LeftDockWidgetArea);
+  EXPECT_TRUE(f->DockPiani()->isVisible());
+  EXPECT_FALSE(f->DockComando()->isVisible());
+  EXPECT_EQ(f->Riga()->Digitate().last().toStdString(), "112");
+  // Typing on the drawing brings the command line back.
+  Tasto('7');
+  EXPECT_TRUE(f->DockComando()->isVisible());
+  EXPECT_EQ(f->CasellaComando()->text().toStdString(), "7");
+}
+
+TEST_F(Desktop, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
+  Avvia(base + ".CFG");
+  const QRect disegno(T()->mapToGlobal(QPoint(0, 0)), T()->size());
+  const double e101 = kE0 + 12.004, n101 = kN0 + 8.117, e102 = kE0 + 24.522, n102 = kN0 + 9.968;
+  // The side 101-102 of the house brought to pixel (x, y) of the drawing, picked, and the
+  // selection's dialog back: it stands clear of the side.
+  auto prova = [&](int x, int y) {
+    const double scala = T()->height() / s->Vista.AltezzaVista;
+    s->Vista.CentroEst = e102 + s->Vista.RapportoVista * s->Vista.AltezzaVista / 2 - x / scala;
+    s->Vista.CentroNord = n102 - s->Vista.AltezzaVista / 2 + y / scala;
+    T()->Ridisegna();
+    f->EseguiTag("CAMBIA_ELIMINA");
+    QTest::mouseClick(f->Interfaccia()->DialogoAperto("Selezentita")->findChild<QPushButton*>("Singola"), Qt::LeftButton);
+    Clic((e101 + e102) / 2, (n101 + n102) / 2);
+    QTest::keyClick(T(), Qt::Key_Escape);
+    DialogoQt* sel = f->Interfaccia()->DialogoAperto("Selezentita");
+    EXPECT_TRUE(sel && sel->isVisible());
+    const auto r = IngombroSelezione(*s);
+    EXPECT_TRUE(r.has_value());
+    if (!sel || !r) return;
+    const QRect lato = QRectF(T()->InPixel(r->XMin, r->YMax), T()->InPixel(r->XMax, r->YMin))
+                           .toAlignedRect()
+                           .translated(disegno.topLeft());
+    EXPECT_FALSE(sel->frameGeometry().intersects(lato)) << x << " " << y;
+    EXPECT_TRUE(disegno.contains(sel->frameGeometry())) << x << " " << y;
+    // Its title is not cut.
+    EXPECT_GE(sel->width(), sel->fontMetrics().horizontalAdvance(sel->windowTitle()) + 60);
+    f->EseguiTag("INTERROMPI_COMANDO");
+  };
+  prova(T()->width() - 150, 90);  // where a dialog docks by default
+  prova(T()->width() / 2, T()->height() / 2);
+  prova(120, T()->height() - 60);
+
+  // A dialog the user moves opens there again, in this session and the next.
+  f->EseguiTag("INTERROMPI_COMANDO");
+  f->EseguiTag("DISEGNA_PUNTO");
+  DialogoQt* nuovo = f->Interfaccia()->DialogoAperto("NuovoPunto");
+  ASSERT_NE(nuovo, nullptr);
+  const QPoint lasciato = disegno.topLeft() + QPoint(40, 30);
+  nuovo->move(lasciato);
+  f->EseguiTag("INTERROMPI_COMANDO");
+  EXPECT_EQ(f->Interfaccia()->DialogoAperto("NuovoPunto"), nullptr);
+  f->EsciSenzaDomande();
+  f.reset();
+  s.reset();
+  Avvia(base + ".CFG");
+  f->EseguiTag("DISEGNA_PUNTO");
+  nuovo = f->Interfaccia()->DialogoAperto("NuovoPunto");
+  ASSERT_NE(nuovo, nullptr);
+  EXPECT_EQ(nuovo->pos(), lasciato);
+}
+
+TEST_F(Desktop, TemaScuroConIlFondoDelDisegnoEAvanzamentoNellaBarra) {
+  Avvia(base + ".CFG");
+  // The lightest grey of an icon's strokes (the accent is a colour, not a grey).
+  auto luce = [](const QIcon& i) {
+    const QImage img = i.pixmap(24, 24).toImage();
+    int piu = 0;
+    for (int y = 0; y < img.height(); ++y)
+      for (int x = 0; x < img.width(); ++x) {
+        const QRgb p = img.pixel(x, y);
+        if (qAlpha(p) > 200 && std::abs(qRed(p) - qBlue(p)) < 16) piu = std::max(piu, qGray(p));
+      }
+    return piu;
+  };
+  QAction* salva = f->findChild<QAction*>("SALVA_VELOCE");
+  ASSERT_NE(salva, nullptr);
+  const QRgb fondo = T()->Immagine().pixel(2, 2);
+  f->ImpostaTema(Tema::Scuro, true);
+  EXPECT_TRUE(PaletteScura());
+  EXPECT_GT(luce(salva->icon()), 180);  // light strokes on the dark toolbar
+  T()->Ridisegna();
+  EXPECT_EQ(T()->Immagine().pixel(2, 2), fondo);  // the drawing keeps the job's background
+  f->ImpostaTema(Tema::Chiaro, true);
+  EXPECT_FALSE(PaletteScura());
+  EXPECT_LT(luce(salva->icon()), 80);
+
+  // Long work shows its progress in the status bar, and the bar goes at the end.
+  auto* barra = f->findChild<QProgressBar*>("Progresso");
+  ASSERT_NE(barra, nullptr);
+  f->Interfaccia()->ImpostaBarra(barra, 0);
+  EXPECT_FALSE(barra->isVisible());
+  f->Interfaccia()->Progresso(250, 1000);
+  EXPECT_TRUE(barra->isVisible());
+  EXPECT_EQ(barra->value(), 250);
+  f->Interfaccia()->Progresso(1000, 1000);
+  EXPECT_FALSE(barra->isVisible());
+}
+
+// Run by its own entry of the tests on a screen of two device pixels to one.
+TEST_F(Desktop, NitidoSuUnoSchermoDoppio) {
+  Avvia(base + ".CFG");
+  if (T()->devicePixelRatioF() == 1) GTEST_SKIP() << "schermo a densità 1";
+  EXPECT_EQ(T()->Immagine().size(), T()->size() * 2);
+  // What the window shows is the picture pixel for pixel, not a picture blown up.
+  const QImage schermo = T()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  EXPECT_EQ(schermo.size(), T()->Immagine().size());
+  EXPECT_EQ(schermo, T()->Immagine());
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
 // The dispatcher's guards, arming and the end of commands, the keys, the display toggles.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <sstream>
+
 #include "commands/Attese.h"
 #include "commands/Comandi.h"
+#include "commands/TabellaComandi.h"
 #include "commands/Tastiera.h"
 #include "core/ImpostazioniUtente.h"
 #include "core/Testo.h"
@@ -112,7 +116,7 @@ TEST(InterrompiComando, PuliscePassoSelezioneZoomESalvaLeImpostazioni) {
   EXPECT_EQ((I{b.s.StatoPunto[0], b.s.StatoLinea[0], b.s.ListaDisegno.Stato[0]}), (I{0, 0, 0}));
   EXPECT_EQ(b.s.Vista.ModoZoom, ZoomNessuno);
   EXPECT_EQ(Comando(b.s), (I{0, 0}));
-  // No command prompt is left; the redraw shows its time there.
+  // No command prompt is left.
   EXPECT_EQ(b.s.Prompt.find("Disegno"), std::string::npos);
   EXPECT_TRUE(Esiste(b.s.CartellaLavoro + "SALVAINI.INI"));
 }
@@ -172,6 +176,57 @@ TEST(Tastiera, TastiDellaVistaAncheAComandoArmato) {
   b.Script("KEY UP\n");
   EXPECT_EQ(b.s.Vista.CentroNord, -1.96);
   EXPECT_EQ(Comando(b.s), (I{22, 1}));
+}
+
+// The key the menus and tooltips show beside a command does what its tag does. The names
+// are those printed on a keyboard, read here by hand into the script's key names.
+TEST(Tastiera, IlTastoDellaTabellaFaCioCheFaIlSuoTag) {
+  const std::map<std::string_view, std::string> kAzione = {
+      {"Ins", "KEY INSERT"},          {"Home", "KEY HOME"},           {"Fine", "KEY END"},
+      {"Pag Su", "KEY PAGEUP"},       {"Pag Giù", "KEY PAGEDOWN"},    {"Freccia Su", "KEY UP"},
+      {"Freccia Giù", "KEY DOWN"},    {"Freccia Sinistra", "KEY LEFT"}, {"Freccia Destra", "KEY RIGHT"},
+      {"Ctrl+Spazio", "KEY CTRL+SPACE"}, {"Num /", "KEY NUM/"},       {"Esc", "KEY ESC"},
+  };
+  // What either way leaves: the command and its snap, the view, the dialogs, the toggles
+  // and the undo generation.
+  auto stato = [](Banco& b) {
+    const Sessione& s = b.s;
+    std::ostringstream o;
+    o << s.ComandoCorrente << "/" << s.PassoComando << " snap " << s.ModoSnap << " orto " << s.Ortogonale
+      << " vista " << s.Vista.CentroEst << "," << s.Vista.CentroNord << "," << s.Vista.AltezzaVista << " zoom "
+      << s.Vista.ModoZoom << " nomi " << s.PuntoCongelaNome[0] << " undo " << PassoUndo(s) << " dialoghi";
+    for (const auto& d : s.Dialoghi) o << " " << d->Nome;
+    return o.str();
+  };
+  auto prova = [&stato](const std::string& azione) {
+    Banco b;
+    ApriLavoroVuoto(b);
+    MettiPunto(b.s, "1", 10, 10);
+    MettiLinea(b.s, 0, 0, 20, 0);
+    MettiCerchio(b.s, 30, 30, 5);
+    b.Pronto(10, 10, 100);
+    b.Opzioni.Rigoroso = false;
+    for (int i = 0; i < 3; ++i) b.ui.Accoda("2");
+    // A change to undo, and a line waiting for its second point.
+    b.Script("TAG N\nTAG DISEGNA_LINEA_2_P\nCLICK left 10 10\n" + azione + "\n");
+    return stato(b);
+  };
+  int tasti = 0;
+  for (const VoceComando& v : TabellaComandi()) {
+    if (v.Tasto.empty()) continue;
+    std::string azione;
+    if (v.Tasto.size() == 2 && v.Tasto[0] == '_') {
+      azione = "TYPE " + std::string(v.Tasto);
+    } else if (v.Tasto.size() == 1 || (v.Tasto[0] == 'F' && v.Tasto.size() <= 3)) {
+      azione = "KEY " + std::string(v.Tasto);
+    } else {
+      ASSERT_TRUE(kAzione.contains(v.Tasto)) << v.Tag << ": " << v.Tasto;
+      azione = kAzione.at(v.Tasto);
+    }
+    EXPECT_EQ(prova(azione), prova("TAG " + std::string(v.Tag))) << v.Tag << " " << v.Tasto;
+    ++tasti;
+  }
+  EXPECT_EQ(tasti, 42);
 }
 
 TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {

@@ -179,10 +179,16 @@ TEST_F(Salvataggi, LoSnapshotScriveSoloCioCheECambiato) {
   s.Piani = {Piano{}};
   ASSERT_TRUE(SalvaTutto(s));
   for (const char* est : {".LLL", ".LIN", ".L", ".CFG", ".TXT", ".PIA", ".INF"}) Testimone(est);
+  // The progress of the save, member by member of the seven written, out of the most a
+  // save writes, and its end.
+  using A = std::vector<std::pair<int64_t, int64_t>>;
+  EXPECT_EQ(p.ui.Avanzamento, (A{{0, 17}, {1, 17}, {2, 17}, {3, 17}, {4, 17}, {5, 17}, {6, 17}, {7, 17}, {17, 17}}));
+  p.ui.Avanzamento.clear();
 
   // Nothing changed: nothing is touched.
   ASSERT_TRUE(SalvaTutto(s));
   for (const char* est : {".LLL", ".LIN", ".L", ".CFG", ".TXT", ".PIA", ".INF"}) EXPECT_TRUE(Intatto(est)) << est;
+  EXPECT_EQ(p.ui.Avanzamento, (A{{0, 17}, {17, 17}}));
 
   // A line moved and marked: its member alone is written.
   s.LineaX2[0] = 6;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "view/Rigenera.h"
@@ -81,6 +82,7 @@ TEST(ColoreVisibile, IndiciDaNonDipingereEFondo) {
 }
 
 TEST(Rigenerazione, OrdineDelleTipologie) {
+  InterfacciaRegistrata ui;
   Scena z;
   z.Linea(990, 1990, 1010, 1990);
   z.Testo("VIA ROMA", 0);
@@ -91,7 +93,11 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
   z.s.ContaEntita[SlotArchi] = 1;
   z.Bitmap(990, 100, 50, 0.1);
+  z.s.Ui = &ui;
   RigeneraLista(z.s);
+  // Its progress: images, arcs, circles, lines, texts, the extent's frame, the indexes.
+  using A = std::vector<std::pair<int64_t, int64_t>>;
+  EXPECT_EQ(ui.Avanzamento, (A{{0, 7}, {1, 7}, {2, 7}, {3, 7}, {4, 7}, {5, 7}, {6, 7}, {7, 7}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
@@ -227,6 +233,13 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   Ridisegna(z.s);
   EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -3 12.35", "Testo 1 -6 SPIGOLO"}));
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
+  // The same surface as a window on a screen 150 mm high: 2% of 150 mm is 3 mm, which on
+  // the 100 mm window showing 100 m is 3 m, lines 4.5 m apart; the symbol keeps its size.
+  z.sup.riferimentoMm = 150;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -4.5 12.35", "Testo 1 -9 SPIGOLO"}));
+  EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(3.0 / 0.3528)));
 }
 
 TEST(Ridisegno, EtichetteTroppoFitteSiDiradano) {
