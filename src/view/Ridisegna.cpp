@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "core/Conversioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
@@ -55,12 +56,12 @@ void DisegnaRecord(Sessione& s, Superficie& sup, int64_t i) {
   if (!ColoreDaIndice(s, l.Colore[k], colore)) return;
   switch (l.Primitiva[k]) {
     case PrimCerchio:
-      sup.Spessore(static_cast<int>(l.Spessore[k]));
+      sup.Spessore(InteroSaturato<int>(l.Spessore[k]));
       sup.Cerchio(x1, y1, l.Altezza[k], colore);
       sup.Spessore(1);
       break;
     case PrimLinea:
-      sup.Spessore(std::max(1, static_cast<int>(l.Spessore[k])));
+      sup.Spessore(std::max(1, InteroSaturato<int>(l.Spessore[k])));
       sup.Stile(static_cast<StilePenna>(l.Tratto[k] == 2 ? 2 : 0));
       if (l.Stato[k] == 1) {
         sup.Modo(ModoPenna::Inverti);
@@ -148,16 +149,16 @@ void PreparaSfoltimento(const Sessione& s, const std::vector<int64_t>& vicini, S
   stato.Cella = 1.5 * h;
   stato.X0 = v.BordoSinistro;
   stato.Y0 = v.BordoBasso;
-  stato.Colonne = static_cast<int>(std::min(4096.0, larghezza / stato.Cella + 2));
-  stato.Righe = static_cast<int>(std::min(4096.0, altezza / stato.Cella + 2));
+  stato.Colonne = std::clamp(InteroSaturato<int>(larghezza / stato.Cella + 2), 1, 4096);
+  stato.Righe = std::clamp(InteroSaturato<int>(altezza / stato.Cella + 2), 1, 4096);
   stato.Occupate.assign(static_cast<size_t>(stato.Colonne) * static_cast<size_t>(stato.Righe), 0);
 }
 
 // True when the labels anchored at (x, y) may be painted; their cells are then taken.
 bool PostoPerEtichette(StatoPunti& stato, double x, double y, size_t caratteri) {
   if (!stato.Sfoltisci) return true;
-  const int c0 = static_cast<int>(std::floor((x - stato.X0) / stato.Cella));
-  const int r0 = static_cast<int>(std::floor((y - stato.Y0) / stato.Cella));
+  const int c0 = InteroSaturato<int>(std::floor((x - stato.X0) / stato.Cella), -1);
+  const int r0 = InteroSaturato<int>(std::floor((y - stato.Y0) / stato.Cella), -1);
   if (c0 < 0 || r0 < 0 || c0 >= stato.Colonne || r0 >= stato.Righe) return true;
   auto cella = [&stato](int c, int r) -> uint8_t& {
     return stato.Occupate[static_cast<size_t>(r) * static_cast<size_t>(stato.Colonne) + static_cast<size_t>(c)];
