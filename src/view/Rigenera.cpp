@@ -176,9 +176,11 @@ void RigeneraArco(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   if (!IdentVivo(s.ArcoIdent[r]) || s.ArcoCongela[r] != 0) return;
   const RecordDisegno b = RecordDi(s, SlotArchi, riga, s.ArcoColore[r], s.StatoArco[r], s.ArcoPiano[r]);
-  // The record holds gon, as the user reads them; the curve is walked in radians.
-  RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], s.ArcoInizio[r] * GonToRad,
-                         s.ArcoFine[r] * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r], s.ArcoQuotaFinale[r]);
+  // The record holds gon, as the user reads them; the curve is walked in radians. Angles past
+  // a turn are taken in gon, where whole turns come off exactly.
+  RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], std::fmod(s.ArcoInizio[r], 400.0) * GonToRad,
+                         AmpiezzaInUnGiro(s.ArcoFine[r]) * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r],
+                         s.ArcoQuotaFinale[r]);
 }
 
 void RigeneraTesto(Sessione& s, int32_t riga) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/Conversioni.h"
 #include "survey/Primitive.h"
 
 namespace varena {
@@ -51,20 +52,34 @@ void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& 
   }
 }
 
-void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
-                 std::vector<TrattoArco>& out) {
-  if (!(r > 0) || !(ampiezza > 0) || !std::isfinite(r) || !std::isfinite(ampiezza)) return;
-  // Chords of a plain curve: the sagitta r(1 - cos(a/2)) stays within half a millimetre,
-  // between 8 and 4096 chords to the full turn.
+int NumeroCorde(double r, double angolo) {
+  // The sagitta r(1 - cos(a/2)) stays within half a millimetre, between 8 and 4096 chords
+  // to the full turn; and no chord is shorter than the finest detail of the drawing.
   const double tolleranza = 0.0005;
   double passo = tolleranza >= r ? kPi / 4 : 2.0 * std::acos(1.0 - tolleranza / r);
   passo = std::clamp(passo, 2.0 * kPi / 4096.0, 2.0 * kPi / 8.0);
+  const double perSagitta = std::ceil(angolo / passo - 1e-9), perLunghezza = std::ceil(r * angolo / kCordaMinima);
+  return std::max(1, InteroSaturato<int>(std::min(perSagitta, perLunghezza), 1));
+}
+
+double AmpiezzaInUnGiro(double gon) {
+  if (!(gon > 400.0)) return gon;
+  const double resto = std::fmod(gon, 400.0);
+  return resto > 0 ? resto : 400.0;
+}
+
+void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
+                 std::vector<TrattoArco>& out) {
+  if (!(r > 0) || !(ampiezza > 0) || !std::isfinite(r) || !std::isfinite(ampiezza) || !std::isfinite(inizio)) return;
+  // Past a full turn a curve only runs over itself: the work is that of one turn.
+  const double giroPieno = 2.0 * kPi;
+  ampiezza = std::min(ampiezza, giroPieno);
   auto punto = [&](double a, double& x, double& y) {
     x = xc + r * std::sin(a);
     y = yc + r * std::cos(a);
   };
   auto corde = [&](double a0, double a1) {
-    const int n = std::max(1, static_cast<int>(std::ceil((a1 - a0) / passo - 1e-9)));
+    const int n = NumeroCorde(r, a1 - a0);
     double xa, ya;
     punto(a0, xa, ya);
     for (int k = 1; k <= n; ++k) {

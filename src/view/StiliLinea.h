@@ -27,9 +27,23 @@ inline constexpr int64_t kMassimoPezzi = 200000;
 // always stops at the line's end. A pattern of gaps only gives nothing.
 void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& stile, std::vector<Tratto>& out);
 
+// The finest detail of a curve, in metres on the ground: a tenth of a millimetre, which is
+// about a tenth of a pixel at the closest zoom (a view one metre high). A chord shorter
+// than this draws nothing that its neighbours do not.
+inline constexpr double kCordaMinima = 0.0001;
+
+// The chords of `angolo` radians of a curve of radius r: enough that none strays more than
+// half a millimetre from the curve, never shorter than `kCordaMinima`, at least one.
+int NumeroCorde(double r, double angolo);
+
+// The sweep of an arc as it is drawn, in gon: whole turns dropped, and whole turns alone are
+// one turn. 4e7 gon are a hundred thousand turns that look as one.
+double AmpiezzaInUnGiro(double gon);
+
 // The points of an arc of centre (xc, yc) and radius r from azimuth `inizio` through
 // `ampiezza` radians clockwise, as the pieces of its pattern; a plain arc (no elements) as
-// chords short enough that no chord strays more than half a millimetre from the curve.
+// chords of `NumeroCorde`. A sweep past a full turn is drawn as one turn: the work is that of
+// one turn at most, whatever the caller asks.
 // `t0`, `t1` of each piece: its ends as fractions of the sweep, for the heights.
 struct TrattoArco {
   double X1, Y1, X2, Y2, T1, T2;

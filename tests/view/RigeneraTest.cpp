@@ -161,6 +161,34 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
   EXPECT_EQ(l.Conta(), 0);
 }
 
+TEST(Rigenerazione, UnArcoNonFaPiuDiUnGiroDiCorde) {
+  Scena z;
+  auto arco = [&](double raggio, double inizio, double ampiezza) {
+    DimensionaArchi(z.s);
+    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotArchi]++);
+    z.s.ArcoX[r] = 1000, z.s.ArcoY[r] = 2000, z.s.ArcoRaggio[r] = raggio;
+    z.s.ArcoInizio[r] = inizio, z.s.ArcoFine[r] = ampiezza;
+    z.s.ArcoColore[r] = 1;
+  };
+  // 4e7 gon are a hundred thousand whole turns: one turn. Radius 10: a chord whose sagitta
+  // is half a millimetre spans 2 acos(1 - 0.0005 / 10) = 0.0200003 rad, 314.16 of them to
+  // the turn, so 315 chords.
+  arco(10, 0, 4e7);
+  // 4e7 + 100 gon: a quarter turn; radius 10 km asks for more than the cap of 4096 chords to
+  // the turn, so a quarter has 1024.
+  arco(1e4, 0, 4e7 + 100);
+  // A radius past any drawing, a full turn: the cap.
+  arco(4.6e164, 0, 4e7);
+  arco(10, std::nan(""), 100);  // a start that is no number: nothing
+  RigeneraLista(z.s);
+  const ElencoDisegno& l = z.s.ListaDisegno;
+  ASSERT_EQ(l.Conta(), 315 + 1024 + 4096);
+  EXPECT_NEAR(l.X2[314], 1000, 1e-9);  // the turn closes on its start, due North
+  EXPECT_NEAR(l.Y2[314], 2010, 1e-9);
+  EXPECT_NEAR(l.X2[315 + 1023], 11000, 1e-6);  // the quarter ends due East
+  EXPECT_NEAR(l.Y2[315 + 1023], 2000, 1e-6);
+}
+
 TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {
   Scena z;
   z.Linea(900, 1990, 910, 2010);   // wholly left of the view (x < 920)
