@@ -14,42 +14,80 @@ const double kPi = PiGreco;
 
 }  // namespace
 
-void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& stile, std::vector<Tratto>& out) {
+PercorsoMotivo::PercorsoMotivo(double x1, double y1, double x2, double y2, const StileLinea& stile)
+    : x1_(x1), y1_(y1), x2_(x2), y2_(y2), stile_(stile) {
   const double dx = x2 - x1, dy = y2 - y1;
-  const double L = std::sqrt(dx * dx + dy * dy);
-  double giro = 0;
-  for (double e : stile.Elementi) giro += std::fabs(e);
-  const bool pochiPezzi = giro > 0 && L / giro * static_cast<double>(stile.Elementi.size()) < kMassimoPezzi;
-  if (stile.Elementi.empty() || !pochiPezzi || !std::isfinite(L)) {
-    out.push_back({x1, y1, x2, y2});
+  L_ = std::sqrt(dx * dx + dy * dy);
+  if (stile_.Elementi.size() > std::size(inizi_)) stile_.Elementi = stile_.Elementi.first(std::size(inizi_));
+  bool pieno = false;
+  for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
+    const double e = stile_.Elementi[k];
+    inizi_[k] = giro_;
+    giro_ += std::fabs(e);
+    massimo_ = std::max(massimo_, std::fabs(e));
+    pieno = pieno || e >= 0;
+  }
+  const bool pochiPezzi = giro_ > 0 && L_ / giro_ * static_cast<double>(stile_.Elementi.size()) < kMassimoPezzi;
+  if (stile_.Elementi.empty() || !pochiPezzi || !std::isfinite(L_)) {
+    modo_ = Modo::Piena;
     return;
   }
+  // Gaps only, or a line of no length, give nothing.
+  modo_ = pieno && L_ > 0 ? Modo::Motivo : Modo::Nulla;
   const double az = AzimutDistanza(x1, y1, x2, y2).Azimut;
-  const double sa = std::sin(az), ca = std::cos(az);
-  const double obliquo = stile.AngoloGon * kPi / 200.0;
-  const double so = std::sin(az + obliquo), co = std::cos(az + obliquo);
-  double fatto = 0;  // length of line walked
-  double px = x1, py = y1;
-  while (fatto < L) {
-    for (double e : stile.Elementi) {
-      const double passo = std::fabs(e);
-      const bool ultimo = fatto + passo >= L;
-      const double utile = ultimo ? L - fatto : passo;
-      fatto += passo;
-      if (e > 0) {
-        // An aslant stroke stands at its angle; the walk goes on along the line.
-        if (stile.AngoloGon != 0)
-          out.push_back({px, py, px + utile * so, py + utile * co});
-        else
-          out.push_back({px, py, ultimo ? x2 : px + utile * sa, ultimo ? y2 : py + utile * ca});
-      } else if (e == 0) {
-        out.push_back({px, py, px, py});
-      }
-      px += utile * sa;
-      py += utile * ca;
-      if (ultimo) return;
+  sa_ = std::sin(az), ca_ = std::cos(az);
+  const double obliquo = stile_.AngoloGon * kPi / 200.0;
+  so_ = std::sin(az + obliquo), co_ = std::cos(az + obliquo);
+}
+
+Tratto PercorsoMotivo::Pezzo(double d, double utile, double e, bool ultimo) const {
+  const double px = x1_ + d * sa_, py = y1_ + d * ca_;
+  if (e == 0) return {px, py, px, py};
+  // An aslant stroke stands at its angle; the walk goes on along the line.
+  if (stile_.AngoloGon != 0) return {px, py, px + utile * so_, py + utile * co_};
+  return {px, py, ultimo ? x2_ : px + utile * sa_, ultimo ? y2_ : py + utile * ca_};
+}
+
+bool PercorsoMotivo::Dentro(double xmin, double ymin, double xmax, double ymax, double& da, double& a) const {
+  da = 0, a = L_;
+  if (!(L_ > 0)) return xmin <= x1_ && x1_ <= xmax && ymin <= y1_ && y1_ <= ymax;
+  // The line as (x1, y1) + d u, clipped against each pair of sides in turn.
+  const double u[2] = {(x2_ - x1_) / L_, (y2_ - y1_) / L_}, o[2] = {x1_, y1_};
+  const double lo[2] = {xmin, ymin}, hi[2] = {xmax, ymax};
+  for (int k = 0; k < 2; ++k) {
+    if (u[k] == 0) {
+      if (o[k] < lo[k] || o[k] > hi[k]) return false;
+      continue;
     }
+    double t0 = (lo[k] - o[k]) / u[k], t1 = (hi[k] - o[k]) / u[k];
+    if (t0 > t1) std::swap(t0, t1);
+    da = std::max(da, t0);
+    a = std::min(a, t1);
   }
+  return da <= a;
+}
+
+bool PercorsoMotivo::Riquadro(double& xmin, double& ymin, double& xmax, double& ymax) const {
+  bool trovato = false;
+  auto aggiungi = [&](const Tratto& t) {
+    if (!trovato) xmin = xmax = t.X1, ymin = ymax = t.Y1;
+    trovato = true;
+    xmin = std::min({xmin, t.X1, t.X2}), xmax = std::max({xmax, t.X1, t.X2});
+    ymin = std::min({ymin, t.Y1, t.Y2}), ymax = std::max({ymax, t.Y1, t.Y2});
+  };
+  if (modo_ != Modo::Motivo) {
+    Pezzi(0, 0, aggiungi);
+    return trovato;
+  }
+  // The first repeat, then the last two; where they overlap a piece only counts twice.
+  Pezzi(0, giro_, aggiungi);
+  Pezzi(std::max(giro_, L_ - 2 * giro_), L_, aggiungi);
+  return trovato;
+}
+
+void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& stile, std::vector<Tratto>& out) {
+  const PercorsoMotivo m(x1, y1, x2, y2, stile);
+  m.Pezzi(0, m.Lunghezza(), [&out](const Tratto& t) { out.push_back(t); });
 }
 
 int NumeroCorde(double r, double angolo) {

@@ -2,6 +2,8 @@
 // them, and the decomposition of a point's symbol code into what it paints.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -23,7 +25,69 @@ struct StileLinea {
 // of millimetres on a line of kilometres would only paint a solid line slowly.
 inline constexpr int64_t kMassimoPezzi = 200000;
 
-// Cuts the line from (x1, y1) to (x2, y2) into the pieces of its pattern. The last piece
+// A line as its pattern cuts it. The pieces are never all made at once unless asked for:
+// the painter takes those in view, the snap those near the pointer, each by the distance
+// along the line at which a piece starts, and any window gives the same pieces, to the
+// bit, as the whole line does.
+class PercorsoMotivo {
+ public:
+  // Plain: one piece, the line itself (no elements, a pattern of no length, or one that
+  // would give more than `kMassimoPezzi` pieces). Nulla: no piece at all (gaps only, or a
+  // line that ends before its first stroke). Motivo: the pieces of the pattern.
+  enum class Modo { Piena, Nulla, Motivo };
+
+  PercorsoMotivo(double x1, double y1, double x2, double y2, const StileLinea& stile);
+  Modo Come() const { return modo_; }
+  double Lunghezza() const { return L_; }
+  // The length of one repeat of the pattern, and of its longest element.
+  double Giro() const { return giro_; }
+  double Massimo() const { return massimo_; }
+
+  // Each piece whose start lies from `da` to `a` metres along the line, in order.
+  template <class F>
+  void Pezzi(double da, double a, F&& f) const;
+  // The stretch of the line, as distances along it, that lies in the rectangle; false when
+  // none does.
+  bool Dentro(double xmin, double ymin, double xmax, double ymax, double& da, double& a) const;
+  // The box of every piece, from the first repeat and the last two alone: along a straight
+  // line each element's pieces reach furthest in the first repeat or in one of the last two.
+  // False when there is no piece.
+  bool Riquadro(double& xmin, double& ymin, double& xmax, double& ymax) const;
+
+ private:
+  Tratto Pezzo(double d, double utile, double elemento, bool ultimo) const;
+
+  double x1_, y1_, x2_, y2_;
+  StileLinea stile_;
+  Modo modo_ = Modo::Piena;
+  double L_ = 0, giro_ = 0, massimo_ = 0;
+  double sa_ = 0, ca_ = 0, so_ = 0, co_ = 0;
+  double inizi_[24] = {};  // where each element starts within a repeat
+};
+
+template <class F>
+void PercorsoMotivo::Pezzi(double da, double a, F&& f) const {
+  if (modo_ == Modo::Piena) {
+    if (da <= 0 && a >= 0) f(Tratto{x1_, y1_, x2_, y2_});
+    return;
+  }
+  if (modo_ != Modo::Motivo || !(da <= a) || a < 0) return;
+  // The repeat where `da` falls, one early for the rounding of the division.
+  const double primo = std::floor(std::max(da, 0.0) / giro_) - 1;
+  for (double p = std::max(primo, 0.0);; p += 1) {
+    const double base = p * giro_;
+    for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
+      const double e = stile_.Elementi[k], passo = std::fabs(e), d = base + inizi_[k];
+      if (d > a) return;
+      // The element that reaches the end is the last, cut there.
+      const bool ultimo = d + passo >= L_;
+      if (e >= 0 && d >= da) f(Pezzo(d, ultimo ? L_ - d : passo, e, ultimo));
+      if (ultimo) return;
+    }
+  }
+}
+
+// Cuts the line from (x1, y1) to (x2, y2) into all the pieces of its pattern. The last piece
 // always stops at the line's end. A pattern of gaps only gives nothing.
 void EspandiLinea(double x1, double y1, double x2, double y2, const StileLinea& stile, std::vector<Tratto>& out);
 

@@ -22,6 +22,8 @@ class Superficie {
   // Size of the drawable area in millimetres; 0 when unknown.
   virtual double LarghezzaMm() const = 0;
   virtual double AltezzaMm() const = 0;
+  // The side of one pixel in millimetres: the finest detail the surface shows.
+  virtual double PixelMm() const { return 25.4 / 96.0; }
   // A minimised window is not drawn on.
   virtual bool Minimizzata() const { return false; }
 

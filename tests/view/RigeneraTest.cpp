@@ -131,11 +131,16 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
   // 20 m due East, dashed 3/3, shortened by 1 m at each end: 18 m from 991 to 1009.
   const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000, 2, 2));
   z.s.LineaTronca[r] = 1;
-  RigeneraLista(z.s);
+  z.Disegna();
   const ElencoDisegno& l = z.s.ListaDisegno;
-  ASSERT_EQ(l.Conta(), 3);  // 991-994, 997-1000, 1003-1006; the last gap reaches the end
+  // One record, the box of its pieces; the pieces are painted: 991-994, 997-1000,
+  // 1003-1006, the last gap reaching the end.
+  ASSERT_EQ(l.Conta(), 1);
+  EXPECT_EQ(l.Primitiva[0], PrimMotivo);
   EXPECT_DOUBLE_EQ(l.X1[0], 991);
-  EXPECT_DOUBLE_EQ(l.X2[2], 1006);
+  EXPECT_DOUBLE_EQ(l.X2[0], 1006);
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -9 0 -6 0 #ffff00", "Linea -3 0 0 0 #ffff00",
+                                                            "Linea 3 0 6 0 #ffff00"}));
   // A negative truncation lengthens the line before its pattern.
   z.s.LineaTronca[r] = -2;
   z.s.LineaTratteggio[r] = 1;
@@ -187,6 +192,36 @@ TEST(Rigenerazione, UnArcoNonFaPiuDiUnGiroDiCorde) {
   EXPECT_NEAR(l.Y2[314], 2010, 1e-9);
   EXPECT_NEAR(l.X2[315 + 1023], 11000, 1e-6);  // the quarter ends due East
   EXPECT_NEAR(l.Y2[315 + 1023], 2000, 1e-6);
+}
+
+TEST(Rigenerazione, TratteggiLunghiNonMoltiplicanoIlDisegno) {
+  Scena z;
+  // 40,000 lines of 20 km in dashes of 3 m: each one record, not 3,334.
+  for (int i = 0; i < 40000; ++i) z.Linea(0, 2000 + i * 0.5, 20000, 2000 + i * 0.5, 1, 2);
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 40000);
+  // In a view 160 m wide, the 101 lines from y 2000 to 2050 show the strokes that start at
+  // 918, 924 ... 1080 m: 28 each, the first across the left edge, the last from it.
+  const auto linee = z.sup.Solo("Linea");
+  ASSERT_EQ(linee.size(), 101u * 28u);
+  EXPECT_EQ(linee.front(), "Linea -82 0 -79 0 #ff0000");
+  EXPECT_EQ(linee[27], "Linea 80 0 83 0 #ff0000");
+  EXPECT_EQ(linee.back(), "Linea 80 50 83 50 #ff0000");
+}
+
+TEST(Ridisegno, TrattiSottoIlPixelSonoUnaLineaPiena) {
+  Scena z;
+  z.Linea(0, 2000, 20000, 2000, 1, 2);
+  // 40 km on 100 mm: a pixel of the surface (25.4 / 96 mm) is 106 m, a repeat of 6 m cannot
+  // show its gaps.
+  z.s.Vista.AltezzaVista = 40000;
+  z.Disegna();
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -1000 0 19000 0 #ff0000"}));
+  // 600 m on 100 mm: a pixel is 1.6 m, the repeat shows, stroke by stroke.
+  z.s.Vista.AltezzaVista = 600;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Linea").size(), 160u);  // strokes starting at 522 ... 1476 m, in 520 ... 1480
 }
 
 TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {
