@@ -84,7 +84,8 @@ void DisegnaMotivo(const Sessione& s, Superficie& sup, int64_t i, ColoreRGB colo
   };
   const PercorsoMotivo percorso(m->X1, m->Y1, m->X2, m->Y2, StileDi(s, m->Tratteggio));
   const double pixel = MetriPerPixel(s, sup);
-  if (percorso.Come() == PercorsoMotivo::Modo::Motivo && percorso.Giro() < pixel) {
+  if (percorso.Come() == PercorsoMotivo::Modo::Nulla) return;
+  if (percorso.Come() == PercorsoMotivo::Modo::Piena || percorso.Giro() < pixel) {
     segmento({m->X1, m->Y1, m->X2, m->Y2});
     return;
   }

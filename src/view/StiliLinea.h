@@ -43,7 +43,8 @@ class PercorsoMotivo {
   double Giro() const { return giro_; }
   double Massimo() const { return massimo_; }
 
-  // Each piece whose start lies from `da` to `a` metres along the line, in order.
+  // Each piece whose start lies from `da` to `a` metres along the line, in order; a plain
+  // line is its one piece whenever the stretch meets it.
   template <class F>
   void Pezzi(double da, double a, F&& f) const;
   // The stretch of the line, as distances along it, that lies in the rectangle; false when
@@ -68,7 +69,7 @@ class PercorsoMotivo {
 template <class F>
 void PercorsoMotivo::Pezzi(double da, double a, F&& f) const {
   if (modo_ == Modo::Piena) {
-    if (da <= 0 && a >= 0) f(Tratto{x1_, y1_, x2_, y2_});
+    if (da <= L_ && a >= 0) f(Tratto{x1_, y1_, x2_, y2_});
     return;
   }
   if (modo_ != Modo::Motivo || !(da <= a) || a < 0) return;

@@ -222,6 +222,11 @@ TEST(Ridisegno, TrattiSottoIlPixelSonoUnaLineaPiena) {
   z.sup.Chiamate.clear();
   Ridisegna(z.s);
   EXPECT_EQ(z.sup.Solo("Linea").size(), 160u);  // strokes starting at 522 ... 1476 m, in 520 ... 1480
+  // The line type emptied since the list was made: the line is painted plain, whole.
+  z.s.Tratteggi.Stili[2].Elementi = {0};
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -1000 0 19000 0 #ff0000"}));
 }
 
 TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {
