@@ -17,11 +17,14 @@ namespace varena {
 enum PrimitivaDisegno : uint8_t { PrimCerchio = 0, PrimLinea = 2, PrimNulla = 3, PrimTesto = 5, PrimMotivo = 6 };
 
 // A line and its line type, as a `PrimMotivo` record stands for it: ends already shortened
-// by the truncation.
+// by the truncation. Or a circle or an arc: centre in X1, Y1, heights at its ends in Z1, Z2,
+// angles in radians.
 struct MotivoLinea {
   int64_t Record = 0;
   double X1 = 0, Y1 = 0, Z1 = 0, X2 = 0, Y2 = 0, Z2 = 0;
   int Tratteggio = 0;
+  bool Arco = false;
+  double Raggio = 0, Inizio = 0, Ampiezza = 0;
 };
 
 // One record as the regenerators build it.

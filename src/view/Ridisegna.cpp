@@ -72,12 +72,36 @@ double MetriPerPixel(const Sessione& s, const Superficie& sup) {
 
 // A line with its line type, cut into its pieces only where they are in view. When a whole
 // repeat of the pattern is shorter than a pixel no gap could show: the line is one solid run.
+// A circle or an arc with its line type, in the same way: the dashes of the stretches of
+// the curve that the view may hold, or its plain chords when a repeat is under a pixel.
+void DisegnaMotivoArco(const Sessione& s, Superficie& sup, const MotivoLinea& m, size_t k, ColoreRGB colore) {
+  const StatoVista& v = s.Vista;
+  auto corda = [&](const TrattoArco& t) {
+    const PuntoVista a = InVista(v, t.X1, t.Y1), b = InVista(v, t.X2, t.Y2);
+    if (!FuoriVista(v, a.X, a.Y, b.X, b.Y)) DisegnaSegmento(s.ListaDisegno, sup, k, a.X, a.Y, b.X, b.Y, colore);
+  };
+  const double pixel = MetriPerPixel(s, sup);
+  const PercorsoArco motivo(m.X1, m.Y1, m.Raggio, m.Inizio, m.Ampiezza, StileDi(s, m.Tratteggio));
+  const PercorsoArco piena(m.X1, m.Y1, m.Raggio, m.Inizio, m.Ampiezza, {});
+  const PercorsoArco& percorso = motivo.Come() == PercorsoArco::Modo::Motivo && motivo.Giro() < pixel ? piena : motivo;
+  const double margine = percorso.Massimo() + pixel;
+  double tratti[3][2];
+  const int n = percorso.Dentro(v.CentroEst + v.BordoSinistro - margine, v.CentroNord + v.BordoBasso - margine,
+                                v.CentroEst + v.BordoDestro + margine, v.CentroNord + v.BordoAlto + margine, tratti);
+  // The pieces are found by where they start: one may start a piece's length before.
+  for (int t = 0; t < n; ++t) percorso.Pezzi(tratti[t][0] - margine, tratti[t][1] + margine, corda);
+}
+
 void DisegnaMotivo(const Sessione& s, Superficie& sup, int64_t i, ColoreRGB colore) {
   const ElencoDisegno& l = s.ListaDisegno;
   const MotivoLinea* m = l.Motivo(i);
   if (!m) return;
   const StatoVista& v = s.Vista;
   const auto k = static_cast<size_t>(i);
+  if (m->Arco) {
+    DisegnaMotivoArco(s, sup, *m, k, colore);
+    return;
+  }
   auto segmento = [&](const Tratto& t) {
     const PuntoVista a = InVista(v, t.X1, t.Y1), b = InVista(v, t.X2, t.Y2);
     if (!FuoriVista(v, a.X, a.Y, b.X, b.Y)) DisegnaSegmento(l, sup, k, a.X, a.Y, b.X, b.Y, colore);

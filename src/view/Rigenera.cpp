@@ -136,7 +136,7 @@ void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio) {
 bool PezzoPiuVicino(const Sessione& s, int64_t i, double x, double y, double limite, PezzoMotivo& pezzo,
                     double& distanza) {
   const MotivoLinea* m = s.ListaDisegno.Motivo(i);
-  if (!m) return false;
+  if (!m || m->Arco) return false;
   const PercorsoMotivo percorso(m->X1, m->Y1, m->X2, m->Y2, StileDi(s, m->Tratteggio));
   const double L = percorso.Lunghezza();
   // Where the pointer falls along the line, and how far from it.
@@ -198,14 +198,21 @@ void RigeneraLineaSingola(Sessione& s, int32_t riga) {
 
 void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double yc, double raggio, double inizio,
                             double ampiezza, int tratteggio, double z0, double z1) {
-  std::vector<TrattoArco> pezzi;
-  EspandiArco(xc, yc, raggio, inizio, ampiezza, StileDi(s, tratteggio), pezzi);
+  const PercorsoArco percorso(xc, yc, raggio, inizio, ampiezza, StileDi(s, tratteggio));
+  if (percorso.Come() == PercorsoArco::Modo::Motivo) {
+    // As for lines: the dashes of a great circle are made where they are painted.
+    MotivoLinea m{0, xc, yc, z0, 0, 0, z1, tratteggio, true, raggio, percorso.Inizio(), percorso.Ampiezza()};
+    percorso.Riquadro(base.X1, base.Y1, base.X2, base.Y2);
+    s.ListaDisegno.AggiungiMotivo(base, m);
+    return;
+  }
+  // A plain curve is at most some thousands of chords: kept.
   base.Primitiva = PrimLinea;
-  for (const TrattoArco& p : pezzi) {
+  percorso.Pezzi(0, percorso.Lunghezza(), [&](const TrattoArco& p) {
     base.X1 = p.X1, base.Y1 = p.Y1, base.Z1 = z0 + (z1 - z0) * p.T1;
     base.X2 = p.X2, base.Y2 = p.Y2, base.Z2 = z0 + (z1 - z0) * p.T2;
     s.ListaDisegno.Aggiungi(base);
-  }
+  });
 }
 
 void RigeneraCerchio(Sessione& s, int32_t riga) {

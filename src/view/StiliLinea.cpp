@@ -106,53 +106,86 @@ double AmpiezzaInUnGiro(double gon) {
   return resto > 0 ? resto : 400.0;
 }
 
-void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
-                 std::vector<TrattoArco>& out) {
+PercorsoArco::PercorsoArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile)
+    : xc_(xc), yc_(yc), r_(r), inizio_(inizio), stile_(stile) {
   if (!(r > 0) || !(ampiezza > 0) || !std::isfinite(r) || !std::isfinite(ampiezza) || !std::isfinite(inizio)) return;
   // Past a full turn a curve only runs over itself: the work is that of one turn.
-  const double giroPieno = 2.0 * kPi;
-  ampiezza = std::min(ampiezza, giroPieno);
-  auto punto = [&](double a, double& x, double& y) {
-    x = xc + r * std::sin(a);
-    y = yc + r * std::cos(a);
-  };
-  auto corde = [&](double a0, double a1) {
-    const int n = NumeroCorde(r, a1 - a0);
-    double xa, ya;
-    punto(a0, xa, ya);
-    for (int k = 1; k <= n; ++k) {
-      const double a = k == n ? a1 : a0 + (a1 - a0) * k / n;
-      double xb, yb;
-      punto(a, xb, yb);
-      out.push_back({xa, ya, xb, yb, (a0 + (a1 - a0) * (k - 1) / n - inizio) / ampiezza, (a - inizio) / ampiezza});
-      xa = xb;
-      ya = yb;
-    }
-  };
-  double giro = 0;
-  for (double e : stile.Elementi) giro += std::fabs(e);
-  const double lunghezza = r * ampiezza;
-  if (stile.Elementi.empty() || giro <= 0 || lunghezza / giro * static_cast<double>(stile.Elementi.size()) >= kMassimoPezzi) {
-    corde(inizio, inizio + ampiezza);
-    return;
+  ampiezza_ = std::min(ampiezza, 2.0 * kPi);
+  corde_ = NumeroCorde(r_, ampiezza_);
+  if (stile_.Elementi.size() > std::size(inizi_)) stile_.Elementi = stile_.Elementi.first(std::size(inizi_));
+  bool pieno = false;
+  for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
+    const double e = stile_.Elementi[k];
+    inizi_[k] = giro_;
+    giro_ += std::fabs(e);
+    massimo_ = std::max(massimo_, std::fabs(e));
+    pieno = pieno || e >= 0;
   }
-  // Each element turned into an angle along the curve.
-  double a = inizio;
-  const double fine = inizio + ampiezza;
-  while (a < fine) {
-    for (double e : stile.Elementi) {
-      const double b = std::min(a + std::fabs(e) / r, fine);
-      if (e > 0) {
-        corde(a, b);
-      } else if (e == 0) {
-        double x, y;
-        punto(a, x, y);
-        out.push_back({x, y, x, y, (a - inizio) / ampiezza, (a - inizio) / ampiezza});
-      }
-      a = b;
-      if (a >= fine) return;
-    }
+  const bool pochiPezzi = giro_ > 0 && Lunghezza() / giro_ * static_cast<double>(stile_.Elementi.size()) < kMassimoPezzi;
+  if (stile_.Elementi.empty() || !pochiPezzi)
+    modo_ = Modo::Corde;
+  else
+    modo_ = pieno ? Modo::Motivo : Modo::Nulla;
+}
+
+double PercorsoArco::Massimo() const { return modo_ == Modo::Corde ? Lunghezza() / corde_ : massimo_; }
+
+int PercorsoArco::Dentro(double xmin, double ymin, double xmax, double ymax, double tratti[3][2]) const {
+  if (modo_ == Modo::Nulla) return 0;
+  // Nearest and farthest points of the rectangle from the centre: the circle must pass
+  // between them.
+  const double dx = std::max({xmin - xc_, 0.0, xc_ - xmax}), dy = std::max({ymin - yc_, 0.0, yc_ - ymax});
+  const double fx = std::max(std::fabs(xmin - xc_), std::fabs(xmax - xc_));
+  const double fy = std::max(std::fabs(ymin - yc_), std::fabs(ymax - yc_));
+  if (std::hypot(dx, dy) > r_ || std::hypot(fx, fy) < r_) return 0;
+  if (dx == 0 && dy == 0) {
+    // The centre in the rectangle: any angle may be in it.
+    tratti[0][0] = 0, tratti[0][1] = Lunghezza();
+    return 1;
   }
+  // Seen from a centre outside it, the rectangle spans less than half a turn about the
+  // azimuth of its middle.
+  const double medio = std::atan2((xmin + xmax) / 2 - xc_, (ymin + ymax) / 2 - yc_);
+  double lo = 0, hi = 0;
+  for (double x : {xmin, xmax})
+    for (double y : {ymin, ymax}) {
+      const double rel = std::remainder(std::atan2(x - xc_, y - yc_) - medio, 2.0 * kPi);
+      lo = std::min(lo, rel), hi = std::max(hi, rel);
+    }
+  lo += medio, hi += medio;
+  // That span, a turn earlier or later, against the sweep.
+  int n = 0;
+  const double giro = 2.0 * kPi, fine = inizio_ + ampiezza_;
+  for (double k = std::floor((inizio_ - hi) / giro); n < 3 && lo + k * giro <= fine; k += 1) {
+    const double a0 = std::max(lo + k * giro, inizio_), a1 = std::min(hi + k * giro, fine);
+    if (a0 > a1) continue;
+    tratti[n][0] = (a0 - inizio_) * r_, tratti[n][1] = (a1 - inizio_) * r_;
+    ++n;
+  }
+  return n;
+}
+
+void PercorsoArco::Riquadro(double& xmin, double& ymin, double& xmax, double& ymax) const {
+  Punto(inizio_, xmin, ymin);
+  xmax = xmin, ymax = ymin;
+  auto aggiungi = [&](double a) {
+    double x, y;
+    Punto(a, x, y);
+    xmin = std::min(xmin, x), xmax = std::max(xmax, x), ymin = std::min(ymin, y), ymax = std::max(ymax, y);
+  };
+  aggiungi(inizio_ + ampiezza_);
+  for (int q = 0; q < 4; ++q) {
+    const double a = q * kPi / 2;
+    // The turns from the start to that point, clockwise.
+    const double dopo = a - inizio_ - 2.0 * kPi * std::floor((a - inizio_) / (2.0 * kPi));
+    if (dopo <= ampiezza_) aggiungi(a);
+  }
+}
+
+void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
+                 std::vector<TrattoArco>& out) {
+  const PercorsoArco p(xc, yc, r, inizio, ampiezza, stile);
+  p.Pezzi(0, p.Lunghezza(), [&out](const TrattoArco& t) { out.push_back(t); });
 }
 
 void ScomponiSimbolo(int c, double s, bool carta, std::vector<ElementoSimbolo>& out) {

@@ -116,6 +116,103 @@ struct TrattoArco {
 void EspandiArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile,
                  std::vector<TrattoArco>& out);
 
+// An arc as its pattern cuts it, piece by piece where they are wanted, as `PercorsoMotivo`
+// does for a line. A stretch of the curve is given in metres along it from its start; the
+// pieces are those of `EspandiArco`, whose start (a dash's, or a plain chord's) lies in it.
+class PercorsoArco {
+ public:
+  // Corde: a plain curve, its chords. Nulla: nothing (no sweep, gaps only). Motivo: the
+  // dashes of the pattern, each as its own chords.
+  enum class Modo { Corde, Nulla, Motivo };
+
+  PercorsoArco(double xc, double yc, double r, double inizio, double ampiezza, const StileLinea& stile);
+  Modo Come() const { return modo_; }
+  double Lunghezza() const { return r_ * ampiezza_; }
+  double Inizio() const { return inizio_; }
+  double Ampiezza() const { return ampiezza_; }
+  // One repeat of the pattern, and how far along the curve a piece may reach from where it
+  // starts: its longest element, or a plain chord.
+  double Giro() const { return giro_; }
+  double Massimo() const;
+
+  template <class F>
+  void Pezzi(double da, double a, F&& f) const;
+  // The stretches of the curve, at most three, whose points may lie in the rectangle: from
+  // the angle the rectangle spans seen from the centre. Gives how many.
+  int Dentro(double xmin, double ymin, double xmax, double ymax, double tratti[3][2]) const;
+  // The box of the curve: its ends and the points due North, East, South and West on it.
+  void Riquadro(double& xmin, double& ymin, double& xmax, double& ymax) const;
+
+ private:
+  void Punto(double a, double& x, double& y) const {
+    x = xc_ + r_ * std::sin(a);
+    y = yc_ + r_ * std::cos(a);
+  }
+  template <class F>
+  void Corde(double a0, double a1, int primo, int ultimo, F&& f) const;
+
+  double xc_, yc_, r_, inizio_ = 0, ampiezza_ = 0;
+  StileLinea stile_;
+  Modo modo_ = Modo::Nulla;
+  double giro_ = 0, massimo_ = 0;
+  int corde_ = 1;  // chords of the plain curve
+  double inizi_[24] = {};
+};
+
+// The chords of the curve from angle a0 to a1, the `primo`-th to the `ultimo`-th (1 the
+// first), each end computed as the whole run computes it.
+template <class F>
+void PercorsoArco::Corde(double a0, double a1, int primo, int ultimo, F&& f) const {
+  const int n = NumeroCorde(r_, a1 - a0);
+  auto angolo = [&](int k) { return k == n ? a1 : a0 + (a1 - a0) * k / n; };
+  primo = std::max(primo, 1);
+  double xa, ya;
+  Punto(primo == 1 ? a0 : angolo(primo - 1), xa, ya);
+  for (int k = primo; k <= std::min(ultimo, n); ++k) {
+    const double a = angolo(k);
+    double xb, yb;
+    Punto(a, xb, yb);
+    f(TrattoArco{xa, ya, xb, yb, (a0 + (a1 - a0) * (k - 1) / n - inizio_) / ampiezza_, (a - inizio_) / ampiezza_});
+    xa = xb;
+    ya = yb;
+  }
+}
+
+template <class F>
+void PercorsoArco::Pezzi(double da, double a, F&& f) const {
+  if (modo_ == Modo::Nulla || !(da <= a) || a < 0) return;
+  const double fine = inizio_ + ampiezza_;
+  if (modo_ == Modo::Corde) {
+    // The plain chords start at equal steps of the sweep; one more on each side for the
+    // rounding of the division.
+    const double passo = Lunghezza() / corde_;
+    const double primo = std::floor(std::max(da, 0.0) / passo), ultimo = std::floor(a / passo) + 2;
+    if (primo >= corde_) return;
+    Corde(inizio_, fine, static_cast<int>(primo), static_cast<int>(std::min(ultimo, static_cast<double>(corde_))), f);
+    return;
+  }
+  // Each element turned into an angle along the curve.
+  const double primo = std::floor(std::max(da, 0.0) / giro_) - 1;
+  for (double p = std::max(primo, 0.0);; p += 1) {
+    for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
+      const double e = stile_.Elementi[k], d = p * giro_ + inizi_[k];
+      if (d > a) return;
+      const double a0 = inizio_ + d / r_, a1 = a0 + std::fabs(e) / r_;
+      const double b = std::min(a1, fine);
+      if (d >= da) {
+        if (e > 0) {
+          Corde(a0, b, 1, 1 << 30, f);
+        } else if (e == 0) {
+          double x, y;
+          Punto(a0, x, y);
+          f(TrattoArco{x, y, x, y, (a0 - inizio_) / ampiezza_, (a0 - inizio_) / ampiezza_});
+        }
+      }
+      if (a1 >= fine) return;
+    }
+  }
+}
+
 // What a symbol code paints, in metres from the point, for a symbol of size s.
 struct ElementoSimbolo {
   enum Tipo : uint8_t { Linea, Cerchio, Riquadro, Punto } Tipo;

@@ -209,6 +209,56 @@ TEST(Rigenerazione, TratteggiLunghiNonMoltiplicanoIlDisegno) {
   EXPECT_EQ(linee.back(), "Linea 80 50 83 50 #ff0000");
 }
 
+TEST(Rigenerazione, CerchiTratteggiatiUnRecordEIlorTrattiInVista) {
+  Scena z;
+  // 20,000 dashed circles of radius 1 to 3 km about (1000, 2000 - 1000): each one record.
+  for (int i = 0; i < 20000; ++i) {
+    DimensionaCerchi(z.s);
+    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotCerchi]++);
+    z.s.CerchioX[r] = 1000, z.s.CerchioY[r] = 1000, z.s.CerchioRaggio[r] = 1000 + i * 0.1;
+    z.s.CerchioColore[r] = 1;
+    z.s.CerchioTratteggio[r] = 2;
+  }
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 20000);
+  // The view, 160 by 100 m about (1000, 2000), holds the top of the circles up to a radius
+  // of 1050 + 80^2 / 2100 m, the 531 first: painted is exactly what their whole chords
+  // would paint, chord for chord.
+  std::vector<std::string> attese;
+  for (size_t r = 0; r < 600; ++r) {
+    std::vector<TrattoArco> corde;
+    EspandiArco(1000, 1000, z.s.CerchioRaggio[r], 0, 399.99 * 3.14159265358979323846 / 200, StileDi(z.s, 2), corde);
+    for (const TrattoArco& t : corde) {
+      const float x1 = static_cast<float>(t.X1 - 1000), y1 = static_cast<float>(t.Y1 - 2000);
+      const float x2 = static_cast<float>(t.X2 - 1000), y2 = static_cast<float>(t.Y2 - 2000);
+      if ((x1 < -80 && x2 < -80) || (x1 > 80 && x2 > 80) || (y1 < -50 && y2 < -50) || (y1 > 50 && y2 > 50)) continue;
+      attese.push_back("Linea " + FormaSemplice(x1) + " " + FormaSemplice(y1) + " " + FormaSemplice(x2) + " " +
+                       FormaSemplice(y2) + " #ff0000");
+    }
+  }
+  auto dipinte = z.sup.Solo("Linea");
+  std::sort(dipinte.begin(), dipinte.end());
+  std::sort(attese.begin(), attese.end());
+  EXPECT_GT(attese.size(), 10000u);
+  EXPECT_EQ(dipinte, attese);
+}
+
+TEST(Ridisegno, CerchioTratteggiatoSottoIlPixelInCorde) {
+  Scena z;
+  DimensionaCerchi(z.s);
+  z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 1000, z.s.CerchioRaggio[0] = 1000;
+  z.s.CerchioColore[0] = 1;
+  z.s.CerchioTratteggio[0] = 2;
+  z.s.ContaEntita[SlotCerchi] = 1;
+  // A pixel of 106 m against a repeat of 6 m: the plain curve, in chords whose sagitta is
+  // half a millimetre, 2 acos(1 - 0.0005 / 1000) = 0.0020000 rad each: 3141.4 of them in
+  // 399.99 gon, so 3142.
+  z.s.Vista.AltezzaVista = 40000;
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 1);
+  EXPECT_EQ(z.Conta("Linea"), 3142u);
+}
+
 TEST(Ridisegno, TrattiSottoIlPixelSonoUnaLineaPiena) {
   Scena z;
   z.Linea(0, 2000, 20000, 2000, 1, 2);
