@@ -9,6 +9,7 @@
 #include "SuperficieQt.h"
 #include "SuperficieSvg.h"
 #include "Terminale.h"
+#include "core/Conversioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "view/Rigenera.h"
@@ -31,8 +32,8 @@ void AssicuraApplicazione() {
 bool LeggiDimensioni(const std::string& testo, int& l, int& a) {
   const auto x = testo.find_first_of("xX");
   if (x == std::string::npos) return false;
-  l = static_cast<int>(Val(testo.substr(0, x)));
-  a = static_cast<int>(Val(testo.substr(x + 1)));
+  l = InteroSaturato<int>(Val(testo.substr(0, x)));
+  a = InteroSaturato<int>(Val(testo.substr(x + 1)));
   return l >= 16 && a >= 16 && l <= 20000 && a <= 20000;
 }
 

@@ -4,6 +4,8 @@
 #include <QTransform>
 #include <cmath>
 
+#include "core/Conversioni.h"
+
 namespace varena {
 
 namespace {
@@ -129,8 +131,8 @@ void SuperficieQt::Arco(float x, float y, float raggio, float inizio, float fine
   const double gradi = 180.0 / 3.14159265358979323846;
   double ampiezza = fine - inizio;
   if (ampiezza < 0) ampiezza += 2 * 3.14159265358979323846;
-  pittore_.drawArc(QRectF(centro.x() - rx, centro.y() - ry, 2 * rx, 2 * ry), static_cast<int>(std::lround(inizio * gradi * 16)),
-                   static_cast<int>(std::lround(ampiezza * gradi * 16)));
+  pittore_.drawArc(QRectF(centro.x() - rx, centro.y() - ry, 2 * rx, 2 * ry), InteroSaturato<int>(std::round(inizio * gradi * 16)),
+                   InteroSaturato<int>(std::round(ampiezza * gradi * 16)));
 }
 
 void SuperficieQt::Pixel(float x, float y, ColoreRGB c) {
@@ -190,13 +192,13 @@ void SuperficieQt::Simbolo(int codice, float x, float y, double dimensione, Colo
     return;
   }
   // A quarter of a pixel is as fine as a symbol's size is told apart.
-  const auto quarti = static_cast<quint64>(std::lround(pixel * 4));
+  const auto quarti = InteroSaturato<quint64>(std::round(pixel * 4));
   const quint64 chiave = (quarti << 40) ^ (static_cast<quint64>(static_cast<quint16>(codice)) << 24) ^ (c & 0xFFFFFF) ^
                          (static_cast<quint64>(spessore_ & 0xFF) << 56);
   auto it = simboli_.find(chiave);
   if (it == simboli_.end()) {
     if (simboli_.size() > 2000) simboli_.clear();
-    const int lato = 2 * static_cast<int>(std::ceil(pixel)) + 5;
+    const int lato = 2 * InteroSaturato<int>(std::ceil(pixel)) + 5;
     QImage img(lato, lato, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     {

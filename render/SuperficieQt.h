@@ -26,6 +26,7 @@ class SuperficieQt : public Superficie {
   // On a screen of more device pixels than logical ones the pens widen with it, so that a
   // line keeps its weight; the surface is then `ratio` times the window in pixels.
   void ImpostaRapportoPixel(double rapporto) { rapporto_ = rapporto > 0 ? rapporto : 1; }
+  double PixelMm() const override { return 25.4 / dpi_; }
 
   void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
   void Pulisci() override;

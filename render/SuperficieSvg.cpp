@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "SuperficieQt.h"
+#include "core/Conversioni.h"
 
 namespace varena {
 
@@ -82,7 +83,7 @@ bool Finito(double a, double b) { return std::isfinite(a) && std::isfinite(b); }
 
 SuperficieSvg::SuperficieSvg(int larghezzaPx, int altezzaPx, double dpi)
     : larghezza_(larghezzaPx), altezza_(altezzaPx), dpi_(dpi > 0 ? dpi : 96.0), misura_(1, 1, QImage::Format_RGB32) {
-  const int puntiMetro = static_cast<int>(std::lround(dpi_ / 0.0254));
+  const int puntiMetro = InteroSaturato<int>(std::round(dpi_ / 0.0254));
   misura_.setDotsPerMeterX(puntiMetro);
   misura_.setDotsPerMeterY(puntiMetro);
   Carattere("Courier New", 10);

@@ -20,6 +20,7 @@ class SuperficieSvg : public Superficie {
 
   double LarghezzaMm() const override { return larghezza_ * 25.4 / dpi_; }
   double AltezzaMm() const override { return altezza_ * 25.4 / dpi_; }
+  double PixelMm() const override { return 25.4 / dpi_; }
 
   void ScalaUtente(double sinistra, double alto, double larghezza, double altezza) override;
   void Pulisci() override;

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "commands/Comandi.h"
+#include "core/Conversioni.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -76,7 +77,7 @@ int TratteggioScelto(const Sessione& s, const std::string& testo) {
   int scelto = -1;
   if (t[0] >= '0' && t[0] <= '9') {
     const double v = Val(t);
-    if (v >= 1 && v <= s.Tratteggi.NumeroTratteggi) scelto = static_cast<int>(v);
+    if (v >= 1 && v <= s.Tratteggi.NumeroTratteggi) scelto = InteroSaturato<int>(v);
   } else {
     // By its name: the first word, as a list line or a name typed gives it.
     const std::string nome = t.substr(0, t.find(' '));
@@ -105,7 +106,7 @@ bool PrendiTratteggio(Sessione& s, const std::string& testo) {
 bool PrendiColore(Sessione& s, const std::string& testo) {
   const double v = Val(VirgolaInPunto(testo));
   if (!(v >= 1 && v <= kMassimoColori) || v != std::floor(v)) return false;
-  s.Imp.Colore_Default = static_cast<int32_t>(v);
+  s.Imp.Colore_Default = InteroSaturato<int32_t>(v);
   return true;
 }
 

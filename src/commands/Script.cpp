@@ -12,6 +12,7 @@
 #include "commands/TabellaComandi.h"
 #include "commands/TabellaDialoghi.h"
 #include "commands/Tastiera.h"
+#include "core/Conversioni.h"
 #include "core/Dialoghi.h"
 #include "core/Record.h"
 #include "core/Sessione.h"
@@ -263,8 +264,8 @@ bool Concorda(const ValoreCampo& v, const std::string& atteso) {
 // ("Colore Simbolo"): the longest run of words that names a field is the name, the rest the
 // value. No value: the row holds it.
 std::optional<std::string> VerificaRiga(const Sessione& s, const std::vector<std::string>& arg) {
-  const int slot = static_cast<int>(std::strtod(arg[1].c_str(), nullptr));
-  const int64_t riga = static_cast<int64_t>(std::strtod(arg[2].c_str(), nullptr));
+  const int slot = InteroSaturato<int>(std::strtod(arg[1].c_str(), nullptr), -1);
+  const int64_t riga = InteroSaturato<int64_t>(std::strtod(arg[2].c_str(), nullptr), -1);
   std::vector<std::pair<std::string, ValoreCampo>> campi;
   PerOgniCampo(s, slot, riga, [&](std::string_view nome, const ValoreCampo& v) { campi.emplace_back(nome, v); });
   if (campi.empty()) return "la riga " + arg[2] + " del tipo " + arg[1] + " non esiste";

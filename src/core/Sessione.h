@@ -58,6 +58,8 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica {
   std::string NomeLavoro;
   std::string TipoFile = "CFG";  // the kind of input chosen at opening
   std::string Edizione;          // the tag read from `.CFG`, in force through a load
+  // Rows of each slot that the last load left out for values that are not numbers.
+  std::array<int32_t, NumeroSlot> RigheNonValide{};
   // Reading in place for a report: nothing may be created or removed, neither beside the
   // job nor among the tables and settings, which then stand at their defaults when absent.
   bool SolaLettura = false;

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "core/CodicePagina.h"
+#include "core/Conversioni.h"
 
 namespace varena {
 
@@ -63,13 +64,10 @@ double Val(std::string_view t) {
 }
 
 int64_t ArrotondaPari(double x) {
-  if (std::isnan(x)) return 0;
   double f = std::floor(x);
   const double d = x - f;
   if (d > 0.5 || (d == 0.5 && std::fmod(f, 2.0) != 0.0)) f += 1.0;
-  if (f >= 9.2e18) return std::numeric_limits<int64_t>::max();
-  if (f <= -9.2e18) return std::numeric_limits<int64_t>::min();
-  return static_cast<int64_t>(f);
+  return InteroSaturato<int64_t>(f);
 }
 
 int16_t InteroCorto(double x) {

@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+#include "core/Conversioni.h"
+
 namespace varena {
 
 struct Sessione;
@@ -19,7 +21,7 @@ struct Tratteggio {
   std::array<double, kMassimoElementi + 1> Elementi{};
   double AngoloElemento = 0;  // gon from the line's azimuth; 0 for plain styles
   double ScalaElemento = 0;   // the numeric value the sample begins with
-  int NumeroElementi() const { return static_cast<int>(Elementi[0]); }
+  int NumeroElementi() const { return InteroSaturato<int>(Elementi[0]); }
 };
 
 struct TabellaTratteggi {

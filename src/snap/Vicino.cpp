@@ -8,6 +8,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
+#include "view/Rigenera.h"
 
 namespace varena {
 
@@ -70,7 +71,7 @@ class Ricerca {
       case SlotTesti: Scorri(m, v.Testi, s_.ContaEntita[SlotTesti], [&](int64_t i) { return Testo(i); }); break;
       default:
         Scorri(m, tipo == SlotLinee ? v.Linee : v.AltreLinee, s_.ListaDisegno.Conta(),
-               [&](int64_t i) { return Lista(tipo, i); });
+               [&](int64_t i) { return Lista(tipo, i, m.D); });
         break;
     }
     return m;
@@ -92,11 +93,18 @@ class Ricerca {
         x_, y_, [&](int64_t i) { if (i < righe) considera(i); }, [&] { return m.D + margine_; });
   }
 
-  double Lista(int tipo, int64_t i) const {
+  // A line with its pattern counts by its nearest piece, as when each piece was a record;
+  // only pieces within the best distance so far need a look.
+  double Lista(int tipo, int64_t i, double limite) const {
     const ElencoDisegno& l = s_.ListaDisegno;
     const auto k = static_cast<size_t>(i);
-    if (l.Primitiva[k] != PrimLinea || l.Tipo[k] != tipo || !RigaListaCercabile(s_, l.Tipo[k], l.Riga[k]))
-      return kNulla;
+    if (l.Tipo[k] != tipo || !RigaListaCercabile(s_, l.Tipo[k], l.Riga[k])) return kNulla;
+    if (l.Primitiva[k] == PrimMotivo) {
+      PezzoMotivo p;
+      double d = 0;
+      return PezzoPiuVicino(s_, i, x_, y_, limite + margine_, p, d) ? d : kNulla;
+    }
+    if (l.Primitiva[k] != PrimLinea) return kNulla;
     return DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x_, y_, 0});
   }
   double Punto(int64_t i) const {
@@ -325,6 +333,12 @@ RisultatoVicina LapiuvicinaBitMap(const Sessione& s, double x, double y, const P
       r.VicinaRiga = rigaDellaTabella ? l.Riga[k] : static_cast<int32_t>(riga);
       r.Inizio = {l.X1[k], l.Y1[k], l.Z1[k]};
       r.Fine = {l.X2[k], l.Y2[k], l.Z2[k]};
+      PezzoMotivo p;
+      double d = 0;
+      if (l.Primitiva[k] == PrimMotivo && PezzoPiuVicino(s, riga, x, y, migliore * (1 + 1e-9) + 1e-9, p, d)) {
+        r.Inizio = {p.X1, p.Y1, p.Z1};
+        r.Fine = {p.X2, p.Y2, p.Z2};
+      }
       r.PrimoQuarto = Tra(r.Inizio, r.Fine, 0.25);
       r.Medio = Tra(r.Inizio, r.Fine, 0.5);
       r.TerzoQuarto = Tra(r.Inizio, r.Fine, 0.75);

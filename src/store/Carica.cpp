@@ -33,7 +33,7 @@ bool Vr2000(const Sessione& s) { return s.Edizione == "VR2000"; }
 // the legacy read of a short record leaves them.
 template <class Tab>
 void CaricaRecord(Sessione& s, const LayoutRecord<Tab>& layout, const char* routine,
-                  void (*ripara)(TabelleEntita&, int64_t, bool)) {
+                  bool (*ripara)(TabelleEntita&, int64_t, bool)) {
   s.RoutineCorrente = routine;
   Protetto(s, [&] {
     const int slot = layout.Slot;
@@ -56,10 +56,21 @@ void CaricaRecord(Sessione& s, const LayoutRecord<Tab>& layout, const char* rout
     }
     const bool vr2000 = Vr2000(s);
     for (int64_t r = primo; r < primo + n; ++r) {
-      if (ripara) ripara(s, r, vr2000);
+      if (ripara && ripara(s, r, vr2000)) ++s.RigheNonValide[static_cast<size_t>(slot)];
       s.ContaEntita[slot] = static_cast<int32_t>(r + 1);
     }
   });
+}
+
+// The rows left out for values that are not numbers, one line per member.
+void SegnalaRigheNonValide(Sessione& s) {
+  std::string righe;
+  for (int slot = 0; slot < NumeroSlot; ++slot)
+    if (const int32_t n = s.RigheNonValide[static_cast<size_t>(slot)]; n > 0)
+      righe += std::string("\n") + EstensioneFile(slot) + ": " + std::to_string(n);
+  if (righe.empty()) return;
+  s.Ui->Messaggio("Righe scartate perché con valori non numerici o infiniti:" + righe, "Caricamento Lavoro",
+                  Icona::Avviso);
 }
 
 }  // namespace
@@ -127,6 +138,7 @@ void CaricaBitmap(Sessione& s) {
       s.BitmapPiano[r] = Rifila(s.BitmapPiano[r]);
       s.BitmapNomeFile[r] = Rifila(s.BitmapNomeFile[r]);
       if (s.BitmapNomeFile[r].empty()) s.BitmapIdent[r] = -1;
+      if (RiparaBitmap(s, static_cast<int64_t>(r))) ++s.RigheNonValide[SlotBitmap];
     }
     s.ContaEntita[SlotBitmap] = ultima + 1;
   });
@@ -258,6 +270,7 @@ void CaricaLavoro(Sessione& s) {
   s.MembroGuasto.fill(false);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
+  s.RigheNonValide.fill(0);
   // The members in their fixed order; the interface shows how far a large job has come.
   constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassiCarica));
   for (int64_t k = 0; k < kQuanti; ++k) {
@@ -269,6 +282,7 @@ void CaricaLavoro(Sessione& s) {
     if (!s.UltimoErrore.empty()) s.MembroGuasto[static_cast<size_t>(passo.Slot)] = true;
     s.Ui->Progresso(k + 1, kQuanti);
   }
+  SegnalaRigheNonValide(s);
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/CodicePagina.h"
+#include "core/Conversioni.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/FileTabella.h"
@@ -203,14 +204,14 @@ void ApplicaBloccoB(Sessione& s) {
   const CfgLavoro& c = s.Cfg;
   s.Imp.FATTORE_DI_ZOOM = c.VB(B_FattoreZoom, 0).Numero;
   if (s.Imp.FATTORE_DI_ZOOM < 1) s.Imp.FATTORE_DI_ZOOM = 1.0;  // a zoom step below 1 would grow the view
-  s.Imp.Colore_Default = static_cast<int32_t>(c.VB(B_ColoreDefault, 0).Numero);
+  s.Imp.Colore_Default = InteroSaturato<int32_t>(c.VB(B_ColoreDefault, 0).Numero);
   s.PianoCorrente = c.VB(B_PianoCorrente, 0).Testo;
   s.Vista.RapportoVista = c.VB(B_RapportoVista, 0).Numero;
-  s.Imp.TIPODISTANZA = static_cast<uint8_t>(c.VB(B_TipoDistanza, 0).Numero);
+  s.Imp.TIPODISTANZA = InteroSaturato<uint8_t>(c.VB(B_TipoDistanza, 0).Numero);
   s.Vista.CentroEst = c.VB(B_Vista, 0).Numero;
   s.Vista.CentroNord = c.VB(B_Vista, 1).Numero;
   s.Vista.AltezzaVista = c.VB(B_Vista, 2).Numero;
-  s.Imp.MostraDescrizione = static_cast<int32_t>(c.VB(B_MostraDescrizione, 0).Numero);
+  s.Imp.MostraDescrizione = InteroSaturato<int32_t>(c.VB(B_MostraDescrizione, 0).Numero);
   if (!Rifila(c.VB(B_PianoCorrente2, 0).Testo).empty()) s.PianoCorrente = c.VB(B_PianoCorrente2, 0).Testo;
   RicordaBloccoB(s);
 }

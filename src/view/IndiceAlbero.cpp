@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "core/Conversioni.h"
+
 namespace varena {
 
 namespace {
@@ -58,8 +60,8 @@ void IndiceAlbero::Ordina(std::vector<Scatola>& scatole) {
   for (size_t i = 0; i < voci_; ++i) {
     const Scatola& b = scatole[i];
     const double cx = ((b.X0 + b.X1) / 2 - minX) / lx, cy = ((b.Y0 + b.Y1) / 2 - minY) / ly;
-    const uint64_t h = CurvaZ(static_cast<uint32_t>(std::clamp(cx, 0.0, 1.0) * 65535),
-                               static_cast<uint32_t>(std::clamp(cy, 0.0, 1.0) * 65535));
+    const uint64_t h = CurvaZ(std::min(InteroSaturato<uint32_t>(cx * 65535), 65535u),
+                               std::min(InteroSaturato<uint32_t>(cy * 65535), 65535u));
     ordine[i] = h << 32 | static_cast<uint64_t>(i);
   }
   std::sort(ordine.begin(), ordine.end());

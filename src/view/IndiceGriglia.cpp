@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+
+#include "core/Conversioni.h"
 
 namespace varena {
 
@@ -11,18 +14,22 @@ void IndiceGriglia::Svuota() {
   inizio_.clear();
   voci_.clear();
   grandi_.clear();
+  esclusi_.clear();
   visti_.clear();
 }
 
 void IndiceGriglia::Prepara(double xmin, double ymin, double xmax, double ymax, int64_t n) {
   if (xmin > xmax) xmin = xmax = ymin = ymax = 0;  // nothing measurable
-  const double larghezza = std::max(xmax - xmin, 1e-6), altezza = std::max(ymax - ymin, 1e-6);
-  // About two boxes a cell on average, at most some four million cells.
+  // Finite corners may still lie further apart than a double can say.
+  constexpr double kMassimo = std::numeric_limits<double>::max();
+  const double larghezza = std::clamp(xmax - xmin, 1e-6, kMassimo), altezza = std::clamp(ymax - ymin, 1e-6, kMassimo);
+  // About two boxes a cell on average, at most some four million cells; the side is taken
+  // as a product of roots, which does not overflow where the area would.
   const double celle = std::clamp(static_cast<double>(n) / 2.0, 1.0, 4.0e6);
-  lato_ = std::sqrt(larghezza * altezza / celle);
+  lato_ = std::sqrt(larghezza) * std::sqrt(altezza / celle);
   lato_ = std::max({lato_, larghezza / 2048.0, altezza / 2048.0});
-  colonne_ = std::max(1, static_cast<int>(std::ceil(larghezza / lato_)));
-  righe_ = std::max(1, static_cast<int>(std::ceil(altezza / lato_)));
+  colonne_ = std::clamp(InteroSaturato<int>(std::ceil(larghezza / lato_)), 1, 2048);
+  righe_ = std::clamp(InteroSaturato<int>(std::ceil(altezza / lato_)), 1, 2048);
   x0_ = xmin;
   y0_ = ymin;
   visti_.assign(static_cast<size_t>((n + 63) / 64), 0);
@@ -30,18 +37,14 @@ void IndiceGriglia::Prepara(double xmin, double ymin, double xmax, double ymax, 
 
 void IndiceGriglia::Celle(double xmin, double ymin, double xmax, double ymax, int& c0, int& r0, int& c1,
                           int& r1) const {
-  auto colonna = [this](double x) {
-    const double k = std::floor((x - x0_) / lato_);
-    return static_cast<int>(std::clamp(k, 0.0, static_cast<double>(colonne_ - 1)));
+  // A distance beyond any double is infinite, and falls in the last cell.
+  auto cella = [this](double v, double origine, int quante) {
+    return std::clamp(InteroSaturato<int>(std::floor((v - origine) / lato_)), 0, quante - 1);
   };
-  auto riga = [this](double y) {
-    const double k = std::floor((y - y0_) / lato_);
-    return static_cast<int>(std::clamp(k, 0.0, static_cast<double>(righe_ - 1)));
-  };
-  c0 = colonna(xmin);
-  c1 = colonna(xmax);
-  r0 = riga(ymin);
-  r1 = riga(ymax);
+  c0 = cella(xmin, x0_, colonne_);
+  c1 = cella(xmax, x0_, colonne_);
+  r0 = cella(ymin, y0_, righe_);
+  r1 = cella(ymax, y0_, righe_);
 }
 
 void IndiceGriglia::Cerca(double xmin, double ymin, double xmax, double ymax, std::vector<int64_t>& out) const {
@@ -54,8 +57,15 @@ void IndiceGriglia::Cerca(double xmin, double ymin, double xmax, double ymax, st
   const int64_t celle = static_cast<int64_t>(c1 - c0 + 1) * (r1 - r0 + 1);
   if (celle * 4 > static_cast<int64_t>(inizio_.size())) {
     // Most of the grid is in view: every box, in order, is cheaper than the cells.
-    out.resize(static_cast<size_t>(n_));
-    for (int64_t i = 0; i < n_; ++i) out[static_cast<size_t>(i)] = i;
+    out.reserve(static_cast<size_t>(n_));
+    auto escluso = esclusi_.begin();
+    for (int64_t i = 0; i < n_; ++i) {
+      if (escluso != esclusi_.end() && *escluso == i) {
+        ++escluso;
+        continue;
+      }
+      out.push_back(i);
+    }
     return;
   }
   std::vector<int64_t> trovati;

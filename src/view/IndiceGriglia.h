@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -20,6 +21,9 @@ class IndiceGriglia {
   void Cerca(double xmin, double ymin, double xmax, double ymax, std::vector<int64_t>& risultato) const;
 
  private:
+  static bool Misurabile(double a, double b, double c, double d) {
+    return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d);
+  }
   void Prepara(double xmin, double ymin, double xmax, double ymax, int64_t n);
   void Celle(double xmin, double ymin, double xmax, double ymax, int& c0, int& r0, int& c1, int& r1) const;
 
@@ -29,6 +33,7 @@ class IndiceGriglia {
   std::vector<uint32_t> inizio_;      // cell -> first entry in voci_, one more at the end
   std::vector<int64_t> voci_;         // box indexes by cell
   std::vector<int64_t> grandi_;       // boxes spanning too many cells: always candidates
+  std::vector<int64_t> esclusi_;      // boxes that cannot be placed, in increasing order
   mutable std::vector<uint64_t> visti_;  // one bit per box, for a query
 };
 
@@ -41,7 +46,10 @@ void IndiceGriglia::Costruisci(int64_t n, Angoli angoli) {
   for (int64_t i = 0; i < n; ++i) {
     double a, b, c, d;
     angoli(i, a, b, c, d);
-    if (!(a == a) || !(b == b) || !(c == c) || !(d == d)) continue;  // not a number: never found
+    if (!Misurabile(a, b, c, d)) {  // not a number, or an overflow: never found
+      esclusi_.push_back(i);
+      continue;
+    }
     xmin = std::min({xmin, a, c});
     ymin = std::min({ymin, b, d});
     xmax = std::max({xmax, a, c});
@@ -54,7 +62,7 @@ void IndiceGriglia::Costruisci(int64_t n, Angoli angoli) {
     for (int64_t i = 0; i < n; ++i) {
       double a, b, c, d;
       angoli(i, a, b, c, d);
-      if (!(a == a) || !(b == b) || !(c == c) || !(d == d)) continue;
+      if (!Misurabile(a, b, c, d)) continue;
       int c0, r0, c1, r1;
       Celle(std::min(a, c), std::min(b, d), std::max(a, c), std::max(b, d), c0, r0, c1, r1);
       if (static_cast<int64_t>(c1 - c0 + 1) * (r1 - r0 + 1) > 16) {

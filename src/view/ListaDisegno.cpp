@@ -1,5 +1,7 @@
 #include "view/ListaDisegno.h"
 
+#include <algorithm>
+
 #include "core/Testo.h"
 
 namespace varena {
@@ -20,6 +22,7 @@ void ElencoDisegno::Svuota() {
   font_.clear();
   piano_.clear();
   testi_.clear();
+  motivi_.clear();
 }
 
 int32_t ElencoDisegno::Nome(std::string_view n) {
@@ -67,6 +70,21 @@ int64_t ElencoDisegno::Aggiungi(const RecordDisegno& r) {
   font_.push_back(Nome(r.Font));
   piano_.push_back(Nome(Rifila(r.Piano).empty() ? std::string_view("0") : r.Piano));
   return Conta() - 1;
+}
+
+int64_t ElencoDisegno::AggiungiMotivo(const RecordDisegno& r, MotivoLinea m) {
+  RecordDisegno b = r;
+  b.Primitiva = PrimMotivo;
+  m.Record = Aggiungi(b);
+  motivi_.push_back(m);
+  return m.Record;
+}
+
+const MotivoLinea* ElencoDisegno::Motivo(int64_t i) const {
+  if (i < 0 || i >= Conta() || Primitiva[static_cast<size_t>(i)] != PrimMotivo) return nullptr;
+  const auto it = std::lower_bound(motivi_.begin(), motivi_.end(), i,
+                                   [](const MotivoLinea& m, int64_t record) { return m.Record < record; });
+  return it != motivi_.end() && it->Record == i ? &*it : nullptr;
 }
 
 const std::string& ElencoDisegno::Testo(int64_t i) const {

@@ -11,8 +11,21 @@
 
 namespace varena {
 
-// What a record asks the surface to paint.
-enum PrimitivaDisegno : uint8_t { PrimCerchio = 0, PrimLinea = 2, PrimNulla = 3, PrimTesto = 5 };
+// What a record asks the surface to paint. A line drawn with a line type is one record of
+// `PrimMotivo`: its corners are the box of its pieces, and the line itself stands in the
+// list's table of patterns, cut into pieces only where they are painted or sought.
+enum PrimitivaDisegno : uint8_t { PrimCerchio = 0, PrimLinea = 2, PrimNulla = 3, PrimTesto = 5, PrimMotivo = 6 };
+
+// A line and its line type, as a `PrimMotivo` record stands for it: ends already shortened
+// by the truncation. Or a circle or an arc: centre in X1, Y1, heights at its ends in Z1, Z2,
+// angles in radians.
+struct MotivoLinea {
+  int64_t Record = 0;
+  double X1 = 0, Y1 = 0, Z1 = 0, X2 = 0, Y2 = 0, Z2 = 0;
+  int Tratteggio = 0;
+  bool Arco = false;
+  double Raggio = 0, Inizio = 0, Ampiezza = 0;
+};
 
 // One record as the regenerators build it.
 struct RecordDisegno {
@@ -50,6 +63,10 @@ class ElencoDisegno {
   // Appends a record, storing a blank layer as "0", a negative dash style as 0 and a width
   // below 1 as 1.
   int64_t Aggiungi(const RecordDisegno& r);
+  // A record of `PrimMotivo`: `r` gives the box and the attributes, `m` the line.
+  int64_t AggiungiMotivo(const RecordDisegno& r, MotivoLinea m);
+  // The line of a `PrimMotivo` record; null for any other.
+  const MotivoLinea* Motivo(int64_t i) const;
 
   const std::string& Testo(int64_t i) const;
   const std::string& Font(int64_t i) const { return nomi_[static_cast<size_t>(font_[static_cast<size_t>(i)])]; }
@@ -60,6 +77,7 @@ class ElencoDisegno {
   int32_t Cerca(std::string_view n);
   int32_t recenti_[2] = {-1, -1};
   std::vector<int32_t> testo_, font_, piano_;
+  std::vector<MotivoLinea> motivi_;  // by increasing record
   std::vector<std::string> testi_;
   std::vector<std::string> nomi_{""};
   std::unordered_map<std::string, int32_t> indiceNomi_{{"", 0}};

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "core/Conversioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
@@ -38,42 +39,107 @@ double PuntiTesto(const Sessione& s, const Superficie& sup, double altezza) {
   return altezza / s.Vista.AltezzaVista * 1000.0;
 }
 
+// Whole on one side of the view: nothing to paint. A line across is left to the surface's
+// own clipping.
+bool FuoriVista(const StatoVista& v, float x1, float y1, float x2, float y2) {
+  return (x1 < v.BordoSinistro && x2 < v.BordoSinistro) || (x1 > v.BordoDestro && x2 > v.BordoDestro) ||
+         (y1 < v.BordoBasso && y2 < v.BordoBasso) || (y1 > v.BordoAlto && y2 > v.BordoAlto);
+}
+
+// One segment of record k, a line or a piece of its pattern, in view coordinates.
+void DisegnaSegmento(const ElencoDisegno& l, Superficie& sup, size_t k, float x1, float y1, float x2, float y2,
+                     ColoreRGB colore) {
+  sup.Spessore(std::max(1, InteroSaturato<int>(l.Spessore[k])));
+  sup.Stile(static_cast<StilePenna>(l.Tratto[k] == 2 ? 2 : 0));
+  if (l.Stato[k] == 1) {
+    sup.Modo(ModoPenna::Inverti);
+    sup.Stile(StilePenna::Punteggiato);
+    sup.Linea(x1, y1, x2, y2, colore);
+  } else {
+    sup.Modo(ModoPenna::Copia);
+    sup.Linea(x1, y1, x2, y2, colore);
+  }
+  sup.Modo(ModoPenna::Copia);
+  sup.Stile(StilePenna::Continuo);
+  sup.Spessore(1);
+}
+
+// The side of a pixel of the surface, in metres on the ground.
+double MetriPerPixel(const Sessione& s, const Superficie& sup) {
+  const double mm = sup.AltezzaMm();
+  return mm > 0 ? sup.PixelMm() * s.Vista.AltezzaVista / mm : s.Vista.AltezzaVista / 1000.0;
+}
+
+// A line with its line type, cut into its pieces only where they are in view. When a whole
+// repeat of the pattern is shorter than a pixel no gap could show: the line is one solid run.
+// A circle or an arc with its line type, in the same way: the dashes of the stretches of
+// the curve that the view may hold, or its plain chords when a repeat is under a pixel.
+void DisegnaMotivoArco(const Sessione& s, Superficie& sup, const MotivoLinea& m, size_t k, ColoreRGB colore) {
+  const StatoVista& v = s.Vista;
+  auto corda = [&](const TrattoArco& t) {
+    const PuntoVista a = InVista(v, t.X1, t.Y1), b = InVista(v, t.X2, t.Y2);
+    if (!FuoriVista(v, a.X, a.Y, b.X, b.Y)) DisegnaSegmento(s.ListaDisegno, sup, k, a.X, a.Y, b.X, b.Y, colore);
+  };
+  const double pixel = MetriPerPixel(s, sup);
+  const PercorsoArco motivo(m.X1, m.Y1, m.Raggio, m.Inizio, m.Ampiezza, StileDi(s, m.Tratteggio));
+  const PercorsoArco piena(m.X1, m.Y1, m.Raggio, m.Inizio, m.Ampiezza, {});
+  const PercorsoArco& percorso = motivo.Come() == PercorsoArco::Modo::Motivo && motivo.Giro() < pixel ? piena : motivo;
+  const double margine = percorso.Massimo() + pixel;
+  double tratti[3][2];
+  const int n = percorso.Dentro(v.CentroEst + v.BordoSinistro - margine, v.CentroNord + v.BordoBasso - margine,
+                                v.CentroEst + v.BordoDestro + margine, v.CentroNord + v.BordoAlto + margine, tratti);
+  // The pieces are found by where they start: one may start a piece's length before.
+  for (int t = 0; t < n; ++t) percorso.Pezzi(tratti[t][0] - margine, tratti[t][1] + margine, corda);
+}
+
+void DisegnaMotivo(const Sessione& s, Superficie& sup, int64_t i, ColoreRGB colore) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  const MotivoLinea* m = l.Motivo(i);
+  if (!m) return;
+  const StatoVista& v = s.Vista;
+  const auto k = static_cast<size_t>(i);
+  if (m->Arco) {
+    DisegnaMotivoArco(s, sup, *m, k, colore);
+    return;
+  }
+  auto segmento = [&](const Tratto& t) {
+    const PuntoVista a = InVista(v, t.X1, t.Y1), b = InVista(v, t.X2, t.Y2);
+    if (!FuoriVista(v, a.X, a.Y, b.X, b.Y)) DisegnaSegmento(l, sup, k, a.X, a.Y, b.X, b.Y, colore);
+  };
+  const PercorsoMotivo percorso(m->X1, m->Y1, m->X2, m->Y2, StileDi(s, m->Tratteggio));
+  const double pixel = MetriPerPixel(s, sup);
+  if (percorso.Come() == PercorsoMotivo::Modo::Nulla) return;
+  if (percorso.Come() == PercorsoMotivo::Modo::Piena || percorso.Giro() < pixel) {
+    segmento({m->X1, m->Y1, m->X2, m->Y2});
+    return;
+  }
+  // A piece that touches the view starts no farther from it than its own length.
+  const double margine = percorso.Massimo() + pixel;
+  double da = 0, a = 0;
+  if (!percorso.Dentro(v.CentroEst + v.BordoSinistro - margine, v.CentroNord + v.BordoBasso - margine,
+                       v.CentroEst + v.BordoDestro + margine, v.CentroNord + v.BordoAlto + margine, da, a))
+    return;
+  percorso.Pezzi(da - margine, a + margine, segmento);
+}
+
 void DisegnaRecord(Sessione& s, Superficie& sup, int64_t i) {
   const ElencoDisegno& l = s.ListaDisegno;
   const StatoVista& v = s.Vista;
   const auto k = static_cast<size_t>(i);
   const float x1 = static_cast<float>(l.X1[k] - v.CentroEst), y1 = static_cast<float>(l.Y1[k] - v.CentroNord);
   const float x2 = static_cast<float>(l.X2[k] - v.CentroEst), y2 = static_cast<float>(l.Y2[k] - v.CentroNord);
-  if (l.Primitiva[k] != PrimCerchio) {
-    // Whole on one side of the view: nothing to paint. A line across is left to the
-    // surface's own clipping.
-    if ((x1 < v.BordoSinistro && x2 < v.BordoSinistro) || (x1 > v.BordoDestro && x2 > v.BordoDestro) ||
-        (y1 < v.BordoBasso && y2 < v.BordoBasso) || (y1 > v.BordoAlto && y2 > v.BordoAlto))
-      return;
-  }
+  // A pattern's record holds the box of its pieces: wholly aside, none of them shows.
+  if (l.Primitiva[k] != PrimCerchio && FuoriVista(v, x1, y1, x2, y2)) return;
   ColoreRGB colore = 0;
   if (!ColoreDaIndice(s, l.Colore[k], colore)) return;
   switch (l.Primitiva[k]) {
     case PrimCerchio:
-      sup.Spessore(static_cast<int>(l.Spessore[k]));
+      sup.Spessore(InteroSaturato<int>(l.Spessore[k]));
       sup.Cerchio(x1, y1, l.Altezza[k], colore);
       sup.Spessore(1);
       break;
-    case PrimLinea:
-      sup.Spessore(std::max(1, static_cast<int>(l.Spessore[k])));
-      sup.Stile(static_cast<StilePenna>(l.Tratto[k] == 2 ? 2 : 0));
-      if (l.Stato[k] == 1) {
-        sup.Modo(ModoPenna::Inverti);
-        sup.Stile(StilePenna::Punteggiato);
-        sup.Linea(x1, y1, x2, y2, colore);
-      } else {
-        sup.Modo(ModoPenna::Copia);
-        sup.Linea(x1, y1, x2, y2, colore);
-      }
-      sup.Modo(ModoPenna::Copia);
-      sup.Stile(StilePenna::Continuo);
-      sup.Spessore(1);
-      break;
+    case PrimLinea: DisegnaSegmento(l, sup, k, x1, y1, x2, y2, colore); break;
+    case PrimMotivo: DisegnaMotivo(s, sup, i, colore); break;
     case PrimTesto: {
       const double punti = PuntiTesto(s, sup, l.Altezza[k]);
       if (punti < kPuntiMinimi) return;
@@ -148,16 +214,16 @@ void PreparaSfoltimento(const Sessione& s, const std::vector<int64_t>& vicini, S
   stato.Cella = 1.5 * h;
   stato.X0 = v.BordoSinistro;
   stato.Y0 = v.BordoBasso;
-  stato.Colonne = static_cast<int>(std::min(4096.0, larghezza / stato.Cella + 2));
-  stato.Righe = static_cast<int>(std::min(4096.0, altezza / stato.Cella + 2));
+  stato.Colonne = std::clamp(InteroSaturato<int>(larghezza / stato.Cella + 2), 1, 4096);
+  stato.Righe = std::clamp(InteroSaturato<int>(altezza / stato.Cella + 2), 1, 4096);
   stato.Occupate.assign(static_cast<size_t>(stato.Colonne) * static_cast<size_t>(stato.Righe), 0);
 }
 
 // True when the labels anchored at (x, y) may be painted; their cells are then taken.
 bool PostoPerEtichette(StatoPunti& stato, double x, double y, size_t caratteri) {
   if (!stato.Sfoltisci) return true;
-  const int c0 = static_cast<int>(std::floor((x - stato.X0) / stato.Cella));
-  const int r0 = static_cast<int>(std::floor((y - stato.Y0) / stato.Cella));
+  const int c0 = InteroSaturato<int>(std::floor((x - stato.X0) / stato.Cella), -1);
+  const int r0 = InteroSaturato<int>(std::floor((y - stato.Y0) / stato.Cella), -1);
   if (c0 < 0 || r0 < 0 || c0 >= stato.Colonne || r0 >= stato.Righe) return true;
   auto cella = [&stato](int c, int r) -> uint8_t& {
     return stato.Occupate[static_cast<size_t>(r) * static_cast<size_t>(stato.Colonne) + static_cast<size_t>(c)];

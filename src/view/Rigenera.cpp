@@ -15,6 +15,12 @@ namespace varena {
 namespace {
 
 
+// Heights follow a line by the distance in plan from its start, so that a dashed 3-D line
+// keeps its slope piece by piece.
+double QuotaLungo(double x1, double y1, double z1, double z2, double L, double x, double y) {
+  return L > 0 ? z1 + (z2 - z1) * std::hypot(x - x1, y - y1) / L : z1;
+}
+
 float SpessoreDi(const Sessione& s, int32_t colore) {
   return colore >= 0 && colore <= kMassimoSpessori ? s.Spessori.Spessore[static_cast<size_t>(colore)] : 1.0f;
 }
@@ -104,18 +110,57 @@ StileLinea StileDi(const Sessione& s, int t) {
 }
 
 void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio) {
-  const double x1 = base.X1, y1 = base.Y1, z1 = base.Z1, x2 = base.X2, y2 = base.Y2, z2 = base.Z2;
-  const double L = std::hypot(x2 - x1, y2 - y1);
-  std::vector<Tratto> pezzi;
-  EspandiLinea(x1, y1, x2, y2, StileDi(s, tratteggio), pezzi);
-  base.Primitiva = PrimLinea;
-  for (const Tratto& p : pezzi) {
-    // Heights follow the line, so that a dashed 3-D line keeps its slope piece by piece.
-    auto z = [&](double x, double y) { return L > 0 ? z1 + (z2 - z1) * std::hypot(x - x1, y - y1) / L : z1; };
-    base.X1 = p.X1, base.Y1 = p.Y1, base.Z1 = z(p.X1, p.Y1);
-    base.X2 = p.X2, base.Y2 = p.Y2, base.Z2 = z(p.X2, p.Y2);
-    s.ListaDisegno.Aggiungi(base);
+  const double x1 = base.X1, y1 = base.Y1, x2 = base.X2, y2 = base.Y2;
+  const PercorsoMotivo percorso(x1, y1, x2, y2, StileDi(s, tratteggio));
+  switch (percorso.Come()) {
+    case PercorsoMotivo::Modo::Nulla: return;
+    case PercorsoMotivo::Modo::Piena: {
+      base.Primitiva = PrimLinea;
+      const double L = std::hypot(x2 - x1, y2 - y1), z1 = base.Z1, z2 = base.Z2;
+      base.Z1 = QuotaLungo(x1, y1, z1, z2, L, x1, y1);
+      base.Z2 = QuotaLungo(x1, y1, z1, z2, L, x2, y2);
+      s.ListaDisegno.Aggiungi(base);
+      return;
+    }
+    case PercorsoMotivo::Modo::Motivo: {
+      // The pieces are not kept: a line of kilometres in dashes of metres would be thousands
+      // of records, and a drawing of such lines millions. The record holds their box.
+      const MotivoLinea m{0, x1, y1, base.Z1, x2, y2, base.Z2, tratteggio};
+      if (!percorso.Riquadro(base.X1, base.Y1, base.X2, base.Y2)) return;
+      s.ListaDisegno.AggiungiMotivo(base, m);
+      return;
+    }
   }
+}
+
+bool PezzoPiuVicino(const Sessione& s, int64_t i, double x, double y, double limite, PezzoMotivo& pezzo,
+                    double& distanza) {
+  const MotivoLinea* m = s.ListaDisegno.Motivo(i);
+  if (!m || m->Arco) return false;
+  const PercorsoMotivo percorso(m->X1, m->Y1, m->X2, m->Y2, StileDi(s, m->Tratteggio));
+  const double L = percorso.Lunghezza();
+  // Where the pointer falls along the line, and how far from it.
+  const double ux = L > 0 ? (m->X2 - m->X1) / L : 0, uy = L > 0 ? (m->Y2 - m->Y1) / L : 0;
+  const double t = (x - m->X1) * ux + (y - m->Y1) * uy, h = std::fabs((y - m->Y1) * ux - (x - m->X1) * uy);
+  const double tc = std::clamp(t, 0.0, std::max(L, 0.0));
+  // Some piece starts within two repeats before the foot or one after it, so none farther
+  // than this can win; a piece is no longer than the longest element, so only those that
+  // start this far along the line, and that much more, need a look.
+  const double certo = h + std::fabs(t - tc) + 2 * percorso.Giro() + percorso.Massimo();
+  const double raggio = std::min(std::isfinite(limite) ? limite : certo, certo) + percorso.Massimo();
+  const double margine = 1e-9 * (std::fabs(m->X1) + std::fabs(m->Y1) + L) + 1e-9;
+  bool trovato = false;
+  distanza = limite;
+  percorso.Pezzi(t - raggio - margine, t + raggio + margine, [&](const Tratto& p) {
+    const double d = DistanzaDaSegmento({p.X1, p.Y1, 0}, {p.X2, p.Y2, 0}, {x, y, 0});
+    // As when each piece was a record of its own: the later of two as near wins.
+    if (!(d <= distanza)) return;
+    distanza = d;
+    trovato = true;
+    pezzo = {p.X1, p.Y1, QuotaLungo(m->X1, m->Y1, m->Z1, m->Z2, L, p.X1, p.Y1),
+             p.X2, p.Y2, QuotaLungo(m->X1, m->Y1, m->Z1, m->Z2, L, p.X2, p.Y2)};
+  });
+  return trovato;
 }
 
 void RigeneraLineaSingola(Sessione& s, int32_t riga) {
@@ -153,14 +198,21 @@ void RigeneraLineaSingola(Sessione& s, int32_t riga) {
 
 void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double yc, double raggio, double inizio,
                             double ampiezza, int tratteggio, double z0, double z1) {
-  std::vector<TrattoArco> pezzi;
-  EspandiArco(xc, yc, raggio, inizio, ampiezza, StileDi(s, tratteggio), pezzi);
+  const PercorsoArco percorso(xc, yc, raggio, inizio, ampiezza, StileDi(s, tratteggio));
+  if (percorso.Come() == PercorsoArco::Modo::Motivo) {
+    // As for lines: the dashes of a great circle are made where they are painted.
+    MotivoLinea m{0, xc, yc, z0, 0, 0, z1, tratteggio, true, raggio, percorso.Inizio(), percorso.Ampiezza()};
+    percorso.Riquadro(base.X1, base.Y1, base.X2, base.Y2);
+    s.ListaDisegno.AggiungiMotivo(base, m);
+    return;
+  }
+  // A plain curve is at most some thousands of chords: kept.
   base.Primitiva = PrimLinea;
-  for (const TrattoArco& p : pezzi) {
+  percorso.Pezzi(0, percorso.Lunghezza(), [&](const TrattoArco& p) {
     base.X1 = p.X1, base.Y1 = p.Y1, base.Z1 = z0 + (z1 - z0) * p.T1;
     base.X2 = p.X2, base.Y2 = p.Y2, base.Z2 = z0 + (z1 - z0) * p.T2;
     s.ListaDisegno.Aggiungi(base);
-  }
+  });
 }
 
 void RigeneraCerchio(Sessione& s, int32_t riga) {
@@ -176,9 +228,11 @@ void RigeneraArco(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   if (!IdentVivo(s.ArcoIdent[r]) || s.ArcoCongela[r] != 0) return;
   const RecordDisegno b = RecordDi(s, SlotArchi, riga, s.ArcoColore[r], s.StatoArco[r], s.ArcoPiano[r]);
-  // The record holds gon, as the user reads them; the curve is walked in radians.
-  RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], s.ArcoInizio[r] * GonToRad,
-                         s.ArcoFine[r] * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r], s.ArcoQuotaFinale[r]);
+  // The record holds gon, as the user reads them; the curve is walked in radians. Angles past
+  // a turn are taken in gon, where whole turns come off exactly.
+  RigeneraArcoTratteggio(s, b, s.ArcoX[r], s.ArcoY[r], s.ArcoRaggio[r], std::fmod(s.ArcoInizio[r], 400.0) * GonToRad,
+                         AmpiezzaInUnGiro(s.ArcoFine[r]) * GonToRad, s.ArcoTratteggio[r], s.ArcoQuotaInizio[r],
+                         s.ArcoQuotaFinale[r]);
 }
 
 void RigeneraTesto(Sessione& s, int32_t riga) {
@@ -259,7 +313,7 @@ void IndicizzaVicinanza(Sessione& s) {
   auto segmenti = [&l](auto tipo) {
     return [&l, tipo](int64_t i, double& a, double& b, double& c, double& d) {
       const auto k = static_cast<size_t>(i);
-      if (l.Primitiva[k] != PrimLinea || !tipo(l.Tipo[k])) return false;
+      if ((l.Primitiva[k] != PrimLinea && l.Primitiva[k] != PrimMotivo) || !tipo(l.Tipo[k])) return false;
       a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
       return true;
     };

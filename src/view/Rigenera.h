@@ -36,6 +36,14 @@ void RigeneraLista(Sessione& s);
 void RigeneraLineaSingola(Sessione& s, int32_t riga);
 // `Rigenera Linea Tutto`: one line through its pattern, `base` giving every attribute.
 void RigeneraLineaTutto(Sessione& s, RecordDisegno base, int tratteggio);
+// A piece of a `PrimMotivo` record as the record of its own it would once have been.
+struct PezzoMotivo {
+  double X1, Y1, Z1, X2, Y2, Z2;
+};
+// The piece of record `i` (of `PrimMotivo`) nearest to (x, y), no farther than `limite`,
+// and its distance; of two as near, the later. False when there is none.
+bool PezzoPiuVicino(const Sessione& s, int64_t i, double x, double y, double limite, PezzoMotivo& pezzo,
+                    double& distanza);
 // `rigenera arco tratteggio`: a circle or an arc as chords of its pattern; heights run from
 // `z0` at the start to `z1` at the end.
 void RigeneraArcoTratteggio(Sessione& s, RecordDisegno base, double xc, double yc, double raggio, double inizio,

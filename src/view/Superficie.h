@@ -26,6 +26,8 @@ class Superficie {
   // the surface's own, or for a window the height of its screen, so that the labels of a
   // small window are as readable as those of a large one.
   virtual double AltezzaRiferimentoMm() const { return AltezzaMm(); }
+  // The side of one pixel in millimetres: the finest detail the surface shows.
+  virtual double PixelMm() const { return 25.4 / 96.0; }
   // A minimised window is not drawn on.
   virtual bool Minimizzata() const { return false; }
 

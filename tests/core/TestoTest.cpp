@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/CodicePagina.h"
+#include "core/Conversioni.h"
 #include "core/Lista.h"
 #include "core/Errori.h"
 #include "core/Testo.h"
@@ -29,6 +30,25 @@ TEST(ArrotondaPari, MetaVersoIlPari) {
   EXPECT_EQ(ArrotondaPari(std::nan("")), 0);
   EXPECT_EQ(InteroCorto(40000.0), 32767);
   EXPECT_EQ(InteroCorto(-1e12), -32768);
+}
+
+TEST(InteroSaturato, TroncaESiFermaAgliEstremi) {
+  const double inf = std::numeric_limits<double>::infinity(), nan = std::nan("");
+  EXPECT_EQ(InteroSaturato<int>(2.9), 2);
+  EXPECT_EQ(InteroSaturato<int>(-2.9), -2);
+  EXPECT_EQ(InteroSaturato<int>(inf), 2147483647);
+  EXPECT_EQ(InteroSaturato<int>(-inf), -2147483647 - 1);
+  EXPECT_EQ(InteroSaturato<int>(nan), 0);
+  EXPECT_EQ(InteroSaturato<int>(nan, -1), -1);
+  EXPECT_EQ(InteroSaturato<int16_t>(1e300), 32767);
+  EXPECT_EQ(InteroSaturato<uint8_t>(300.0), 255);
+  EXPECT_EQ(InteroSaturato<uint8_t>(-1.0), 0);
+  // 2^63 is the first double past the largest 64-bit integer; the one before it fits.
+  EXPECT_EQ(InteroSaturato<int64_t>(9223372036854775808.0), 9223372036854775807LL);
+  EXPECT_EQ(InteroSaturato<int64_t>(9223372036854774784.0), 9223372036854774784LL);
+  EXPECT_EQ(InteroSaturato<int64_t>(-9223372036854775808.0), -9223372036854775807LL - 1);
+  EXPECT_EQ(InteroSaturato<uint64_t>(1e20), 18446744073709551615ULL);
+  EXPECT_EQ(ArrotondaPari(-inf), -9223372036854775807LL - 1);
 }
 
 TEST(FormatoMaschera, CasiDellaTabellaDeiNumeri) {

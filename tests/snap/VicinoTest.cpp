@@ -109,6 +109,22 @@ TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
 
   // Equally far from both ends: the second end.
   EXPECT_EQ(LapiuvicinaBitMap(s, 4, 1, {}).PiuVicinoFine.X, 8.0);
+
+  // A dashed line, 3 m strokes and 3 m gaps, from (0, 10) at height 0 to (20, 10) at 20:
+  // the entity found is the stroke nearest to the pointer, 6 to 9, ends and heights its own.
+  s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
+  s.LineaTratteggio[static_cast<size_t>(MettiLinea(s, 0, 10, 20, 10, 0, 20))] = 2;
+  b.Pronto();
+  const RisultatoVicina t = LapiuvicinaBitMap(s, 7.5, 11, {});
+  EXPECT_EQ(t.VicinaRiga, 1);
+  EXPECT_DOUBLE_EQ(t.VicinaDistanza, 1.0);
+  Vicino(t.Inizio, 6, 10, 6, "Inizio del tratto");
+  Vicino(t.Fine, 9, 10, 9, "Fine del tratto");
+  Vicino(t.Medio, 7.5, 10, 7.5, "Medio del tratto");
+  // In a gap the nearer stroke: at 10.4 the one from 6 to 9 (1.4 away), not 12 to 15.
+  Vicino(LapiuvicinaBitMap(s, 10.4, 10, {}).PiuVicinoFine, 9, 10, 9, "Fine nel vuoto");
+  // Halfway in a gap the two strokes are as near: the later, as between records.
+  Vicino(LapiuvicinaBitMap(s, 10.5, 10, {}).Inizio, 12, 10, 12, "Parita");
 }
 
 TEST(LapiuvicinaBitMap, RecordDiUnCerchioEDiUnArco) {
@@ -192,9 +208,19 @@ struct Scansione {
         l.Conta(), s.Vista.AltezzaVista * 200,
         [&](size_t k) {
           const auto r = static_cast<size_t>(l.Riga[k]);
-          return l.Tipo[k] == SlotLinee && l.Primitiva[k] == PrimLinea && s.LineaIdent[r] == 0 && s.LineaCongela[r] == 0;
+          return l.Tipo[k] == SlotLinee && (l.Primitiva[k] == PrimLinea || l.Primitiva[k] == PrimMotivo) &&
+                 s.LineaIdent[r] == 0 && s.LineaCongela[r] == 0;
         },
-        [&](size_t k) { return DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x, y, 0}); });
+        [&](size_t k) {
+          const MotivoLinea* m = l.Motivo(static_cast<int64_t>(k));
+          if (!m) return DistanzaDaSegmento({l.X1[k], l.Y1[k], 0}, {l.X2[k], l.Y2[k], 0}, {x, y, 0});
+          // A line with its pattern: the nearest of all its pieces.
+          std::vector<Tratto> pezzi;
+          EspandiLinea(m->X1, m->Y1, m->X2, m->Y2, StileDi(s, m->Tratteggio), pezzi);
+          double d = 1e300;
+          for (const Tratto& t : pezzi) d = std::min(d, DistanzaDaSegmento({t.X1, t.Y1, 0}, {t.X2, t.Y2, 0}, {x, y, 0}));
+          return d;
+        });
   }
   std::pair<int64_t, double> Cerchi() const {
     return Scorri(
@@ -233,9 +259,14 @@ TEST(Alberi, StessoVincitoreDellaScansioneConLeParita) {
   auto c = [&](int n) { return static_cast<double>(static_cast<int>(caso() % static_cast<unsigned>(n)) - n / 2); };
   auto x = [&](int n) { return ox + c(n); };
   auto y = [&](int n) { return oy + c(n); };
+  // Dashes of a metre, and aslant strokes with dots between them: each such line is one
+  // record that stands for all its pieces, and must be found as its nearest piece would be.
+  s.Tratteggi.Stili[2].Elementi = {2, 1, -1};
+  s.Tratteggi.Stili[3].Elementi = {4, 0.5, -1.5, 0, -1};
+  s.Tratteggi.Stili[3].AngoloElemento = 50;
   for (int i = 0; i < 2500; ++i) {
     const double x1 = x(400), y1 = y(400);
-    MettiLinea(s, x1, y1, x1 + c(30), y1 + c(30));
+    s.LineaTratteggio[static_cast<size_t>(MettiLinea(s, x1, y1, x1 + c(30), y1 + c(30)))] = static_cast<int16_t>(1 + i % 3);
     if (i % 50 == 0) MettiLinea(s, x1, y1, s.LineaX2[static_cast<size_t>(i)], s.LineaY2[static_cast<size_t>(i)]);
   }
   for (int i = 0; i < 2000; ++i) {

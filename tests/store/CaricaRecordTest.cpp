@@ -2,6 +2,9 @@
 // That every field lands where it belongs is shown by a load and save giving the same bytes.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "core/Sessione.h"
 #include "store/Carica.h"
 #include "store/Salva.h"
@@ -65,6 +68,24 @@ TEST_F(CaricaRecord, RigheDegeneriCancellateMaContate) {
   EXPECT_EQ(s.LineaColore[0], 0);
   EXPECT_EQ(s.TestoFont[0], "Arial");  // an empty font
   EXPECT_EQ(s.FaldaColore[0], 0);
+}
+
+TEST_F(CaricaRecord, ValoriNonNumericiScartatiEDetti) {
+  const double inf = std::numeric_limits<double>::infinity(), nan = std::nan("");
+  // A line running to infinity, an arc whose start is no number, an image whose width
+  // overflows once scaled ("1d726" reads as the largest double, doubled it is infinite),
+  // and beside each a row that loads.
+  Scrivi(".LIN", Record(128).F64(26, 1).Byte() + Record(128).F64(26, 1).F64(34, inf).Byte());
+  Scrivi(".ARC", Record(128).F64(26, 10).F64(34, nan).F64(42, 100).Byte() + Record(128).F64(26, 10).F64(42, 1e30).Byte());
+  Scrivi(".BTM", "0,\"a.png\",0,0,1d726,10,0,\"0\",1,2,1\r\n0,\"b.png\",1d726,0,100,10,0,\"0\",1,1,1\r\n");
+  CaricaLavoro(s);
+  EXPECT_EQ(Identi(s.LineaIdent, s.ContaEntita[SlotLinee]), "0 -1 ");
+  EXPECT_EQ(Identi(s.ArcoIdent, s.ContaEntita[SlotArchi]), "-1 0 ");
+  EXPECT_EQ(Identi(s.BitmapIdent, s.ContaEntita[SlotBitmap]), "-1 0 ");
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Testo, "Righe scartate perché con valori non numerici o infiniti:\n.LIN: 1\n.ARC: 1\n.BTM: 1");
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Caricamento Lavoro");
+  EXPECT_EQ(p.ui.Messaggi[0].Tipo, Icona::Avviso);
 }
 
 TEST_F(CaricaRecord, VecchiaTavolozzaSoloPerVR2000) {

@@ -137,11 +137,16 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
   // 20 m due East, dashed 3/3, shortened by 1 m at each end: 18 m from 991 to 1009.
   const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000, 2, 2));
   z.s.LineaTronca[r] = 1;
-  RigeneraLista(z.s);
+  z.Disegna();
   const ElencoDisegno& l = z.s.ListaDisegno;
-  ASSERT_EQ(l.Conta(), 3);  // 991-994, 997-1000, 1003-1006; the last gap reaches the end
+  // One record, the box of its pieces; the pieces are painted: 991-994, 997-1000,
+  // 1003-1006, the last gap reaching the end.
+  ASSERT_EQ(l.Conta(), 1);
+  EXPECT_EQ(l.Primitiva[0], PrimMotivo);
   EXPECT_DOUBLE_EQ(l.X1[0], 991);
-  EXPECT_DOUBLE_EQ(l.X2[2], 1006);
+  EXPECT_DOUBLE_EQ(l.X2[0], 1006);
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -9 0 -6 0 #ffff00", "Linea -3 0 0 0 #ffff00",
+                                                            "Linea 3 0 6 0 #ffff00"}));
   // A negative truncation lengthens the line before its pattern.
   z.s.LineaTronca[r] = -2;
   z.s.LineaTratteggio[r] = 1;
@@ -165,6 +170,119 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
   z.s.LineaCongela[r] = -1;
   RigeneraLista(z.s);
   EXPECT_EQ(l.Conta(), 0);
+}
+
+TEST(Rigenerazione, UnArcoNonFaPiuDiUnGiroDiCorde) {
+  Scena z;
+  auto arco = [&](double raggio, double inizio, double ampiezza) {
+    DimensionaArchi(z.s);
+    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotArchi]++);
+    z.s.ArcoX[r] = 1000, z.s.ArcoY[r] = 2000, z.s.ArcoRaggio[r] = raggio;
+    z.s.ArcoInizio[r] = inizio, z.s.ArcoFine[r] = ampiezza;
+    z.s.ArcoColore[r] = 1;
+  };
+  // 4e7 gon are a hundred thousand whole turns: one turn. Radius 10: a chord whose sagitta
+  // is half a millimetre spans 2 acos(1 - 0.0005 / 10) = 0.0200003 rad, 314.16 of them to
+  // the turn, so 315 chords.
+  arco(10, 0, 4e7);
+  // 4e7 + 100 gon: a quarter turn; radius 10 km asks for more than the cap of 4096 chords to
+  // the turn, so a quarter has 1024.
+  arco(1e4, 0, 4e7 + 100);
+  // A radius past any drawing, a full turn: the cap.
+  arco(4.6e164, 0, 4e7);
+  arco(10, std::nan(""), 100);  // a start that is no number: nothing
+  RigeneraLista(z.s);
+  const ElencoDisegno& l = z.s.ListaDisegno;
+  ASSERT_EQ(l.Conta(), 315 + 1024 + 4096);
+  EXPECT_NEAR(l.X2[314], 1000, 1e-9);  // the turn closes on its start, due North
+  EXPECT_NEAR(l.Y2[314], 2010, 1e-9);
+  EXPECT_NEAR(l.X2[315 + 1023], 11000, 1e-6);  // the quarter ends due East
+  EXPECT_NEAR(l.Y2[315 + 1023], 2000, 1e-6);
+}
+
+TEST(Rigenerazione, TratteggiLunghiNonMoltiplicanoIlDisegno) {
+  Scena z;
+  // 40,000 lines of 20 km in dashes of 3 m: each one record, not 3,334.
+  for (int i = 0; i < 40000; ++i) z.Linea(0, 2000 + i * 0.5, 20000, 2000 + i * 0.5, 1, 2);
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 40000);
+  // In a view 160 m wide, the 101 lines from y 2000 to 2050 show the strokes that start at
+  // 918, 924 ... 1080 m: 28 each, the first across the left edge, the last from it.
+  const auto linee = z.sup.Solo("Linea");
+  ASSERT_EQ(linee.size(), 101u * 28u);
+  EXPECT_EQ(linee.front(), "Linea -82 0 -79 0 #ff0000");
+  EXPECT_EQ(linee[27], "Linea 80 0 83 0 #ff0000");
+  EXPECT_EQ(linee.back(), "Linea 80 50 83 50 #ff0000");
+}
+
+TEST(Rigenerazione, CerchiTratteggiatiUnRecordEIlorTrattiInVista) {
+  Scena z;
+  // 20,000 dashed circles of radius 1 to 3 km about (1000, 2000 - 1000): each one record.
+  for (int i = 0; i < 20000; ++i) {
+    DimensionaCerchi(z.s);
+    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotCerchi]++);
+    z.s.CerchioX[r] = 1000, z.s.CerchioY[r] = 1000, z.s.CerchioRaggio[r] = 1000 + i * 0.1;
+    z.s.CerchioColore[r] = 1;
+    z.s.CerchioTratteggio[r] = 2;
+  }
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 20000);
+  // The view, 160 by 100 m about (1000, 2000), holds the top of the circles up to a radius
+  // of 1050 + 80^2 / 2100 m, the 531 first: painted is exactly what their whole chords
+  // would paint, chord for chord.
+  std::vector<std::string> attese;
+  for (size_t r = 0; r < 600; ++r) {
+    std::vector<TrattoArco> corde;
+    EspandiArco(1000, 1000, z.s.CerchioRaggio[r], 0, 399.99 * 3.14159265358979323846 / 200, StileDi(z.s, 2), corde);
+    for (const TrattoArco& t : corde) {
+      const float x1 = static_cast<float>(t.X1 - 1000), y1 = static_cast<float>(t.Y1 - 2000);
+      const float x2 = static_cast<float>(t.X2 - 1000), y2 = static_cast<float>(t.Y2 - 2000);
+      if ((x1 < -80 && x2 < -80) || (x1 > 80 && x2 > 80) || (y1 < -50 && y2 < -50) || (y1 > 50 && y2 > 50)) continue;
+      attese.push_back("Linea " + FormaSemplice(x1) + " " + FormaSemplice(y1) + " " + FormaSemplice(x2) + " " +
+                       FormaSemplice(y2) + " #ff0000");
+    }
+  }
+  auto dipinte = z.sup.Solo("Linea");
+  std::sort(dipinte.begin(), dipinte.end());
+  std::sort(attese.begin(), attese.end());
+  EXPECT_GT(attese.size(), 10000u);
+  EXPECT_EQ(dipinte, attese);
+}
+
+TEST(Ridisegno, CerchioTratteggiatoSottoIlPixelInCorde) {
+  Scena z;
+  DimensionaCerchi(z.s);
+  z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 1000, z.s.CerchioRaggio[0] = 1000;
+  z.s.CerchioColore[0] = 1;
+  z.s.CerchioTratteggio[0] = 2;
+  z.s.ContaEntita[SlotCerchi] = 1;
+  // A pixel of 106 m against a repeat of 6 m: the plain curve, in chords whose sagitta is
+  // half a millimetre, 2 acos(1 - 0.0005 / 1000) = 0.0020000 rad each: 3141.4 of them in
+  // 399.99 gon, so 3142.
+  z.s.Vista.AltezzaVista = 40000;
+  z.Disegna();
+  EXPECT_EQ(z.s.ListaDisegno.Conta(), 1);
+  EXPECT_EQ(z.Conta("Linea"), 3142u);
+}
+
+TEST(Ridisegno, TrattiSottoIlPixelSonoUnaLineaPiena) {
+  Scena z;
+  z.Linea(0, 2000, 20000, 2000, 1, 2);
+  // 40 km on 100 mm: a pixel of the surface (25.4 / 96 mm) is 106 m, a repeat of 6 m cannot
+  // show its gaps.
+  z.s.Vista.AltezzaVista = 40000;
+  z.Disegna();
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -1000 0 19000 0 #ff0000"}));
+  // 600 m on 100 mm: a pixel is 1.6 m, the repeat shows, stroke by stroke.
+  z.s.Vista.AltezzaVista = 600;
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Linea").size(), 160u);  // strokes starting at 522 ... 1476 m, in 520 ... 1480
+  // The line type emptied since the list was made: the line is painted plain, whole.
+  z.s.Tratteggi.Stili[2].Elementi = {0};
+  z.sup.Chiamate.clear();
+  Ridisegna(z.s);
+  EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -1000 0 19000 0 #ff0000"}));
 }
 
 TEST(Ridisegno, LineaFuoriVistaELineaCheAttraversa) {

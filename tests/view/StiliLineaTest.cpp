@@ -1,7 +1,9 @@
 // Dash patterns, arc chords and symbol codes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 
 #include "view/StiliLinea.h"
 
@@ -61,6 +63,51 @@ TEST(EspandiLinea, CortaSoloVuotiPienaETroppiPezzi) {
   EXPECT_EQ(Espandi(0, 0, 0, 0, {}).size(), 1u);
   EXPECT_EQ(Espandi(0, 0, 1e6, 0, {0.001, -0.001}).size(), 1u);
   EXPECT_EQ(Espandi(0, 0, 1, 0, {0, 0}).size(), 1u);  // a pattern of no length
+}
+
+TEST(PercorsoMotivo, OgniFinestraDaIPezziDellIntera) {
+  std::mt19937 caso(5);
+  std::uniform_real_distribution<double> u(-1, 1);
+  for (int prova = 0; prova < 300; ++prova) {
+    std::vector<double> e;
+    const int n = 1 + prova % 6;
+    for (int k = 0; k < n; ++k) e.push_back(k % 3 == 2 ? 0.0 : std::round(u(caso) * 8) / 2);
+    const double angolo = prova % 4 == 0 ? 50 : 0;
+    const double x1 = 1725000 + u(caso) * 100, y1 = 5030000 + u(caso) * 100;
+    const double x2 = x1 + u(caso) * 300, y2 = y1 + u(caso) * 300;
+    const StileLinea stile{e, angolo};
+    std::vector<Tratto> tutti;
+    EspandiLinea(x1, y1, x2, y2, stile, tutti);
+    const PercorsoMotivo m(x1, y1, x2, y2, stile);
+    // Any window: exactly the pieces of the whole line whose start lies in it, to the bit.
+    const double da = (u(caso) + 1) * m.Lunghezza() / 2, a = da + (u(caso) + 1) * 40;
+    std::vector<Tratto> finestra;
+    m.Pezzi(da, a, [&](const Tratto& t) { finestra.push_back(t); });
+    // A plain line (a pattern of no length) is its one piece in any window that meets it.
+    std::vector<Tratto> attesi;
+    for (const Tratto& t : tutti) {
+      const double d = std::hypot(t.X1 - x1, t.Y1 - y1);
+      if ((d >= da - 1e-6 && d <= a + 1e-6) || m.Come() == PercorsoMotivo::Modo::Piena) attesi.push_back(t);
+    }
+    ASSERT_EQ(finestra.size(), attesi.size()) << prova;
+    for (size_t k = 0; k < attesi.size(); ++k) {
+      EXPECT_EQ(finestra[k].X1, attesi[k].X1) << prova;
+      EXPECT_EQ(finestra[k].Y2, attesi[k].Y2) << prova;
+    }
+    // The box from the first and last repeats alone is the box of every piece.
+    double bx0 = 0, by0 = 0, bx1 = 0, by1 = 0;
+    ASSERT_EQ(m.Riquadro(bx0, by0, bx1, by1), !tutti.empty()) << prova;
+    if (tutti.empty()) continue;
+    double xmin = 1e300, ymin = 1e300, xmax = -1e300, ymax = -1e300;
+    for (const Tratto& t : tutti) {
+      xmin = std::min({xmin, t.X1, t.X2}), xmax = std::max({xmax, t.X1, t.X2});
+      ymin = std::min({ymin, t.Y1, t.Y2}), ymax = std::max({ymax, t.Y1, t.Y2});
+    }
+    EXPECT_EQ(bx0, xmin) << prova;
+    EXPECT_EQ(by0, ymin) << prova;
+    EXPECT_EQ(bx1, xmax) << prova;
+    EXPECT_EQ(by1, ymax) << prova;
+  }
 }
 
 TEST(EspandiArco, CordeEAltezze) {
