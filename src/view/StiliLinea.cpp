@@ -9,7 +9,7 @@ namespace varena {
 
 namespace {
 
-const double kPi = PiGreco;
+constexpr double kPi = PiGreco;
 
 }  // namespace
 
