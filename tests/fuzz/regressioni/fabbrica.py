@@ -10,7 +10,7 @@ QUI = os.path.dirname(os.path.abspath(__file__))
 ESEMPIO = os.path.join(QUI, '..', '..', '..', 'examples', 'RILIEVO')
 
 # The first byte of a `record` input chooses the member: .LLL .LIN .CER .ARC .TES .EQU .CUV.
-LINEE, ARCHI = 1, 3
+PUNTI, LINEE, ARCHI = 0, 1, 3
 
 
 def scrivi(nome, byte):
@@ -41,6 +41,14 @@ for k in range(150):
     struct.pack_into('<h', linea, 52, 2)
     righe += bytes(linea)
 scrivi('record/linee-tratteggiate-599-km', bytes([LINEE]) + righe)
+
+# The example's points with labels so large that the redraw thins them out, and moved
+# 1e300 m East: the cell of a label is no integer.
+punti = bytearray(open(ESEMPIO + '.LLL', 'rb').read())
+for k in range(len(punti) // 256):
+    struct.pack_into('<d', punti, 256 * k + 114, 50.0)
+    struct.pack_into('<d', punti, 256 * k + 158, 1e300)
+scrivi('record/punto-etichetta-a-1e300-m', bytes([PUNTI]) + bytes(punti))
 
 # An image scale written with a double's exponent that overflows to infinity.
 scrivi('btm/scala-1d726', b'0,"foto.png",1725300,5031200,640,480,0,"MAPPA",0,1d726,0.1\r\n')
