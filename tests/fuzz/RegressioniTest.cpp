@@ -68,7 +68,7 @@ TEST_P(FuzzRegressioni, SemiEIngressiTrovatiPassanoSenzaGuasti) {
   std::vector<fs::path> ingressi = Ingressi("corpus", b->Nome);
   for (const fs::path& p : Ingressi("regressioni", b->Nome))
     if (!inAttesa.count(std::string(b->Nome) + "/" + p.filename().string())) ingressi.push_back(p);
-  // A crash takes the test binary down with the target's name; `scripts/fuzz.sh --ripeti`
+  // A crash takes the test binary down with the target's name; `scripts/fuzz.sh 0 TARGET`
   // names the input.
   for (const fs::path& p : ingressi) EseguiBersaglio(*b, a, Leggi(p));
 }
@@ -80,10 +80,7 @@ std::vector<const char*> NomiBersagli() {
 }
 
 INSTANTIATE_TEST_SUITE_P(Lettori, FuzzRegressioni, testing::ValuesIn(NomiBersagli()),
-                         [](const testing::TestParamInfo<const char*>& i) {
-                           std::string n = i.param;
-                           return std::isdigit(static_cast<unsigned char>(n[0])) ? "m" + n : n;
-                         });
+                         [](const testing::TestParamInfo<const char*>& i) { return std::string(i.param); });
 
 }  // namespace
 }  // namespace varena::fuzz
