@@ -12,7 +12,6 @@
 #include "commands/TabellaComandi.h"
 #include "commands/TabellaDialoghi.h"
 #include "commands/Tastiera.h"
-#include "core/Conversioni.h"
 #include "core/Dialoghi.h"
 #include "core/Record.h"
 #include "core/Sessione.h"
@@ -133,11 +132,13 @@ void InterfacciaScript::MenuContestuale(std::string_view nome) {
 
 namespace {
 
+// The whole word as a number, and a finite one: "nan" and "inf" are words the reading of
+// numbers knows, but no place, size or row.
 bool Numero(const std::string& t, double& v) {
   if (t.empty()) return false;
   char* fine = nullptr;
   v = std::strtod(t.c_str(), &fine);
-  return fine && *fine == '\0';
+  return fine && *fine == '\0' && std::isfinite(v);
 }
 
 bool Bottone(const std::string& t, int& b) {
@@ -260,12 +261,19 @@ bool Concorda(const ValoreCampo& v, const std::string& atteso) {
   return std::fabs(valore - numero) <= 1e-9 * std::max(1.0, std::fabs(numero));
 }
 
-// Words 1 on of "EXPECT riga <slot> <row> <field> <value>". The field's name may have blanks
-// ("Colore Simbolo"): the longest run of words that names a field is the name, the rest the
-// value. No value: the row holds it.
-std::optional<std::string> VerificaRiga(const Sessione& s, const std::vector<std::string>& arg) {
-  const int slot = InteroSaturato<int>(std::strtod(arg[1].c_str(), nullptr), -1);
-  const int64_t riga = InteroSaturato<int64_t>(std::strtod(arg[2].c_str(), nullptr), -1);
+// A kind or a row: a whole number that an integer holds.
+bool Intero(const std::string& t, int32_t& n) {
+  double v = 0;
+  if (!Numero(t, v) || v != std::floor(v) || std::fabs(v) > 2147483647.0) return false;
+  n = static_cast<int32_t>(v);
+  return true;
+}
+
+// Words 1 on of "EXPECT riga <slot> <row> <field> <value>", the slot and the row already read.
+// The field's name may have blanks ("Colore Simbolo"): the longest run of words that names a
+// field is the name, the rest the value. No value: the row holds it.
+std::optional<std::string> VerificaRiga(const Sessione& s, int32_t slot, int32_t riga,
+                                        const std::vector<std::string>& arg) {
   std::vector<std::pair<std::string, ValoreCampo>> campi;
   PerOgniCampo(s, slot, riga, [&](std::string_view nome, const ValoreCampo& v) { campi.emplace_back(nome, v); });
   if (campi.empty()) return "la riga " + arg[2] + " del tipo " + arg[1] + " non esiste";
@@ -434,10 +442,10 @@ class Esecuzione {
       else if (UnaRiga(c->Testo) != testo)
         errore = arg_[1] + "=\"" + UnaRiga(c->Testo) + "\"";
     } else if (cosa == "riga") {
-      double slot = 0, riga = 0;
-      if (arg_.size() < 4 || !Numero(arg_[1], slot) || !Numero(arg_[2], riga))
+      int32_t slot = 0, riga = 0;
+      if (arg_.size() < 4 || !Intero(arg_[1], slot) || !Intero(arg_[2], riga))
         return Ferma(64, "EXPECT riga vuole un tipo, una riga, un campo e un valore");
-      errore = VerificaRiga(s_, arg_).value_or("");
+      errore = VerificaRiga(s_, slot, riga, arg_).value_or("");
     } else {
       return Ferma(64, "EXPECT vuole prompt, messaggio, campo o riga");
     }

@@ -25,6 +25,7 @@ inline constexpr const char* kErroreIndice = "Subscript out of range";
 inline constexpr const char* kErroreMemoria = "Out of memory";
 inline constexpr const char* kErroreTipo = "Type mismatch";
 inline constexpr const char* kErroreFormato = "Invalid file format";
+inline constexpr const char* kErroreNomeFile = "Bad file name or number";
 
 // The body of the box, as the user reads it.
 std::string TestoErroreComune(std::string_view descrizione, std::string_view routine);

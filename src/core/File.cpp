@@ -36,6 +36,10 @@ SondaGuasti gSonda;
 
 bool Guasto(OperazioneFile op, std::string_view percorso) { return gSonda && gSonda(op, percorso); }
 
+// A name read from a file may hold a NUL byte, where every call of the system would cut it:
+// each member of a job would then be one and the same file. Such a name names no file.
+bool Nominabile(std::string_view p) { return p.find('\0') == std::string_view::npos; }
+
 bool Esiste(const std::string& p, bool* cartella = nullptr) {
   std::error_code ec;
   const auto st = fs::status(p, ec);
@@ -75,7 +79,7 @@ std::string Foglia(std::string_view p) {
 
 std::optional<std::string> TrovaFile(std::string_view percorso) {
   std::string p = NormalizzaPercorso(percorso);
-  if (p.empty()) return std::nullopt;
+  if (p.empty() || !Nominabile(p)) return std::nullopt;
   if (Esiste(p)) return p;
   // Walk the components, taking each as it is when it exists, else the first entry of the
   // folder that matches it without regard to case.
@@ -116,6 +120,7 @@ bool EsisteCartella(std::string_view percorso) {
 
 std::string PercorsoPerScrivere(std::string_view percorso) {
   const std::string p = NormalizzaPercorso(percorso);
+  if (!Nominabile(p)) throw ErroreVarena(kErroreNomeFile);
   if (auto t = TrovaFile(p)) return *t;
   const std::string dir = Cartella(p);
   if (auto d = TrovaFile(dir)) return (*d == "/" ? "" : *d) + "/" + Foglia(p);
@@ -233,6 +238,7 @@ std::string CaricaFileIntero(std::string_view percorso) {
 
 bool NuovaCartella(std::string_view percorso) {
   const std::string p = NormalizzaPercorso(percorso);
+  if (!Nominabile(p)) return false;
   if (EsisteCartella(p)) return true;
   std::error_code ec;
   return fs::create_directory(PercorsoPerScrivere(p), ec) && !ec;
@@ -281,6 +287,7 @@ void RinominaFile(std::string_view da, std::string_view a) {
 
 bool EliminaFileEsatto(std::string_view percorso) {
   const std::string p = NormalizzaPercorso(percorso);
+  if (!Nominabile(p)) return false;
   if (Guasto(OperazioneFile::Eliminazione, p)) throw ErroreVarena(kErrorePermesso);
   if (::unlink(p.c_str()) == 0) return true;
   if (errno == ENOENT || errno == ENOTDIR) return false;
@@ -295,6 +302,7 @@ void RinominaFileEsatto(std::string_view da, std::string_view a) {
 
 bool CollegaFile(std::string_view da, std::string_view a) {
   const std::string sorgente = NormalizzaPercorso(da), dest = NormalizzaPercorso(a);
+  if (!Nominabile(sorgente) || !Nominabile(dest)) return false;
   if (Guasto(OperazioneFile::Collegamento, dest)) return false;
   if (::link(sorgente.c_str(), dest.c_str()) == 0) return true;
   if (errno != EEXIST) return false;
@@ -311,6 +319,7 @@ bool CollegaFile(std::string_view da, std::string_view a) {
 
 bool StessoFile(std::string_view a, std::string_view b) {
   struct stat sa {}, sb {};
+  if (!Nominabile(a) || !Nominabile(b)) return false;
   if (::stat(NormalizzaPercorso(a).c_str(), &sa) != 0 || ::stat(NormalizzaPercorso(b).c_str(), &sb) != 0) return false;
   return sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
 }

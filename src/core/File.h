@@ -21,7 +21,9 @@ std::string Foglia(std::string_view percorso);
 std::string PercorsoAssoluto(std::string_view percorso);
 
 // The path as it stands on disk: exact if it exists, else each component matched without
-// regard to letter case. No value when nothing matches.
+// regard to letter case. No value when nothing matches. A name holding a NUL byte names no
+// file anywhere in this layer: nothing is read, and a write fails with "Bad file name or
+// number".
 std::optional<std::string> TrovaFile(std::string_view percorso);
 bool EsisteFile(std::string_view percorso);
 bool EsisteCartella(std::string_view percorso);

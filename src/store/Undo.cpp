@@ -7,6 +7,7 @@
 // restoring a generation puts back exactly the set it recorded.
 #include "store/Undo.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 
@@ -86,6 +87,14 @@ void RipristinaGenerazione(Sessione& s, int64_t passo) {
   }
 }
 
+bool GenerazioneSuDisco(const Sessione& s, int64_t passo) {
+  const std::string radice = RadiceGenerazione(s, passo);
+  std::error_code ec;
+  for (int slot = 0; slot < NumeroSlot; ++slot)
+    if (Estensione(slot) && std::filesystem::is_regular_file(radice + EstensioneFile(slot), ec)) return true;
+  return false;
+}
+
 bool Sposta(Sessione& s, int verso) {
   const char* tag = verso < 0 ? "VR_UNDO" : "VR_REDO";
   s.RoutineCorrente = tag;
@@ -93,6 +102,9 @@ bool Sposta(Sessione& s, int verso) {
   if (!Protetto(s, [&] { d = LeggiDiario(s); }) || !d) return false;
   const int64_t passo = d->Passo + verso;
   if (verso < 0 ? passo < 1 : passo > d->UltimoPasso) return false;
+  // A damaged journal may name a generation of which nothing stands: restoring it would
+  // empty the provisional copy.
+  if (!GenerazioneSuDisco(s, passo)) return false;
   ClearAllTables(s);
   const bool messa = Protetto(s, [&] { RipristinaGenerazione(s, passo); });
   // When the generation could not be put in place, the one the journal still names goes
@@ -118,9 +130,13 @@ std::optional<DiarioUndo> LeggiDiario(const Sessione& s) {
   const auto byte = LeggiByte(PercorsoDiario(s));
   if (!byte) return std::nullopt;
   const std::vector<std::string> righe = RigheTesto(*byte);
+  // A step beyond fifteen digits is no session's: the print form would no longer write it
+  // whole, and the next step would run past the integers.
+  static constexpr int64_t kMassimoPasso = 999'999'999'999'999;
+  auto passo = [](const std::string& riga) { return std::clamp<int64_t>(ArrotondaPari(Val(riga)), 0, kMassimoPasso); };
   DiarioUndo d;
-  if (righe.size() > 0) d.Passo = std::max<int64_t>(0, ArrotondaPari(Val(righe[0])));
-  if (righe.size() > 1) d.UltimoPasso = std::max<int64_t>(0, ArrotondaPari(Val(righe[1])));
+  if (righe.size() > 0) d.Passo = passo(righe[0]);
+  if (righe.size() > 1) d.UltimoPasso = passo(righe[1]);
   return d;
 }
 

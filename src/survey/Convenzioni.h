@@ -8,12 +8,14 @@
 
 namespace varena {
 
-// The one value of pi of the program, and the two conversions built on it. Computed, not
-// written as literals, so that every angle of a job agrees to the last bit with the
-// azimuths worked out from them.
-inline const double PiGreco = 4.0 * std::atan(1.0);
-inline const double RadToGon = 200.0 / PiGreco;
-inline const double GonToRad = PiGreco / 200.0;
+// The one value of pi of the program, and the two conversions built on it. Pi is the double
+// that 4 atan(1) gives, to the last bit, so that every angle of a job agrees with the
+// azimuths worked out from atan. Constants of the compiler, not values computed at start:
+// a constant of another file built on them at static initialisation would otherwise read
+// them before they are set (0) under one compiler and after under another.
+inline constexpr double PiGreco = 0x1.921fb54442d18p+1;
+inline constexpr double RadToGon = 200.0 / PiGreco;
+inline constexpr double GonToRad = PiGreco / 200.0;
 
 // A numeric text box: a comma becomes a point, then the leading number is taken; letters
 // after it are ignored, an empty text is 0.

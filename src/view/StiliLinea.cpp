@@ -10,7 +10,7 @@ namespace varena {
 
 namespace {
 
-const double kPi = PiGreco;
+constexpr double kPi = PiGreco;
 
 }  // namespace
 

@@ -260,6 +260,9 @@ TEST(Script, VerificheEClicSuiPuntiPerNome) {
       {"EXPECT riga 1 2 Y 9\n", 1, "EXPECT riga: la riga 2 del tipo 1 non esiste"},
       {"EXPECT riga 1 0 Colore 1\n", 1, "EXPECT riga: campo sconosciuto: Colore"},
       {"EXPECT riga uno 0 X 1\n", 64, "EXPECT riga vuole un tipo, una riga, un campo e un valore"},
+      // A kind and a row are whole numbers of the integers: no number past them, and no nan.
+      {"EXPECT riga 1e300 0 X 1\n", 64, "EXPECT riga vuole un tipo, una riga, un campo e un valore"},
+      {"EXPECT riga 1 nan X 1\n", 64, "EXPECT riga vuole un tipo, una riga, un campo e un valore"},
       {"CLICK left @999\n", 2, "punto non trovato: 999"},
   };
   for (const auto& [script, codice, errore] : casi) {

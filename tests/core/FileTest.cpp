@@ -80,6 +80,31 @@ TEST(File, LaSondaFaFallireOgniOperazioneELasciaIlFileComEra) {
   EXPECT_EQ(prova::NomiIn(c.Percorso()), (std::vector<std::string>{"A.LLL", "B.LLL"}));  // no temporaries
 }
 
+// A name read from a file may hold a NUL byte, where the system would cut it: "ROSSI\0.LIN"
+// and "ROSSI\0.LLL" would both be the file "ROSSI", read as every member and written over by
+// each. Such a name names no file: nothing is read, and a write fails with the error of a bad
+// name, leaving the file the cut name stands for as it was.
+TEST(File, UnNomeConUnNulNonNominaNessunFile) {
+  prova::CartellaTemporanea c;
+  const std::string rossi = c / "ROSSI", nul = rossi + std::string(1, '\0');
+  ScriviFileProva(rossi, "un file dell'utente");
+  EXPECT_FALSE(LeggiByte(nul + ".LLL"));
+  EXPECT_FALSE(EsisteFile(nul + ".LLL"));
+  EXPECT_EQ(LunghezzaFile(nul + ".LLL"), -1);
+  try {
+    ScriviByte(nul + ".LIN", "membro");
+    ADD_FAILURE() << "scritto";
+  } catch (const ErroreVarena& e) {
+    EXPECT_STREQ(e.what(), "Bad file name or number");
+  }
+  EXPECT_THROW(CopiaFile(rossi, nul + ".CER"), ErroreVarena);
+  EXPECT_FALSE(CollegaFile(rossi, nul + ".ARC"));
+  EXPECT_FALSE(EliminaFileEsatto(nul + ".TES"));
+  EXPECT_FALSE(NuovaCartella(nul + "/PROVVISO"));
+  EXPECT_EQ(LeggiFileProva(rossi), "un file dell'utente");
+  EXPECT_EQ(prova::NomiIn(c.Percorso()), std::vector<std::string>{"ROSSI"});
+}
+
 TEST(File, UnFileDiSolaLetturaNonVieneSostituito) {
   if (::geteuid() == 0) GTEST_SKIP() << "root writes over read-only files";
   prova::CartellaTemporanea c;

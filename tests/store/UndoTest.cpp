@@ -172,6 +172,25 @@ TEST_P(Undo, UnGuastoNelloSnapshotLasciaIlDiario) {
   EXPECT_EQ(s.LineaX2[0], 1725015);
 }
 
+// The journal is a file like any other and may come back damaged: a count no session reaches
+// stops at the largest the print form writes whole (fifteen digits) instead of running past
+// the integers, and a step that names no generation on disk restores nothing, so that the
+// provisional copy is never emptied by a wrong number.
+TEST_P(Undo, UnDiarioGuastoNonTraboccaENonSvuotaLaCopia) {
+  prova::ScriviFileProva(PercorsoDiario(s), " 1e30 \r\n 1e30 \r\n");
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  EXPECT_EQ(Diario(), " 1e+15 \r\n 1e+15 \r\n");
+  EXPECT_TRUE(EsisteFile(s.NomeLavoro + "(1000000000000000).CFG"));
+
+  const auto membri = MembriDi(s.NomeLavoro);
+  prova::ScriviFileProva(PercorsoDiario(s), " 5 \r\n 9 \r\n");
+  EXPECT_FALSE(VR_UNDO(s));
+  EXPECT_FALSE(VR_REDO(s));
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 4);
+  EXPECT_EQ(MembriDi(s.NomeLavoro), membri);
+  EXPECT_EQ(Diario(), " 5 \r\n 9 \r\n");
+}
+
 TEST_P(Undo, UnMembroStaccatoSiPuoScrivereSulPosto) {
   StaccaMembro(s, SlotLibretto);
   EXPECT_FALSE(StessoFile(s.NomeLavoro + ".TXT", Gen(1, ".TXT")));

@@ -32,6 +32,19 @@ void Vicino(const PuntoXYZ& p, double x, double y) {
   EXPECT_NEAR(p.Y, y, kGeo);
 }
 
+// The angle constants are known to the compiler: a constant of another file built on them
+// during static initialisation finds them set, whichever compiler orders that start.
+constexpr double kPiInizializzato = PiGreco;
+constexpr double kGonInizializzato = 100 * GonToRad * RadToGon;
+
+TEST(Convenzioni, PiGrecoEQuattroArcotangentiDiUno) {
+  const double pi = 4.0 * std::atan(1.0);
+  EXPECT_EQ(kPiInizializzato, pi);
+  EXPECT_EQ(RadToGon, 200.0 / pi);
+  EXPECT_EQ(GonToRad, pi / 200.0);
+  EXPECT_EQ(kGonInizializzato, 100 * (pi / 200.0) * (200.0 / pi));
+}
+
 TEST(AzimutDistanza, DirezioniNotevoliEFormaAMezzoAngolo) {
   // A point to itself: d + dY = 0, the azimuth is pi, shown as 200 gon. East and West come
   // from atan alone, so they pin the constant pi too.

@@ -1,0 +1,45 @@
+// The fuzz targets: one for each reader of what a user, or anyone who hands him a file, can
+// put before the program. Each calls its reader through the way the program itself reaches
+// it (a job opened, the settings read at start, a script run) and goes on as the program
+// would (regeneration, redraw, the save of the first undo generation), inside an
+// `Ambiente`. A reader added later gets a row here, a folder of seeds under corpus/ and one
+// of regression inputs under regressioni/, named as the row.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "Ambiente.h"
+
+namespace varena::fuzz {
+
+struct Bersaglio {
+  const char* Nome;
+  void (*Esegui)(const Ambiente& a, std::string_view byte);
+  // Works on the disk: the root is put back before each input.
+  bool Disco;
+};
+
+std::span<const Bersaglio> Bersagli();
+const Bersaglio* TrovaBersaglio(std::string_view nome);
+
+// One input, from the same disk every time.
+void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byte);
+
+// The targets, by family.
+void FuzzLista(const Ambiente& a, std::string_view byte);
+void FuzzImmagine(const Ambiente& a, std::string_view byte);
+void FuzzCfg(const Ambiente& a, std::string_view byte);
+void FuzzRecord(const Ambiente& a, std::string_view byte);
+void FuzzHat(const Ambiente& a, std::string_view byte);
+void FuzzBtm(const Ambiente& a, std::string_view byte);
+void FuzzPia(const Ambiente& a, std::string_view byte);
+void FuzzTxt(const Ambiente& a, std::string_view byte);
+void FuzzInf(const Ambiente& a, std::string_view byte);
+void Fuzz126(const Ambiente& a, std::string_view byte);
+void FuzzImpostazioni(const Ambiente& a, std::string_view byte);
+void FuzzTabelle(const Ambiente& a, std::string_view byte);
+void FuzzUndo(const Ambiente& a, std::string_view byte);
+void FuzzScript(const Ambiente& a, std::string_view byte);
+
+}  // namespace varena::fuzz
