@@ -7,6 +7,7 @@
 #include "commands/Modifica.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "selection/Selezione.h"
 
 namespace varena {
 
@@ -29,20 +30,6 @@ void PerOgniRiga(const Sessione& s, Fai fai) {
   kind(SlotTesti, s.TestoIdent, s.TestoPiano);
   kind(SlotFalde, s.FaldaIdent, s.FaldaPiano);
   kind(SlotBitmap, s.BitmapIdent, s.BitmapPiano);
-}
-
-// A point is frozen when its symbol and its name both are: it is then neither drawn nor found.
-bool Congelata(const Sessione& s, int slot, size_t r) {
-  switch (slot) {
-    case SlotPunti: return s.PuntoCongelaSimbolo[r] != 0 && s.PuntoCongelaNome[r] != 0;
-    case SlotLinee: return s.LineaCongela[r] != 0;
-    case SlotCerchi: return s.CerchioCongela[r] != 0;
-    case SlotArchi: return s.ArcoCongela[r] != 0;
-    case SlotTesti: return s.TestoCongela[r] != 0;
-    case SlotFalde: return s.FaldaCongela[r] != 0;
-    case SlotBitmap: return s.BitmapCongela[r] != 0;
-    default: return false;
-  }
 }
 
 void Congela(Sessione& s, int slot, size_t r, int16_t v) {
@@ -117,7 +104,7 @@ std::vector<VocePiano> ElencoPiani(const Sessione& s) {
       ultimo = p;
     }
     ++elenco[indice].Entita;
-    if (Congelata(s, slot, r)) ++elenco[indice].Congelate;
+    if (Congelato(s, slot, r)) ++elenco[indice].Congelate;
   });
   for (VocePiano& v : elenco) v.Corrente = StessoPiano(v.Nome, s.PianoCorrente);
   return elenco;

@@ -40,19 +40,6 @@ size_t Righe(const Sessione& s, int tipo) {
   return std::min(static_cast<size_t>(std::max(s.ContaEntita[static_cast<size_t>(tipo)], 0)), c->size());
 }
 
-bool Congelato(const Sessione& s, int tipo, size_t r) {
-  switch (tipo) {
-    case SlotPunti: return s.PuntoCongelaSimbolo[r] != 0 && s.PuntoCongelaNome[r] != 0;
-    case SlotLinee: return s.LineaCongela[r] != 0;
-    case SlotCerchi: return s.CerchioCongela[r] != 0;
-    case SlotArchi: return s.ArcoCongela[r] != 0;
-    case SlotTesti: return s.TestoCongela[r] != 0;
-    case SlotFalde: return s.FaldaCongela[r] != 0;
-    case SlotBitmap: return s.BitmapCongela[r] != 0;
-    default: return false;
-  }
-}
-
 bool Prendibile(const Sessione& s, int tipo, size_t r) {
   return RigaViva(s, tipo, static_cast<int64_t>(r)) && (s.ComandoCorrente == 141 || !Congelato(s, tipo, r));
 }
@@ -199,6 +186,19 @@ void AngoliImmagine(const Sessione& s, size_t r, double (&x)[4], double (&y)[4])
 }
 
 }  // namespace
+
+bool Congelato(const Sessione& s, int tipo, size_t r) {
+  switch (tipo) {
+    case SlotPunti: return s.PuntoCongelaSimbolo[r] != 0 && s.PuntoCongelaNome[r] != 0;
+    case SlotLinee: return s.LineaCongela[r] != 0;
+    case SlotCerchi: return s.CerchioCongela[r] != 0;
+    case SlotArchi: return s.ArcoCongela[r] != 0;
+    case SlotTesti: return s.TestoCongela[r] != 0;
+    case SlotFalde: return s.FaldaCongela[r] != 0;
+    case SlotBitmap: return s.BitmapCongela[r] != 0;
+    default: return false;
+  }
+}
 
 uint8_t* ByteStato(Sessione& s, int tipo, int32_t riga) {
   if (riga < 0 || static_cast<size_t>(riga) >= Righe(s, tipo)) return nullptr;

@@ -27,6 +27,10 @@ uint8_t StatoDi(const Sessione& s, int tipo, int32_t riga);
 // and its name both are, as it is then neither drawn nor found.
 bool Selezionabile(const Sessione& s, int tipo, int32_t riga);
 
+// A frozen entity is neither drawn nor found; a point is frozen when its symbol and its name
+// both are.
+bool Congelato(const Sessione& s, int tipo, size_t riga);
+
 // `MarcaEntita`: `ValoreSelezione` into the state byte, and the row kept as the last one.
 void MarcaEntita(Sessione& s, int tipo, int32_t riga);
 // The same with the value given.
