@@ -12,21 +12,29 @@ namespace {
 
 constexpr double kPi = PiGreco;
 
+// One repeat of a line type, its elements cut to those a repeat holds: where each starts, the
+// length of the repeat and of its longest element. True when an element draws (is no gap).
+template <size_t N>
+bool MisuraRipetizione(std::span<const double>& elementi, double (&inizi)[N], double& giro, double& massimo) {
+  if (elementi.size() > N) elementi = elementi.first(N);
+  bool pieno = false;
+  for (size_t k = 0; k < elementi.size(); ++k) {
+    const double e = elementi[k];
+    inizi[k] = giro;
+    giro += std::fabs(e);
+    massimo = std::max(massimo, std::fabs(e));
+    pieno = pieno || e >= 0;
+  }
+  return pieno;
+}
+
 }  // namespace
 
 PercorsoMotivo::PercorsoMotivo(double x1, double y1, double x2, double y2, const StileLinea& stile)
     : x1_(x1), y1_(y1), x2_(x2), y2_(y2), stile_(stile) {
   const double dx = x2 - x1, dy = y2 - y1;
   L_ = std::sqrt(dx * dx + dy * dy);
-  if (stile_.Elementi.size() > std::size(inizi_)) stile_.Elementi = stile_.Elementi.first(std::size(inizi_));
-  bool pieno = false;
-  for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
-    const double e = stile_.Elementi[k];
-    inizi_[k] = giro_;
-    giro_ += std::fabs(e);
-    massimo_ = std::max(massimo_, std::fabs(e));
-    pieno = pieno || e >= 0;
-  }
+  const bool pieno = MisuraRipetizione(stile_.Elementi, inizi_, giro_, massimo_);
   const bool pochiPezzi = giro_ > 0 && L_ / giro_ * static_cast<double>(stile_.Elementi.size()) < kMassimoPezzi;
   if (stile_.Elementi.empty() || !pochiPezzi || !std::isfinite(L_)) {
     modo_ = Modo::Piena;
@@ -112,15 +120,7 @@ PercorsoArco::PercorsoArco(double xc, double yc, double r, double inizio, double
   // Past a full turn a curve only runs over itself: the work is that of one turn.
   ampiezza_ = std::min(ampiezza, 2.0 * kPi);
   corde_ = NumeroCorde(r_, ampiezza_);
-  if (stile_.Elementi.size() > std::size(inizi_)) stile_.Elementi = stile_.Elementi.first(std::size(inizi_));
-  bool pieno = false;
-  for (size_t k = 0; k < stile_.Elementi.size(); ++k) {
-    const double e = stile_.Elementi[k];
-    inizi_[k] = giro_;
-    giro_ += std::fabs(e);
-    massimo_ = std::max(massimo_, std::fabs(e));
-    pieno = pieno || e >= 0;
-  }
+  const bool pieno = MisuraRipetizione(stile_.Elementi, inizi_, giro_, massimo_);
   const bool pochiPezzi = giro_ > 0 && Lunghezza() / giro_ * static_cast<double>(stile_.Elementi.size()) < kMassimoPezzi;
   if (stile_.Elementi.empty() || !pochiPezzi)
     modo_ = Modo::Corde;
