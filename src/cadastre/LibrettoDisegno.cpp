@@ -197,6 +197,17 @@ void LivellazioniDaLibretto(Sessione& s) {
   }
 }
 
+void CompletaNomiPF(Sessione& s) {
+  for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
+    std::string& nome = s.PuntoNome[static_cast<size_t>(k)];
+    if (!IniziaCon(Maiuscolo(nome), "PF")) continue;
+    nome = Maiuscolo(nome);
+    if (Caratteri(nome) < 5) nome += "/" + s.RigaZero.Foglio;
+    if (Caratteri(nome) < 10) nome += "/" + s.RigaZero.CodiceComune;
+  }
+  SegnaModificato(s, SlotPunti);
+}
+
 void AssumeTuttoDaTXT(Sessione& s) {
   SchemaDaTxt(s);
   HPSDaLibrettoMisure(s);

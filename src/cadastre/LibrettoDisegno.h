@@ -24,6 +24,11 @@ void ContorniDaLibretto(Sessione& s);
 void SquadriDaLibretto(Sessione& s);
 void LivellazioniDaLibretto(Sessione& s);
 
+// `CompletaNomiPF`: fiducial points named in full, upper case, from the book's heading: a
+// name shorter than 5 gets "/" and the sheet, one shorter than 10 "/" and the municipality,
+// so "PF1" is "PF1/0010/G693". `RigaZero` must have been read.
+void CompletaNomiPF(Sessione& s);
+
 // `AssumeTuttoDaTXT`: the scheme, the heights, the tags, every Contorno-7 record made
 // again from the book, and the extract shown. The tables only: the caller regenerates.
 void AssumeTuttoDaTXT(Sessione& s);

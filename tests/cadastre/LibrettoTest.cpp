@@ -165,6 +165,11 @@ TEST_F(Libretto, RigaZeroCortaSostituitaEAnnoDiDueCifre) {
   DatiDaRigaZero(s);
   EXPECT_EQ(std::tie(s.RigaZero.Data, s.RigaZero.Anno, s.RigaZero.DataBreve), std::make_tuple("01012005", "2005", "205"));
   EXPECT_EQ(DataCompleta("010180"), "01011980");
+  // Fiducial points named in full from this heading's sheet and municipality.
+  for (const char* n : {"pf1", "PF12/0001", "PF01/0010/G693", "101"}) prova::MettiPunto(s, n, 0, 0);
+  CompletaNomiPF(s);
+  EXPECT_EQ(std::vector<std::string>(s.PuntoNome.begin(), s.PuntoNome.begin() + 4),
+            (std::vector<std::string>{"PF1/0001/A001", "PF12/0001/A001", "PF01/0010/G693", "101"}));
   EXPECT_EQ(DataCompleta("010179"), "01012079");
 }
 
