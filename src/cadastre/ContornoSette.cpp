@@ -176,6 +176,8 @@ void RigeneraSetteSingolo(Sessione& s, int32_t riga, const IndiceNomi& indice) {
 }
 
 void RigeneraSetteSette(Sessione& s) {
+  // The index of names costs a pass over every point: a job without structures skips it.
+  if (s.ContaEntita[SlotSette] <= 0) return;
   const IndiceNomi indice(s);
   for (int32_t r = 0; r < s.ContaEntita[SlotSette]; ++r) RigeneraSetteSingolo(s, r, indice);
 }
