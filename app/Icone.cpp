@@ -114,7 +114,8 @@ constexpr IconaDiTag kIcone[] = {
     // The survey structures share the drawings of their constructions.
     {"DISEGNA_SQUADRI", "squadro"}, {"DISEGNA_COGO", "bilatera"}, {"DISEGNA_POLIGONALE", "contorno-7"},
     {"LIVELLAZIONE_DAL_MEZZO", "contorno-7"}, {"LIVELLAZIONE_RAGGIANTE", "contorno-7"},
-    {"DISEGNO_DA_LIBRETTO", "schema-da-libretto"}, {"ELIMINA_CONTORNI_7", "elimina"}, {"ELIMINA_SQUADRI", "elimina"},
+    {"DISEGNO_DA_LIBRETTO", "schema-da-libretto"}, {"SELEZIONA_CONTORNO_7", "contorno-7"},
+    {"ELIMINA_CONTORNI_7", "elimina"}, {"ELIMINA_SQUADRI", "elimina"},
     {"ELIMINA_LIVELLAZIONI", "elimina"}, {"ELIMINA_PV_PD", "elimina"},
     // Terrain
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},

@@ -12,6 +12,8 @@
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "view/Elastico.h"
+#include "view/Ridisegna.h"
 
 namespace varena {
 
@@ -105,6 +107,27 @@ void Definisci(Sessione& s) {
   FineModifica(s, true);
 }
 
+// The records the list of `SelezionaContorno7` shows, in its order.
+std::vector<int32_t> SetteVivi(const Sessione& s) {
+  std::vector<int32_t> r;
+  for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k)
+    if (IdentVivo(s.SetteIdent[static_cast<size_t>(k)])) r.push_back(k);
+  return r;
+}
+
+// The lines of the record picked, and only those, painted as selected.
+void SelezionaSette(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, "SelezionaContorno7");
+  if (!d) return;
+  const std::vector<int32_t> vivi = SetteVivi(s);
+  const double n = d->Numero("Riga");
+  const int32_t scelto = n >= 1 && n <= static_cast<double>(vivi.size()) ? vivi[static_cast<size_t>(n) - 1] : -1;
+  ElencoDisegno& l = s.ListaDisegno;
+  for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i)
+    if (l.Tipo[i] == SlotSette) l.Stato[i] = l.Riga[i] == scelto ? 1 : 0;
+  Ridisegna(s);
+}
+
 }  // namespace
 
 void AzioneHPSDaLibretto(Sessione& s) {
@@ -159,6 +182,8 @@ void subContornoSette(Sessione& s) {
   const std::string nome = Rifila(s.PuntoCorrenteNome);
   if (nome.empty() || nome == "*") return;
   s.SpezzataTemporanea.Aggiungi(s.PuntoCorrenteX, s.PuntoCorrenteY, s.PuntoCorrenteZ, nome);
+  // The vertices so far stay on screen until the dialog takes over.
+  DipingiSpezzata(s);
   const int32_t c = s.ComandoCorrente;
   const bool base = c == 230 || c == 430;
   const char* prompt = base && s.PassoComando == 0 ? (c == 230 ? "Disegna Squadro - Punto Orientamento :"
@@ -205,6 +230,22 @@ bool ApriContornoSette(Sessione& s) {
     InterrompiComando(x);
   });
   d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+  return true;
+}
+
+bool ApriSelezionaContorno7(Sessione& s) {
+  std::string elenco = "Commento\tPunti Contorno";
+  for (int32_t k : SetteVivi(s))
+    elenco += "\n" + s.SetteCommento[static_cast<size_t>(k)] + "\t" + s.SetteContorno[static_cast<size_t>(k)];
+  Dialogo d;
+  d.Nome = "SelezionaContorno7";
+  d.Titolo = "Seleziona Contorno 7";
+  d.AggiungiDato("Elenco", "", elenco);
+  d.AggiungiCampo("Riga", "Riga");
+  d.AggiungiBottone("Seleziona", "Seleziona", SelezionaSette);
+  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, "SelezionaContorno7"); });
+  d.BottoneEsc = "Chiudi";
   ApriDialogo(s, std::move(d));
   return true;
 }

@@ -23,5 +23,8 @@ void subContornoSette(Sessione& s);
 std::string TipoDelComando(int32_t codice);
 // `ContornoSette`: the vertices picked, to add to, insert into, delete from and confirm.
 bool ApriContornoSette(Sessione& s);
+// `SelezionaContorno7`: the live records by "Commento" and "Punti Contorno"; the one whose
+// place in the list is typed in `Riga` is shown selected.
+bool ApriSelezionaContorno7(Sessione& s);
 
 }  // namespace varena

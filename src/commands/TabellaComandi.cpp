@@ -289,6 +289,7 @@ constexpr VoceComando kTabella[] = {
     Subito("H_PRIS_STAZ", nullptr, "H_PRIS_STAZ", "Punto", "Altezze Stazione e Prisma"),
     Subito("HPS_DA_LIBRETTO", AzioneHPSDaLibretto, {}, "Catasto", "HP/HS da Libretto"),
     Subito("DISEGNO_DA_LIBRETTO", AzioneDisegnoDaLibretto, {}, "Catasto", "Disegno da Libretto"),
+    Subito("SELEZIONA_CONTORNO_7", nullptr, "SelezionaContorno7", "Catasto", "Seleziona Contorno 7"),
     Subito("ELIMINA_CONTORNI_7", AzioneEliminaStrutture, {}, "Catasto", "Elimina Contorni 7"),
     Subito("ELIMINA_SQUADRI", AzioneEliminaStrutture, {}, "Catasto", "Elimina Squadri"),
     Subito("ELIMINA_LIVELLAZIONI", AzioneEliminaStrutture, {}, "Catasto", "Elimina Livellazioni"),

@@ -27,6 +27,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"ParametriSerie", ApriParametriSerie},
     {"FormSelezionaContorno", ApriFormSelezionaContorno},
     {"ContornoSette", ApriContornoSette},
+    {"SelezionaContorno7", ApriSelezionaContorno7},
     // The measures of the point constructions, opened at their last click.
     {"PuntoBilatera", ApriPuntoBilatera},
     {"StazioneLibera", ApriStazioneLibera},

@@ -6,6 +6,7 @@
 
 #include "cadastre/ContornoSette.h"
 #include "cadastre/Libretto.h"
+#include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "support/ProvaComandi.h"
 
@@ -61,6 +62,17 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   using L = std::vector<std::pair<std::string, V>>;
   EXPECT_EQ(LineeSette(b.s), (L{{"CONTORNO", {10, 10, 10, 0}}, {"CONTORNO", {10, 0, 0, 0}},
                                 {"SQUADRO", {0, 0, 10, 0}}, {"SQUADRO", {0, 10, 0, 0}}}));
+
+  // The list of the records, and the second shown selected.
+  b.Script("TAG SELEZIONA_CONTORNO_7\n");
+  ASSERT_TRUE(DialogoAperto(b.s, "SelezionaContorno7"));
+  EXPECT_EQ(TrovaDialogo(b.s, "SelezionaContorno7")->Valore("Elenco"),
+            "Commento\tPunti Contorno\nFABBRICATO\t|101|102|103|\nSQUADRO\t|101|102|104|");
+  b.Script("FIELD SelezionaContorno7.Riga 2\nPRESS SelezionaContorno7.Seleziona\n");
+  std::vector<int> stati;
+  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
+    if (b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSette) stati.push_back(b.s.ListaDisegno.Stato[static_cast<size_t>(i)]);
+  EXPECT_EQ(stati, (std::vector<int>{0, 0, 1, 1}));
 
   // Every point moved by (5, 5): the structures follow at the regeneration that ends the edit.
   b.Script("TAG CAMBIA_SPOSTA\nPRESS TuttiPunti\nPRESS OK\nCLICK left 0 0\nCLICK left 5 5\n");
