@@ -210,7 +210,9 @@ bool ApriContornoSette(Sessione& s) {
   d.Nome = "ContornoSette";
   d.Titolo = kTitoli[k].first;
   d.DiLavoro = true;
-  if (tipo.empty()) d.AggiungiCampo("Commento", "Commento", s.TipoSettePendente);
+  // A plain contour's title is typed each time: the kind left pending by the book's reader
+  // must not turn a contour into a levelling.
+  if (tipo.empty()) d.AggiungiCampo("Commento", "Commento");
   d.AggiungiCampo("Vertici", kTitoli[k].second, Unisci(s.SpezzataTemporanea.Nome));
   d.AggiungiCampo("Nome", "Nome");
   d.AggiungiCampo("Posizione", "Posizone di inserimento");

@@ -45,9 +45,10 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   MettiPunto(b.s, "103", 10, 10);
   MettiPunto(b.s, "104", 0, 10);
   b.Pronto(5, 5, 40);
+  b.s.TipoSettePendente = "LIVELLAZIONE RAGGIANTE";  // as the book's reader leaves it
   const std::string fatto = b.Script(
       "TAG CONTORNO_7\nCLICK left @101\nCLICK left @102\nCLICK left @103\nCLICK right 0 0\nCLICK right 0 0\n"
-      "FIELD ContornoSette.Commento FABBRICATO\nPRESS ContornoSette.Conferma\n"
+      "EXPECT campo ContornoSette.Commento \nFIELD ContornoSette.Commento FABBRICATO\nPRESS ContornoSette.Conferma\n"
       "TAG DISEGNA_SQUADRI\nCLICK left @101\nCLICK left @102\nCLICK left @104\nCLICK right 0 0\nCLICK right 0 0\n"
       "PRESS ContornoSette.Conferma\n");
   EXPECT_NE(fatto.find("PROMPT Disegna Squadro - Punto Orientamento :\n"), std::string::npos) << fatto;
