@@ -219,6 +219,13 @@ TEST_F(Libretto, IngressiGuastiNeCrashNePerdite) {
   AssumeTuttoDaTXT(s);
   SalvaLibretto(s);
   EXPECT_EQ(Txt(), milione);
+
+  // An empty book leaves neither the book nor its backup.
+  ScriviFileProva(s.NomeLavoro + ".TXK", "vecchio");
+  s.LibrettoMisure.clear();
+  SalvaLibretto(s);
+  EXPECT_FALSE(prova::Esiste(s.NomeLavoro + ".TXT"));
+  EXPECT_FALSE(prova::Esiste(s.NomeLavoro + ".TXK"));
 }
 
 }  // namespace
