@@ -90,6 +90,32 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   EXPECT_EQ(LineeSette(b.s).size(), 2u);
 }
 
+TEST(ContornoSette, ITagDelLibrettoDaScript) {
+  Banco b;
+  MettiPunto(b.s, "100", 0, 0);
+  MettiPunto(b.s, "101", 5, 0);
+  MettiPunto(b.s, "200", 10, 0);
+  b.s.LibrettoMisure = {"0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|", "1|100|1.550|", "2|101|1|100|5|1.300|",
+                        "2|200|2|100|10|1.800|", "4|100|200|1|1|0|"};
+  b.Pronto(5, 5, 40);
+  // The question, answered no: nothing changes; then yes.
+  std::string out = b.Script("ANSWER no\nTAG HPS_DA_LIBRETTO\n");
+  EXPECT_NE(out.find("[HP/HS da Libretto Misure ??] Assegnare ai Punti "), std::string::npos) << out;
+  EXPECT_EQ(b.s.PuntoHPrisma[0], 0.0f);
+  b.Script("ANSWER si\nTAG HPS_DA_LIBRETTO\n");
+  EXPECT_EQ(std::make_tuple(b.s.PuntoHPrisma[0], b.s.PuntoHPrisma[1], b.s.PuntoHPrisma[2]),
+            std::make_tuple(1.55f, 1.3f, 1.8f));
+  // The scheme ties the station to the other station only; the whole drawing adds the levelling.
+  b.Script("TAG SCHEMA_DA_LIBRETTO\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(std::make_tuple(b.s.LineaX2[0], b.s.LineaPiano[0]), std::make_tuple(10.0, "SCHEMALI"));
+  b.Script("TAG DISEGNO_DA_LIBRETTO\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 2);
+  ASSERT_EQ(b.s.ContaEntita[SlotSette], 1);
+  EXPECT_EQ(std::make_tuple(b.s.SetteContorno[0], b.s.SetteCommento[0]), std::make_tuple("|100|200|", "LIVELLAZIONE DAL MEZZO"));
+  EXPECT_EQ(LineeSette(b.s), (std::vector<std::pair<std::string, V>>{{"LIVELLAZIONE DAL MEZZO", {0, 0, 10, 0}}}));
+}
+
 TEST(ContornoSette, IlDialogoInserisceEliminaELaPosizioneMancante) {
   Banco b;
   MettiPunto(b.s, "1", 0, 0);
