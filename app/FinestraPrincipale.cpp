@@ -14,6 +14,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "FinestraLibretto.h"
 #include "FinestreLavori.h"
 #include "Icone.h"
 #include "PannelloPiani.h"
@@ -39,7 +40,8 @@ QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<
 
 // The tags whose windows belong to the desktop program.
 bool TagDelDesktop(const QString& t) {
-  return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "RIAPRI_DISEGNO" || t == "GESTIONE_DISEGNI";
+  return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "RIAPRI_DISEGNO" || t == "GESTIONE_DISEGNI" ||
+         t == "LIBRETTO_MISURE" || t == "H";
 }
 
 // A name typed in the command line that a point bears is the point's, as it always was:
@@ -210,6 +212,7 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO") return ApriLavoro();
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
+  if (t == "LIBRETTO_MISURE" || t == "H") return MostraLibretto();
   const std::string prima = s_.NomeOriginale;
   tela_->CompletaRidisegno();
   varena::EseguiTag(s_, t.toStdString());
@@ -400,6 +403,11 @@ void FinestraPrincipale::RiapriLavoro() {
   FormRiapriDisegno f(s_, this);
   if (f.exec() != QDialog::Accepted || f.Scelto().isEmpty() || !ChiudiPrimaDi()) return;
   if (ApriLavoroScelto(s_, f.Scelto().toStdString())) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::MostraLibretto() {
+  FormLibretto f(s_, this);
+  f.exec();
 }
 
 void FinestraPrincipale::LavoriAperti() {

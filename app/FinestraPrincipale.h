@@ -95,6 +95,8 @@ class FinestraPrincipale : public QMainWindow {
   void ApriLavoro();
   void RiapriLavoro();
   void LavoriAperti();
+  // The field book's rows, in a window of their own.
+  void MostraLibretto();
   void IncludiDisegno();
   void AssegnaBottone(QToolButton* b);
   void InvioRiga(const QString& testo);

@@ -111,6 +111,12 @@ constexpr IconaDiTag kIcone[] = {
     {"ASSEGNA_COLORI_PREGEO", "colori-pregeo"}, {"LIBRETTO_DA_DISEGNO", "libretto-da-disegno"},
     {"IMPORTA_DA_PREGEO", "importa-pregeo"}, {"CONVERTE_CAT_FIS", "converti-cat-fis"},
     {"MANUALE_WEB_AUTOALLESTITO", "manuale"},
+    // The survey structures share the drawings of their constructions.
+    {"DISEGNA_SQUADRI", "squadro"}, {"DISEGNA_COGO", "bilatera"}, {"DISEGNA_POLIGONALE", "contorno-7"},
+    {"LIVELLAZIONE_DAL_MEZZO", "contorno-7"}, {"LIVELLAZIONE_RAGGIANTE", "contorno-7"},
+    {"DISEGNO_DA_LIBRETTO", "schema-da-libretto"}, {"SELEZIONA_CONTORNO_7", "contorno-7"},
+    {"ELIMINA_CONTORNI_7", "elimina"}, {"ELIMINA_SQUADRI", "elimina"},
+    {"ELIMINA_LIVELLAZIONI", "elimina"}, {"ELIMINA_PV_PD", "elimina"},
     // Terrain
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
     {"SELEZIONA_TRIANGOLA", "triangola"},

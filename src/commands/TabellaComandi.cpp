@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cadastre/ComandiContorno.h"
 #include "commands/Azioni.h"
 #include "commands/Campitura.h"
 #include "commands/Routine.h"
@@ -154,6 +155,13 @@ constexpr VoceComando kTabella[] = {
     Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, "NuovoPunto", "Punto",
          "Interseca Direzione"),
     Arma("CONTORNO_7", 190, "Indica Punto per Contorno 7", P, {}, "Catasto", "Contorno 7"),
+    Arma("DISEGNA_SQUADRI", 230, "Disegna Squadri - Origine :", P, {}, "Catasto", "Squadro"),
+    Arma("DISEGNA_COGO", 430, "Disegna Cogo - Origine :", P, {}, "Catasto", "Bilatera"),
+    Arma("DISEGNA_POLIGONALE", 300, "Disegna Poligonale - Primo Vertice :", P, {}, "Catasto", "Poligonale"),
+    Arma("LIVELLAZIONE_DAL_MEZZO", 298, "Livellazione Dal Mezzo - Primo Punto :", P, {}, "Catasto",
+         "Livellazione Dal Mezzo"),
+    Arma("LIVELLAZIONE_RAGGIANTE", 299, "Livellazione Raggiante - Stazione :", P, {}, "Catasto",
+         "Livellazione Raggiante"),
     Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
@@ -279,13 +287,19 @@ constexpr VoceComando kTabella[] = {
     Subito("CALCOLATRICE", AzioneProgrammaEsterno, {}, "Strumenti", "Calcolatrice"),
     Subito("SELEZIONA_COLORE", nullptr, {}, {}, {}),
     Subito("H_PRIS_STAZ", nullptr, "H_PRIS_STAZ", "Punto", "Altezze Stazione e Prisma"),
-    Subito("HPS_DA_LIBRETTO", nullptr, {}, "Catasto", "HP/HS da Libretto"),
+    Subito("HPS_DA_LIBRETTO", AzioneHPSDaLibretto, {}, "Catasto", "HP/HS da Libretto"),
+    Subito("DISEGNO_DA_LIBRETTO", AzioneDisegnoDaLibretto, {}, "Catasto", "Disegno da Libretto"),
+    Subito("SELEZIONA_CONTORNO_7", nullptr, "SelezionaContorno7", "Catasto", "Seleziona Contorno 7"),
+    Subito("ELIMINA_CONTORNI_7", AzioneEliminaStrutture, {}, "Catasto", "Elimina Contorni 7"),
+    Subito("ELIMINA_SQUADRI", AzioneEliminaStrutture, {}, "Catasto", "Elimina Squadri"),
+    Subito("ELIMINA_LIVELLAZIONI", AzioneEliminaStrutture, {}, "Catasto", "Elimina Livellazioni"),
+    Subito("ELIMINA_PV_PD", AzioneEliminaStrutture, {}, "Catasto", "Elimina PV PD"),
     Subito("ASSEGNA_COLORI_PREGEO", nullptr, {}, "Catasto", "Colori Pregeo"),
     Subito("LIBRETTO_DA_DISEGNO", nullptr, {}, "Catasto", "Libretto da Disegno"),
     Subito("LIBRETTO_MISURE", nullptr, "LibrettoMisure", "Catasto", "Libretto delle Misure"),
     Subito("H", nullptr, "LibrettoMisure", {}, {}),
     Subito("IMPORTA_DA_PREGEO", nullptr, {}, "Catasto", "Importa da Pregeo"),
-    Subito("SCHEMA_DA_LIBRETTO", nullptr, {}, "Catasto", "Schema da Libretto"),
+    Subito("SCHEMA_DA_LIBRETTO", AzioneSchemaDaLibretto, {}, "Catasto", "Schema da Libretto"),
     Subito("INFO_MISURATE", nullptr, {}, "Info", "Misurate"),
     Subito("CONVERTE_CAT_FIS", nullptr, {}, "Catasto", "Converti Catastale Fiscale"),
     Subito("LISTA_ENTITA", nullptr, "ElencoEntita", "Info", "Lista Entità"),
@@ -406,6 +420,13 @@ constexpr SchedaCodice kSchede[] = {
     {186, subSerieCircolare, FormaElastico::ArcoSerie, nullptr},
     {171, subPuntoTangente, Li, nullptr},
     {191, nullptr, Li, nullptr},
+    // The survey structures: a vertex a click, until the right button.
+    {190, subContornoSette, FormaElastico::Nessuna, nullptr},
+    {230, subContornoSette, FormaElastico::Nessuna, nullptr},
+    {298, subContornoSette, FormaElastico::Nessuna, nullptr},
+    {299, subContornoSette, FormaElastico::Nessuna, nullptr},
+    {300, subContornoSette, FormaElastico::Nessuna, nullptr},
+    {430, subContornoSette, FormaElastico::Nessuna, nullptr},
     {198, subTestodistanza, Li, nullptr},
     {199, subQuotaturaProgressiva, Li, nullptr},
     {211, nullptr, Li, nullptr},

@@ -1,6 +1,7 @@
 // The table of dialogs by name, and the dialogs of the commands of this folder.
 #include "commands/TabellaDialoghi.h"
 
+#include "cadastre/ComandiContorno.h"
 #include "commands/Comandi.h"
 #include "commands/DialoghiDisegno.h"
 #include "commands/DialoghiScelta.h"
@@ -25,6 +26,8 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"Imputa2", ApriImputa2},
     {"ParametriSerie", ApriParametriSerie},
     {"FormSelezionaContorno", ApriFormSelezionaContorno},
+    {"ContornoSette", ApriContornoSette},
+    {"SelezionaContorno7", ApriSelezionaContorno7},
     // The measures of the point constructions, opened at their last click.
     {"PuntoBilatera", ApriPuntoBilatera},
     {"StazioneLibera", ApriStazioneLibera},

@@ -11,6 +11,7 @@ Sessione::Sessione() : Ui(&uiMuta_), Clip(&clipInterni_) { AzzeraTabelle(*this);
 void ClearAllTables(Sessione& s) {
   AzzeraTabelle(s);
   s.LibrettoMisure.clear();
+  static_cast<StatoLibretto&>(s) = {};
   s.Testo126.clear();
   s.TestoCel.clear();
   s.MembriConservati.clear();

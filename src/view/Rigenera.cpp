@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "cadastre/ContornoSette.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
@@ -79,6 +80,7 @@ using Rigeneratore = void (*)(Sessione&);
 constexpr Rigeneratore kOrdine[] = {
     RigeneraImmagini,  // then the map extract and its stations, facets, sections
     RigeneraArchi,   RigeneraCerchi, RigeneraLinee,
+    RigeneraSetteSette,
     RigeneraTesti,     // after the Contorno-7 outlines
     RigeneraCorniceIngombro,
 };

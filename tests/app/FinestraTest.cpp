@@ -19,6 +19,7 @@
 #include <QProgressBar>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -34,6 +35,7 @@
 
 #include "DialogoQt.h"
 #include "FinestraPrincipale.h"
+#include "FinestraLibretto.h"
 #include "FinestreLavori.h"
 #include "PannelloPiani.h"
 #include "RigaComando.h"
@@ -495,6 +497,42 @@ TEST_F(Desktop, BilaterazioneNeiDialoghiAMano) {
   EXPECT_NEAR(s->PuntoX[r], kE0 + a * ux + h * uy, 1e-6);
   EXPECT_NEAR(s->PuntoY[r], kN0 + a * uy - h * ux, 1e-6);
   EXPECT_EQ(f->Interfaccia()->DialogoAperto("PuntoBilatera"), nullptr);  // closed after OK
+}
+
+TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
+  std::string lunga = "2";
+  for (int k = 1; k <= 301; ++k) lunga += "|" + std::to_string(k);
+  prova::ScriviFileProva(base + ".TXT", "0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|\r\n7|3|101|102|NC|\r\n"
+                                        "X|ignota|\r\n" + lunga + "|\r\n");
+  Avvia(base + ".CFG");
+  QAction* voce = f->findChild<QAction*>("LIBRETTO_MISURE");
+  ASSERT_NE(voce, nullptr);
+  ASSERT_TRUE(voce->isEnabled());
+  QAbstractItemModel* modello = nullptr;
+  bool sola = false;
+  QTimer::singleShot(20, [&] {
+    auto* form = qobject_cast<FormLibretto*>(QApplication::activeModalWidget());
+    if (!form) return;
+    auto* vista = form->findChild<QTableView*>("Righe");
+    modello = vista->model();
+    sola = vista->editTriggers() == QAbstractItemView::NoEditTriggers;
+    // Read while the window is up: the rows live in the session.
+    auto testo = [&](int r, int c) { return modello->data(modello->index(r, c)).toString().toStdString(); };
+    EXPECT_EQ(modello->rowCount(), 4);
+    EXPECT_EQ(modello->columnCount(), 301);  // the type, then fields 1 to 300 of the widest row
+    EXPECT_EQ(modello->headerData(0, Qt::Horizontal).toString().toStdString(), "Tipo");
+    EXPECT_EQ(std::make_tuple(testo(0, 0), testo(0, 1), testo(0, 3), testo(0, 8)),
+              std::make_tuple("0", "010199", "G693", "PADOVA"));
+    EXPECT_EQ(std::make_tuple(testo(1, 0), testo(1, 2), testo(1, 4), testo(1, 5)), std::make_tuple("7", "101", "NC", ""));
+    EXPECT_EQ(std::make_tuple(testo(2, 0), testo(2, 1)), std::make_tuple("0", "ignota"));
+    EXPECT_EQ(std::make_tuple(testo(3, 0), testo(3, 1), testo(3, 2)), std::make_tuple("2", "Subscript out of range", ""));
+    form->accept();
+  });
+  voce->trigger();
+  ASSERT_NE(modello, nullptr);
+  EXPECT_TRUE(sola);
+  // Looking changes nothing.
+  EXPECT_EQ(s->LibrettoMisure.size(), 4u);
 }
 
 TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {

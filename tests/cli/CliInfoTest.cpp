@@ -83,6 +83,35 @@ TEST_F(CliInfo, DumpDeiCampi) {
   EXPECT_NE(e.out.find("\"Attendibilita\":12,"), std::string::npos);
 }
 
+TEST_F(CliInfo, LibrettoConICampiComeLoLeggeLaGrammatica) {
+  std::string lunga = "2";
+  for (int k = 1; k <= 301; ++k) lunga += "|" + std::to_string(k);
+  ScriviFileProva(base + ".TXT", "0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|\r\n6|<EST>E1|\r\n"
+                                 "7|3|101|102|NC|\r\n" + lunga + "|\r\n");
+  Esito e = Cli({"libretto", base, "--json"});
+  EXPECT_EQ(e.stato, 2);
+  EXPECT_EQ(e.err, "Righe non divise: 1\n");
+  EXPECT_EQ(e.out, "{\"lavoro\":\"" + base +
+                       "\",\"rigaZero\":{\"data\":\"01011999\",\"campoDue\":\"1\",\"codiceComune\":\"G693\","
+                       "\"nomeComune\":\"\",\"foglio\":\"0010\",\"dataBreve\":\"199\",\"anno\":\"1999\","
+                       "\"fileEstratto\":\"E1\",\"codiceLibretto\":\"\",\"codiceIscrizione\":\"\"},\"righe\":[\n"
+                       "{\"riga\":0,\"tipo\":0,\"testo\":\"0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|\",\"campi\":[\"0\","
+                       "\"010199\",\"1\",\"G693\",\"0010\",\"1\",\"ROSSI\",\"GEOMETRA\",\"PADOVA\"],\"ultimo\":8,\"vertici\":0},\n"
+                       "{\"riga\":1,\"tipo\":6,\"testo\":\"6|<EST>E1|\",\"campi\":[\"6\",\"<EST>E1\"],\"ultimo\":1,"
+                       "\"vertici\":0},\n"
+                       "{\"riga\":2,\"tipo\":7,\"testo\":\"7|3|101|102|NC|\",\"campi\":[\"7\",\"3\",\"101\",\"102\",\"NC\"],"
+                       "\"ultimo\":4,\"vertici\":3},\n"
+                       "{\"riga\":3,\"tipo\":2,\"testo\":\"" + lunga + "|\",\"errore\":\"Subscript out of range\"}]}\n");
+  e = Cli({"libretto", base});
+  EXPECT_EQ(e.out.substr(0, e.out.find("\n3\t")),
+            "Libretto: 4 righe\nData: 01011999  Comune: G693  Foglio: 0010\n"
+            "0\t0\t0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|\n\t1: 010199\n\t2: 1\n\t3: G693\n\t4: 0010\n\t5: 1\n"
+            "\t6: ROSSI\n\t7: GEOMETRA\n\t8: PADOVA\n1\t6\t6|<EST>E1|\n\t1: <EST>E1\n2\t7\t7|3|101|102|NC|\n\t1: 3\n"
+            "\t2: 101\n\t3: 102\n\t4: NC\n\tvertici: 3");
+  EXPECT_NE(e.out.find("|301|\n\terrore: Subscript out of range\n"), std::string::npos);
+  EXPECT_EQ(Cli({"libretto"}).stato, 64);
+}
+
 TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
   Esito e = Cli({"info", dir / "manca"});
   EXPECT_EQ(e.stato, 1);

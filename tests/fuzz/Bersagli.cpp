@@ -28,6 +28,7 @@ constexpr Bersaglio kBersagli[] = {
     {"tabelle", FuzzTabelle, true},
     {"undo", FuzzUndo, true},
     {"script", FuzzScript, true},
+    {"libretto", FuzzLibretto, true},
 };
 
 }  // namespace

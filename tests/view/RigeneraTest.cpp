@@ -95,9 +95,10 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.Bitmap(990, 100, 50, 0.1);
   z.s.Ui = &ui;
   RigeneraLista(z.s);
-  // Its progress: images, arcs, circles, lines, texts, the extent's frame, the indexes.
+  // Its progress: images, arcs, circles, lines, Contorno-7 structures, texts, the extent's
+  // frame, the indexes.
   using A = std::vector<std::pair<int64_t, int64_t>>;
-  EXPECT_EQ(ui.Avanzamento, (A{{0, 7}, {1, 7}, {2, 7}, {3, 7}, {4, 7}, {5, 7}, {6, 7}, {7, 7}}));
+  EXPECT_EQ(ui.Avanzamento, (A{{0, 8}, {1, 8}, {2, 8}, {3, 8}, {4, 8}, {5, 8}, {6, 8}, {7, 8}, {8, 8}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
