@@ -204,14 +204,17 @@ int main(int argc, char** argv) {
   Testo(s, 31.0, 5.0, 0.0, 0.8, "Pozzetto", 5);
   Testo(s, -150.0, 250.0, 0.0, 3.0, "Foglio 10 - Comune G693", 1);
 
-  // Contorno-7: the house as a survey structure, and the fence.
+  // Contorno-7: the house as a plain contour with its parcel number in the yard, and the fence;
+  // each list of names starts and ends with its "|".
   for (int k = 0; k < 2; ++k) {
     DimensionaSette(s);
     const auto r = static_cast<size_t>(k);
     s.SetteIdent[r] = 0;
-    s.SetteContorno[r] = k == 0 ? "101|102|103|104|101" : "105|106|107|108|109|105";
-    s.SetteCommento[r] = k == 0 ? "COGO" : "RECINZIONE";
-    s.SetteParticella[r] = k == 0 ? "245" : "";
+    s.SetteContorno[r] = k == 0 ? "|101|102|103|104|101|" : "|105|106|107|108|109|105|";
+    s.SetteCommento[r] = k == 0 ? "FABBRICATO" : "RECINZIONE";
+    // The label stands in the yard (27 m North, 26 m East of the corner): field 3 its North,
+    // field 4 its East.
+    s.SetteParticella[r] = k == 0 ? "245|||5031227|1725326" : "";
     s.SetteColore[r] = k == 0 ? 1 : 3;
     s.SetteTratteggio[r] = 1;
     ++s.ContaEntita[SlotSette];
