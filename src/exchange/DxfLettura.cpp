@@ -1,0 +1,679 @@
+// The DXF reader: copy pass, layer pass and the passes of each kind, as the import dialog
+// runs them.
+#include "exchange/DxfLettura.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <numbers>
+
+#include "commands/ComandiPiani.h"
+#include "core/CodicePagina.h"
+#include "core/Errori.h"
+#include "core/File.h"
+#include "core/ImpostazioniUtente.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+
+namespace varena {
+
+namespace {
+
+// The codes the copy pass keeps; all the others (39 thickness, 42 bulge, 62 colour, 6 line
+// type, 7 style, 72, 73, 210 ...) are dropped there.
+constexpr std::array<std::string_view, 13> kCodiciCopiati = {"0",  "8",  "10", "11", "20", "21", "30",
+                                                             "31", "70", "40", "1",  "50", "51"};
+// Group 39 would carry the elevation, but the copy pass never keeps it: the option that uses
+// it reads nothing. The branch stays, waiting for a copy list that keeps it.
+constexpr int16_t kCodiceElevazione = 39;
+
+std::string_view RifilaBlank(std::string_view t) {
+  size_t a = 0, b = t.size();
+  while (a < b && t[a] == ' ') ++a;
+  while (b > a && t[b - 1] == ' ') --b;
+  return t.substr(a, b - a);
+}
+
+// Lines end at LF; a CR before it belongs to the end too, so CR LF and LF files read alike.
+class Righe {
+ public:
+  explicit Righe(std::string_view t) : t_(t) {}
+  bool Prossima(std::string_view& riga) {
+    if (pos_ >= t_.size()) return false;
+    const void* lf = std::memchr(t_.data() + pos_, '\n', t_.size() - pos_);
+    const size_t fine = lf ? static_cast<size_t>(static_cast<const char*>(lf) - t_.data()) : t_.size();
+    riga = t_.substr(pos_, fine - pos_);
+    if (!riga.empty() && riga.back() == '\r') riga.remove_suffix(1);
+    pos_ = lf ? fine + 1 : t_.size();
+    return true;
+  }
+
+ private:
+  std::string_view t_;
+  size_t pos_ = 0;
+};
+
+int16_t CodiceCopiato(std::string_view riga) {
+  const std::string_view c = RifilaBlank(riga);
+  for (std::string_view k : kCodiciCopiati)
+    if (c == k) {
+      int16_t n = 0;
+      std::from_chars(k.data(), k.data() + k.size(), n);
+      return n;
+    }
+  return -1;
+}
+
+// `Val` of a value line, with a quick road for the plain numbers a writer puts there.
+double Numero(std::string_view v) {
+  size_t i = 0;
+  while (i < v.size() && v[i] == ' ') ++i;
+  const char* p = v.data() + i;
+  const char* fine = v.data() + v.size();
+  if (p < fine && (*p == '-' || (*p >= '0' && *p <= '9'))) {
+    double x = 0;
+    const auto [q, ec] = std::from_chars(p, fine, x);
+    // What from_chars stops at and `Val` would read on (a D exponent, "1E" without digits,
+    // a number out of range) goes the long road.
+    if (ec == std::errc() && (q == fine || (*q != 'D' && *q != 'd' && *q != 'E' && *q != 'e'))) return x;
+  }
+  return Val(v);
+}
+
+bool Utf8Valido(std::string_view t) {
+  size_t i = 0;
+  while (i < t.size()) {
+    const auto c = static_cast<unsigned char>(t[i]);
+    size_t seguono = 0;
+    if (c < 0x80) seguono = 0;
+    else if (c >= 0xC2 && c <= 0xDF) seguono = 1;
+    else if (c >= 0xE0 && c <= 0xEF) seguono = 2;
+    else if (c >= 0xF0 && c <= 0xF4) seguono = 3;
+    else return false;
+    if (seguono >= t.size() - i) return false;
+    for (size_t k = 1; k <= seguono; ++k)
+      if ((static_cast<unsigned char>(t[i + k]) & 0xC0) != 0x80) return false;
+    i += seguono + 1;
+  }
+  return true;
+}
+
+// A name or a text of the file as the tables keep it: the drawings of the newer editions are
+// UTF-8, the older ones in the code page of their system.
+std::string TestoDxf(std::string_view v) { return Utf8Valido(v) ? std::string(v) : Cp1252InUtf8(v); }
+
+// A layer keeps 8 characters.
+std::string PianoTagliato(const std::string& piano) {
+  size_t pos = 0, caratteri = 0;
+  while (pos < piano.size() && caratteri < 8) {
+    ProssimoCarattere(piano, pos);
+    ++caratteri;
+  }
+  return piano.substr(0, pos);
+}
+
+struct Vertice {
+  double X = 0, Y = 0, Z = 0;
+};
+
+// The state of one pass: the layer test and the rows it adds.
+class Passo {
+ public:
+  Passo(Sessione& s, const OpzioniDxfIn& o, const std::string& scelti) : s_(s), o_(o), scelti_(scelti) {}
+
+  void Piano(std::string_view valore) {
+    const std::string_view p = RifilaBlank(valore);
+    if (p == corrente_) return;
+    corrente_.assign(p);
+    // A layer is chosen when " name " stands in the string of the chosen ones, as spelt.
+    scelto_ = !o_.Piani || scelti_.find(" " + corrente_ + " ") != std::string::npos;
+    tagliato_ = PianoTagliato(TestoDxf(corrente_));
+  }
+  bool Scelto() const { return scelto_; }
+
+  void Linea(const Vertice& a, const Vertice& b) {
+    DimensionaLinee(s_);
+    const auto k = static_cast<size_t>(s_.ContaEntita[SlotLinee]);
+    s_.LineaIdent[k] = 0;
+    s_.LineaX1[k] = a.X, s_.LineaY1[k] = a.Y, s_.LineaZ1[k] = a.Z;
+    s_.LineaX2[k] = b.X, s_.LineaY2[k] = b.Y, s_.LineaZ2[k] = b.Z;
+    s_.LineaColore[k] = s_.Imp.Colore_Default;
+    // The lines of a drawing come in plain, whatever the line type in force.
+    s_.LineaTratteggio[k] = 1;
+    s_.LineaCongela[k] = 0;
+    s_.LineaQuotata[k] = 0;
+    s_.LineaOffsetQuota[k] = 0;
+    s_.LineaPiano[k] = tagliato_;
+    s_.LineaTronca[k] = 0;
+    s_.StatoLinea[k] = 0;
+    ++s_.ContaEntita[SlotLinee];
+  }
+
+  void Punto(const Vertice& v, std::string nome);
+  void Testo(const Vertice& v, double altezza, double rotazione, std::string_view testo);
+  void Cerchio(const Vertice& c, double raggio);
+  void Arco(const Vertice& c, double raggio, double inizio, double ampiezza);
+
+ private:
+  Sessione& s_;
+  const OpzioniDxfIn& o_;
+  const std::string& scelti_;
+  std::string corrente_{"\x01"};  // no layer read yet: the first group 8 is always news
+  bool scelto_ = false;
+  std::string tagliato_;
+
+ public:
+  // Before the first group 8 the layer is the empty name.
+  void Inizia() { Piano(""); }
+};
+
+void Passo::Punto(const Vertice& v, std::string nome) {
+  DimensionaPunti(s_);
+  const auto k = static_cast<size_t>(s_.ContaEntita[SlotPunti]);
+  const StilePunto& stile = s_.ConfiguraPunti.Classi[ClassePunti];
+  s_.PuntoIdent[k] = 0;
+  s_.PuntoNome[k] = std::move(nome);
+  s_.PuntoDescrizione[k].clear();
+  s_.PuntoX[k] = v.X, s_.PuntoY[k] = v.Y, s_.PuntoZ[k] = v.Z;
+  s_.PuntoDimensioneSimbolo[k] = stile.DimSimbolo;
+  s_.PuntoDimensioneNome[k] = stile.DimNome;
+  s_.PuntoDimensioneQuota[k] = stile.DimQuota;
+  s_.PuntoDimensioneDescrizione[k] = stile.DimDescrizione;
+  // The colours of the drawing are never taken: the point has the one in force.
+  s_.PuntoColoreSimbolo[k] = s_.PuntoColoreNome[k] = s_.PuntoColoreQuota[k] = s_.PuntoColoreDescrizione[k] =
+      s_.Imp.Colore_Default;
+  s_.PuntoCongelaSimbolo[k] = s_.PuntoCongelaNome[k] = s_.PuntoCongelaQuota[k] = s_.PuntoCongelaDescrizione[k] = 0;
+  s_.PuntoAttendibilita[k] = 0;
+  s_.PuntoSimbolo[k] = InteroCorto(stile.Simbolo);
+  s_.PuntoPiano[k] = tagliato_;
+  s_.PuntoSpoX[k] = s_.PuntoSpoY[k] = s_.PuntoSpoZ[k] = 0;
+  s_.PuntoFont[k] = stile.Font;
+  s_.PuntoErroreOrientamento[k] = 0;
+  s_.PuntoHPrisma[k] = 0;
+  s_.StatoPunto[k] = 0;
+  ++s_.ContaEntita[SlotPunti];
+}
+
+void Passo::Testo(const Vertice& v, double altezza, double rotazione, std::string_view testo) {
+  DimensionaTesti(s_);
+  const auto k = static_cast<size_t>(s_.ContaEntita[SlotTesti]);
+  s_.TestoIdent[k] = 0;
+  s_.TestoX[k] = v.X, s_.TestoY[k] = v.Y;
+  s_.TestoRotazione[k] = rotazione;
+  s_.TestoAltezza[k] = altezza;
+  s_.TestoRighe[k] = 1;
+  s_.TestoColore[k] = s_.Imp.Colore_Default;
+  s_.TestoCongela[k] = 0;
+  s_.TestoColonne[k] = 1;
+  s_.TestoPiano[k] = tagliato_;
+  s_.TestoFont[k] = Rifila(s_.Imp.FontTestoDefault).empty() ? std::string("Arial") : Rifila(s_.Imp.FontTestoDefault);
+  s_.TestoTesto[k] = TestoDxf(testo);
+  s_.StatoTesto[k] = 0;
+  ++s_.ContaEntita[SlotTesti];
+}
+
+void Passo::Cerchio(const Vertice& c, double raggio) {
+  DimensionaCerchi(s_);
+  const auto k = static_cast<size_t>(s_.ContaEntita[SlotCerchi]);
+  s_.CerchioIdent[k] = 0;
+  s_.CerchioX[k] = c.X, s_.CerchioY[k] = c.Y, s_.CerchioZ[k] = c.Z;
+  s_.CerchioRaggio[k] = raggio;
+  s_.CerchioColore[k] = s_.Imp.Colore_Default;
+  s_.CerchioTratteggio[k] = InteroCorto(s_.Imp.Tratteggio_Default);
+  s_.CerchioCongela[k] = 0;
+  s_.CerchioPiano[k] = tagliato_;
+  s_.StatoCerchio[k] = 0;
+  ++s_.ContaEntita[SlotCerchi];
+}
+
+void Passo::Arco(const Vertice& c, double raggio, double inizio, double ampiezza) {
+  DimensionaArchi(s_);
+  const auto k = static_cast<size_t>(s_.ContaEntita[SlotArchi]);
+  s_.ArcoIdent[k] = 0;
+  s_.ArcoX[k] = c.X, s_.ArcoY[k] = c.Y, s_.ArcoZ[k] = c.Z;
+  s_.ArcoRaggio[k] = raggio;
+  s_.ArcoInizio[k] = inizio;
+  s_.ArcoFine[k] = ampiezza;
+  s_.ArcoColore[k] = s_.Imp.Colore_Default;
+  s_.ArcoTratteggio[k] = InteroCorto(s_.Imp.Tratteggio_Default);
+  s_.ArcoCongela[k] = 0;
+  s_.ArcoQuotaInizio[k] = s_.ArcoQuotaFinale[k] = c.Z;
+  s_.ArcoPiano[k] = tagliato_;
+  s_.StatoArco[k] = 0;
+  ++s_.ContaEntita[SlotArchi];
+}
+
+// What every pass shares: the pairs in order up to the value "EOF", the group 0 that acts
+// on the entity just ended, the progress every so many pairs.
+class Lettore {
+ public:
+  Lettore(const FileDxfRidotto& f, int64_t base, int64_t totale, const AvanzamentoDxf& a)
+      : f_(f), base_(base), totale_(totale), avanzamento_(a) {}
+
+  // `f(coppia)` for each pair; false when the user stopped it.
+  template <class F>
+  bool Scorri(F&& f) {
+    const size_t n = f_.Coppie.size();
+    for (size_t i = 0; i < n; ++i) {
+      const CoppiaDxf& c = f_.Coppie[i];
+      if (RifilaBlank(c.Valore) == "EOF") break;
+      f(c);
+      if ((i & 0xFFFF) == 0xFFFF && avanzamento_ &&
+          !avanzamento_(base_ + static_cast<int64_t>(i), totale_))
+        return false;
+    }
+    return true;
+  }
+
+ private:
+  const FileDxfRidotto& f_;
+  int64_t base_, totale_;
+  const AvanzamentoDxf& avanzamento_;
+};
+
+double Angolo(std::string_view v) { return Numero(v); }
+
+// The kinds, each a pass of its own.
+void PassoPolilinee(Passo& p, Lettore& l, bool elevazione) {
+  std::string_view precedente;
+  int stato = 0;
+  int64_t flag70 = 0;
+  Vertice primo, prima, corrente;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0: {
+        const std::string_view nuovo = RifilaBlank(c.Valore);
+        if (p.Scelto() && precedente == "VERTEX") {
+          if (nuovo == "VERTEX") {
+            // `SalvaPlinea`: the first vertex is only held; each later one closes a segment.
+            if (stato == 0) {
+              primo = prima = corrente;
+              stato = 1;
+            } else {
+              p.Linea(prima, corrente);
+              prima = corrente;
+              stato = 2;
+            }
+          } else if (nuovo == "SEQEND") {
+            // `FinePlinea`: the last segment is added whatever the state, so a polyline of one
+            // vertex draws from the vertex held before it.
+            p.Linea(prima, corrente);
+            if (stato == 2 && flag70 == 1) p.Linea(corrente, primo);
+            stato = 0;
+            flag70 = 0;
+          }
+        }
+        precedente = nuovo;
+        break;
+      }
+      case 8: p.Piano(c.Valore); break;
+      case 10: corrente.X = Numero(c.Valore); break;
+      case 20: corrente.Y = Numero(c.Valore); break;
+      case 30: corrente.Z = Numero(c.Valore); break;
+      case 70: flag70 = ArrotondaPari(Numero(c.Valore)); break;
+      case kCodiceElevazione:
+        if (elevazione) corrente.Z = Numero(c.Valore);
+        break;
+      default: break;
+    }
+  });
+}
+
+void PassoLwPolilinee(Passo& p, Lettore& l) {
+  std::string_view precedente;
+  bool tenuto = false;
+  Vertice vecchio, nuovo;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        precedente = RifilaBlank(c.Valore);
+        if (precedente == "LWPOLYLINE") tenuto = false;
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: nuovo.X = Numero(c.Valore); break;
+      case 20:
+        nuovo.Y = Numero(c.Valore);
+        // The new vertex is the first end of the segment, the one held the second; the
+        // closed flag is not read, so a closed outline stays open.
+        if (p.Scelto() && precedente == "LWPOLYLINE" && tenuto) p.Linea(nuovo, vecchio);
+        vecchio = nuovo;
+        tenuto = true;
+        break;
+      default: break;
+    }
+  });
+}
+
+void PassoLinee(Passo& p, Lettore& l, bool elevazione) {
+  std::string_view precedente;
+  Vertice a, b;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        if (p.Scelto() && precedente == "LINE") p.Linea(a, b);
+        precedente = RifilaBlank(c.Valore);
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: a.X = Numero(c.Valore); break;
+      case 20: a.Y = Numero(c.Valore); break;
+      case 30: a.Z = Numero(c.Valore); break;
+      case 11: b.X = Numero(c.Valore); break;
+      case 21: b.Y = Numero(c.Valore); break;
+      case 31: b.Z = Numero(c.Valore); break;
+      case kCodiceElevazione:
+        if (elevazione) a.Z = b.Z = Numero(c.Valore);
+        break;
+      default: break;
+    }
+  });
+}
+
+// The trailing digits of a name raised by the step, what stands before and after them kept.
+std::string NomeSeguente(const std::string& nome, double passo) {
+  size_t fine = nome.size();
+  while (fine > 0 && !(nome[fine - 1] >= '0' && nome[fine - 1] <= '9')) --fine;
+  size_t inizio = fine;
+  while (inizio > 0 && nome[inizio - 1] >= '0' && nome[inizio - 1] <= '9') --inizio;
+  const double n = Val(std::string_view(nome).substr(inizio, fine - inizio)) + passo;
+  return nome.substr(0, inizio) + FormatoMaschera(n, "#################") + nome.substr(fine);
+}
+
+void PassoPunti(Passo& p, Lettore& l, const OpzioniDxfIn& o) {
+  std::string_view precedente;
+  Vertice v;
+  std::string nome = Rifila(o.PrimoNome);
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        if (p.Scelto() && precedente == "POINT") {
+          if (o.Check[DxfNumeraPunti]) {
+            p.Punto(v, nome);
+            nome = NomeSeguente(nome, o.Passo);
+          } else {
+            p.Punto(v, {});
+          }
+        }
+        precedente = RifilaBlank(c.Valore);
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: v.X = Numero(c.Valore); break;
+      case 20: v.Y = Numero(c.Valore); break;
+      case 30: v.Z = Numero(c.Valore); break;
+      default: break;
+    }
+  });
+}
+
+void PassoTesti(Passo& p, Lettore& l) {
+  std::string_view precedente, testo;
+  Vertice v;
+  double altezza = 0, angolo = 0;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        // The height is kept doubled, and the angle turned to gon clockwise.
+        if (p.Scelto() && precedente == "TEXT") p.Testo(v, 2 * altezza, 400 - 400 * angolo / 360, testo);
+        precedente = RifilaBlank(c.Valore);
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: v.X = Numero(c.Valore); break;
+      case 20: v.Y = Numero(c.Valore); break;
+      case 30: v.Z = Numero(c.Valore); break;
+      case 40: altezza = Numero(c.Valore); break;
+      case 50: angolo = Angolo(c.Valore); break;
+      case 1: testo = c.Valore; break;
+      default: break;
+    }
+  });
+}
+
+void PassoCerchi(Passo& p, Lettore& l) {
+  std::string_view precedente;
+  Vertice v;
+  double raggio = 0;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        if (p.Scelto() && precedente == "CIRCLE") p.Cerchio(v, raggio);
+        precedente = RifilaBlank(c.Valore);
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: v.X = Numero(c.Valore); break;
+      case 20: v.Y = Numero(c.Valore); break;
+      case 30: v.Z = Numero(c.Valore); break;
+      case 40: raggio = Numero(c.Valore); break;
+      default: break;
+    }
+  });
+}
+
+// A DXF angle (degrees counter-clockwise from East) as an azimuth clockwise from North, in
+// radians, not brought into one turn.
+double Azimut(double gradi) {
+  const double pi = 4 * std::atan(1.0);
+  return 2 * pi - 2 * pi * gradi / 360 + pi / 2;
+}
+
+void PassoArchi(Passo& p, Lettore& l) {
+  std::string_view precedente;
+  Vertice v;
+  double raggio = 0, a50 = 0, a51 = 0;
+  l.Scorri([&](const CoppiaDxf& c) {
+    switch (c.Codice) {
+      case 0:
+        if (p.Scelto() && precedente == "ARC") {
+          const double pi = 4 * std::atan(1.0);
+          const double t50 = Azimut(a50), t51 = Azimut(a51);
+          double ampiezza = t50 - t51;
+          if (ampiezza < 0) ampiezza += 2 * pi;
+          p.Arco(v, raggio, t51 * 200 / pi, ampiezza * 200 / pi);
+        }
+        precedente = RifilaBlank(c.Valore);
+        break;
+      case 8: p.Piano(c.Valore); break;
+      case 10: v.X = Numero(c.Valore); break;
+      case 20: v.Y = Numero(c.Valore); break;
+      case 30: v.Z = Numero(c.Valore); break;
+      case 40: raggio = Numero(c.Valore); break;
+      case 50: a50 = Angolo(c.Valore); break;
+      case 51: a51 = Angolo(c.Valore); break;
+      default: break;
+    }
+  });
+}
+
+constexpr std::string_view kIntestazioneBinaria = "AutoCAD Binary DXF";
+
+}  // namespace
+
+std::optional<FileDxfRidotto> RiduciDxf(std::string_view byte, std::string& errore) {
+  if (byte.substr(0, kIntestazioneBinaria.size()) == kIntestazioneBinaria) {
+    errore = "Il file è un DXF binario: si leggono solo i DXF di testo (ASCII)";
+    return std::nullopt;
+  }
+  Righe righe(byte);
+  std::string_view riga;
+  bool trovata = false;
+  while (righe.Prossima(riga))
+    if (RifilaBlank(riga) == "ENTITIES") {
+      trovata = true;
+      break;
+    }
+  if (!trovata) {
+    errore = "Sezione ENTITIES non trovata: il file non contiene entità DXF leggibili";
+    return std::nullopt;
+  }
+  FileDxfRidotto f;
+  f.Testo.reserve(byte.size() - std::min(byte.size(), static_cast<size_t>(riga.data() - byte.data())));
+  struct Posto {
+    int16_t codice;
+    size_t inizio, lunghezza;
+  };
+  std::vector<Posto> posti;
+  f.Troncato = true;
+  std::string_view codice, valore;
+  while (righe.Prossima(codice)) {
+    // A code without its value ends the section where it stands.
+    if (!righe.Prossima(valore)) break;
+    const bool fine = RifilaBlank(valore) == "ENDSEC";
+    const int16_t n = CodiceCopiato(codice);
+    if (n >= 0) {
+      f.Testo.append(codice).append("\r\n");
+      posti.push_back({n, f.Testo.size(), valore.size()});
+      f.Testo.append(valore).append("\r\n");
+    }
+    if (fine) {
+      f.Troncato = false;
+      break;
+    }
+  }
+  f.Coppie.reserve(posti.size());
+  for (const Posto& p : posti) f.Coppie.push_back({p.codice, std::string_view(f.Testo).substr(p.inizio, p.lunghezza)});
+  return f;
+}
+
+std::vector<std::string> PianiDxf(const FileDxfRidotto& f) {
+  // Line by line, not by pairs: a value "8" makes the code after it a layer too.
+  std::vector<std::string_view> visti;
+  bool prossima = false;
+  auto riga = [&](std::string_view r, bool codice) {
+    if (prossima) visti.push_back(RifilaBlank(r));
+    prossima = codice ? RifilaBlank(r) == "8" : RifilaBlank(r) == "8";
+  };
+  std::string numero;
+  for (const CoppiaDxf& c : f.Coppie) {
+    // The code line as it was copied; only its trimmed text counts here.
+    numero = std::to_string(c.Codice);
+    riga(numero, true);
+    riga(c.Valore, false);
+  }
+  std::sort(visti.begin(), visti.end());
+  visti.erase(std::unique(visti.begin(), visti.end()), visti.end());
+  std::vector<std::string> piani;
+  piani.reserve(visti.size());
+  for (std::string_view v : visti) piani.emplace_back(v);
+  return piani;
+}
+
+EsitoDxfIn CaricaEntitaDxf(Sessione& s, const FileDxfRidotto& f, const OpzioniDxfIn& o,
+                           const AvanzamentoDxf& avanzamento) {
+  EsitoDxfIn esito;
+  std::string scelti;
+  if (o.Piani)
+    for (const std::string& p : *o.Piani) scelti += " " + p + " ";
+  const auto prima = s.ContaEntita;
+  const bool elevazione = o.Check[DxfQuotaElevazione];
+
+  struct Fase {
+    int check;
+    int slot;
+    std::function<void(Passo&, Lettore&)> passo;
+  };
+  const std::vector<Fase> fasi = {
+      {DxfPolilinee, SlotLinee, [&](Passo& p, Lettore& l) { PassoPolilinee(p, l, elevazione); }},
+      {DxfPolilinee, SlotLinee, [&](Passo& p, Lettore& l) { PassoLwPolilinee(p, l); }},
+      {DxfLinee, SlotLinee, [&](Passo& p, Lettore& l) { PassoLinee(p, l, elevazione); }},
+      {DxfPunti, SlotPunti, [&](Passo& p, Lettore& l) { PassoPunti(p, l, o); }},
+      {DxfTesti, SlotTesti, [&](Passo& p, Lettore& l) { PassoTesti(p, l); }},
+      {DxfCerchi, SlotCerchi, [&](Passo& p, Lettore& l) { PassoCerchi(p, l); }},
+      {DxfArchi, SlotArchi, [&](Passo& p, Lettore& l) { PassoArchi(p, l); }},
+  };
+  int64_t quante = 0;
+  for (const Fase& fa : fasi) quante += o.Check[static_cast<size_t>(fa.check)] ? 1 : 0;
+  const int64_t totale = std::max<int64_t>(1, quante * static_cast<int64_t>(f.Coppie.size()));
+  int64_t base = 0;
+  for (const Fase& fa : fasi) {
+    if (!o.Check[static_cast<size_t>(fa.check)]) continue;
+    if (avanzamento && !avanzamento(base, totale)) {
+      esito.Interrotto = true;
+      break;
+    }
+    const int32_t righe = s.ContaEntita[static_cast<size_t>(fa.slot)];
+    Passo p(s, o, scelti);
+    p.Inizia();
+    Lettore l(f, base, totale, avanzamento);
+    fa.passo(p, l);
+    esito.Righe[static_cast<size_t>(fa.check)] += s.ContaEntita[static_cast<size_t>(fa.slot)] - righe;
+    base += static_cast<int64_t>(f.Coppie.size());
+  }
+  if (!esito.Interrotto && avanzamento && !avanzamento(totale, totale)) esito.Interrotto = true;
+  if (esito.Interrotto) {
+    // The rows beyond the counts are no rows: the job is as it was.
+    s.ContaEntita = prima;
+    esito.Righe = {};
+    return esito;
+  }
+  for (int slot : {SlotPunti, SlotLinee, SlotCerchi, SlotArchi, SlotTesti})
+    if (s.ContaEntita[static_cast<size_t>(slot)] != prima[static_cast<size_t>(slot)]) SegnaModificato(s, slot);
+  return esito;
+}
+
+std::array<bool, NumeroCheckDxf> LeggiCheckDxf(Sessione& s) {
+  std::array<bool, NumeroCheckDxf> check{};
+  for (size_t i = 0; i < check.size(); ++i)
+    check[i] = Val(LeggiImpostazioneUtente(s, "TestoInPunto", std::to_string(i), "0")) != 0;
+  const std::string vecchio = s.CartellaProgramma + "/Dadxf.ini";
+  if (const auto righe = TrovaFile(vecchio)) {
+    // The six kinds of an older edition, read once: the file goes and the settings take over.
+    const std::vector<std::string> valori = RigheFile(*righe);
+    for (size_t i = 0; i < 6; ++i) check[i] = i < valori.size() && Val(Rifila(valori[i])) != 0;
+    if (!s.SolaLettura) EliminaFile(*righe);
+  }
+  return check;
+}
+
+void ScriviCheckDxf(Sessione& s, const std::array<bool, NumeroCheckDxf>& check) {
+  for (size_t i = 0; i < check.size(); ++i)
+    ScriviImpostazioneUtente(s, "TestoInPunto", std::to_string(i), check[i] ? "1" : "0");
+}
+
+std::string PercorsoFileLavoroDxf(const Sessione& s) {
+  return s.CartellaProgramma + "/temp/PROVVISO.DXF";
+}
+
+bool ImportaDxf(Sessione& s, const std::string& percorso, const OpzioniDxfIn& o, EsitoDxfIn* esito,
+                const AvanzamentoDxf& avanzamento) {
+  s.RoutineCorrente = "CaricaDXF";
+  const auto byte = LeggiByte(percorso);
+  if (!byte) {
+    s.Ui->Messaggio("File DXF non trovato:\n" + percorso, "Importa Da DXF ", Icona::Avviso);
+    return false;
+  }
+  std::string errore;
+  const auto f = RiduciDxf(*byte, errore);
+  if (!f) {
+    s.Ui->Messaggio(errore + ":\n" + percorso, "Importa Da DXF ", Icona::Avviso);
+    return false;
+  }
+  if (!s.SolaLettura) {
+    NuovaCartella(s.CartellaProgramma + "/temp");
+    ScriviByte(PercorsoFileLavoroDxf(s), f->Testo);
+  }
+  const EsitoDxfIn e = CaricaEntitaDxf(s, *f, o, avanzamento);
+  if (esito) *esito = e;
+  if (e.Interrotto) return false;
+  if (f->Troncato)
+    s.Ui->Messaggio("Il file DXF è incompleto (manca la fine della sezione ENTITIES): "
+                    "caricate le entità lette fino al danno\n" + percorso,
+                    "Importa Da DXF ", Icona::Avviso);
+  RicostruisciPianiDxf(s);
+  return true;
+}
+
+void RicostruisciPianiDxf(Sessione& s) {
+  std::string nomi;
+  for (const VocePiano& v : ElencoPiani(s)) {
+    if (!v.NellaTabella && s.Piani.size() < static_cast<size_t>(kMassimoPiani)) {
+      Piano p;
+      p.Nome = v.Nome;
+      s.Piani.push_back(p);
+      SegnaModificato(s, SlotPiani);
+    }
+  }
+  for (const Piano& p : s.Piani) nomi += p.Nome + "|";
+  if (!s.SolaLettura)
+    ScriviByte(s.CartellaProgramma + "/PIANI.INI", "\"" + Utf8InCp1252(nomi) + "\"\r\n");
+}
+
+}  // namespace varena
