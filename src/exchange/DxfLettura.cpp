@@ -6,7 +6,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <numbers>
 
 #include "commands/ComandiPiani.h"
 #include "core/CodicePagina.h"
@@ -196,6 +195,8 @@ void Passo::Punto(const Vertice& v, std::string nome) {
 }
 
 void Passo::Testo(const Vertice& v, double altezza, double rotazione, std::string_view testo) {
+  // A number read is always finite; one made from it may not be, and no row holds that.
+  if (!std::isfinite(altezza) || !std::isfinite(rotazione)) return;
   DimensionaTesti(s_);
   const auto k = static_cast<size_t>(s_.ContaEntita[SlotTesti]);
   s_.TestoIdent[k] = 0;
@@ -228,6 +229,7 @@ void Passo::Cerchio(const Vertice& c, double raggio) {
 }
 
 void Passo::Arco(const Vertice& c, double raggio, double inizio, double ampiezza) {
+  if (!std::isfinite(inizio) || !std::isfinite(ampiezza)) return;
   DimensionaArchi(s_);
   const auto k = static_cast<size_t>(s_.ContaEntita[SlotArchi]);
   s_.ArcoIdent[k] = 0;
@@ -534,25 +536,21 @@ std::optional<FileDxfRidotto> RiduciDxf(std::string_view byte, std::string& erro
 }
 
 std::vector<std::string> PianiDxf(const FileDxfRidotto& f) {
-  // Line by line, not by pairs: a value "8" makes the code after it a layer too.
-  std::vector<std::string_view> visti;
-  bool prossima = false;
-  auto riga = [&](std::string_view r, bool codice) {
-    if (prossima) visti.push_back(RifilaBlank(r));
-    prossima = codice ? RifilaBlank(r) == "8" : RifilaBlank(r) == "8";
-  };
-  std::string numero;
-  for (const CoppiaDxf& c : f.Coppie) {
-    // The code line as it was copied; only its trimmed text counts here.
-    numero = std::to_string(c.Codice);
-    riga(numero, true);
-    riga(c.Valore, false);
-  }
-  std::sort(visti.begin(), visti.end());
-  visti.erase(std::unique(visti.begin(), visti.end()), visti.end());
+  // Line by line, not by pairs: a value "8" makes the code line after it a layer too.
   std::vector<std::string> piani;
-  piani.reserve(visti.size());
-  for (std::string_view v : visti) piani.emplace_back(v);
+  bool prossima = false;
+  auto riga = [&](std::string_view r) {
+    const std::string_view t = RifilaBlank(r);
+    if (prossima) piani.emplace_back(t);
+    prossima = t == "8";
+  };
+  for (const CoppiaDxf& c : f.Coppie) {
+    // The code line as it was copied: only its trimmed text counts, and that is the number.
+    riga(std::to_string(c.Codice));
+    riga(c.Valore);
+  }
+  std::sort(piani.begin(), piani.end());
+  piani.erase(std::unique(piani.begin(), piani.end()), piani.end());
   return piani;
 }
 
@@ -635,30 +633,37 @@ std::string PercorsoFileLavoroDxf(const Sessione& s) {
 bool ImportaDxf(Sessione& s, const std::string& percorso, const OpzioniDxfIn& o, EsitoDxfIn* esito,
                 const AvanzamentoDxf& avanzamento) {
   s.RoutineCorrente = "CaricaDXF";
-  const auto byte = LeggiByte(percorso);
-  if (!byte) {
-    s.Ui->Messaggio("File DXF non trovato:\n" + percorso, "Importa Da DXF ", Icona::Avviso);
-    return false;
-  }
-  std::string errore;
-  const auto f = RiduciDxf(*byte, errore);
-  if (!f) {
-    s.Ui->Messaggio(errore + ":\n" + percorso, "Importa Da DXF ", Icona::Avviso);
-    return false;
-  }
-  if (!s.SolaLettura) {
-    NuovaCartella(s.CartellaProgramma + "/temp");
-    ScriviByte(PercorsoFileLavoroDxf(s), f->Testo);
-  }
-  const EsitoDxfIn e = CaricaEntitaDxf(s, *f, o, avanzamento);
-  if (esito) *esito = e;
-  if (e.Interrotto) return false;
-  if (f->Troncato)
-    s.Ui->Messaggio("Il file DXF è incompleto (manca la fine della sezione ENTITIES): "
-                    "caricate le entità lette fino al danno\n" + percorso,
-                    "Importa Da DXF ", Icona::Avviso);
-  RicostruisciPianiDxf(s);
-  return true;
+  const auto prima = s.ContaEntita;
+  bool letto = false;
+  const bool ok = Protetto(s, [&] {
+    const auto byte = LeggiByte(percorso);
+    if (!byte) {
+      s.Ui->Messaggio("File DXF non trovato:\n" + percorso, "Importa Da DXF ", Icona::Avviso);
+      return;
+    }
+    std::string errore;
+    const auto f = RiduciDxf(*byte, errore);
+    if (!f) {
+      s.Ui->Messaggio(errore + ":\n" + percorso, "Importa Da DXF ", Icona::Avviso);
+      return;
+    }
+    if (!s.SolaLettura) {
+      NuovaCartella(s.CartellaProgramma + "/temp");
+      ScriviByte(PercorsoFileLavoroDxf(s), f->Testo);
+    }
+    const EsitoDxfIn e = CaricaEntitaDxf(s, *f, o, avanzamento);
+    if (esito) *esito = e;
+    if (e.Interrotto) return;
+    if (f->Troncato)
+      s.Ui->Messaggio("Il file DXF è incompleto (manca la fine della sezione ENTITIES): "
+                      "caricate le entità lette fino al danno\n" + percorso,
+                      "Importa Da DXF ", Icona::Avviso);
+    letto = true;
+    RicostruisciPianiDxf(s);
+  });
+  // A failure before the passes ended leaves no half of a drawing behind.
+  if (!ok && !letto) s.ContaEntita = prima;
+  return ok && letto;
 }
 
 void RicostruisciPianiDxf(Sessione& s) {
