@@ -8,9 +8,11 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
+#include "exchange/DxfScrittura.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
+#include "view/Rigenera.h"
 
 namespace varena::cli {
 
@@ -86,6 +88,68 @@ const RegistraComando kDxfIn("dxf-in",
                              "dxf-in LAVORO.CFG FILE.DXF [--kinds TIPI] [--layers PIANI] [--numera PRIMO] "
                              "[--passo N] [--quota-elevazione]",
                              ComandoDxfIn, {"--kinds", "--layers", "--numera", "--passo"});
+
+// The checks of the export dialog, as flags.
+struct FlagDxfOut {
+  const char* flag;
+  bool OpzioniDxfOut::*campo;
+};
+constexpr FlagDxfOut kFlagDxfOut[] = {
+    {"--simboli", &OpzioniDxfOut::Simboli},
+    {"--nomi", &OpzioniDxfOut::Nomi},
+    {"--quote", &OpzioniDxfOut::Quote},
+    {"--descrizioni", &OpzioniDxfOut::Descrizioni},
+    {"--coincidenti", &OpzioniDxfOut::Coincidenti},
+    {"--curve", &OpzioniDxfOut::Curve},
+    {"--descrizioni-piani", &OpzioniDxfOut::DescrizioniPiani},
+    {"--piani-semplificati", &OpzioniDxfOut::PianiSemplificati},
+    {"--punti-planimetrici", &OpzioniDxfOut::PuntiPlanimetrici},
+    {"--escludi-simboli", &OpzioniDxfOut::EscludiSimboli},
+    {"--3d", &OpzioniDxfOut::TreD},
+    {"--linee-senza-quota", &OpzioniDxfOut::LineeSenzaQuota},
+    {"--assegna-colore", &OpzioniDxfOut::AssegnaColore},
+    {"--assegna-tratteggio", &OpzioniDxfOut::AssegnaTratteggio},
+    {"--completo", &OpzioniDxfOut::Completo},
+};
+// The layer fields, by their index.
+constexpr const char* kPianiDxfOut[] = {"--piano-nomi", "--piano-simboli", "--piano-quote", "--piano-descrizioni",
+                                        "--piano-curve", nullptr, nullptr, "--piano-entita", nullptr,
+                                        "--altezza-caratteri"};
+
+int ComandoDxfOut(const Argomenti& a, std::ostream& out, std::ostream& err) {
+  if (a.Posizionali.size() != 2) {
+    err << "uso: varena-cli dxf-out LAVORO.CFG FILE.DXF [--simboli] [--nomi] [--quote] [--descrizioni]\n"
+           "                [--coincidenti] [--curve] [--descrizioni-piani] [--piani-semplificati]\n"
+           "                [--punti-planimetrici] [--escludi-simboli] [--3d] [--linee-senza-quota]\n"
+           "                [--assegna-colore] [--assegna-tratteggio] [--completo] [--font NOME]\n"
+           "                [--piano-nomi P] [--piano-simboli P] [--piano-quote P] [--piano-descrizioni P]\n"
+           "                [--piano-curve P] [--piano-entita P] [--altezza-caratteri H]\n";
+    return 64;
+  }
+  OpzioniDxfOut o;
+  for (const FlagDxfOut& f : kFlagDxfOut) o.*f.campo = a.Ha(f.flag);
+  o.Font = a.Valore("--font");
+  for (size_t k = 0; k < std::size(kPianiDxfOut); ++k)
+    if (kPianiDxfOut[k] && !a.Valore(kPianiDxfOut[k]).empty()) o.Text1[k] = a.Valore(kPianiDxfOut[k]);
+  Sessione s;
+  InterfacciaTerminale ui(err);
+  s.Ui = &ui;
+  if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
+  RigeneraLista(s);
+  if (!DxfOut(s, o, a.Posizionali[1])) return 2;
+  out << a.Posizionali[1] << "\n";
+  return ui.Errori == 0 ? 0 : 2;
+}
+
+std::vector<std::string> ConValoreDxfOut() {
+  std::vector<std::string> v{"--font"};
+  for (const char* p : kPianiDxfOut)
+    if (p) v.emplace_back(p);
+  return v;
+}
+
+const RegistraComando kDxfOut("dxf-out", "dxf-out LAVORO.CFG FILE.DXF [opzioni del dialogo Esporta DXF]",
+                              ComandoDxfOut, ConValoreDxfOut());
 
 }  // namespace
 
