@@ -54,13 +54,16 @@ class Righe {
 };
 
 int16_t CodiceCopiato(std::string_view riga) {
+  // The trimmed line must be one of the codes as written: digits only, no leading zero.
   const std::string_view c = RifilaBlank(riga);
+  if (c.empty() || c.size() > 2 || (c.size() == 2 && c[0] == '0')) return -1;
+  int n = 0;
+  for (char ch : c) {
+    if (ch < '0' || ch > '9') return -1;
+    n = n * 10 + (ch - '0');
+  }
   for (std::string_view k : kCodiciCopiati)
-    if (c == k) {
-      int16_t n = 0;
-      std::from_chars(k.data(), k.data() + k.size(), n);
-      return n;
-    }
+    if (c == k) return static_cast<int16_t>(n);
   return -1;
 }
 
@@ -274,14 +277,18 @@ class Lettore {
   const AvanzamentoDxf& avanzamento_;
 };
 
-double Angolo(std::string_view v) { return Numero(v); }
+// The values of an entity are kept as they stand and read only when the entity is written:
+// most passes go over entities of other kinds, whose numbers they never need.
+struct VerticeDxf {
+  std::string_view X, Y, Z;
+  Vertice Valore() const { return {Numero(X), Numero(Y), Numero(Z)}; }
+};
 
 // The kinds, each a pass of its own.
 void PassoPolilinee(Passo& p, Lettore& l, bool elevazione) {
-  std::string_view precedente;
+  std::string_view precedente, flag70;
   int stato = 0;
-  int64_t flag70 = 0;
-  Vertice primo, prima, corrente;
+  VerticeDxf primo, prima, corrente;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0: {
@@ -293,29 +300,29 @@ void PassoPolilinee(Passo& p, Lettore& l, bool elevazione) {
               primo = prima = corrente;
               stato = 1;
             } else {
-              p.Linea(prima, corrente);
+              p.Linea(prima.Valore(), corrente.Valore());
               prima = corrente;
               stato = 2;
             }
           } else if (nuovo == "SEQEND") {
             // `FinePlinea`: the last segment is added whatever the state, so a polyline of one
             // vertex draws from the vertex held before it.
-            p.Linea(prima, corrente);
-            if (stato == 2 && flag70 == 1) p.Linea(corrente, primo);
+            p.Linea(prima.Valore(), corrente.Valore());
+            if (stato == 2 && ArrotondaPari(Numero(flag70)) == 1) p.Linea(corrente.Valore(), primo.Valore());
             stato = 0;
-            flag70 = 0;
+            flag70 = {};
           }
         }
         precedente = nuovo;
         break;
       }
       case 8: p.Piano(c.Valore); break;
-      case 10: corrente.X = Numero(c.Valore); break;
-      case 20: corrente.Y = Numero(c.Valore); break;
-      case 30: corrente.Z = Numero(c.Valore); break;
-      case 70: flag70 = ArrotondaPari(Numero(c.Valore)); break;
+      case 10: corrente.X = c.Valore; break;
+      case 20: corrente.Y = c.Valore; break;
+      case 30: corrente.Z = c.Valore; break;
+      case 70: flag70 = c.Valore; break;
       case kCodiceElevazione:
-        if (elevazione) corrente.Z = Numero(c.Valore);
+        if (elevazione) corrente.Z = c.Valore;
         break;
       default: break;
     }
@@ -325,7 +332,7 @@ void PassoPolilinee(Passo& p, Lettore& l, bool elevazione) {
 void PassoLwPolilinee(Passo& p, Lettore& l) {
   std::string_view precedente;
   bool tenuto = false;
-  Vertice vecchio, nuovo;
+  VerticeDxf vecchio, nuovo;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
@@ -333,12 +340,12 @@ void PassoLwPolilinee(Passo& p, Lettore& l) {
         if (precedente == "LWPOLYLINE") tenuto = false;
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: nuovo.X = Numero(c.Valore); break;
+      case 10: nuovo.X = c.Valore; break;
       case 20:
-        nuovo.Y = Numero(c.Valore);
+        nuovo.Y = c.Valore;
         // The new vertex is the first end of the segment, the one held the second; the
-        // closed flag is not read, so a closed outline stays open.
-        if (p.Scelto() && precedente == "LWPOLYLINE" && tenuto) p.Linea(nuovo, vecchio);
+        // closed flag is not read, so a closed outline stays open. No height: Z 0.
+        if (p.Scelto() && precedente == "LWPOLYLINE" && tenuto) p.Linea(nuovo.Valore(), vecchio.Valore());
         vecchio = nuovo;
         tenuto = true;
         break;
@@ -349,22 +356,22 @@ void PassoLwPolilinee(Passo& p, Lettore& l) {
 
 void PassoLinee(Passo& p, Lettore& l, bool elevazione) {
   std::string_view precedente;
-  Vertice a, b;
+  VerticeDxf a, b;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
-        if (p.Scelto() && precedente == "LINE") p.Linea(a, b);
+        if (p.Scelto() && precedente == "LINE") p.Linea(a.Valore(), b.Valore());
         precedente = RifilaBlank(c.Valore);
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: a.X = Numero(c.Valore); break;
-      case 20: a.Y = Numero(c.Valore); break;
-      case 30: a.Z = Numero(c.Valore); break;
-      case 11: b.X = Numero(c.Valore); break;
-      case 21: b.Y = Numero(c.Valore); break;
-      case 31: b.Z = Numero(c.Valore); break;
+      case 10: a.X = c.Valore; break;
+      case 20: a.Y = c.Valore; break;
+      case 30: a.Z = c.Valore; break;
+      case 11: b.X = c.Valore; break;
+      case 21: b.Y = c.Valore; break;
+      case 31: b.Z = c.Valore; break;
       case kCodiceElevazione:
-        if (elevazione) a.Z = b.Z = Numero(c.Valore);
+        if (elevazione) a.Z = b.Z = c.Valore;
         break;
       default: break;
     }
@@ -383,47 +390,46 @@ std::string NomeSeguente(const std::string& nome, double passo) {
 
 void PassoPunti(Passo& p, Lettore& l, const OpzioniDxfIn& o) {
   std::string_view precedente;
-  Vertice v;
+  VerticeDxf v;
   std::string nome = Rifila(o.PrimoNome);
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
         if (p.Scelto() && precedente == "POINT") {
           if (o.Check[DxfNumeraPunti]) {
-            p.Punto(v, nome);
+            p.Punto(v.Valore(), nome);
             nome = NomeSeguente(nome, o.Passo);
           } else {
-            p.Punto(v, {});
+            p.Punto(v.Valore(), {});
           }
         }
         precedente = RifilaBlank(c.Valore);
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: v.X = Numero(c.Valore); break;
-      case 20: v.Y = Numero(c.Valore); break;
-      case 30: v.Z = Numero(c.Valore); break;
+      case 10: v.X = c.Valore; break;
+      case 20: v.Y = c.Valore; break;
+      case 30: v.Z = c.Valore; break;
       default: break;
     }
   });
 }
 
 void PassoTesti(Passo& p, Lettore& l) {
-  std::string_view precedente, testo;
-  Vertice v;
-  double altezza = 0, angolo = 0;
+  std::string_view precedente, testo, altezza, angolo;
+  VerticeDxf v;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
         // The height is kept doubled, and the angle turned to gon clockwise.
-        if (p.Scelto() && precedente == "TEXT") p.Testo(v, 2 * altezza, 400 - 400 * angolo / 360, testo);
+        if (p.Scelto() && precedente == "TEXT") p.Testo(v.Valore(), 2 * Numero(altezza), 400 - 400 * Numero(angolo) / 360, testo);
         precedente = RifilaBlank(c.Valore);
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: v.X = Numero(c.Valore); break;
-      case 20: v.Y = Numero(c.Valore); break;
-      case 30: v.Z = Numero(c.Valore); break;
-      case 40: altezza = Numero(c.Valore); break;
-      case 50: angolo = Angolo(c.Valore); break;
+      case 10: v.X = c.Valore; break;
+      case 20: v.Y = c.Valore; break;
+      case 30: v.Z = c.Valore; break;
+      case 40: altezza = c.Valore; break;
+      case 50: angolo = c.Valore; break;
       case 1: testo = c.Valore; break;
       default: break;
     }
@@ -431,20 +437,19 @@ void PassoTesti(Passo& p, Lettore& l) {
 }
 
 void PassoCerchi(Passo& p, Lettore& l) {
-  std::string_view precedente;
-  Vertice v;
-  double raggio = 0;
+  std::string_view precedente, raggio;
+  VerticeDxf v;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
-        if (p.Scelto() && precedente == "CIRCLE") p.Cerchio(v, raggio);
+        if (p.Scelto() && precedente == "CIRCLE") p.Cerchio(v.Valore(), Numero(raggio));
         precedente = RifilaBlank(c.Valore);
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: v.X = Numero(c.Valore); break;
-      case 20: v.Y = Numero(c.Valore); break;
-      case 30: v.Z = Numero(c.Valore); break;
-      case 40: raggio = Numero(c.Valore); break;
+      case 10: v.X = c.Valore; break;
+      case 20: v.Y = c.Valore; break;
+      case 30: v.Z = c.Valore; break;
+      case 40: raggio = c.Valore; break;
       default: break;
     }
   });
@@ -458,28 +463,27 @@ double Azimut(double gradi) {
 }
 
 void PassoArchi(Passo& p, Lettore& l) {
-  std::string_view precedente;
-  Vertice v;
-  double raggio = 0, a50 = 0, a51 = 0;
+  std::string_view precedente, raggio, a50, a51;
+  VerticeDxf v;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
         if (p.Scelto() && precedente == "ARC") {
           const double pi = 4 * std::atan(1.0);
-          const double t50 = Azimut(a50), t51 = Azimut(a51);
+          const double t50 = Azimut(Numero(a50)), t51 = Azimut(Numero(a51));
           double ampiezza = t50 - t51;
           if (ampiezza < 0) ampiezza += 2 * pi;
-          p.Arco(v, raggio, t51 * 200 / pi, ampiezza * 200 / pi);
+          p.Arco(v.Valore(), Numero(raggio), t51 * 200 / pi, ampiezza * 200 / pi);
         }
         precedente = RifilaBlank(c.Valore);
         break;
       case 8: p.Piano(c.Valore); break;
-      case 10: v.X = Numero(c.Valore); break;
-      case 20: v.Y = Numero(c.Valore); break;
-      case 30: v.Z = Numero(c.Valore); break;
-      case 40: raggio = Numero(c.Valore); break;
-      case 50: a50 = Angolo(c.Valore); break;
-      case 51: a51 = Angolo(c.Valore); break;
+      case 10: v.X = c.Valore; break;
+      case 20: v.Y = c.Valore; break;
+      case 30: v.Z = c.Valore; break;
+      case 40: raggio = c.Valore; break;
+      case 50: a50 = c.Valore; break;
+      case 51: a51 = c.Valore; break;
       default: break;
     }
   });
@@ -507,31 +511,28 @@ std::optional<FileDxfRidotto> RiduciDxf(std::string_view byte, std::string& erro
     return std::nullopt;
   }
   FileDxfRidotto f;
-  f.Testo.reserve(byte.size() - std::min(byte.size(), static_cast<size_t>(riga.data() - byte.data())));
-  struct Posto {
-    int16_t codice;
-    size_t inizio, lunghezza;
-  };
-  std::vector<Posto> posti;
+  // Room for every line left, each of which may grow by the CR of its end: the text then
+  // never moves while it is written, and the pairs can point into it as they are made.
+  const size_t resto = byte.size() - std::min(byte.size(), static_cast<size_t>(riga.data() - byte.data()));
+  f.Testo.reserve(resto + resto / 2 + 16);
+  f.Coppie.reserve(resto / 16);
   f.Troncato = true;
   std::string_view codice, valore;
   while (righe.Prossima(codice)) {
     // A code without its value ends the section where it stands.
     if (!righe.Prossima(valore)) break;
-    const bool fine = RifilaBlank(valore) == "ENDSEC";
     const int16_t n = CodiceCopiato(codice);
     if (n >= 0) {
       f.Testo.append(codice).append("\r\n");
-      posti.push_back({n, f.Testo.size(), valore.size()});
+      const size_t inizio = f.Testo.size();
       f.Testo.append(valore).append("\r\n");
+      f.Coppie.push_back({n, std::string_view(f.Testo).substr(inizio, valore.size())});
     }
-    if (fine) {
+    if (RifilaBlank(valore) == "ENDSEC") {
       f.Troncato = false;
       break;
     }
   }
-  f.Coppie.reserve(posti.size());
-  for (const Posto& p : posti) f.Coppie.push_back({p.codice, std::string_view(f.Testo).substr(p.inizio, p.lunghezza)});
   return f;
 }
 

@@ -45,6 +45,13 @@ struct CoppiaDxf {
 };
 
 struct FileDxfRidotto {
+  FileDxfRidotto() = default;
+  // The pairs point into the text: moved whole, never copied.
+  FileDxfRidotto(FileDxfRidotto&&) = default;
+  FileDxfRidotto& operator=(FileDxfRidotto&&) = default;
+  FileDxfRidotto(const FileDxfRidotto&) = delete;
+  FileDxfRidotto& operator=(const FileDxfRidotto&) = delete;
+
   std::string Testo;  // the work file: the pairs kept, each line ended by CR LF
   std::vector<CoppiaDxf> Coppie;
   // The section ended without "ENDSEC": the entity cut by the damage never gets the group 0
