@@ -11,6 +11,8 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
+#include "exchange/DxfTestiInPunto.h"
+#include "support/ProvaComandi.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -258,6 +260,51 @@ TEST_F(DxfIn, CheckDaDadxfUnaVolta) {
   atteso[DxfTesti] = atteso[DxfTestiInPunto] = true;
   ScriviCheckDxf(s, atteso);
   EXPECT_EQ(LeggiCheckDxf(s), atteso);
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+TEST(DxfTestiInPunto, CoincidentiPoiIlPiuVicino) {
+  Sessione s;
+  auto punto = [&](double x, double y, const char* piano) {
+    const int32_t r = prova::MettiPunto(s, "", x, y);
+    s.PuntoPiano[static_cast<size_t>(r)] = piano;
+    return static_cast<size_t>(r);
+  };
+  auto testo = [&](double x, double y, const char* t, const char* piano) {
+    const int32_t r = prova::MettiTesto(s, x, y, t);
+    s.TestoPiano[static_cast<size_t>(r)] = piano;
+  };
+  const size_t p0 = punto(0, 0, "PUNTI"), p1 = punto(10, 0, "punti"), altro = punto(5, 5, "ALTRO");
+  testo(0, 0, " 101 ", "nomi");   // on p0: taken first ...
+  testo(10.5, 0, "102", "NOMI");  // the nearest to p1
+  testo(0.3, 0, "103", "NOMI");   // ... and then overwritten by the nearest left to p0
+  testo(1, 1, "spigolo", "DESCRIZIONI");
+  testo(10, 1, "14,5", "QUOTE");
+  testo(0, -1, "12.25", "QUOTE");
+  testo(5, 5, "resta", "ALTRO");
+  prova::MettiLinea(s, 0, 0, 10, 0);
+  prova::MettiLinea(s, 0, 0, 3, 3);
+  prova::MettiLinea(s, 20, 20, 30, 30);
+  OpzioniTestiInPunto o;
+  o.EliminaLinee = true;
+  EXPECT_EQ(ElaboraTestiInPunto(s, o), 6);
+  EXPECT_EQ(s.PuntoNome[p0], "103");
+  EXPECT_EQ(s.PuntoNome[p1], "102");
+  EXPECT_EQ(s.PuntoNome[altro], "");
+  EXPECT_EQ(s.PuntoDescrizione[p0], "spigolo");
+  EXPECT_EQ(s.PuntoDescrizione[p1], "");
+  EXPECT_EQ(s.PuntoZ[p0], 12.25);
+  EXPECT_EQ(s.PuntoZ[p1], 14);  // the comma ends the number
+  for (size_t t = 0; t < 6; ++t) EXPECT_EQ(s.TestoIdent[t], -1) << t;
+  EXPECT_EQ(s.TestoIdent[6], 0);
+  EXPECT_EQ(s.LineaIdent[0], 0);
+  EXPECT_EQ(s.LineaIdent[1], 0);
+  EXPECT_EQ(s.LineaIdent[2], -1);
 }
 
 }  // namespace
