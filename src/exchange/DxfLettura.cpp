@@ -489,6 +489,33 @@ void PassoArchi(Passo& p, Lettore& l) {
   });
 }
 
+// The pairs from where `righe` stands to the value "ENDSEC", those of the codes read kept.
+FileDxfRidotto CopiaCoppie(Righe& righe, size_t resto) {
+  FileDxfRidotto f;
+  // Room for every line left, each of which may grow by the CR of its end: the text then
+  // never moves while it is written, and the pairs can point into it as they are made.
+  f.Testo.reserve(resto + resto / 2 + 16);
+  f.Coppie.reserve(resto / 16);
+  f.Troncato = true;
+  std::string_view codice, valore;
+  while (righe.Prossima(codice)) {
+    // A code without its value ends the section where it stands.
+    if (!righe.Prossima(valore)) break;
+    const int16_t n = CodiceCopiato(codice);
+    if (n >= 0) {
+      f.Testo.append(codice).append("\r\n");
+      const size_t inizio = f.Testo.size();
+      f.Testo.append(valore).append("\r\n");
+      f.Coppie.push_back({n, std::string_view(f.Testo).substr(inizio, valore.size())});
+    }
+    if (RifilaBlank(valore) == "ENDSEC") {
+      f.Troncato = false;
+      break;
+    }
+  }
+  return f;
+}
+
 constexpr std::string_view kIntestazioneBinaria = "AutoCAD Binary DXF";
 
 }  // namespace
@@ -510,30 +537,13 @@ std::optional<FileDxfRidotto> RiduciDxf(std::string_view byte, std::string& erro
     errore = "Sezione ENTITIES non trovata: il file non contiene entità DXF leggibili";
     return std::nullopt;
   }
-  FileDxfRidotto f;
-  // Room for every line left, each of which may grow by the CR of its end: the text then
-  // never moves while it is written, and the pairs can point into it as they are made.
   const size_t resto = byte.size() - std::min(byte.size(), static_cast<size_t>(riga.data() - byte.data()));
-  f.Testo.reserve(resto + resto / 2 + 16);
-  f.Coppie.reserve(resto / 16);
-  f.Troncato = true;
-  std::string_view codice, valore;
-  while (righe.Prossima(codice)) {
-    // A code without its value ends the section where it stands.
-    if (!righe.Prossima(valore)) break;
-    const int16_t n = CodiceCopiato(codice);
-    if (n >= 0) {
-      f.Testo.append(codice).append("\r\n");
-      const size_t inizio = f.Testo.size();
-      f.Testo.append(valore).append("\r\n");
-      f.Coppie.push_back({n, std::string_view(f.Testo).substr(inizio, valore.size())});
-    }
-    if (RifilaBlank(valore) == "ENDSEC") {
-      f.Troncato = false;
-      break;
-    }
-  }
-  return f;
+  return CopiaCoppie(righe, resto);
+}
+
+FileDxfRidotto LeggiFileLavoroDxf(std::string_view byte) {
+  Righe righe(byte);
+  return CopiaCoppie(righe, byte.size());
 }
 
 std::vector<std::string> PianiDxf(const FileDxfRidotto& f) {

@@ -63,6 +63,9 @@ struct FileDxfRidotto {
 // ENTITIES section.
 std::optional<FileDxfRidotto> RiduciDxf(std::string_view byte, std::string& errore);
 
+// The work file read back for the passes: its pairs as they stand.
+FileDxfRidotto LeggiFileLavoroDxf(std::string_view byte);
+
 // The layer pass: the distinct names behind group 8, sorted as the list box sorts them.
 std::vector<std::string> PianiDxf(const FileDxfRidotto& f);
 

@@ -12,6 +12,8 @@
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "commands/Comandi.h"
+#include "core/Dialoghi.h"
 #include "support/ProvaComandi.h"
 #include "support/Supporto.h"
 
@@ -305,6 +307,67 @@ TEST(DxfTestiInPunto, CoincidentiPoiIlPiuVicino) {
   EXPECT_EQ(s.LineaIdent[0], 0);
   EXPECT_EQ(s.LineaIdent[1], 0);
   EXPECT_EQ(s.LineaIdent[2], -1);
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// The two dialogs as the user goes through them: a drawing of a point with its name comes in,
+// the name goes onto the point, and the job goes out again.
+TEST(DxfDialoghi, ImportaPoiEsporta) {
+  prova::CartellaTemporanea dir;
+  InterfacciaRegistrata ui;
+  Sessione s;
+  s.Ui = &ui;
+  s.CartellaProgramma = dir / "prog";
+  s.CartellaUtente = dir / "prog";
+  std::filesystem::create_directory(s.CartellaProgramma);
+  s.NomeOriginale = s.NomeLavoro = dir / "LAVORO";
+  s.ConfiguraPunti.Classi[ClassePunti].DimNome = 1.5;  // points come in drawn as the class says
+  prova::ScriviFileProva(dir / "a.dxf", Coppie("0|SECTION|2|ENTITIES|0|POINT|8|PUNTI|10|5|20|6|30|7|"
+                                               "0|TEXT|8|NOMI|10|5.2|20|6.1|40|1|1|P12|0|LINE|8|ALTRO|10|0|20|0|"
+                                               "11|1|21|1|0|ENDSEC|0|EOF"));
+  ui.RispondiFile(dir / "a.dxf");
+  EseguiTag(s, "CARICA_DXF");
+  ASSERT_TRUE(DialogoAperto(s, "FormDaDxf"));
+  EXPECT_EQ(TrovaDialogo(s, "FormDaDxf")->Valore("Piani"), "ALTRO|NOMI|PUNTI");
+  ASSERT_TRUE(PremiBottone(s, "FormDaDxf", "Inverti"));
+  EXPECT_EQ(TrovaDialogo(s, "FormDaDxf")->Valore("Piani"), "");
+  ASSERT_TRUE(PremiBottone(s, "FormDaDxf", "Tutti"));
+  for (const char* c : {"Check0", "Check1", "Check2", "Check3", "Check8"}) ASSERT_TRUE(ScriviCampo(s, "FormDaDxf", c, "1"));
+  ASSERT_TRUE(ScriviCampo(s, "FormDaDxf", "Piani", "NOMI|PUNTI"));
+  ASSERT_TRUE(PremiBottone(s, "FormDaDxf", "Carica"));
+  EXPECT_FALSE(DialogoAperto(s, "FormDaDxf"));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(s.ContaEntita[SlotTesti], 1);
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);  // its layer was left out
+  EXPECT_FALSE(ui.Avanzamento.empty());
+  ASSERT_TRUE(PremiBottone(s, "FormConvertiAutomatico", "OK"));
+  EXPECT_EQ(s.PuntoNome[0], "P12");
+  EXPECT_EQ(s.TestoIdent[0], -1);
+  // The checks are kept for the next import.
+  EXPECT_EQ(LeggiCheckDxf(s)[DxfTestiInPunto], true);
+
+  EseguiTag(s, "ESPORTA_DXF");
+  ASSERT_TRUE(DialogoAperto(s, "EsportaDxf"));
+  ASSERT_TRUE(ScriviCampo(s, "EsportaDxf", "NOMI", "1"));
+  ASSERT_TRUE(ScriviCampo(s, "EsportaDxf", "ESCLUDI_SIMBOLI", "1"));
+  prova::ScriviFileProva(dir / "b.dxf", "vecchio");
+  ui.RispondiFile(dir / "b.dxf");
+  ui.Rispondi(Risposta::Si);  // replace it
+  ui.Rispondi(Risposta::No);  // do not open it
+  ASSERT_TRUE(PremiBottone(s, "EsportaDxf", "OK"));
+  ASSERT_EQ(ui.Domande.size(), 2u);
+  EXPECT_EQ(ui.Domande[0].Testo, "Il File\n" + (dir / "b.dxf") + "\nè esistente!\nSostituire con il nuovo?");
+  EXPECT_EQ(ui.Domande[0].Titolo, "File Esistente!!");
+  EXPECT_EQ(ui.Domande[1].Titolo, "Apertura file DXF ");
+  EXPECT_EQ(prova::LeggiFileProva(dir / "b.dxf"),
+            " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nTEXT\r\n 8\r\nPUNTI_N\r\n62\r\n1\r\n 10\r\n5\r\n 20\r\n6\r\n"
+            " 40\r\n1.5\r\n 1\r\n P12\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  EXPECT_TRUE(prova::Esiste(dir / "prog/CFGDXF2000.ini"));
 }
 
 }  // namespace
