@@ -64,9 +64,12 @@ void CaricaDaDialogo(Sessione& s) {
   // The bar of the desktop follows the passes.
   const EsitoDxfIn e = CaricaEntitaDxf(s, f, o, [&](int64_t fatto, int64_t totale) {
     s.Ui->Progresso(fatto, totale);
-    return true;
+    return !s.Ui->Interrotto();
   });
-  if (e.Interrotto) return;
+  if (e.Interrotto) {
+    s.Ui->Progresso(0, 0);
+    return;
+  }
   RicostruisciPianiDxf(s);
   if (o.Check[DxfTestiInPunto])
     ApriConvertiAutomatico(s);
