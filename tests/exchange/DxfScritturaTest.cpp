@@ -9,6 +9,7 @@
 #include "core/Testo.h"
 #include "exchange/DxfScrittura.h"
 #include "support/ProvaComandi.h"
+#include "view/ListaDisegno.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -175,6 +176,18 @@ TEST_F(DxfOutTest, CurveEFalde) {
   s.FaldaX3[f] = 7, s.FaldaY3[f] = 8, s.FaldaZ3[f] = 9;
   EXPECT_EQ(Corpo(), Righe(" 0|3DFACE| 8|3DFACE| 10|1| 20|2| 30|3| 11|4| 21|5| 31|6| 12|7| 22|8| 32|9|"
                            " 13|1| 23|2| 33|3"));
+  // What the drawing shows of a Contorno-7 and of a picture's name; a line of the line
+  // table in the list is written from the table, not again from the list.
+  s.ContaEntita[SlotFalde] = 0;
+  prova::MettiRecordLista(s, SlotSette, 0, 1, 2, 3, 4);
+  prova::MettiRecordLista(s, SlotLinee, 0, 5, 6, 7, 8);
+  RecordDisegno t;
+  t.Tipo = SlotBitmap, t.Primitiva = PrimTesto, t.X1 = 10, t.Y1 = 20, t.Altezza = 2, t.Rotazione = 100;
+  t.Testo = "foto.png", t.Font = "Arial", t.Piano = "FOTO 1", t.Colore = 7;
+  s.ListaDisegno.Aggiungi(t);
+  o.TreD = true;
+  EXPECT_EQ(Corpo(), Righe(" 0|LINE| 8|0|62|1| 10|1| 20|2| 30| 0 | 11|3| 21|4| 31| 0 |"
+                           " 0|TEXT| 8|FOTO_1|62|7| 10|12.4| 20|20| 30| 0 | 40|2| 7 |Arial| 1|foto.png| 50 |90"));
 }
 
 TEST_F(DxfOutTest, OpzioniNelFile) {
