@@ -133,6 +133,8 @@ class Passo {
     tagliato_ = PianoTagliato(TestoDxf(corrente_));
   }
   bool Scelto() const { return scelto_; }
+  // Before the first group 8 the layer is the empty name.
+  void Inizia() { Piano(""); }
 
   void Linea(const Vertice& a, const Vertice& b) {
     DimensionaLinee(s_);
@@ -164,10 +166,6 @@ class Passo {
   std::string corrente_{"\x01"};  // no layer read yet: the first group 8 is always news
   bool scelto_ = false;
   std::string tagliato_;
-
- public:
-  // Before the first group 8 the layer is the empty name.
-  void Inizia() { Piano(""); }
 };
 
 void Passo::Punto(const Vertice& v, std::string nome) {

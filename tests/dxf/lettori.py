@@ -160,6 +160,28 @@ for nome, argomenti, semplificati, colore in prove:
         guasti.append('%s, LibreCAD: %d tratti nel PDF, almeno %d attesi' % (nome, tratti, minimo))
     print('%s: ezdxf, GDAL e LibreCAD concordi (%d entità, %d tratti)' % (nome, sum(atteso.values()), tratti))
 
+# A job of lines, circles and arcs alone, brought in from a drawing ezdxf wrote: LibreCAD must
+# paint each of them as exactly one stroke.
+disegno = ezdxf.new('R2000')
+m = disegno.modelspace()
+for k in range(5):
+    m.add_line((k, 0), (k, 10), dxfattribs={'layer': 'RETE'})
+m.add_lwpolyline([(0, 0), (4, 0), (4, 4)], dxfattribs={'layer': 'LOTTO'})
+m.add_circle((2, 2), 1.5, dxfattribs={'layer': 'POZZI'})
+m.add_arc((2, 2), 3, 30, 120, dxfattribs={'layer': 'CURVE'})
+disegno.saveas(os.path.join(lavoro, 'rete.dxf'))
+shutil.copy(base + '.CFG', os.path.join(lavoro, 'RETE.CFG'))
+esegui(cli, 'dxf-in', os.path.join(lavoro, 'RETE'), os.path.join(lavoro, 'rete.dxf'))
+uscita = os.path.join(lavoro, 'rete-uscita.dxf')
+esegui(cli, 'dxf-out', os.path.join(lavoro, 'RETE'), uscita)
+atteso = collections.Counter({('LINE', 'RETE'): 5, ('LINE', 'LOTTO'): 2, ('CIRCLE', 'POZZI'): 1, ('ARC', 'CURVE'): 1})
+if con_ezdxf(uscita) != atteso:
+    guasti.append('rete, ezdxf: letti %s' % sorted(con_ezdxf(uscita).items()))
+tratti = tratti_librecad(uscita)
+if tratti != sum(atteso.values()):
+    guasti.append('rete, LibreCAD: %d tratti, attesi %d' % (tratti, sum(atteso.values())))
+print('rete: ezdxf e LibreCAD concordi (%d entità, %d tratti)' % (sum(atteso.values()), tratti))
+
 shutil.rmtree(lavoro, ignore_errors=True)
 if guasti:
     sys.exit('\n'.join(guasti))
