@@ -108,7 +108,15 @@ void CaricaDXF(Sessione& s) {
   d.AggiungiCampo("Piani", "Piani (separati da |) :", Unisci(piani));
   d.Campo("Piani")->Scelte = piani;
   d.AggiungiBottone("Carica", "Carica", CaricaDaDialogo);
-  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, "FormDaDxf"); });
+  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
+    // The choices are kept whichever way the dialog closes.
+    if (const Dialogo* g = TrovaDialogo(x, "FormDaDxf")) {
+      std::array<bool, NumeroCheckDxf> c{};
+      for (size_t i = 0; i < c.size(); ++i) c[i] = Acceso(*g, "Check" + std::to_string(i));
+      ScriviCheckDxf(x, c);
+    }
+    ChiudiDialogo(x, "FormDaDxf");
+  });
   d.AggiungiBottone("Inverti", "Inverti Selezione", InvertiPiani);
   d.AggiungiBottone("Tutti", "Seleziona Tutti", [](Sessione& x) {
     if (Dialogo* g = TrovaDialogo(x, "FormDaDxf")) AggiornaCampo(x, "FormDaDxf", "Piani", Unisci(g->Campo("Piani")->Scelte));

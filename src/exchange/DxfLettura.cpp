@@ -623,7 +623,10 @@ std::array<bool, NumeroCheckDxf> LeggiCheckDxf(Sessione& s) {
   const std::string vecchio = s.CartellaProgramma + "/Dadxf.ini";
   if (const auto righe = TrovaFile(vecchio)) {
     // The six kinds of an older edition, read once: the file goes and the settings take over.
-    const std::vector<std::string> valori = RigheFile(*righe);
+    // Read as list items: one a line or several on a line, between commas.
+    std::vector<std::string> valori;
+    for (const std::string& riga : RigheFile(*righe))
+      for (const std::string& v : Dividi(riga, ',')) valori.push_back(v);
     for (size_t i = 0; i < 6; ++i) check[i] = i < valori.size() && Val(Rifila(valori[i])) != 0;
     if (!s.SolaLettura) EliminaFile(*righe);
   }

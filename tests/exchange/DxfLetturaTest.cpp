@@ -253,7 +253,7 @@ TEST_F(DxfIn, InterrottoLasciaIlLavoro) {
 }
 
 TEST_F(DxfIn, CheckDaDadxfUnaVolta) {
-  prova::ScriviFileProva(dir / "prog/Dadxf.ini", "1\r\n0\r\n1\r\n0\r\n0\r\n1\r\n");
+  prova::ScriviFileProva(dir / "prog/Dadxf.ini", "1\r\n0,1\r\n0\r\n0\r\n1\r\n");
   s.CartellaUtente = dir / "utente";
   std::array<bool, NumeroCheckDxf> atteso{true, false, true, false, false, true, false, false, false};
   EXPECT_EQ(LeggiCheckDxf(s), atteso);
