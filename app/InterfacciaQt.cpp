@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStatusBar>
 #include <QStyle>
 
 #include "DialogoQt.h"
@@ -94,15 +96,76 @@ void InterfacciaQt::Prompt(std::string_view testo) {
   if (prompt_) prompt_->setText(Qs(testo));
 }
 
+namespace {
+
+// While stoppable work lets the window repaint, the input goes nowhere but to the stop
+// button; Esc stops too.
+class FiltroLavoro : public QObject {
+ public:
+  FiltroLavoro(QToolButton* ferma, bool& interrotto) : ferma_(ferma), interrotto_(interrotto) {}
+  bool eventFilter(QObject* o, QEvent* e) override {
+    switch (e->type()) {
+      case QEvent::KeyPress:
+        if (static_cast<QKeyEvent*>(e)->key() == Qt::Key_Escape) interrotto_ = true;
+        return true;
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::MouseMove:
+        return o != ferma_;
+      case QEvent::KeyRelease:
+      case QEvent::ShortcutOverride:
+      case QEvent::Shortcut:
+      case QEvent::Wheel:
+      case QEvent::ContextMenu:
+      case QEvent::TouchBegin:
+      case QEvent::TouchUpdate:
+      case QEvent::TouchEnd:
+        return true;
+      default:
+        return false;
+    }
+  }
+
+ private:
+  QToolButton* ferma_;
+  bool& interrotto_;
+};
+
+}  // namespace
+
+void InterfacciaQt::ImpostaBarra(QProgressBar* barra, int ritardoMs) {
+  barra_ = barra;
+  ritardoMs_ = ritardoMs;
+  // The stop button stands in the status bar with the bar.
+  auto* barraStato = barra ? qobject_cast<QStatusBar*>(barra->parentWidget()) : nullptr;
+  if (!barraStato || ferma_) return;
+  ferma_ = new QToolButton(barraStato);
+  ferma_->setObjectName("Interrompi");
+  ferma_->setText("Interrompi");
+  ferma_->setToolTip("Interrompi (Esc)");
+  ferma_->hide();
+  QObject::connect(ferma_, &QToolButton::clicked, [this] { interrotto_ = true; });
+  barraStato->addPermanentWidget(ferma_);
+}
+
+bool InterfacciaQt::Interrotto() {
+  fermabile_ = true;
+  return interrotto_;
+}
+
 void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
   if (totale <= 0 || fatto >= totale) {
     inizio_.invalidate();
     if (barra_ && barra_->isVisible()) barra_->hide();
+    if (ferma_) ferma_->hide();
+    fermabile_ = false;
     return;
   }
   if (!inizio_.isValid() || fatto == 0) {
     inizio_.start();
     ultimaPittura_.invalidate();
+    interrotto_ = false;
   }
   if (!barra_ || inizio_.elapsed() < ritardoMs_) return;
   // A few paintings a second are enough for the eye and cost the work nothing.
@@ -112,9 +175,18 @@ void InterfacciaQt::Progresso(int64_t fatto, int64_t totale) {
   barra_->setValue(static_cast<int>(fatto * 1000 / totale));
   barra_->show();
   // The window repaints (the bar, a window uncovered) while the work goes on; input waits,
-  // since a click could run the core again in the middle of its own work.
+  // since a click could run the core again in the middle of its own work. Work that can be
+  // stopped takes the clicks on its stop button and Esc, and drops the rest.
   ++alLavoro_;
-  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  if (fermabile_ && ferma_) {
+    ferma_->show();
+    FiltroLavoro filtro(ferma_, interrotto_);
+    qApp->installEventFilter(&filtro);
+    QApplication::processEvents();
+    qApp->removeEventFilter(&filtro);
+  } else {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
   --alLavoro_;
 }
 

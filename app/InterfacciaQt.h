@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QRect>
+#include <QToolButton>
 #include <QWidget>
 #include <functional>
 
@@ -45,6 +46,9 @@ class InterfacciaQt : public Interfaccia {
                                     std::string_view predefinito) override;
   void Prompt(std::string_view testo) override;
   void Progresso(int64_t fatto, int64_t totale) override;
+  // Asking is what makes work stoppable: from then on the bar has a button "Interrompi"
+  // beside it, and that button or Esc stops the work.
+  bool Interrotto() override;
   void MostraDialogo(const Dialogo& d) override;
   void AggiornaDialogo(const Dialogo& d) override;
   void NascondiDialogo(const Dialogo& d) override;
@@ -56,10 +60,7 @@ class InterfacciaQt : public Interfaccia {
   void ImpostaAgganci(AgganciDialoghi a) { agganci_ = std::move(a); }
   // The bar in the status bar that shows the progress of long work; it appears once the work
   // has gone on for `ritardoMs`, so that quick work shows nothing.
-  void ImpostaBarra(QProgressBar* barra, int ritardoMs = 400) {
-    barra_ = barra;
-    ritardoMs_ = ritardoMs;
-  }
+  void ImpostaBarra(QProgressBar* barra, int ritardoMs = 400);
   // True while long work lets the window repaint: whatever would run the core again (a
   // timer's redraw) waits for its end.
   static bool AlLavoro() { return alLavoro_ > 0; }
@@ -75,6 +76,8 @@ class InterfacciaQt : public Interfaccia {
   QPointer<QWidget> finestra_;
   QPointer<QLabel> prompt_;
   QPointer<QProgressBar> barra_;
+  QPointer<QToolButton> ferma_;
+  bool fermabile_ = false, interrotto_ = false;
   int ritardoMs_ = 400;
   QElapsedTimer inizio_, ultimaPittura_;
   static inline int alLavoro_ = 0;

@@ -12,6 +12,7 @@
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
 #include "commands/TabellaDialoghi.h"
+#include "exchange/DxfDialoghi.h"
 
 namespace varena {
 
@@ -308,6 +309,7 @@ constexpr VoceComando kTabella[] = {
     Subito("TUTTI", nullptr, "FormTutti", "Visualizza", "Tutti"),
     Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
     Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
+    Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),
     Subito("ALTEZZA_QUOTA", nullptr, "DN", "Punto", "Altezza Quota"),

@@ -11,6 +11,7 @@
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/DxfDialoghi.h"
 #include "survey/Primitive.h"
 #include "view/Zoom.h"
 
@@ -48,6 +49,9 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},
     {"FormSelezColore", ApriFormSelezColore},
+    // The DXF export, and the texts into points after an import.
+    {"EsportaDxf", ApriEsportaDxf},
+    {"FormConvertiAutomatico", ApriConvertiAutomatico},
 };
 
 }  // namespace

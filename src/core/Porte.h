@@ -35,6 +35,9 @@ class Interfaccia {
   // The status prompt under the drawing.
   virtual void Prompt(std::string_view testo) = 0;
   virtual void Progresso(int64_t fatto, int64_t totale) = 0;
+  // The user asked to stop the long work whose progress is shown (a DXF import): it is
+  // undone and nothing of it stays. An interface that offers no way to ask says no.
+  virtual bool Interrotto() { return false; }
 
   // A modeless dialog of the core was opened, had a field changed by the program, or was
   // closed. The dialog stays owned by the session; an interface that shows no dialogs

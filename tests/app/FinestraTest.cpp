@@ -845,6 +845,22 @@ TEST_F(Desktop, TemaScuroConIlFondoDelDisegnoEAvanzamentoNellaBarra) {
   EXPECT_EQ(barra->value(), 250);
   f->Interfaccia()->Progresso(1000, 1000);
   EXPECT_FALSE(barra->isVisible());
+  // Work that asks whether to stop (a DXF import) gets a stop button beside the bar.
+  auto* ferma = f->findChild<QToolButton*>("Interrompi");
+  ASSERT_NE(ferma, nullptr);
+  f->Interfaccia()->Progresso(0, 1000);
+  EXPECT_FALSE(ferma->isVisible());
+  EXPECT_FALSE(f->Interfaccia()->Interrotto());
+  QTest::qWait(60);
+  f->Interfaccia()->Progresso(300, 1000);
+  EXPECT_TRUE(ferma->isVisible());
+  QTest::mouseClick(ferma, Qt::LeftButton);
+  EXPECT_TRUE(f->Interfaccia()->Interrotto());
+  f->Interfaccia()->Progresso(1000, 1000);
+  EXPECT_FALSE(ferma->isVisible());
+  f->Interfaccia()->Progresso(0, 1000);  // the next work starts afresh
+  EXPECT_FALSE(f->Interfaccia()->Interrotto());
+  f->Interfaccia()->Progresso(1000, 1000);
 }
 
 // Run by its own entry of the tests on a screen of two device pixels to one.
