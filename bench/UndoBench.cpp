@@ -36,7 +36,7 @@ void TornaAllaPrima(Sessione& s) {
 void CambiaUnaLinea(Sessione& s) {
   const auto r = static_cast<size_t>(gModifiche++ % s.ContaEntita[SlotLinee]);
   s.LineaX2[r] += 0.001;
-  SegnaModificato(s, SlotLinee);
+  SegnaRiga(s, SlotLinee, static_cast<int64_t>(r));
 }
 
 // `completo`: every member rewritten and copied, as the snapshot was first made.

@@ -289,6 +289,8 @@ void CaricaLavoro(Sessione& s) {
   // Included tables are read anew at every load: their points are not saved with the job.
   for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
     if (Maiuscolo(nome).find(".TAF") != std::string::npos) ImportaFile(s, TipoImportazione::TAF, Rifila(nome));
+  // Each table now holds what a load of its member gives.
+  s.CambiatoDaCaricamento.fill(false);
   // A job with no stored view is framed whole: the list is built first, so that its lines
   // count in the extent and not only its points.
   if (s.Vista.AltezzaVista <= 0) {

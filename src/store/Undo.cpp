@@ -18,6 +18,7 @@
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "store/Slot.h"
+#include "view/Ridisegna.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -113,6 +114,7 @@ bool Sposta(Sessione& s, int verso) {
   CaricaLavoro(s);
   // The tables were just read from the provisional files: nothing is waiting to be written.
   if (coerente) SegnaTuttoSalvato(s);
+  RigeneraModifiche(s);
   if (!messa) return false;
   s.RoutineCorrente = tag;
   return Protetto(s, [&] { ScriviDiario(s, {passo, d->UltimoPasso}); });
@@ -165,8 +167,12 @@ bool VR_SalvaUndo(Sessione& s, bool completo) {
     });
   }
   s.RoutineCorrente = "Uscito da VR_ Salvaundo ";
-  // The display list follows the tables just committed; the view stays as the user left it.
-  if (ok) Rigenerazione1(s);
+  // The display list follows the tables just committed, remade only where they changed; the
+  // view stays as the user left it.
+  if (ok) {
+    RigeneraModifiche(s);
+    Ridisegna(s);
+  }
   vista.Rimetti(s.Vista);
   return ok;
 }
