@@ -528,7 +528,6 @@ void RigeneraModifiche(Sessione& s) {
   std::swap(s.ListaDisegno, nuovi);
   // The frame of the extent goes, and is made again over the list as it now stands.
   sost.push_back({st.PrimoCornice, st.Conta - st.PrimoCornice, nuovi.Conta(), 0});
-  std::erase_if(sost, [](const Sostituzione& r) { return r.Quanti == 0 && r.QuantiNuovi == 0; });
   const Spostamenti sposta(sost);
   s.ListaDisegno.Sostituisci(sost, nuovi);
   std::vector<int64_t> recordNuovi;
