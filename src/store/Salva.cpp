@@ -1,6 +1,7 @@
 // Savers of the job members.
 #include "store/Salva.h"
 
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
@@ -56,6 +57,13 @@ void Scrivi(Passata& p, int slot, std::string_view byte) {
   if (p.conAvanzamento) p.s.Ui->Progresso(std::min(++p.scritti, kMembriSalvati - 1), kMembriSalvati);
 }
 
+// The file holds exactly these bytes.
+bool StessiByte(const std::string& percorso, std::string_view byte) {
+  if (percorso.empty() || LunghezzaFile(percorso) != static_cast<int64_t>(byte.size())) return false;
+  const auto dati = LeggiDati(percorso);
+  return dati && dati->Lunghezza == byte.size() && std::memcmp(dati->Byte.get(), byte.data(), byte.size()) == 0;
+}
+
 // A record member. The legacy saver removed the file and wrote it anew; here the new file
 // replaces the old in one rename, so that the member is never missing or half written.
 template <class Tab, class Filtro>
@@ -76,8 +84,15 @@ void SalvaRecord(Passata& p, const LayoutRecord<Tab>& layout, const char* routin
   std::unique_ptr<char[]> byte(new char[righe.size() * L]);
   const Tab& tab = s;
   CodificaRighe(layout, tab, righe, reinterpret_cast<unsigned char*>(byte.get()));
+  const std::string_view dati(byte.get(), righe.size() * L);
+  // A table that nothing changed since it was read gives back, most often, the very bytes of
+  // its member: then the file stays, shared with the generations, and opening a large job
+  // does not write it all again.
+  if (p.soloSeDiverso && !s.CambiatoDaCaricamento[static_cast<size_t>(slot)] &&
+      StessiByte(p.file.Membro[static_cast<size_t>(slot)], dati))
+    return;
   // A count of rows none of which passes still opens the file: it stays, empty.
-  Scrivi(p, slot, std::string_view(byte.get(), righe.size() * L));
+  Scrivi(p, slot, dati);
 }
 
 // A text member, given as the bytes of the file (no value: the member must not exist). In a
