@@ -314,6 +314,9 @@ void RileggiTabella(Sessione& s, int slot, void (*carica)(Sessione&)) {
   RidimensionaTabella(tab, kLimiteIniziale + 1);
   const auto k = static_cast<size_t>(slot);
   const auto prima = static_cast<size_t>(std::max(s.ContaEntita[k], 0));
+  // Rows changed since the last regeneration and not yet regenerated stay marked: the list
+  // still shows them as they were before.
+  RigheCambiate segnate = s.DaRigenerare[k];
   s.ContaEntita[k] = 0;
   CaricaMembro(s, slot, [&] { carica(s); });
   const auto ora = static_cast<size_t>(std::max(s.ContaEntita[k], 0));
@@ -328,7 +331,7 @@ void RileggiTabella(Sessione& s, int slot, void (*carica)(Sessione&)) {
       if (!(colonna[r] == era[r])) diversa[r] = true;
   });
   RigheCambiate& m = s.DaRigenerare[k];
-  m.Azzera();
+  m = std::move(segnate);
   for (size_t r = 0; r < diversa.size(); ++r)
     if (diversa[r]) m.Segna(static_cast<int32_t>(r), static_cast<int32_t>(r));
   if (prima != ora) m.Segna(static_cast<int32_t>(std::min(prima, ora)), static_cast<int32_t>(std::max(prima, ora) - 1));

@@ -489,7 +489,7 @@ void RigeneraLista(Sessione& s) {
 
 void RigeneraModifiche(Sessione& s) {
   StatoRigenerazione& st = s.Rigenerazione;
-  if (!st.Valida || st.Conta != s.ListaDisegno.Conta() || st.Impronta != ImprontaRigenerazione(s)) {
+  if (!st.Valida || s.ListaDisegno.Conta() < st.Conta || st.Impronta != ImprontaRigenerazione(s)) {
     RigeneraLista(s);
     return;
   }
@@ -526,8 +526,11 @@ void RigeneraModifiche(Sessione& s) {
     rifatti.push_back(std::move(f));
   }
   std::swap(s.ListaDisegno, nuovi);
-  // The frame of the extent goes, and is made again over the list as it now stands.
+  // The frame of the extent goes, and is made again over the list as it now stands. So do
+  // the records appended since for a quick look (a line just drawn): their rows are marked,
+  // and come back in their places.
   sost.push_back({st.PrimoCornice, st.Conta - st.PrimoCornice, nuovi.Conta(), 0});
+  sost.push_back({st.Conta, s.ListaDisegno.Conta() - st.Conta, nuovi.Conta(), 0});
   const Spostamenti sposta(sost);
   s.ListaDisegno.Sostituisci(sost, nuovi);
   std::vector<int64_t> recordNuovi;

@@ -169,7 +169,11 @@ class RigeneraModifiche : public ::testing::Test {
     switch (n == 0 ? 0 : Intero(6)) {
       case 0:
         switch (slot) {
-          case SlotLinee: NuovaLinea(); break;
+          case SlotLinee:
+            NuovaLinea();
+            // A command that draws one line shows it at once, at the end of the list.
+            if (Intero(2)) RigeneraLineaSingola(s, s.ContaEntita[SlotLinee] - 1);
+            break;
           case SlotCerchi: NuovoCerchio(); break;
           case SlotArchi: NuovoArco(); break;
           case SlotTesti: NuovoTesto(); break;
