@@ -240,20 +240,26 @@ void SalvaListaL(Passata& p) {
   Sessione& s = p.s;
   s.RoutineCorrente = "SalvaListaL";
   if (s.ContaEntita[SlotPunti] < 2) return;
-  std::string testo = IstruzioneLista().Numero(1001).Riga();
-  testo += IstruzioneLista().Testo("0").Testo("0").Numero(0).Numero(0).Numero(0).Riga();
+  std::string testo = Utf8InCp1252(IstruzioneLista().Numero(1001).Riga());
+  testo += Utf8InCp1252(IstruzioneLista().Testo("0").Testo("0").Numero(0).Numero(0).Numero(0).Riga());
+  // The statements written straight into one buffer in the code page, the two texts of each
+  // converted on their own (a character never runs past a quote): the numbers are ASCII, and
+  // a list of a million points is written in one pass, as the snapshot of a large job needs.
+  testo.reserve(testo.size() + static_cast<size_t>(s.ContaEntita[SlotPunti]) * 64);
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
-    testo += IstruzioneLista()
-                 .Testo(s.PuntoNome[r])
-                 .Testo(s.PuntoDescrizione[r])
-                 .Numero(s.PuntoX[r])
-                 .Numero(s.PuntoY[r])
-                 .Numero(s.PuntoZ[r])
-                 .Corpo();
+    testo += '"';
+    testo += Utf8InCp1252(s.PuntoNome[r]);
+    testo += "\",\"";
+    testo += Utf8InCp1252(s.PuntoDescrizione[r]);
+    testo += '"';
+    for (const double v : {s.PuntoX[r], s.PuntoY[r], s.PuntoZ[r]}) {
+      testo += ',';
+      testo += FormaSemplice(v);
+    }
     testo += "\r\n";
   }
-  Scrivi(p, SlotL, Utf8InCp1252(testo));
+  Scrivi(p, SlotL, testo);
 }
 
 std::optional<std::string> Blocco(const std::string& testo) {
