@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
 #include <cstdio>
 #include <filesystem>
 #include <vector>
@@ -76,10 +77,12 @@ int main(int argc, char** argv) {
               static_cast<long long>(misure.Linee), static_cast<double>(byte) / 1e6);
   s.NomeOriginale = base;
   const auto inizio = std::chrono::steady_clock::now();
+  const std::clock_t cpu = std::clock();
   VR_ApriLavoro(s);
   const double apertura =
       std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - inizio).count();
-  std::printf("Apertura con la prima generazione: %.0f ms (obiettivo 1200 ms)\n", apertura);
+  const double aperturaCpu = 1000.0 * static_cast<double>(std::clock() - cpu) / CLOCKS_PER_SEC;
+  std::printf("Apertura con la prima generazione: %.0f ms, %.0f ms CPU (obiettivo 1200 ms)\n", apertura, aperturaCpu);
 
   const double tempo = rapido ? 0.05 : 2;
   // Undo and redo go between the generation of the opening and that of the lines edited, which
