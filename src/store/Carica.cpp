@@ -309,7 +309,7 @@ void FineCaricamento(Sessione& s) {
 template <class Tab>
 void RileggiTabella(Sessione& s, int slot, void (*carica)(Sessione&)) {
   Tab& tab = s;
-  const Tab vecchia = std::move(tab);
+  Tab vecchia = std::move(tab);
   tab = Tab{};
   RidimensionaTabella(tab, kLimiteIniziale + 1);
   const auto k = static_cast<size_t>(slot);
@@ -321,12 +321,12 @@ void RileggiTabella(Sessione& s, int slot, void (*carica)(Sessione&)) {
   CaricaMembro(s, slot, [&] { carica(s); });
   const auto ora = static_cast<size_t>(std::max(s.ContaEntita[k], 0));
   std::vector<bool> diversa(std::min(prima, ora), false);
-  // Each column beside the same column of the old table: the two are objects of one type.
-  const auto* base = reinterpret_cast<const char*>(&tab);
+  // Each column beside the same column of the old table: both walks go in the same order.
+  std::vector<const void*> colonne;
+  vecchia.PerOgniColonna([&](const auto& colonna) { colonne.push_back(&colonna); });
+  size_t n = 0;
   tab.PerOgniColonna([&](auto& colonna) {
-    using Colonna = std::remove_reference_t<decltype(colonna)>;
-    const auto& era = *reinterpret_cast<const Colonna*>(reinterpret_cast<const char*>(&vecchia) +
-                                                        (reinterpret_cast<const char*>(&colonna) - base));
+    const auto& era = *static_cast<const std::remove_reference_t<decltype(colonna)>*>(colonne[n++]);
     for (size_t r = 0; r < diversa.size(); ++r)
       if (!(colonna[r] == era[r])) diversa[r] = true;
   });

@@ -90,11 +90,11 @@ int64_t RigaDiversa(Sessione& a, Sessione& b, int slot) {
   Tab& ta = a;
   Tab& tb = b;
   int64_t diversa = -1;
-  const auto* base = reinterpret_cast<const char*>(&ta);
+  std::vector<const void*> colonne;
+  tb.PerOgniColonna([&](const auto& colonna) { colonne.push_back(&colonna); });
+  size_t n = 0;
   ta.PerOgniColonna([&](auto& colonna) {
-    using Colonna = std::remove_reference_t<decltype(colonna)>;
-    const auto& altra = *reinterpret_cast<const Colonna*>(reinterpret_cast<const char*>(&tb) +
-                                                         (reinterpret_cast<const char*>(&colonna) - base));
+    const auto& altra = *static_cast<const std::remove_reference_t<decltype(colonna)>*>(colonne[n++]);
     for (int64_t r = 0; r < a.ContaEntita[k]; ++r)
       if (!(colonna[static_cast<size_t>(r)] == altra[static_cast<size_t>(r)]) && (diversa < 0 || r < diversa)) diversa = r;
   });
