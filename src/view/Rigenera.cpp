@@ -410,7 +410,8 @@ class Spostamenti {
 // selection changes the tables' bytes without marking rows.
 void CopiaStati(Sessione& s) {
   std::array<const std::vector<uint8_t>*, 256> colonna{};
-  for (const GenereLista& g : kOrdine) colonna[static_cast<size_t>(g.Slot)] = &(s.*g.Stato);
+  for (const GenereLista& g : kOrdine)
+    if (g.Stato) colonna[static_cast<size_t>(g.Slot)] = &(s.*g.Stato);
   ElencoDisegno& l = s.ListaDisegno;
   for (size_t k = 0; k < static_cast<size_t>(l.Conta()); ++k)
     if (const auto* c = colonna[l.Tipo[k]]) l.Stato[k] = (*c)[static_cast<size_t>(l.Riga[k])];
@@ -509,7 +510,9 @@ void RigeneraModifiche(Sessione& s) {
     const std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(g.Slot)];
     const auto prima = static_cast<int64_t>(primo.size()) - 1;
     const int64_t ora = std::max(s.ContaEntita[static_cast<size_t>(g.Slot)], 0);
-    Rifatto f{sost.size(), RigheDaRifare(s.DaRigenerare[static_cast<size_t>(g.Slot)], prima, ora), {}};
+    RigheCambiate segnate = s.DaRigenerare[static_cast<size_t>(g.Slot)];
+    if (g.Dipende >= 0 && !s.DaRigenerare[static_cast<size_t>(g.Dipende)].Vuote()) segnate.SegnaTutte();
+    Rifatto f{sost.size(), RigheDaRifare(segnate, prima, ora), {}};
     for (auto [da, a] : f.Tratti) {
       Sostituzione r;
       r.Da = primo[static_cast<size_t>(std::min<int64_t>(da, prima))];

@@ -42,11 +42,14 @@ void RigeneraLista(Sessione& s);
 void RigeneraModifiche(Sessione& s);
 
 // A kind of the list: its slot, the regenerator of one row, the selection byte its records
-// copy.
+// copy (none for a kind without selection), and the slot of another kind its records are
+// drawn from (a structure drawn through its points), whose change remakes all its rows; -1
+// for none.
 struct GenereLista {
   int Slot;
   void (*Riga)(Sessione&, int32_t);
   std::vector<uint8_t> TabelleEntita::*Stato;
+  int Dipende = -1;
 };
 // The kinds in the order of painting.
 std::span<const GenereLista> GeneriLista();
