@@ -422,6 +422,88 @@ void Mescola(uint64_t& h, const void* dati, size_t n) {
   for (size_t k = 0; k < n; ++k) h = (h ^ p[k]) * 1099511628211ull;
 }
 
+// The rows of one kind made again: the runs remade, the first of them in the list of runs,
+// and where each row remade begins in the list apart, with the end last.
+struct Rifatto {
+  size_t PrimaSost;
+  std::vector<std::pair<int32_t, int32_t>> Tratti;
+  std::vector<int64_t> Inizio;
+};
+
+// The records of the rows changed, made in `nuovi` in the order of the list, each run of rows
+// replacing the records its rows had.
+std::vector<Rifatto> RifaiRighe(Sessione& s, ElencoDisegno& nuovi, std::vector<Sostituzione>& sost) {
+  const StatoRigenerazione& st = s.Rigenerazione;
+  std::vector<Rifatto> rifatti;
+  // The regenerators append to the session's list: they are given the list apart.
+  std::swap(s.ListaDisegno, nuovi);
+  for (const GenereLista& g : kOrdine) {
+    const std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(g.Slot)];
+    const auto prima = static_cast<int64_t>(primo.size()) - 1;
+    const int64_t ora = std::max(s.ContaEntita[static_cast<size_t>(g.Slot)], 0);
+    RigheCambiate segnate = s.DaRigenerare[static_cast<size_t>(g.Slot)];
+    if (g.Dipende >= 0 && !s.DaRigenerare[static_cast<size_t>(g.Dipende)].Vuote()) segnate.SegnaTutte();
+    Rifatto f{sost.size(), RigheDaRifare(segnate, prima, ora), {}};
+    for (auto [da, a] : f.Tratti) {
+      Sostituzione r;
+      r.Da = primo[static_cast<size_t>(std::min<int64_t>(da, prima))];
+      r.Quanti = primo[static_cast<size_t>(std::min<int64_t>(a + 1, prima))] - r.Da;
+      r.DaNuovi = s.ListaDisegno.Conta();
+      for (int32_t riga = da; riga <= a && riga < ora; ++riga) {
+        f.Inizio.push_back(s.ListaDisegno.Conta());
+        g.Riga(s, riga);
+      }
+      r.QuantiNuovi = s.ListaDisegno.Conta() - r.DaNuovi;
+      sost.push_back(r);
+    }
+    f.Inizio.push_back(s.ListaDisegno.Conta());
+    rifatti.push_back(std::move(f));
+  }
+  std::swap(s.ListaDisegno, nuovi);
+  return rifatti;
+}
+
+// Where each row of a kind now begins: a row remade by its new records, any other by its old
+// ones, all after the shift of the runs before the kind.
+void SpostaPrimi(std::vector<int64_t>& primo, const Rifatto& f, int32_t righe, int64_t spostamento) {
+  const auto ora = static_cast<int64_t>(std::max(righe, 0));
+  const auto prima = static_cast<int64_t>(primo.size()) - 1;
+  std::vector<int64_t> nuovo(static_cast<size_t>(ora) + 1);
+  int64_t pos = primo[0] + spostamento;
+  size_t t = 0, rifatta = 0;
+  for (int64_t r = 0; r < ora; ++r) {
+    while (t < f.Tratti.size() && f.Tratti[t].second < r) ++t;
+    nuovo[static_cast<size_t>(r)] = pos;
+    if (t < f.Tratti.size() && f.Tratti[t].first <= r) {
+      pos += f.Inizio[rifatta + 1] - f.Inizio[rifatta];
+      ++rifatta;
+    } else if (r < prima) {
+      pos += primo[static_cast<size_t>(r) + 1] - primo[static_cast<size_t>(r)];
+    }
+  }
+  nuovo.back() = pos;
+  primo.swap(nuovo);
+}
+
+// The indexes after the list changed: its records by their new places, the tables' rows
+// that changed.
+void AggiornaIndici(Sessione& s, const Spostamenti& sposta, const std::vector<int64_t>& recordNuovi) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  s.IndiceLista.Aggiorna(l.Conta(), sposta, recordNuovi, AngoliLista(l));
+  s.Vicinanza.Linee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kSoloLinee));
+  s.Vicinanza.AltreLinee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kAltreLinee));
+  auto tratti = [&s](int slot, const auto& indice) {
+    return RigheDaRifare(s.DaRigenerare[static_cast<size_t>(slot)], indice.Elementi(),
+                         s.ContaEntita[static_cast<size_t>(slot)]);
+  };
+  const int64_t punti = s.ContaEntita[SlotPunti];
+  AggiornaRighe(s.IndicePunti, tratti(SlotPunti, s.IndicePunti), punti, AngoliPunto(s));
+  AggiornaRighe(s.Vicinanza.Punti, tratti(SlotPunti, s.Vicinanza.Punti), punti, VicinoPunto(s));
+  AggiornaRighe(s.Vicinanza.Cerchi, tratti(SlotCerchi, s.Vicinanza.Cerchi), s.ContaEntita[SlotCerchi], VicinoCerchio(s));
+  AggiornaRighe(s.Vicinanza.Archi, tratti(SlotArchi, s.Vicinanza.Archi), s.ContaEntita[SlotArchi], VicinoArco(s));
+  AggiornaRighe(s.Vicinanza.Testi, tratti(SlotTesti, s.Vicinanza.Testi), s.ContaEntita[SlotTesti], VicinoTesto(s));
+}
+
 }  // namespace
 
 std::span<const GenereLista> GeneriLista() { return kOrdine; }
@@ -495,40 +577,9 @@ void RigeneraModifiche(Sessione& s) {
     return;
   }
   s.RoutineCorrente = "Rigenerazione1";
-  // The records of the rows changed are made in a list apart, in the order of the list,
-  // each run of rows replacing the records its rows had.
   ElencoDisegno nuovi;
   std::vector<Sostituzione> sost;
-  struct Rifatto {
-    size_t PrimaSost;  // the first run of this kind in `sost`
-    std::vector<std::pair<int32_t, int32_t>> Tratti;
-    std::vector<int64_t> Inizio;  // the first record in `nuovi` of each row remade, and the end
-  };
-  std::vector<Rifatto> rifatti;
-  std::swap(s.ListaDisegno, nuovi);
-  for (const GenereLista& g : kOrdine) {
-    const std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(g.Slot)];
-    const auto prima = static_cast<int64_t>(primo.size()) - 1;
-    const int64_t ora = std::max(s.ContaEntita[static_cast<size_t>(g.Slot)], 0);
-    RigheCambiate segnate = s.DaRigenerare[static_cast<size_t>(g.Slot)];
-    if (g.Dipende >= 0 && !s.DaRigenerare[static_cast<size_t>(g.Dipende)].Vuote()) segnate.SegnaTutte();
-    Rifatto f{sost.size(), RigheDaRifare(segnate, prima, ora), {}};
-    for (auto [da, a] : f.Tratti) {
-      Sostituzione r;
-      r.Da = primo[static_cast<size_t>(std::min<int64_t>(da, prima))];
-      r.Quanti = primo[static_cast<size_t>(std::min<int64_t>(a + 1, prima))] - r.Da;
-      r.DaNuovi = s.ListaDisegno.Conta();
-      for (int32_t riga = da; riga <= a && riga < ora; ++riga) {
-        f.Inizio.push_back(s.ListaDisegno.Conta());
-        g.Riga(s, riga);
-      }
-      r.QuantiNuovi = s.ListaDisegno.Conta() - r.DaNuovi;
-      sost.push_back(r);
-    }
-    f.Inizio.push_back(s.ListaDisegno.Conta());
-    rifatti.push_back(std::move(f));
-  }
-  std::swap(s.ListaDisegno, nuovi);
+  const std::vector<Rifatto> rifatti = RifaiRighe(s, nuovi, sost);
   // The frame of the extent goes, and is made again over the list as it now stands. So do
   // the records appended since for a quick look (a line just drawn): their rows are marked,
   // and come back in their places.
@@ -539,49 +590,14 @@ void RigeneraModifiche(Sessione& s) {
   std::vector<int64_t> recordNuovi;
   for (size_t k = 0; k < sost.size(); ++k)
     for (int64_t j = 0; j < sost[k].QuantiNuovi; ++j) recordNuovi.push_back(sost[k].Da + sposta.Prima(k) + j);
-
-  // Where each row's records now stand.
-  for (size_t n = 0; n < std::size(kOrdine); ++n) {
-    std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(kOrdine[n].Slot)];
-    const Rifatto& f = rifatti[n];
-    const int64_t ora = std::max(s.ContaEntita[static_cast<size_t>(kOrdine[n].Slot)], 0);
-    const auto prima = static_cast<int64_t>(primo.size()) - 1;
-    std::vector<int64_t> nuovo(static_cast<size_t>(ora) + 1);
-    int64_t pos = primo[0] + sposta.Prima(std::min(f.PrimaSost, sost.size()));
-    size_t t = 0, rifatta = 0;
-    for (int64_t r = 0; r < ora; ++r) {
-      while (t < f.Tratti.size() && f.Tratti[t].second < r) ++t;
-      nuovo[static_cast<size_t>(r)] = pos;
-      if (t < f.Tratti.size() && f.Tratti[t].first <= r) {
-        pos += f.Inizio[rifatta + 1] - f.Inizio[rifatta];
-        ++rifatta;
-      } else if (r < prima) {
-        pos += primo[static_cast<size_t>(r) + 1] - primo[static_cast<size_t>(r)];
-      }
-    }
-    nuovo.back() = pos;
-    primo.swap(nuovo);
-  }
+  for (size_t n = 0; n < std::size(kOrdine); ++n)
+    SpostaPrimi(st.Primo[static_cast<size_t>(kOrdine[n].Slot)], rifatti[n], s.ContaEntita[static_cast<size_t>(kOrdine[n].Slot)],
+                sposta.Prima(std::min(rifatti[n].PrimaSost, sost.size())));
   st.PrimoCornice = s.ListaDisegno.Conta();
-  const int64_t primaCornice = s.ListaDisegno.Conta();
   RigeneraCorniceIngombro(s);
-  for (int64_t i = primaCornice; i < s.ListaDisegno.Conta(); ++i) recordNuovi.push_back(i);
+  for (int64_t i = st.PrimoCornice; i < s.ListaDisegno.Conta(); ++i) recordNuovi.push_back(i);
   CopiaStati(s);
-
-  // The indexes: the list's records by their new places, the tables' rows that changed.
-  const ElencoDisegno& l = s.ListaDisegno;
-  s.IndiceLista.Aggiorna(l.Conta(), sposta, recordNuovi, AngoliLista(l));
-  s.Vicinanza.Linee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kSoloLinee));
-  s.Vicinanza.AltreLinee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kAltreLinee));
-  auto tratti = [&s](int slot, const auto& indice) {
-    return RigheDaRifare(s.DaRigenerare[static_cast<size_t>(slot)], indice.Elementi(), s.ContaEntita[static_cast<size_t>(slot)]);
-  };
-  const int64_t punti = s.ContaEntita[SlotPunti];
-  AggiornaRighe(s.IndicePunti, tratti(SlotPunti, s.IndicePunti), punti, AngoliPunto(s));
-  AggiornaRighe(s.Vicinanza.Punti, tratti(SlotPunti, s.Vicinanza.Punti), punti, VicinoPunto(s));
-  AggiornaRighe(s.Vicinanza.Cerchi, tratti(SlotCerchi, s.Vicinanza.Cerchi), s.ContaEntita[SlotCerchi], VicinoCerchio(s));
-  AggiornaRighe(s.Vicinanza.Archi, tratti(SlotArchi, s.Vicinanza.Archi), s.ContaEntita[SlotArchi], VicinoArco(s));
-  AggiornaRighe(s.Vicinanza.Testi, tratti(SlotTesti, s.Vicinanza.Testi), s.ContaEntita[SlotTesti], VicinoTesto(s));
+  AggiornaIndici(s, sposta, recordNuovi);
   for (RigheCambiate& c : s.DaRigenerare) c.Azzera();
   st.Conta = s.ListaDisegno.Conta();
 }
