@@ -9,7 +9,7 @@ void RigheCambiate::Segna(int32_t da, int32_t a) {
   if (Tutte || a < da) return;
   // Rows marked one after the other (a run of grow calls, a loop over a selection) join the
   // run before them.
-  if (!Tratti.empty() && da >= Tratti.back().first && da <= Tratti.back().second + 1) {
+  if (!Tratti.empty() && da >= Tratti.back().first && da <= static_cast<int64_t>(Tratti.back().second) + 1) {
     Tratti.back().second = std::max(Tratti.back().second, a);
     return;
   }

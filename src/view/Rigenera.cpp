@@ -358,7 +358,7 @@ std::vector<std::pair<int32_t, int32_t>> RigheDaRifare(const RigheCambiate& c, i
   std::sort(t.begin(), t.end());
   std::vector<std::pair<int32_t, int32_t>> uniti;
   for (const auto& r : t) {
-    if (!uniti.empty() && r.first <= uniti.back().second + 1)
+    if (!uniti.empty() && r.first <= static_cast<int64_t>(uniti.back().second) + 1)
       uniti.back().second = std::max(uniti.back().second, r.second);
     else
       uniti.push_back(r);
@@ -447,7 +447,7 @@ std::vector<Rifatto> RifaiRighe(Sessione& s, ElencoDisegno& nuovi, std::vector<S
     for (auto [da, a] : f.Tratti) {
       Sostituzione r;
       r.Da = primo[static_cast<size_t>(std::min<int64_t>(da, prima))];
-      r.Quanti = primo[static_cast<size_t>(std::min<int64_t>(a + 1, prima))] - r.Da;
+      r.Quanti = primo[static_cast<size_t>(std::min<int64_t>(int64_t{a} + 1, prima))] - r.Da;
       r.DaNuovi = s.ListaDisegno.Conta();
       for (int32_t riga = da; riga <= a && riga < ora; ++riga) {
         f.Inizio.push_back(s.ListaDisegno.Conta());
