@@ -1,10 +1,12 @@
 // The snapshot that follows the edit of one line, on a job of 10^6 points and 10^5 lines,
-// against the snapshot that rewrites every member and copies it into the generation; then
-// undo and redo of that edit, each of which reloads the whole job. Prints the times and the
-// ratio of the two snapshots.
+// regeneration included, against the snapshot that rewrites every member and copies it into
+// the generation; then undo and redo of that edit, each of which reads again the members
+// that differ and regenerates the rows that changed. Prints the times, the ratio of the two
+// snapshots, and the opening with its first generation.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
 #include <cstdio>
 #include <filesystem>
 #include <vector>
@@ -36,7 +38,7 @@ void TornaAllaPrima(Sessione& s) {
 void CambiaUnaLinea(Sessione& s) {
   const auto r = static_cast<size_t>(gModifiche++ % s.ContaEntita[SlotLinee]);
   s.LineaX2[r] += 0.001;
-  SegnaModificato(s, SlotLinee);
+  SegnaRiga(s, SlotLinee, static_cast<int64_t>(r));
 }
 
 // `completo`: every member rewritten and copied, as the snapshot was first made.
@@ -75,23 +77,28 @@ int main(int argc, char** argv) {
               static_cast<long long>(misure.Linee), static_cast<double>(byte) / 1e6);
   s.NomeOriginale = base;
   const auto inizio = std::chrono::steady_clock::now();
+  const std::clock_t cpu = std::clock();
   VR_ApriLavoro(s);
   const double apertura =
       std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - inizio).count();
-  std::printf("Apertura con la prima generazione: %.0f ms\n", apertura);
+  const double aperturaCpu = 1000.0 * static_cast<double>(std::clock() - cpu) / CLOCKS_PER_SEC;
+  std::printf("Apertura con la prima generazione: %.0f ms, %.0f ms CPU (obiettivo 1200 ms)\n", apertura, aperturaCpu);
 
   const double tempo = rapido ? 0.05 : 2;
+  // Undo and redo go between the generation of the opening and that of the lines edited, which
+  // share every other member; the snapshot that rewrites every member comes last, since after
+  // it no member is shared any more.
   benchmark::RegisterBenchmark("SnapshotUnaLinea", Snapshot, false)->Unit(benchmark::kMillisecond)->MinTime(tempo);
-  benchmark::RegisterBenchmark("SnapshotCompleto", Snapshot, true)->Unit(benchmark::kMillisecond)->Iterations(3);
   benchmark::RegisterBenchmark("Annulla", Sposta, true)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
   benchmark::RegisterBenchmark("Ripristina", Sposta, false)->Unit(benchmark::kMillisecond)->Iterations(rapido ? 3 : 5);
+  benchmark::RegisterBenchmark("SnapshotCompleto", Snapshot, true)->Unit(benchmark::kMillisecond)->Iterations(3);
   InizializzaBenchmark(argc, argv);
   RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);
   const double una = r.tempi["SnapshotUnaLinea"], tutto = r.tempi["SnapshotCompleto"];
-  std::printf("Snapshot dopo una linea %.1f ms, snapshot completo %.1f ms, rapporto %.1f\n", una, tutto,
+  std::printf("Snapshot dopo una linea %.1f ms (obiettivo 30 ms), snapshot completo %.1f ms, rapporto %.1f\n", una, tutto,
               una > 0 ? tutto / una : 0.0);
-  std::printf("Annulla %.1f ms, ripristina %.1f ms (ciascuno ricarica tutto il lavoro)\n", r.tempi["Annulla"],
+  std::printf("Annulla %.1f ms, ripristina %.1f ms (obiettivo 60 ms ciascuno)\n", r.tempi["Annulla"],
               r.tempi["Ripristina"]);
   std::filesystem::remove_all(s.CartellaDocumenti);
   return 0;

@@ -175,11 +175,13 @@ void RigeneraSetteSingolo(Sessione& s, int32_t riga, const IndiceNomi& indice) {
   Etichetta(s, riga, s.SetteParticella[r]);
 }
 
-void RigeneraSetteSette(Sessione& s) {
-  // The index of names costs a pass over every point: a job without structures skips it.
-  if (s.ContaEntita[SlotSette] <= 0) return;
-  const IndiceNomi indice(s);
-  for (int32_t r = 0; r < s.ContaEntita[SlotSette]; ++r) RigeneraSetteSingolo(s, r, indice);
+void RigeneraSetteRiga(Sessione& s, int32_t riga) {
+  const uint64_t passata = s.Rigenerazione.Passata;
+  if (!s.IndiceStrutture || s.PassataIndiceStrutture != passata) {
+    s.IndiceStrutture = std::make_shared<const IndiceNomi>(s);
+    s.PassataIndiceStrutture = passata;
+  }
+  RigeneraSetteSingolo(s, riga, *s.IndiceStrutture);
 }
 
 }  // namespace varena

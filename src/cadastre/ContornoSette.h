@@ -31,10 +31,11 @@ int32_t subAggiungiSetteSingolo(Sessione& s, const std::string& contorno, const 
 // and regenerates once). Returns its row.
 int32_t DefinizioneContornoSette(Sessione& s, const std::string& elenco, bool disegna = true);
 
-// `RigeneraSetteSette`: the lines of every live record to the display list; a record of no
-// vertex draws nothing.
-void RigeneraSetteSette(Sessione& s);
 // One record's lines, the points found through `indice`.
 void RigeneraSetteSingolo(Sessione& s, int32_t riga, const IndiceNomi& indice);
+// `RigeneraSetteSette`, record by record as a regeneration goes: the lines of a live record
+// to the display list; a record of no vertex draws nothing. The points by name are looked up
+// once for all the records of one regeneration.
+void RigeneraSetteRiga(Sessione& s, int32_t riga);
 
 }  // namespace varena

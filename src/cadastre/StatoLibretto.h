@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace varena {
+
+class IndiceNomi;
 
 // The job-level values of the heading row 0 of the book.
 struct DatiRigaZero {
@@ -24,6 +27,9 @@ struct StatoLibretto {
   std::string TipoSettePendente, ParticellaPendente;
   int32_t ColorePendente = 0;
   int16_t TratteggioPendente = 0;
+  // The points by name for the structures of one regeneration, and which one it was made for.
+  std::shared_ptr<const IndiceNomi> IndiceStrutture;
+  uint64_t PassataIndiceStrutture = 0;
 
   // How the map extract is shown, as the book's reader leaves it.
   int16_t EstrattoCongelato = 0;

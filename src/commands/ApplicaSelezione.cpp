@@ -138,7 +138,7 @@ size_t Accoda(Sessione& s, int slot, void (*dimensiona)(TabelleEntita&), Tab& ta
 }
 
 // Every selected row of a kind, or a copy of it when the command makes copies; `fai` works
-// on the row given. The table's slot is marked when a row was touched.
+// on the row given. Each row touched is marked, and each copy appended.
 template <class Tab, class Fai>
 bool PerOgniSelezionata(Sessione& s, int slot, void (*dimensiona)(TabelleEntita&), Tab& tab,
                         std::vector<uint8_t>& stato, bool copia, Fai fai) {
@@ -158,10 +158,10 @@ bool PerOgniSelezionata(Sessione& s, int slot, void (*dimensiona)(TabelleEntita&
       fai(k);
     } else {
       fai(r);
+      SegnaRiga(s, slot, static_cast<int64_t>(r));
     }
     fatto = true;
   }
-  if (fatto) SegnaModificato(s, slot);
   return fatto;
 }
 
@@ -261,8 +261,10 @@ bool Proprieta(Sessione& s, Fai fai) {
     const auto n = std::min(static_cast<size_t>(std::max(s.ContaEntita[static_cast<size_t>(slot)], 0)), stato.size());
     bool qui = false;
     for (size_t r = 0; r < n; ++r)
-      if (stato[r] == 1) qui |= fai(slot, r);
-    if (qui) SegnaModificato(s, slot);
+      if (stato[r] == 1 && fai(slot, r)) {
+        SegnaRiga(s, slot, static_cast<int64_t>(r));
+        qui = true;
+      }
     fatto |= qui;
   };
   kind(SlotPunti, s.StatoPunto);

@@ -83,7 +83,8 @@ namespace {
 // The tables were read again: no row number of the command in progress means anything any
 // more, so the command starts again from its first step.
 void DopoRilettura(Sessione& s) {
-  Rigenerazione1(s);
+  // The list already follows the tables: the reload regenerated what it read again.
+  Ridisegna(s);
   if (s.ComandoCorrente != 0) ArmaComando(s);
 }
 

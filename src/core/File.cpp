@@ -8,6 +8,9 @@
 #include <memory>
 #include <system_error>
 
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -244,6 +247,28 @@ bool NuovaCartella(std::string_view percorso) {
   return fs::create_directory(PercorsoPerScrivere(p), ec) && !ec;
 }
 
+namespace {
+
+// Where the file system shares blocks between files (a reflink), a copy of any size costs
+// nothing until one of the two is written; elsewhere the caller copies, in the kernel.
+bool Clona(const std::string& da, const std::string& a) {
+  const int in = ::open(da.c_str(), O_RDONLY | O_CLOEXEC);
+  if (in < 0) return false;
+  const int out = ::open(a.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  bool fatto = false;
+  if (out >= 0) {
+    // The permissions go with the copy, as they do with the kernel's copy.
+    struct stat st {};
+    fatto = ::ioctl(out, FICLONE, in) == 0 && ::fstat(in, &st) == 0 && ::fchmod(out, st.st_mode & 07777) == 0;
+    ::close(out);
+    if (!fatto) ::unlink(a.c_str());
+  }
+  ::close(in);
+  return fatto;
+}
+
+}  // namespace
+
 void CopiaFile(std::string_view da, std::string_view a) {
   const auto sorgente = TrovaFile(da);
   if (!sorgente) throw ErroreVarena(kErroreFileNonTrovato);
@@ -256,7 +281,7 @@ void CopiaFile(std::string_view da, std::string_view a) {
   }
   const std::string tmp = dest + kSuffissoTemporaneo;
   std::error_code ec;
-  fs::copy_file(*sorgente, tmp, fs::copy_options::overwrite_existing, ec);
+  if (!Clona(*sorgente, tmp)) fs::copy_file(*sorgente, tmp, fs::copy_options::overwrite_existing, ec);
   if (!ec) fs::rename(tmp, dest, ec);
   if (ec) {
     std::error_code via;

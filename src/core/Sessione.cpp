@@ -20,6 +20,7 @@ void ClearAllTables(Sessione& s) {
   s.IndiceLista.Svuota();
   s.IndicePunti.Svuota();
   s.Vicinanza = {};
+  s.Rigenerazione = {};
   s.ImmagineInCima = -1;
 }
 

@@ -32,6 +32,7 @@
 #include "view/IndiceAlbero.h"
 #include "view/IndiceGriglia.h"
 #include "view/ListaDisegno.h"
+#include "view/StatoRigenerazione.h"
 #include "view/StatoVista.h"
 #include "view/Superficie.h"
 
@@ -69,13 +70,15 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   Impostazioni Imp;
   StatoVista Vista;
 
-  // The display list, rebuilt whole by regeneration, and the grids that keep a redraw to
+  // The display list, made by regeneration (whole, or the rows changed), and the grids that keep a redraw to
   // what is near the view.
   ElencoDisegno ListaDisegno;
   IndiceGriglia IndiceLista;
   IndiceGriglia IndicePunti;
   // The trees of the nearest-entity searches, made with the grids.
   IndiciVicinanza Vicinanza;
+  // Where each row's records stand in the list, for the regeneration after an edit.
+  StatoRigenerazione Rigenerazione;
   int32_t ImmagineInCima = -1;  // the image painted over the others
   bool EvidenziaTutto = false;  // every point symbol in the highlight colour
   int16_t TipoStampa = 0;       // 5: drawing goes to paper

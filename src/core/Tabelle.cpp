@@ -5,6 +5,22 @@
 
 namespace varena {
 
+void RigheCambiate::Segna(int32_t da, int32_t a) {
+  if (Tutte || a < da) return;
+  // Rows marked one after the other (a run of grow calls, a loop over a selection) join the
+  // run before them.
+  if (!Tratti.empty() && da >= Tratti.back().first && da <= static_cast<int64_t>(Tratti.back().second) + 1) {
+    Tratti.back().second = std::max(Tratti.back().second, a);
+    return;
+  }
+  // Past this many runs, sorting and merging them costs more than the whole slot does.
+  if (Tratti.size() >= 65536) {
+    SegnaTutte();
+    return;
+  }
+  Tratti.emplace_back(da, a);
+}
+
 namespace {
 
 // The legacy growth: when row `count` is beyond the upper bound, grow to count + 1 + margin.
@@ -42,45 +58,45 @@ void AzzeraTabelle(TabelleEntita& t) {
 }
 
 void DimensionaPunti(TabelleEntita& t) {
-  SegnaModificato(t, SlotPunti);
+  SegnaRiga(t, SlotPunti, t.ContaEntita[SlotPunti]);
   Cresci<TabellaPunti>(t, t.PuntoIdent, t.ContaEntita[SlotPunti], 10);
 }
 void DimensionaLinee(TabelleEntita& t) {
-  SegnaModificato(t, SlotLinee);
+  SegnaRiga(t, SlotLinee, t.ContaEntita[SlotLinee]);
   Cresci<TabellaLinee>(t, t.LineaIdent, t.ContaEntita[SlotLinee], 10);
 }
 void DimensionaCerchi(TabelleEntita& t) {
-  SegnaModificato(t, SlotCerchi);
+  SegnaRiga(t, SlotCerchi, t.ContaEntita[SlotCerchi]);
   Cresci<TabellaCerchi>(t, t.CerchioIdent, t.ContaEntita[SlotCerchi], 10);
 }
 void DimensionaArchi(TabelleEntita& t) {
-  SegnaModificato(t, SlotArchi);
+  SegnaRiga(t, SlotArchi, t.ContaEntita[SlotArchi]);
   Cresci<TabellaArchi>(t, t.ArcoIdent, t.ContaEntita[SlotArchi], 10);
 }
 void DimensionaTesti(TabelleEntita& t) {
-  SegnaModificato(t, SlotTesti);
+  SegnaRiga(t, SlotTesti, t.ContaEntita[SlotTesti]);
   Cresci<TabellaTesti>(t, t.TestoIdent, t.ContaEntita[SlotTesti], 10);
 }
 void DimensionaFalde(TabelleEntita& t) {
-  SegnaModificato(t, SlotFalde);
+  SegnaRiga(t, SlotFalde, t.ContaEntita[SlotFalde]);
   Cresci<TabellaFalde>(t, t.FaldaIdent, t.ContaEntita[SlotFalde], 10);
 }
 // Contorno-7 and bitmaps grow exactly to the row asked for, with no margin.
 void DimensionaSette(TabelleEntita& t) {
-  SegnaModificato(t, SlotSette);
+  SegnaRiga(t, SlotSette, t.ContaEntita[SlotSette]);
   Cresci<TabellaSette>(t, t.SetteIdent, t.ContaEntita[SlotSette], 0);
 }
 void DimensionaCurve(TabelleEntita& t) {
-  SegnaModificato(t, SlotCurve);
+  SegnaRiga(t, SlotCurve, t.ContaEntita[SlotCurve]);
   Cresci<TabellaCurve>(t, t.CurvaFlag, t.ContaEntita[SlotCurve], 10);
 }
 void DimensionaBitmap(TabelleEntita& t) {
-  SegnaModificato(t, SlotBitmap);
+  SegnaRiga(t, SlotBitmap, t.ContaEntita[SlotBitmap]);
   Cresci<TabellaBitmap>(t, t.BitmapIdent, t.ContaEntita[SlotBitmap], 0);
 }
 
 void PreparaRighe(TabelleEntita& t, int slot, int64_t righe) {
-  SegnaModificato(t, slot);
+  SegnaRighe(t, slot, t.ContaEntita[static_cast<size_t>(slot)], righe - 1);
   const auto n = static_cast<size_t>(std::max<int64_t>(righe, 0) + 11);
   auto almeno = [n](auto& tab, const auto& chiave) {
     if (chiave.size() < n) RidimensionaTabella(tab, n);

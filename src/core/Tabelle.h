@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace varena {
@@ -212,6 +214,25 @@ struct TabellaBitmap {
   }
 };
 
+// The rows of one slot changed since some moment: runs of rows, first and last included, in
+// the order they were marked, or the whole slot. Many scattered runs are worth no more than
+// the whole slot, and become it.
+struct RigheCambiate {
+  bool Tutte = false;
+  std::vector<std::pair<int32_t, int32_t>> Tratti;
+
+  void Segna(int32_t da, int32_t a);
+  void SegnaTutte() {
+    Tutte = true;
+    Tratti.clear();
+  }
+  void Azzera() {
+    Tutte = false;
+    Tratti.clear();
+  }
+  bool Vuote() const { return !Tutte && Tratti.empty(); }
+};
+
 // Every table of one job, with the row count of each slot. Deleted rows (`Ident` not 0)
 // keep their place and their count until a save and reload.
 // `SlotModificato[slot]`: the table of that slot has changed since the job files were last
@@ -232,6 +253,12 @@ struct TabelleEntita : TabellaPunti,
   std::array<bool, NumeroSlot> SlotModificato{};
   // Grows at every change marked: a script tells by it whether a click changed a row.
   uint64_t Modifiche = 0;
+  // The rows changed since the display list was last made, for the regeneration that
+  // follows an edit: each slot's runs of rows, or the whole slot.
+  std::array<RigheCambiate, NumeroSlot> DaRigenerare{};
+  // The tables changed since each slot was last read from its member: an undo that finds
+  // the member unchanged may keep such a table only when this is false.
+  std::array<bool, NumeroSlot> CambiatoDaCaricamento{};
 };
 
 // The one test of deletion: 0 is a live row and any other value a deleted one. The program
@@ -243,13 +270,26 @@ constexpr bool IdentVivo(int16_t ident) { return ident == 0; }
 // contour vertices) are live while they are counted.
 bool RigaViva(const TabelleEntita& t, int slot, int64_t r);
 
+// The one entry point of a change to rows `da` .. `a` of a slot: the member is to be written
+// again, the rows regenerated.
+inline void SegnaRighe(TabelleEntita& t, int slot, int64_t da, int64_t a) {
+  const auto k = static_cast<size_t>(slot);
+  t.SlotModificato[k] = true;
+  t.CambiatoDaCaricamento[k] = true;
+  t.DaRigenerare[k].Segna(static_cast<int32_t>(std::max<int64_t>(da, 0)), static_cast<int32_t>(std::min<int64_t>(a, INT32_MAX)));
+  ++t.Modifiche;
+}
+inline void SegnaRiga(TabelleEntita& t, int slot, int64_t riga) { SegnaRighe(t, slot, riga, riga); }
+// A change to a slot that does not say which rows: all of them.
 inline void SegnaModificato(TabelleEntita& t, int slot) {
-  t.SlotModificato[static_cast<size_t>(slot)] = true;
+  const auto k = static_cast<size_t>(slot);
+  t.SlotModificato[k] = true;
+  t.CambiatoDaCaricamento[k] = true;
+  t.DaRigenerare[k].SegnaTutte();
   ++t.Modifiche;
 }
 inline void SegnaTuttoModificato(TabelleEntita& t) {
-  t.SlotModificato.fill(true);
-  ++t.Modifiche;
+  for (int slot = 0; slot < NumeroSlot; ++slot) SegnaModificato(t, slot);
 }
 // The job files now hold exactly what the tables hold.
 inline void SegnaTuttoSalvato(TabelleEntita& t) { t.SlotModificato.fill(false); }

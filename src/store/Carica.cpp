@@ -1,6 +1,7 @@
 // The member loaders and the load sequence of a job.
 #include "store/Carica.h"
 
+#include <algorithm>
 #include <cstring>
 #include <ctime>
 
@@ -262,39 +263,162 @@ constexpr PassoCarica kPassiCarica[] = {
     {CaricaPiani, SlotPiani},
 };
 
-}  // namespace
 
-void CaricaLavoro(Sessione& s) {
-  // What the loaders repair or convert differs from the files: the next snapshot writes all.
-  SegnaTuttoModificato(s);
+// The start of every load: what the loaders repair or convert differs from the files, so
+// the next snapshot writes all.
+void IniziaCaricamento(Sessione& s) {
+  s.SlotModificato.fill(true);
+  ++s.Modifiche;
   s.MembroGuasto.fill(false);
   if (Rifila(s.NomeOriginale).empty()) s.NomeOriginale = NomeLavoroNuovo(s);
   s.Edizione.clear();
   s.RigheNonValide.fill(0);
+}
+
+// One member in the load order. A loader that meets an error shows the common box and keeps
+// the rows read before it: the tables then hold only part of its member, which must never be
+// written back.
+template <class Carica>
+void CaricaMembro(Sessione& s, int slot, Carica carica) {
+  s.UltimoErrore.clear();
+  carica();
+  if (!s.UltimoErrore.empty()) s.MembroGuasto[static_cast<size_t>(slot)] = true;
+}
+
+// Included tables are read anew at every load: their points are not saved with the job.
+std::vector<std::string> TabelleIncluse(const Sessione& s) {
+  std::vector<std::string> taf;
+  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
+    if (Maiuscolo(nome).find(".TAF") != std::string::npos) taf.push_back(Rifila(nome));
+  return taf;
+}
+
+// The end of every load. A job with no stored view is framed whole: the list is built
+// first, so that its lines count in the extent and not only its points.
+void FineCaricamento(Sessione& s) {
+  // Each table now holds what a load of its member gives.
+  s.CambiatoDaCaricamento.fill(false);
+  if (s.Vista.AltezzaVista <= 0) {
+    RigeneraLista(s);
+    (void)TuttoTutto(s);
+  }
+}
+
+// The table of one kind read again from its member, and compared row by row with the one it
+// replaces: only the rows that differ are marked for the regeneration.
+template <class Tab>
+void RileggiTabella(Sessione& s, int slot, void (*carica)(Sessione&)) {
+  Tab& tab = s;
+  Tab vecchia = std::move(tab);
+  tab = Tab{};
+  RidimensionaTabella(tab, kLimiteIniziale + 1);
+  const auto k = static_cast<size_t>(slot);
+  const auto prima = static_cast<size_t>(std::max(s.ContaEntita[k], 0));
+  // Rows changed since the last regeneration and not yet regenerated stay marked: the list
+  // still shows them as they were before.
+  RigheCambiate segnate = s.DaRigenerare[k];
+  s.ContaEntita[k] = 0;
+  CaricaMembro(s, slot, [&] { carica(s); });
+  const auto ora = static_cast<size_t>(std::max(s.ContaEntita[k], 0));
+  std::vector<bool> diversa(std::min(prima, ora), false);
+  // Each column beside the same column of the old table: both walks go in the same order.
+  std::vector<const void*> colonne;
+  vecchia.PerOgniColonna([&](const auto& colonna) { colonne.push_back(&colonna); });
+  size_t n = 0;
+  tab.PerOgniColonna([&](auto& colonna) {
+    const auto& era = *static_cast<const std::remove_reference_t<decltype(colonna)>*>(colonne[n++]);
+    for (size_t r = 0; r < diversa.size(); ++r)
+      if (!(colonna[r] == era[r])) diversa[r] = true;
+  });
+  RigheCambiate& m = s.DaRigenerare[k];
+  m = std::move(segnate);
+  for (size_t r = 0; r < diversa.size(); ++r)
+    if (diversa[r]) m.Segna(static_cast<int32_t>(r), static_cast<int32_t>(r));
+  if (prima != ora) m.Segna(static_cast<int32_t>(std::min(prima, ora)), static_cast<int32_t>(std::max(prima, ora) - 1));
+}
+
+// The kinds a restore may read again alone: none of their rows depends on another table.
+// False for a member that is not one of them.
+bool Rileggi(Sessione& s, int slot, void (*carica)(Sessione&)) {
+  switch (slot) {
+    case SlotLinee: RileggiTabella<TabellaLinee>(s, slot, carica); return true;
+    case SlotCerchi: RileggiTabella<TabellaCerchi>(s, slot, carica); return true;
+    case SlotArchi: RileggiTabella<TabellaArchi>(s, slot, carica); return true;
+    case SlotTesti: RileggiTabella<TabellaTesti>(s, slot, carica); return true;
+    case SlotFalde: RileggiTabella<TabellaFalde>(s, slot, carica); return true;
+    case SlotCurve: RileggiTabella<TabellaCurve>(s, slot, carica); return true;
+    case SlotBitmap: RileggiTabella<TabellaBitmap>(s, slot, carica); return true;
+    default: return false;
+  }
+}
+bool DiTabella(int slot) {
+  return slot == SlotLinee || slot == SlotCerchi || slot == SlotArchi || slot == SlotTesti || slot == SlotFalde ||
+         slot == SlotCurve || slot == SlotBitmap;
+}
+
+}  // namespace
+
+void CaricaLavoro(Sessione& s) {
+  SegnaTuttoModificato(s);
+  IniziaCaricamento(s);
   // The members in their fixed order; the interface shows how far a large job has come.
   constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassiCarica));
   for (int64_t k = 0; k < kQuanti; ++k) {
     const PassoCarica& passo = kPassiCarica[k];
-    // A loader that meets an error shows the common box and keeps the rows read before it:
-    // the tables then hold only part of its member, which must never be written back.
-    s.UltimoErrore.clear();
-    passo.Carica(s);
-    if (!s.UltimoErrore.empty()) s.MembroGuasto[static_cast<size_t>(passo.Slot)] = true;
+    CaricaMembro(s, passo.Slot, [&] { passo.Carica(s); });
     s.Ui->Progresso(k + 1, kQuanti);
   }
   SegnalaRigheNonValide(s);
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
-  // Included tables are read anew at every load: their points are not saved with the job.
-  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
-    if (Maiuscolo(nome).find(".TAF") != std::string::npos) ImportaFile(s, TipoImportazione::TAF, Rifila(nome));
-  // A job with no stored view is framed whole: the list is built first, so that its lines
-  // count in the extent and not only its points.
-  if (s.Vista.AltezzaVista <= 0) {
-    RigeneraLista(s);
-    (void)TuttoTutto(s);
+  for (const std::string& taf : TabelleIncluse(s)) ImportaFile(s, TipoImportazione::TAF, taf);
+  FineCaricamento(s);
+}
+
+bool RicaricaLavoro(Sessione& s, const std::array<bool, NumeroSlot>& cambiati) {
+  auto daLeggere = [&](int slot) {
+    const auto k = static_cast<size_t>(slot);
+    return cambiati[k] || s.CambiatoDaCaricamento[k];
+  };
+  // A load that left something out or read an error says so again at every load; the points
+  // and the Contorno-7 rows are converted together, and included points come with the
+  // points: these go through the whole load.
+  const auto vero = [](auto v) { return v != 0; };
+  if (std::any_of(s.MembroGuasto.begin(), s.MembroGuasto.end(), vero) ||
+      std::any_of(s.RigheNonValide.begin(), s.RigheNonValide.end(), vero) || daLeggere(SlotPunti) ||
+      daLeggere(SlotSette) || !TabelleIncluse(s).empty())
+    return false;
+  IniziaCaricamento(s);
+  // The rest of what a clear of the tables would empty, that is not the tables themselves.
+  s.LibrettoMisure.clear();
+  s.Testo126.clear();
+  s.TestoCel.clear();
+  s.MembriConservati.clear();
+  s.ImmagineInCima = -1;
+  // The selection is not in the files: the tables kept lose it as those read again do.
+  for (std::vector<uint8_t>* stato : {&s.StatoPunto, &s.StatoLinea, &s.StatoCerchio, &s.StatoArco, &s.StatoTesto,
+                                      &s.StatoFalda, &s.StatoCurva, &s.StatoBitmap})
+    std::fill(stato->begin(), stato->end(), uint8_t{0});
+  constexpr auto kQuanti = static_cast<int64_t>(std::size(kPassiCarica));
+  for (int64_t k = 0; k < kQuanti; ++k) {
+    const PassoCarica& passo = kPassiCarica[k];
+    // The small members, settings first, are always read again; a table is kept when its
+    // member is the very file it was read from and nothing changed it since.
+    if (passo.Slot == SlotPunti || passo.Slot == SlotSette) continue;
+    if (!DiTabella(passo.Slot))
+      CaricaMembro(s, passo.Slot, [&] { passo.Carica(s); });
+    else if (daLeggere(passo.Slot))
+      Rileggi(s, passo.Slot, passo.Carica);
+    // The settings just read name included tables: their points come with a whole load.
+    if (passo.Slot == SlotCfg && !TabelleIncluse(s).empty()) return false;
+    s.Ui->Progresso(k + 1, kQuanti);
   }
+  SegnalaRigheNonValide(s);
+  ConfiguraLeggi(s);
+  RicordaBloccoB(s);
+  FineCaricamento(s);
+  return true;
 }
 
 void VR_ApriLavoro(Sessione& s) {

@@ -2,7 +2,10 @@
 // fixed sequence `CaricaLavoro`.
 #pragma once
 
+#include <array>
 #include <string>
+
+#include "core/Tabelle.h"
 
 namespace varena {
 
@@ -29,6 +32,13 @@ void ConvertiPuntiPDPV(Sessione& s);
 
 // The fixed load sequence.
 void CaricaLavoro(Sessione& s);
+// The load after an undo or redo put back members: `cambiati` are the slots whose member is
+// no longer the file the tables were read from. A table whose member stayed and that nothing
+// changed since it was read is kept, the others read again, and the rows that differ marked
+// for the regeneration; the tables come out as `CaricaLavoro` after a clear would leave them.
+// False, with nothing done that a whole load does not redo, when the change needs the whole
+// load: the points or Contorno-7 rows, included tables, a member read with an error.
+bool RicaricaLavoro(Sessione& s, const std::array<bool, NumeroSlot>& cambiati);
 
 // `VR_ApriLavoro` for a job file: clear, provisional copy, load, the first undo generation,
 // name fixes, view.

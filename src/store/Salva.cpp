@@ -1,6 +1,7 @@
 // Savers of the job members.
 #include "store/Salva.h"
 
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
@@ -56,6 +57,13 @@ void Scrivi(Passata& p, int slot, std::string_view byte) {
   if (p.conAvanzamento) p.s.Ui->Progresso(std::min(++p.scritti, kMembriSalvati - 1), kMembriSalvati);
 }
 
+// The file holds exactly these bytes.
+bool StessiByte(const std::string& percorso, std::string_view byte) {
+  if (percorso.empty() || LunghezzaFile(percorso) != static_cast<int64_t>(byte.size())) return false;
+  const auto dati = LeggiDati(percorso);
+  return dati && dati->Lunghezza == byte.size() && std::memcmp(dati->Byte.get(), byte.data(), byte.size()) == 0;
+}
+
 // A record member. The legacy saver removed the file and wrote it anew; here the new file
 // replaces the old in one rename, so that the member is never missing or half written.
 template <class Tab, class Filtro>
@@ -76,8 +84,15 @@ void SalvaRecord(Passata& p, const LayoutRecord<Tab>& layout, const char* routin
   std::unique_ptr<char[]> byte(new char[righe.size() * L]);
   const Tab& tab = s;
   CodificaRighe(layout, tab, righe, reinterpret_cast<unsigned char*>(byte.get()));
+  const std::string_view dati(byte.get(), righe.size() * L);
+  // A table that nothing changed since it was read gives back, most often, the very bytes of
+  // its member: then the file stays, shared with the generations, and opening a large job
+  // does not write it all again.
+  if (p.soloSeDiverso && !s.CambiatoDaCaricamento[static_cast<size_t>(slot)] &&
+      StessiByte(p.file.Membro[static_cast<size_t>(slot)], dati))
+    return;
   // A count of rows none of which passes still opens the file: it stays, empty.
-  Scrivi(p, slot, std::string_view(byte.get(), righe.size() * L));
+  Scrivi(p, slot, dati);
 }
 
 // A text member, given as the bytes of the file (no value: the member must not exist). In a
@@ -225,20 +240,26 @@ void SalvaListaL(Passata& p) {
   Sessione& s = p.s;
   s.RoutineCorrente = "SalvaListaL";
   if (s.ContaEntita[SlotPunti] < 2) return;
-  std::string testo = IstruzioneLista().Numero(1001).Riga();
-  testo += IstruzioneLista().Testo("0").Testo("0").Numero(0).Numero(0).Numero(0).Riga();
+  std::string testo = Utf8InCp1252(IstruzioneLista().Numero(1001).Riga());
+  testo += Utf8InCp1252(IstruzioneLista().Testo("0").Testo("0").Numero(0).Numero(0).Numero(0).Riga());
+  // The statements written straight into one buffer in the code page, the two texts of each
+  // converted on their own (a character never runs past a quote): the numbers are ASCII, and
+  // a list of a million points is written in one pass, as the snapshot of a large job needs.
+  testo.reserve(testo.size() + static_cast<size_t>(s.ContaEntita[SlotPunti]) * 64);
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
-    testo += IstruzioneLista()
-                 .Testo(s.PuntoNome[r])
-                 .Testo(s.PuntoDescrizione[r])
-                 .Numero(s.PuntoX[r])
-                 .Numero(s.PuntoY[r])
-                 .Numero(s.PuntoZ[r])
-                 .Corpo();
+    testo += '"';
+    testo += Utf8InCp1252(s.PuntoNome[r]);
+    testo += "\",\"";
+    testo += Utf8InCp1252(s.PuntoDescrizione[r]);
+    testo += '"';
+    for (const double v : {s.PuntoX[r], s.PuntoY[r], s.PuntoZ[r]}) {
+      testo += ',';
+      testo += FormaSemplice(v);
+    }
     testo += "\r\n";
   }
-  Scrivi(p, SlotL, Utf8InCp1252(testo));
+  Scrivi(p, SlotL, testo);
 }
 
 std::optional<std::string> Blocco(const std::string& testo) {

@@ -18,6 +18,7 @@
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "store/Slot.h"
+#include "view/Ridisegna.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -64,10 +65,13 @@ void ScriviGenerazione(Sessione& s, int64_t passo, bool collega) {
 }
 
 // Steps 4 and 5 of undo and redo: the provisional copy becomes exactly generation `passo`.
-// A member that is already the generation's very file is left where it is.
-void RipristinaGenerazione(Sessione& s, int64_t passo) {
+// A member that is already the generation's very file is left where it is; `cambiati` tells
+// the others, those put in place or taken away.
+void RipristinaGenerazione(Sessione& s, int64_t passo, std::array<bool, NumeroSlot>& cambiati) {
   const std::string radice = RadiceGenerazione(s, passo);
   FileLavoro p = ElencaFileLavoro(s.NomeLavoro);
+  // A member standing twice under two letter cases may have been read from either.
+  cambiati.fill(!p.Doppioni.empty());
   for (const std::string& doppione : p.Doppioni) EliminaFileEsatto(doppione);
   std::array<bool, NumeroSlot> inGenerazione{};
   for (int slot = 0; slot < NumeroSlot; ++slot) {
@@ -77,13 +81,16 @@ void RipristinaGenerazione(Sessione& s, int64_t passo) {
     std::string& membro = p.Membro[k];
     if (membro.empty()) continue;
     if (inGenerazione[k] && StessoFile(membro, radice + EstensioneFile(slot))) continue;
+    cambiati[k] = true;
     EliminaFileEsatto(membro);
     membro.clear();
   }
   for (int slot = 0; slot < NumeroSlot; ++slot) {
     const auto k = static_cast<size_t>(slot);
-    if (inGenerazione[k] && p.Membro[k].empty())
+    if (inGenerazione[k] && p.Membro[k].empty()) {
+      cambiati[k] = true;
       Condividi(s, radice + EstensioneFile(slot), s.NomeLavoro + EstensioneFile(slot), true);
+    }
   }
 }
 
@@ -105,14 +112,20 @@ bool Sposta(Sessione& s, int verso) {
   // A damaged journal may name a generation of which nothing stands: restoring it would
   // empty the provisional copy.
   if (!GenerazioneSuDisco(s, passo)) return false;
-  ClearAllTables(s);
-  const bool messa = Protetto(s, [&] { RipristinaGenerazione(s, passo); });
+  std::array<bool, NumeroSlot> cambiati{};
+  const bool messa = Protetto(s, [&] { RipristinaGenerazione(s, passo, cambiati); });
   // When the generation could not be put in place, the one the journal still names goes
   // back, so that the tables, the provisional copy and the journal keep agreeing.
-  const bool coerente = messa || Protetto(s, [&] { RipristinaGenerazione(s, d->Passo); });
-  CaricaLavoro(s);
+  const bool coerente = messa || Protetto(s, [&] { RipristinaGenerazione(s, d->Passo, cambiati); });
+  // Only the members that changed are read again, when the tables allow it; a failure half
+  // way reads everything.
+  if (!messa || !RicaricaLavoro(s, cambiati)) {
+    ClearAllTables(s);
+    CaricaLavoro(s);
+  }
   // The tables were just read from the provisional files: nothing is waiting to be written.
   if (coerente) SegnaTuttoSalvato(s);
+  RigeneraModifiche(s);
   if (!messa) return false;
   s.RoutineCorrente = tag;
   return Protetto(s, [&] { ScriviDiario(s, {passo, d->UltimoPasso}); });
@@ -165,8 +178,12 @@ bool VR_SalvaUndo(Sessione& s, bool completo) {
     });
   }
   s.RoutineCorrente = "Uscito da VR_ Salvaundo ";
-  // The display list follows the tables just committed; the view stays as the user left it.
-  if (ok) Rigenerazione1(s);
+  // The display list follows the tables just committed, remade only where they changed; the
+  // view stays as the user left it.
+  if (ok) {
+    RigeneraModifiche(s);
+    Ridisegna(s);
+  }
   vista.Rimetti(s.Vista);
   return ok;
 }

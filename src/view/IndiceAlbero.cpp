@@ -40,6 +40,8 @@ void IndiceAlbero::Svuota() {
   x0_.clear(), y0_.clear(), x1_.clear(), y1_.clear();
   indice_.clear();
   livelli_.clear();
+  aggiunti_.clear();
+  rimossi_ = 0;
 }
 
 void IndiceAlbero::Ordina(std::vector<Scatola>& scatole) {

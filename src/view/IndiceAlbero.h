@@ -22,8 +22,16 @@ class IndiceAlbero {
   // The number of boxes it was built over: rows after these are not in it.
   int64_t Elementi() const { return n_; }
 
+  // After a change of rows, `n` in all: `mappa(i)` gives the new row of row i, or -1 when
+  // it is gone or changed; `nuovi` lists the rows new or changed. Their old entries are
+  // left out, the new ones kept apart and met first by every walk; when those grow many the
+  // tree is built again.
+  template <class Mappa, class Angoli>
+  void Aggiorna(int64_t n, Mappa mappa, const std::vector<int64_t>& nuovi, Angoli angoli);
+
   // Meets the boxes in order of increasing distance from (x, y), calling `valuta(indice)`,
-  // as long as that distance does not exceed `soglia()`, read again after each call.
+  // as long as that distance does not exceed `soglia()`, read again after each call. The
+  // rows changed since the tree was built come first, whatever their distance.
   template <class Valuta, class Soglia>
   void Visita(double x, double y, Valuta valuta, Soglia soglia) const;
 
@@ -48,6 +56,8 @@ class IndiceAlbero {
   std::vector<int64_t> indice_;    // an entry: its row; a node: the position of its first child
   std::vector<size_t> livelli_;    // the end of each level, entries first, the root last
   mutable std::vector<std::pair<double, size_t>> coda_;
+  std::vector<int64_t> aggiunti_;  // rows changed since the tree was built
+  int64_t rimossi_ = 0;            // entries that hold -1 since
 };
 
 // The trees of the searches by kind: points at the North offset of their labels, the
@@ -75,6 +85,7 @@ void IndiceAlbero::Costruisci(int64_t n, Angoli angoli) {
 
 template <class Valuta, class Soglia>
 void IndiceAlbero::Visita(double x, double y, Valuta valuta, Soglia soglia) const {
+  for (int64_t i : aggiunti_) valuta(i);
   if (voci_ == 0) return;
   const double px = x - ox_, py = y - oy_;
   auto maggiore = [](const std::pair<double, size_t>& a, const std::pair<double, size_t>& b) { return a.first > b.first; };
@@ -88,7 +99,7 @@ void IndiceAlbero::Visita(double x, double y, Valuta valuta, Soglia soglia) cons
     const double s = soglia();
     if (d2 > s * s) return;
     if (k < voci_) {
-      valuta(indice_[k]);
+      if (indice_[k] >= 0) valuta(indice_[k]);
       continue;
     }
     // The level of node k, and its children in the level below.
@@ -100,6 +111,25 @@ void IndiceAlbero::Visita(double x, double y, Valuta valuta, Soglia soglia) cons
       coda_.emplace_back(Distanza2(c, px, py), c);
       std::push_heap(coda_.begin(), coda_.end(), maggiore);
     }
+  }
+}
+
+template <class Mappa, class Angoli>
+void IndiceAlbero::Aggiorna(int64_t n, Mappa mappa, const std::vector<int64_t>& nuovi, Angoli angoli) {
+  const auto soglia = static_cast<size_t>(std::max<int64_t>(1024, n / 8));
+  if (livelli_.empty() || aggiunti_.size() + nuovi.size() > soglia || rimossi_ > n / 4 + 1024) {
+    Costruisci(n, angoli);
+    return;
+  }
+  for (size_t k = 0; k < voci_; ++k)
+    if (indice_[k] >= 0 && (indice_[k] = mappa(indice_[k])) < 0) ++rimossi_;
+  for (int64_t& i : aggiunti_) i = mappa(i);
+  std::erase(aggiunti_, int64_t{-1});
+  n_ = std::max<int64_t>(n, 0);
+  for (int64_t i : nuovi) {
+    double a, b, c, d;
+    if (angoli(i, a, b, c, d) && std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d))
+      aggiunti_.push_back(i);
   }
 }
 

@@ -15,6 +15,8 @@ void IndiceGriglia::Svuota() {
   voci_.clear();
   grandi_.clear();
   esclusi_.clear();
+  aggiunti_.clear();
+  rimossi_ = 0;
   visti_.clear();
 }
 
@@ -74,6 +76,7 @@ void IndiceGriglia::Cerca(double xmin, double ymin, double xmax, double ymax, st
       const size_t cella = static_cast<size_t>(r) * static_cast<size_t>(colonne_) + static_cast<size_t>(k);
       for (uint32_t j = inizio_[cella]; j < inizio_[cella + 1]; ++j) {
         const int64_t i = voci_[j];
+        if (i < 0) continue;  // a box gone or changed since the grid was built
         uint64_t& parola = visti_[static_cast<size_t>(i >> 6)];
         const uint64_t bit = uint64_t{1} << (i & 63);
         if (parola & bit) continue;
@@ -82,6 +85,8 @@ void IndiceGriglia::Cerca(double xmin, double ymin, double xmax, double ymax, st
       }
     }
   for (int64_t i : grandi_) trovati.push_back(i);
+  for (const Aggiunto& a : aggiunti_)
+    if (a.X0 <= xmax && a.X1 >= xmin && a.Y0 <= ymax && a.Y1 >= ymin) trovati.push_back(a.Id);
   for (int64_t i : trovati) visti_[static_cast<size_t>(i >> 6)] &= ~(uint64_t{1} << (i & 63));
   std::sort(trovati.begin(), trovati.end());
   trovati.erase(std::unique(trovati.begin(), trovati.end()), trovati.end());

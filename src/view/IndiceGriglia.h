@@ -17,6 +17,13 @@ class IndiceGriglia {
   void Svuota();
   int64_t Elementi() const { return n_; }
 
+  // After a change of `n` boxes in all: `mappa(i)` gives the new index of box i, or -1 when
+  // it is gone or changed; `nuovi` lists the indexes whose boxes are new or changed. Their
+  // old places are left out, the new boxes are kept apart and offered to every search, and
+  // when those grow many the grid is built again.
+  template <class Mappa, class Angoli>
+  void Aggiorna(int64_t n, Mappa mappa, const std::vector<int64_t>& nuovi, Angoli angoli);
+
   // The indexes of the boxes that may touch the rectangle, in increasing order, each once.
   void Cerca(double xmin, double ymin, double xmax, double ymax, std::vector<int64_t>& risultato) const;
 
@@ -34,6 +41,14 @@ class IndiceGriglia {
   std::vector<int64_t> voci_;         // box indexes by cell
   std::vector<int64_t> grandi_;       // boxes spanning too many cells: always candidates
   std::vector<int64_t> esclusi_;      // boxes that cannot be placed, in increasing order
+  // Boxes changed since the grid was built, with their corners; their places in the cells
+  // hold -1, as do those of boxes gone.
+  struct Aggiunto {
+    int64_t Id;
+    double X0, Y0, X1, Y1;
+  };
+  std::vector<Aggiunto> aggiunti_;
+  int64_t rimossi_ = 0;
   mutable std::vector<uint64_t> visti_;  // one bit per box, for a query
 };
 
@@ -86,6 +101,35 @@ void IndiceGriglia::Costruisci(int64_t n, Angoli angoli) {
     else
       voci_[pos[static_cast<size_t>(cella)]++] = i;
   });
+}
+
+template <class Mappa, class Angoli>
+void IndiceGriglia::Aggiorna(int64_t n, Mappa mappa, const std::vector<int64_t>& nuovi, Angoli angoli) {
+  const auto soglia = static_cast<size_t>(std::max<int64_t>(1024, n / 8));
+  if (colonne_ == 0 || aggiunti_.size() + nuovi.size() > soglia || rimossi_ > n / 4 + 1024) {
+    Costruisci(n, angoli);
+    return;
+  }
+  for (int64_t& v : voci_)
+    if (v >= 0 && (v = mappa(v)) < 0) ++rimossi_;
+  auto rimappa = [&mappa](std::vector<int64_t>& v) {
+    for (int64_t& i : v) i = mappa(i);
+    std::erase(v, int64_t{-1});
+  };
+  rimappa(grandi_);
+  rimappa(esclusi_);
+  for (Aggiunto& a : aggiunti_) a.Id = mappa(a.Id);
+  std::erase_if(aggiunti_, [](const Aggiunto& a) { return a.Id < 0; });
+  n_ = n;
+  for (int64_t i : nuovi) {
+    double a, b, c, d;
+    angoli(i, a, b, c, d);
+    if (Misurabile(a, b, c, d))
+      aggiunti_.push_back({i, std::min(a, c), std::min(b, d), std::max(a, c), std::max(b, d)});
+    else
+      esclusi_.insert(std::lower_bound(esclusi_.begin(), esclusi_.end(), i), i);
+  }
+  visti_.assign(static_cast<size_t>((n + 63) / 64), 0);
 }
 
 }  // namespace varena

@@ -45,6 +45,12 @@ struct RecordDisegno {
   float Spessore = 1;
 };
 
+// A run of records of a list replaced by a run of records of another: `Da` and `Quanti` in
+// the list, `DaNuovi` and `QuantiNuovi` in the other.
+struct Sostituzione {
+  int64_t Da = 0, Quanti = 0, DaNuovi = 0, QuantiNuovi = 0;
+};
+
 // Field per array, as the entity tables. Layer and font names repeat over and over and are
 // kept once each; texts are kept only for text records.
 class ElencoDisegno {
@@ -67,6 +73,9 @@ class ElencoDisegno {
   int64_t AggiungiMotivo(const RecordDisegno& r, MotivoLinea m);
   // The line of a `PrimMotivo` record; null for any other.
   const MotivoLinea* Motivo(int64_t i) const;
+  // Runs of records, in increasing order and apart, replaced by runs of `nuovi`: in place
+  // when every run keeps its length, else by one pass that moves the records after them.
+  void Sostituisci(const std::vector<Sostituzione>& sost, const ElencoDisegno& nuovi);
 
   const std::string& Testo(int64_t i) const;
   const std::string& Font(int64_t i) const { return nomi_[static_cast<size_t>(font_[static_cast<size_t>(i)])]; }
@@ -75,6 +84,12 @@ class ElencoDisegno {
  private:
   int32_t Nome(std::string_view n);
   int32_t Cerca(std::string_view n);
+  void SostituisciAlPosto(const std::vector<Sostituzione>& sost, const ElencoDisegno& nuovi);
+  // Record `j` of `nuovi` copied over record `i`, its names and text taken into this list.
+  void CopiaRecord(int64_t i, const ElencoDisegno& nuovi, int64_t j);
+  // `f` on each column of this list beside the same column of `b`.
+  template <class F>
+  void Colonne(const ElencoDisegno& b, F&& f);
   int32_t recenti_[2] = {-1, -1};
   std::vector<int32_t> testo_, font_, piano_;
   std::vector<MotivoLinea> motivi_;  // by increasing record

@@ -41,23 +41,8 @@ RecordDisegno RecordDi(const Sessione& s, uint8_t tipo, int32_t riga, int32_t co
 }
 
 
-void RigeneraImmagini(Sessione& s) {
-  for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r) RigeneraBitMapSingola(s, r);
-}
-void RigeneraArchi(Sessione& s) {
-  for (int32_t r = 0; r < s.ContaEntita[SlotArchi]; ++r) RigeneraArco(s, r);
-}
-void RigeneraCerchi(Sessione& s) {
-  for (int32_t r = 0; r < s.ContaEntita[SlotCerchi]; ++r) RigeneraCerchio(s, r);
-}
-void RigeneraLinee(Sessione& s) {
-  for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r) RigeneraLineaSingola(s, r);
-}
-void RigeneraTesti(Sessione& s) {
-  for (int32_t r = 0; r < s.ContaEntita[SlotTesti]; ++r) RigeneraTesto(s, r);
-}
+}  // namespace
 
-// The frame of the drawing's extent, when the setting asks for it.
 void RigeneraCorniceIngombro(Sessione& s) {
   if (s.Imp.MostraIngombroDisegno <= 0) return;
   const auto box = IngombroDisegno(s);
@@ -74,15 +59,18 @@ void RigeneraCorniceIngombro(Sessione& s) {
   }
 }
 
-// The order of painting: what comes later lies over what comes before. Kinds that join the
-// list take their place in this table.
-using Rigeneratore = void (*)(Sessione&);
-constexpr Rigeneratore kOrdine[] = {
-    RigeneraImmagini,  // then the map extract and its stations, facets, sections
-    RigeneraArchi,   RigeneraCerchi, RigeneraLinee,
-    RigeneraSetteSette,
-    RigeneraTesti,     // after the Contorno-7 outlines
-    RigeneraCorniceIngombro,
+namespace {
+
+// The kinds in the order of painting: what comes later lies over what comes before. Kinds
+// that join the list take their place in this table.
+constexpr GenereLista kOrdine[] = {
+    {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations, facets, sections
+    {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},
+    {SlotCerchi, RigeneraCerchio, &TabelleEntita::StatoCerchio},
+    {SlotLinee, RigeneraLineaSingola, &TabelleEntita::StatoLinea},
+    // Drawn from their points: a point moved moves every structure through it.
+    {SlotSette, RigeneraSetteRiga, nullptr, SlotPunti},
+    {SlotTesti, RigeneraTesto, &TabelleEntita::StatoTesto},  // after the Contorno-7 outlines
 };
 
 }  // namespace
@@ -283,9 +271,12 @@ void RigeneraBitMapSingola(Sessione& s, int32_t riga) {
   }
 }
 
-void IndicizzaDisegno(Sessione& s) {
-  const ElencoDisegno& l = s.ListaDisegno;
-  s.IndiceLista.Costruisci(l.Conta(), [&l](int64_t i, double& a, double& b, double& c, double& d) {
+namespace {
+
+// The boxes the grids and the trees hold. The list's grid: a circle by its square, any
+// other record by its two points.
+auto AngoliLista(const ElencoDisegno& l) {
+  return [&l](int64_t i, double& a, double& b, double& c, double& d) {
     const auto k = static_cast<size_t>(i);
     if (l.Primitiva[k] == PrimCerchio) {
       a = l.X1[k] - l.Altezza[k], b = l.Y1[k] - l.Altezza[k];
@@ -293,70 +284,327 @@ void IndicizzaDisegno(Sessione& s) {
     } else {
       a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
     }
-  });
-  const int64_t punti = s.ContaEntita[SlotPunti];
-  s.IndicePunti.Costruisci(punti, [&s](int64_t i, double& a, double& b, double& c, double& d) {
+  };
+}
+
+auto AngoliPunto(const Sessione& s) {
+  return [&s](int64_t i, double& a, double& b, double& c, double& d) {
     a = c = s.PuntoX[static_cast<size_t>(i)];
     b = d = s.PuntoY[static_cast<size_t>(i)];
-  });
+  };
+}
+
+// A point is measured at the North offset of its label.
+auto VicinoPunto(const Sessione& s) {
+  return [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    a = c = s.PuntoX[k];
+    b = d = s.PuntoY[k] + s.PuntoSpoY[k];
+    return true;
+  };
+}
+
+template <class Tipo>
+auto Segmenti(const ElencoDisegno& l, Tipo tipo) {
+  return [&l, tipo](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    if ((l.Primitiva[k] != PrimLinea && l.Primitiva[k] != PrimMotivo) || !tipo(l.Tipo[k])) return false;
+    a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
+    return true;
+  };
+}
+constexpr auto kSoloLinee = [](uint8_t t) { return t == SlotLinee; };
+constexpr auto kAltreLinee = [](uint8_t t) {
+  return t == SlotFalde || t == SlotSette || t == SlotSezioni || t == SlotBitmap || t == 14;
+};
+
+auto VicinoCerchio(const Sessione& s) {
+  return [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    const double r = std::fabs(s.CerchioRaggio[k]);
+    a = s.CerchioX[k] - r, b = s.CerchioY[k] - r, c = s.CerchioX[k] + r, d = s.CerchioY[k] + r;
+    return true;
+  };
+}
+
+// An arc by the box of its whole circle: a little more than it covers, never less.
+auto VicinoArco(const Sessione& s) {
+  return [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    const auto k = static_cast<size_t>(i);
+    const double r = std::fabs(s.ArcoRaggio[k]);
+    a = s.ArcoX[k] - r, b = s.ArcoY[k] - r, c = s.ArcoX[k] + r, d = s.ArcoY[k] + r;
+    return true;
+  };
+}
+
+auto VicinoTesto(const Sessione& s) {
+  return [&s](int64_t i, double& a, double& b, double& c, double& d) {
+    a = c = s.TestoX[static_cast<size_t>(i)];
+    b = d = s.TestoY[static_cast<size_t>(i)];
+    return true;
+  };
+}
+
+// The runs of rows of a slot to make again, in order and apart: those marked, clamped to the
+// rows there were and are, and the rows added or gone since.
+std::vector<std::pair<int32_t, int32_t>> RigheDaRifare(const RigheCambiate& c, int64_t prima, int64_t ora) {
+  const auto fine = static_cast<int32_t>(std::max(prima, ora));
+  std::vector<std::pair<int32_t, int32_t>> t;
+  if (c.Tutte) {
+    if (fine > 0) t.emplace_back(0, fine - 1);
+    return t;
+  }
+  for (auto [da, a] : c.Tratti)
+    if (da < fine) t.emplace_back(da, std::min(a, fine - 1));
+  const auto minimo = static_cast<int32_t>(std::min(prima, ora));
+  if (minimo < fine) t.emplace_back(minimo, fine - 1);
+  std::sort(t.begin(), t.end());
+  std::vector<std::pair<int32_t, int32_t>> uniti;
+  for (const auto& r : t) {
+    if (!uniti.empty() && r.first <= static_cast<int64_t>(uniti.back().second) + 1)
+      uniti.back().second = std::max(uniti.back().second, r.second);
+    else
+      uniti.push_back(r);
+  }
+  return uniti;
+}
+
+// Rows of a table index after a change: those in `tratti` are gone from their old places
+// and come again, with those past the end gone.
+template <class Indice, class Angoli>
+void AggiornaRighe(Indice& indice, const std::vector<std::pair<int32_t, int32_t>>& tratti, int64_t righe,
+                   Angoli angoli) {
+  if (tratti.empty()) return;
+  std::vector<int64_t> nuovi;
+  for (auto [da, a] : tratti)
+    for (int64_t r = da; r <= a && r < righe; ++r) nuovi.push_back(r);
+  auto mappa = [&tratti, righe](int64_t i) -> int64_t {
+    if (i >= righe) return -1;
+    auto it = std::upper_bound(tratti.begin(), tratti.end(), i,
+                               [](int64_t v, const std::pair<int32_t, int32_t>& t) { return v < t.first; });
+    return it != tratti.begin() && i <= std::prev(it)->second ? -1 : i;
+  };
+  indice.Aggiorna(righe, mappa, nuovi, angoli);
+}
+
+// Old records to new ones, after runs of the list were replaced.
+class Spostamenti {
+ public:
+  explicit Spostamenti(const std::vector<Sostituzione>& sost) : sost_(sost), prima_(sost.size() + 1, 0) {
+    for (size_t k = 0; k < sost.size(); ++k) prima_[k + 1] = prima_[k] + sost[k].QuantiNuovi - sost[k].Quanti;
+  }
+  // The shift of the records before run `k`.
+  int64_t Prima(size_t k) const { return prima_[k]; }
+  // The new place of old record `i`; -1 for a record replaced.
+  int64_t operator()(int64_t i) const {
+    auto it = std::upper_bound(sost_.begin(), sost_.end(), i, [](int64_t v, const Sostituzione& r) { return v < r.Da; });
+    if (it == sost_.begin()) return i;
+    const auto k = static_cast<size_t>(it - sost_.begin());
+    const Sostituzione& r = sost_[k - 1];
+    return i < r.Da + r.Quanti ? -1 : i + prima_[k];
+  }
+
+ private:
+  const std::vector<Sostituzione>& sost_;
+  std::vector<int64_t> prima_;
+};
+
+// Every record's selection state as its row's byte, as a regeneration copies it: the
+// selection changes the tables' bytes without marking rows.
+void CopiaStati(Sessione& s) {
+  std::array<const std::vector<uint8_t>*, 256> colonna{};
+  for (const GenereLista& g : kOrdine)
+    if (g.Stato) colonna[static_cast<size_t>(g.Slot)] = &(s.*g.Stato);
+  ElencoDisegno& l = s.ListaDisegno;
+  for (size_t k = 0; k < static_cast<size_t>(l.Conta()); ++k)
+    if (const auto* c = colonna[l.Tipo[k]]) l.Stato[k] = (*c)[static_cast<size_t>(l.Riga[k])];
+}
+
+void Mescola(uint64_t& h, const void* dati, size_t n) {
+  const auto* p = static_cast<const unsigned char*>(dati);
+  for (size_t k = 0; k < n; ++k) h = (h ^ p[k]) * 1099511628211ull;
+}
+
+// The rows of one kind made again: the runs remade, the first of them in the list of runs,
+// and where each row remade begins in the list apart, with the end last.
+struct Rifatto {
+  size_t PrimaSost;
+  std::vector<std::pair<int32_t, int32_t>> Tratti;
+  std::vector<int64_t> Inizio;
+};
+
+// The records of the rows changed, made in `nuovi` in the order of the list, each run of rows
+// replacing the records its rows had.
+std::vector<Rifatto> RifaiRighe(Sessione& s, ElencoDisegno& nuovi, std::vector<Sostituzione>& sost) {
+  const StatoRigenerazione& st = s.Rigenerazione;
+  std::vector<Rifatto> rifatti;
+  // The regenerators append to the session's list: they are given the list apart.
+  std::swap(s.ListaDisegno, nuovi);
+  for (const GenereLista& g : kOrdine) {
+    const std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(g.Slot)];
+    const auto prima = static_cast<int64_t>(primo.size()) - 1;
+    const int64_t ora = std::max(s.ContaEntita[static_cast<size_t>(g.Slot)], 0);
+    RigheCambiate segnate = s.DaRigenerare[static_cast<size_t>(g.Slot)];
+    if (g.Dipende >= 0 && !s.DaRigenerare[static_cast<size_t>(g.Dipende)].Vuote()) segnate.SegnaTutte();
+    Rifatto f{sost.size(), RigheDaRifare(segnate, prima, ora), {}};
+    for (auto [da, a] : f.Tratti) {
+      Sostituzione r;
+      r.Da = primo[static_cast<size_t>(std::min<int64_t>(da, prima))];
+      r.Quanti = primo[static_cast<size_t>(std::min<int64_t>(int64_t{a} + 1, prima))] - r.Da;
+      r.DaNuovi = s.ListaDisegno.Conta();
+      for (int32_t riga = da; riga <= a && riga < ora; ++riga) {
+        f.Inizio.push_back(s.ListaDisegno.Conta());
+        g.Riga(s, riga);
+      }
+      r.QuantiNuovi = s.ListaDisegno.Conta() - r.DaNuovi;
+      sost.push_back(r);
+    }
+    f.Inizio.push_back(s.ListaDisegno.Conta());
+    rifatti.push_back(std::move(f));
+  }
+  std::swap(s.ListaDisegno, nuovi);
+  return rifatti;
+}
+
+// Where each row of a kind now begins: a row remade by its new records, any other by its old
+// ones, all after the shift of the runs before the kind.
+void SpostaPrimi(std::vector<int64_t>& primo, const Rifatto& f, int32_t righe, int64_t spostamento) {
+  const auto ora = static_cast<int64_t>(std::max(righe, 0));
+  const auto prima = static_cast<int64_t>(primo.size()) - 1;
+  std::vector<int64_t> nuovo(static_cast<size_t>(ora) + 1);
+  int64_t pos = primo[0] + spostamento;
+  size_t t = 0, rifatta = 0;
+  for (int64_t r = 0; r < ora; ++r) {
+    while (t < f.Tratti.size() && f.Tratti[t].second < r) ++t;
+    nuovo[static_cast<size_t>(r)] = pos;
+    if (t < f.Tratti.size() && f.Tratti[t].first <= r) {
+      pos += f.Inizio[rifatta + 1] - f.Inizio[rifatta];
+      ++rifatta;
+    } else if (r < prima) {
+      pos += primo[static_cast<size_t>(r) + 1] - primo[static_cast<size_t>(r)];
+    }
+  }
+  nuovo.back() = pos;
+  primo.swap(nuovo);
+}
+
+// The indexes after the list changed: its records by their new places, the tables' rows
+// that changed.
+void AggiornaIndici(Sessione& s, const Spostamenti& sposta, const std::vector<int64_t>& recordNuovi) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  s.IndiceLista.Aggiorna(l.Conta(), sposta, recordNuovi, AngoliLista(l));
+  s.Vicinanza.Linee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kSoloLinee));
+  s.Vicinanza.AltreLinee.Aggiorna(l.Conta(), sposta, recordNuovi, Segmenti(l, kAltreLinee));
+  auto tratti = [&s](int slot, const auto& indice) {
+    return RigheDaRifare(s.DaRigenerare[static_cast<size_t>(slot)], indice.Elementi(),
+                         s.ContaEntita[static_cast<size_t>(slot)]);
+  };
+  const int64_t punti = s.ContaEntita[SlotPunti];
+  AggiornaRighe(s.IndicePunti, tratti(SlotPunti, s.IndicePunti), punti, AngoliPunto(s));
+  AggiornaRighe(s.Vicinanza.Punti, tratti(SlotPunti, s.Vicinanza.Punti), punti, VicinoPunto(s));
+  AggiornaRighe(s.Vicinanza.Cerchi, tratti(SlotCerchi, s.Vicinanza.Cerchi), s.ContaEntita[SlotCerchi], VicinoCerchio(s));
+  AggiornaRighe(s.Vicinanza.Archi, tratti(SlotArchi, s.Vicinanza.Archi), s.ContaEntita[SlotArchi], VicinoArco(s));
+  AggiornaRighe(s.Vicinanza.Testi, tratti(SlotTesti, s.Vicinanza.Testi), s.ContaEntita[SlotTesti], VicinoTesto(s));
+}
+
+}  // namespace
+
+std::span<const GenereLista> GeneriLista() { return kOrdine; }
+
+uint64_t ImprontaRigenerazione(const Sessione& s) {
+  uint64_t h = 14695981039346656037ull;
+  const Impostazioni& i = s.Imp;
+  Mescola(h, &i.Colore_Fondo_Default, sizeof i.Colore_Fondo_Default);
+  Mescola(h, &i.LineaDecimali, sizeof i.LineaDecimali);
+  Mescola(h, &i.LineaMostraLunghezza, sizeof i.LineaMostraLunghezza);
+  Mescola(h, &i.MostraIngombroDisegno, sizeof i.MostraIngombroDisegno);
+  Mescola(h, s.Spessori.Spessore.data(), sizeof s.Spessori.Spessore);
+  for (const Tratteggio& t : s.Tratteggi.Stili) {
+    Mescola(h, t.Elementi.data(), sizeof t.Elementi);
+    Mescola(h, &t.AngoloElemento, sizeof t.AngoloElemento);
+  }
+  return h;
+}
+
+void IndicizzaDisegno(Sessione& s) {
+  s.IndiceLista.Costruisci(s.ListaDisegno.Conta(), AngoliLista(s.ListaDisegno));
+  s.IndicePunti.Costruisci(s.ContaEntita[SlotPunti], AngoliPunto(s));
   IndicizzaVicinanza(s);
 }
 
 void IndicizzaVicinanza(Sessione& s) {
   IndiciVicinanza& v = s.Vicinanza;
   const ElencoDisegno& l = s.ListaDisegno;
-  // A point is measured at the North offset of its label.
-  v.Punti.Costruisci(s.ContaEntita[SlotPunti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
-    const auto k = static_cast<size_t>(i);
-    a = c = s.PuntoX[k];
-    b = d = s.PuntoY[k] + s.PuntoSpoY[k];
-    return true;
-  });
-  auto segmenti = [&l](auto tipo) {
-    return [&l, tipo](int64_t i, double& a, double& b, double& c, double& d) {
-      const auto k = static_cast<size_t>(i);
-      if ((l.Primitiva[k] != PrimLinea && l.Primitiva[k] != PrimMotivo) || !tipo(l.Tipo[k])) return false;
-      a = l.X1[k], b = l.Y1[k], c = l.X2[k], d = l.Y2[k];
-      return true;
-    };
-  };
-  v.Linee.Costruisci(l.Conta(), segmenti([](uint8_t t) { return t == SlotLinee; }));
-  v.AltreLinee.Costruisci(l.Conta(), segmenti([](uint8_t t) {
-    return t == SlotFalde || t == SlotSette || t == SlotSezioni || t == SlotBitmap || t == 14;
-  }));
-  v.Cerchi.Costruisci(s.ContaEntita[SlotCerchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
-    const auto k = static_cast<size_t>(i);
-    const double r = std::fabs(s.CerchioRaggio[k]);
-    a = s.CerchioX[k] - r, b = s.CerchioY[k] - r, c = s.CerchioX[k] + r, d = s.CerchioY[k] + r;
-    return true;
-  });
-  // An arc by the box of its whole circle: a little more than it covers, never less.
-  v.Archi.Costruisci(s.ContaEntita[SlotArchi], [&s](int64_t i, double& a, double& b, double& c, double& d) {
-    const auto k = static_cast<size_t>(i);
-    const double r = std::fabs(s.ArcoRaggio[k]);
-    a = s.ArcoX[k] - r, b = s.ArcoY[k] - r, c = s.ArcoX[k] + r, d = s.ArcoY[k] + r;
-    return true;
-  });
-  v.Testi.Costruisci(s.ContaEntita[SlotTesti], [&s](int64_t i, double& a, double& b, double& c, double& d) {
-    a = c = s.TestoX[static_cast<size_t>(i)];
-    b = d = s.TestoY[static_cast<size_t>(i)];
-    return true;
-  });
+  v.Punti.Costruisci(s.ContaEntita[SlotPunti], VicinoPunto(s));
+  v.Linee.Costruisci(l.Conta(), Segmenti(l, kSoloLinee));
+  v.AltreLinee.Costruisci(l.Conta(), Segmenti(l, kAltreLinee));
+  v.Cerchi.Costruisci(s.ContaEntita[SlotCerchi], VicinoCerchio(s));
+  v.Archi.Costruisci(s.ContaEntita[SlotArchi], VicinoArco(s));
+  v.Testi.Costruisci(s.ContaEntita[SlotTesti], VicinoTesto(s));
 }
 
 void RigeneraLista(Sessione& s) {
   s.RoutineCorrente = "Rigenerazione1";
   s.ListaDisegno.Svuota();
+  StatoRigenerazione& st = s.Rigenerazione;
+  ++st.Passata;
   // A large job takes a while: each kind done, and the indexes, are a step of its progress.
-  constexpr auto kPassi = static_cast<int64_t>(std::size(kOrdine)) + 1;
+  constexpr auto kPassi = static_cast<int64_t>(std::size(kOrdine)) + 2;
   int64_t passo = 0;
   s.Ui->Progresso(passo, kPassi);
-  for (Rigeneratore f : kOrdine) {
-    f(s);
+  for (const GenereLista& g : kOrdine) {
+    const int32_t righe = std::max(s.ContaEntita[static_cast<size_t>(g.Slot)], 0);
+    std::vector<int64_t>& primo = st.Primo[static_cast<size_t>(g.Slot)];
+    primo.assign(static_cast<size_t>(righe) + 1, 0);
+    for (int32_t r = 0; r < righe; ++r) {
+      primo[static_cast<size_t>(r)] = s.ListaDisegno.Conta();
+      g.Riga(s, r);
+    }
+    primo.back() = s.ListaDisegno.Conta();
     s.Ui->Progresso(++passo, kPassi);
   }
+  st.PrimoCornice = s.ListaDisegno.Conta();
+  RigeneraCorniceIngombro(s);
+  s.Ui->Progresso(++passo, kPassi);
   IndicizzaDisegno(s);
+  for (RigheCambiate& c : s.DaRigenerare) c.Azzera();
+  st.Conta = s.ListaDisegno.Conta();
+  st.Impronta = ImprontaRigenerazione(s);
+  st.Valida = true;
   s.Ui->Progresso(kPassi, kPassi);
+}
+
+void RigeneraModifiche(Sessione& s) {
+  StatoRigenerazione& st = s.Rigenerazione;
+  if (!st.Valida || s.ListaDisegno.Conta() < st.Conta || st.Impronta != ImprontaRigenerazione(s)) {
+    RigeneraLista(s);
+    return;
+  }
+  s.RoutineCorrente = "Rigenerazione1";
+  ++st.Passata;
+  ElencoDisegno nuovi;
+  std::vector<Sostituzione> sost;
+  const std::vector<Rifatto> rifatti = RifaiRighe(s, nuovi, sost);
+  // The frame of the extent goes, and is made again over the list as it now stands. So do
+  // the records appended since for a quick look (a line just drawn): their rows are marked,
+  // and come back in their places.
+  sost.push_back({st.PrimoCornice, st.Conta - st.PrimoCornice, nuovi.Conta(), 0});
+  sost.push_back({st.Conta, s.ListaDisegno.Conta() - st.Conta, nuovi.Conta(), 0});
+  const Spostamenti sposta(sost);
+  s.ListaDisegno.Sostituisci(sost, nuovi);
+  std::vector<int64_t> recordNuovi;
+  for (size_t k = 0; k < sost.size(); ++k)
+    for (int64_t j = 0; j < sost[k].QuantiNuovi; ++j) recordNuovi.push_back(sost[k].Da + sposta.Prima(k) + j);
+  for (size_t n = 0; n < std::size(kOrdine); ++n)
+    SpostaPrimi(st.Primo[static_cast<size_t>(kOrdine[n].Slot)], rifatti[n], s.ContaEntita[static_cast<size_t>(kOrdine[n].Slot)],
+                sposta.Prima(std::min(rifatti[n].PrimaSost, sost.size())));
+  st.PrimoCornice = s.ListaDisegno.Conta();
+  RigeneraCorniceIngombro(s);
+  for (int64_t i = st.PrimoCornice; i < s.ListaDisegno.Conta(); ++i) recordNuovi.push_back(i);
+  CopiaStati(s);
+  AggiornaIndici(s, sposta, recordNuovi);
+  for (RigheCambiate& c : s.DaRigenerare) c.Azzera();
+  st.Conta = s.ListaDisegno.Conta();
 }
 
 void Rigenerazione1(Sessione& s) {

@@ -3,6 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
+
+#include "core/Tabelle.h"
 
 #include "view/ListaDisegno.h"
 #include "view/StiliLinea.h"
@@ -29,8 +33,30 @@ StileLinea StileDi(const Sessione& s, int tratteggio);
 
 // `Rigenerazione1`: the list emptied and refilled, then the redraw.
 void Rigenerazione1(Sessione& s);
-// The list alone, without painting.
+// The list alone, without painting, made whole, with the grids and trees.
 void RigeneraLista(Sessione& s);
+// The list after an edit: only the records of the rows marked since the last regeneration
+// are made again, in their places, and the grids and trees updated where they changed. The
+// list comes out as `RigeneraLista` would make it, record for record. When the settings the
+// records depend on have changed, or the list was never made whole, it is.
+void RigeneraModifiche(Sessione& s);
+
+// A kind of the list: its slot, the regenerator of one row, the selection byte its records
+// copy (none for a kind without selection), and the slot of another kind its records are
+// drawn from (a structure drawn through its points), whose change remakes all its rows; -1
+// for none.
+struct GenereLista {
+  int Slot;
+  void (*Riga)(Sessione&, int32_t);
+  std::vector<uint8_t> TabelleEntita::*Stato;
+  int Dipende = -1;
+};
+// The kinds in the order of painting.
+std::span<const GenereLista> GeneriLista();
+// The frame of the drawing's extent, last in the list, when the setting asks for it.
+void RigeneraCorniceIngombro(Sessione& s);
+// The settings every record depends on, as one number.
+uint64_t ImprontaRigenerazione(const Sessione& s);
 
 // One line appended without a full regeneration (commands that add a single line).
 void RigeneraLineaSingola(Sessione& s, int32_t riga);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
 
 #include "core/File.h"
 #include "core/Sessione.h"
@@ -51,6 +52,27 @@ TEST_P(Undo, LAperturaFaLaPrimaGenerazioneEUndoNonFaNulla) {
   EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
   EXPECT_FALSE(VR_REDO(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+TEST_P(Undo, LAperturaNonRiscriveIMembriCheLeTabelleRestituiscono) {
+  // The job opened again with every write watched: each record member is copied into the
+  // provisional copy once, and the first snapshot, which finds the tables giving back its
+  // very bytes, leaves it there for generation 1 to share; one the load repaired is written.
+  std::map<std::string, int> scritture;
+  {
+    prova::SondaProva sonda([&](OperazioneFile op, std::string_view pp) {
+      if (op == OperazioneFile::Scrittura) ++scritture[Foglia(std::string(pp))];
+      return false;
+    });
+    VR_ApriLavoro(s);
+  }
+  const std::string foglia = Foglia(s.NomeLavoro);
+  EXPECT_EQ(scritture[foglia + ".LIN"], 1);
+  EXPECT_EQ(scritture[foglia + ".TES"], 1);
+  // The points of this job are read with their zero sizes made good: written again.
+  EXPECT_EQ(scritture[foglia + ".LLL"], 2);
+  EXPECT_EQ(MembriDi(Gen(1, "")), MembriDi(s.NomeLavoro));
+  EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
 }
 
 TEST_P(Undo, RigheCancellateCompattateAllaRiletturaEDopoLUndo) {

@@ -1,0 +1,306 @@
+// The regeneration after an edit against the whole one: over a random run of edits of every
+// kind, snapshots, undos and redos, the list made row by row must be the list made whole,
+// record for record, and the indexes kept up to date must find what fresh ones find. An undo
+// or redo that reads again only the members that changed must leave the tables a whole load
+// leaves.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <sstream>
+
+#include "cadastre/ContornoSette.h"
+#include "core/Sessione.h"
+#include "store/Carica.h"
+#include "store/LavoroProva.h"
+#include "store/Undo.h"
+#include "support/Supporto.h"
+#include "view/Rigenera.h"
+
+namespace varena {
+namespace {
+
+// The first field in which two lists differ, in words; empty when they are the same.
+std::string Differenza(const ElencoDisegno& a, const ElencoDisegno& b) {
+  std::ostringstream o;
+  if (a.Conta() != b.Conta()) o << "records: " << a.Conta() << " made row by row, " << b.Conta() << " made whole; ";
+  for (int64_t i = 0; i < std::min(a.Conta(), b.Conta()); ++i) {
+    const auto k = static_cast<size_t>(i);
+    auto campo = [&](const char* nome, auto x, auto y) {
+      if (!(x == y) && o.tellp() == 0) o << "record " << i << " (kind " << +b.Tipo[k] << ", row " << b.Riga[k] << "), " << nome << ": " << x << " against " << y;
+    };
+    campo("X1", a.X1[k], b.X1[k]), campo("Y1", a.Y1[k], b.Y1[k]), campo("Z1", a.Z1[k], b.Z1[k]);
+    campo("X2", a.X2[k], b.X2[k]), campo("Y2", a.Y2[k], b.Y2[k]), campo("Z2", a.Z2[k], b.Z2[k]);
+    campo("Tipo", +a.Tipo[k], +b.Tipo[k]), campo("Riga", a.Riga[k], b.Riga[k]);
+    campo("Colore", a.Colore[k], b.Colore[k]), campo("Stato", a.Stato[k], b.Stato[k]);
+    campo("Altezza", a.Altezza[k], b.Altezza[k]), campo("Rotazione", a.Rotazione[k], b.Rotazione[k]);
+    campo("Primitiva", +a.Primitiva[k], +b.Primitiva[k]), campo("Penna", a.Penna[k], b.Penna[k]);
+    campo("Tratto", a.Tratto[k], b.Tratto[k]), campo("Spessore", a.Spessore[k], b.Spessore[k]);
+    campo("Testo", a.Testo(i), b.Testo(i)), campo("Font", a.Font(i), b.Font(i)), campo("Piano", a.Piano(i), b.Piano(i));
+    const MotivoLinea *m = a.Motivo(i), *n = b.Motivo(i);
+    campo("motivo", m != nullptr, n != nullptr);
+    if (m && n) {
+      campo("motivo X1", m->X1, n->X1), campo("motivo Y2", m->Y2, n->Y2), campo("motivo Z2", m->Z2, n->Z2);
+      campo("motivo Tratteggio", m->Tratteggio, n->Tratteggio), campo("motivo Arco", m->Arco, n->Arco);
+      campo("motivo Raggio", m->Raggio, n->Raggio), campo("motivo Ampiezza", m->Ampiezza, n->Ampiezza);
+    }
+    if (o.tellp() != 0) break;
+  }
+  return o.str();
+}
+
+// The records whose boxes touch a rectangle, as the grid offers them and the box test keeps.
+std::vector<int64_t> NelRiquadro(const Sessione& s, double x0, double y0, double x1, double y1) {
+  std::vector<int64_t> c, dentro;
+  s.IndiceLista.Cerca(x0, y0, x1, y1, c);
+  const ElencoDisegno& l = s.ListaDisegno;
+  for (int64_t i : c) {
+    const auto k = static_cast<size_t>(i);
+    const double r = l.Primitiva[k] == PrimCerchio ? l.Altezza[k] : 0;
+    const double a = std::min(l.X1[k], l.X2[k]) - r, b = std::min(l.Y1[k], l.Y2[k]) - r;
+    const double cc = (l.Primitiva[k] == PrimCerchio ? l.X1[k] : std::max(l.X1[k], l.X2[k])) + r;
+    const double d = (l.Primitiva[k] == PrimCerchio ? l.Y1[k] : std::max(l.Y1[k], l.Y2[k])) + r;
+    if (a <= x1 && cc >= x0 && b <= y1 && d >= y0) dentro.push_back(i);
+  }
+  return dentro;
+}
+
+// The nearest line record to (x, y) by its box, through the tree of lines.
+int64_t LineaPiuVicina(const Sessione& s, double x, double y) {
+  const ElencoDisegno& l = s.ListaDisegno;
+  double migliore = INFINITY;
+  int64_t trovata = -1;
+  s.Vicinanza.Linee.Visita(
+      x, y,
+      [&](int64_t i) {
+        const auto k = static_cast<size_t>(i);
+        const double dx = std::max({std::min(l.X1[k], l.X2[k]) - x, 0.0, x - std::max(l.X1[k], l.X2[k])});
+        const double dy = std::max({std::min(l.Y1[k], l.Y2[k]) - y, 0.0, y - std::max(l.Y1[k], l.Y2[k])});
+        const double d = std::hypot(dx, dy);
+        if (d < migliore || (d == migliore && i < trovata)) migliore = d, trovata = i;
+      },
+      [&] { return migliore; });
+  return trovata;
+}
+
+// The first row of a kind in which two sessions' tables differ; -1 when none does.
+template <class Tab>
+int64_t RigaDiversa(Sessione& a, Sessione& b, int slot) {
+  const auto k = static_cast<size_t>(slot);
+  if (a.ContaEntita[k] != b.ContaEntita[k]) return std::min(a.ContaEntita[k], b.ContaEntita[k]);
+  Tab& ta = a;
+  Tab& tb = b;
+  int64_t diversa = -1;
+  std::vector<const void*> colonne;
+  tb.PerOgniColonna([&](const auto& colonna) { colonne.push_back(&colonna); });
+  size_t n = 0;
+  ta.PerOgniColonna([&](auto& colonna) {
+    const auto& altra = *static_cast<const std::remove_reference_t<decltype(colonna)>*>(colonne[n++]);
+    for (int64_t r = 0; r < a.ContaEntita[k]; ++r)
+      if (!(colonna[static_cast<size_t>(r)] == altra[static_cast<size_t>(r)]) && (diversa < 0 || r < diversa)) diversa = r;
+  });
+  return diversa;
+}
+
+class RigeneraModifiche : public ::testing::Test {
+ protected:
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  std::mt19937 caso{20261123};
+
+  void SetUp() override {
+    const std::string base = s.CartellaLavoro + "LAVORI/ROSSI";
+    std::filesystem::create_directories(s.CartellaLavoro + "LAVORI");
+    prova::PreparaLavoro(base, 40, 30);
+    s.NomeOriginale = base;
+    s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
+    s.Tratteggi.Stili[3].Elementi = {3, 1, -0.5, 0};
+    s.Imp.MostraIngombroDisegno = 1;
+    VR_ApriLavoro(s);
+    // Survey structures, drawn from the points they name: a point moved moves them.
+    std::string tutti = "|";
+    for (int k = 101; k <= 140; ++k) tutti += std::to_string(k) + "|";
+    subAggiungiSetteSingolo(s, tutti, "FABBRICATO", "245|||5031004|1725040", 1, 1);
+    subAggiungiSetteSingolo(s, "|101|120|125|130|", "SQUADRO", "*V*", 8, 3);
+    subAggiungiSetteSingolo(s, "|110|111|112|", "SEZIONE", "", 1, 1);
+    RigeneraLista(s);
+  }
+  double Caso(double a, double b) { return std::uniform_real_distribution<double>(a, b)(caso); }
+  int Intero(int n) { return std::uniform_int_distribution<int>(0, n - 1)(caso); }
+  double X() { return Caso(1724900, 1725500); }
+  double Y() { return Caso(5030900, 5031100); }
+
+  void NuovaLinea() {
+    DimensionaLinee(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotLinee]++);
+    s.LineaX1[r] = X(), s.LineaY1[r] = Y(), s.LineaX2[r] = X(), s.LineaY2[r] = Y();
+    s.LineaColore[r] = Intero(12), s.LineaTratteggio[r] = static_cast<int16_t>(Intero(4));
+    s.LineaQuotata[r] = static_cast<int16_t>(Intero(2)), s.LineaOffsetQuota[r] = 2;
+    s.LineaTronca[r] = Intero(3) == 0 ? 1.5 : 0;
+    s.LineaPiano[r] = Intero(2) ? "RECINZ" : "";
+  }
+  void NuovoCerchio() {
+    DimensionaCerchi(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotCerchi]++);
+    s.CerchioX[r] = X(), s.CerchioY[r] = Y(), s.CerchioRaggio[r] = Caso(0.5, 30);
+    s.CerchioColore[r] = Intero(12), s.CerchioTratteggio[r] = static_cast<int16_t>(Intero(4));
+    s.CerchioPiano[r] = "VERDE";
+  }
+  void NuovoArco() {
+    DimensionaArchi(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotArchi]++);
+    s.ArcoX[r] = X(), s.ArcoY[r] = Y(), s.ArcoRaggio[r] = Caso(0.5, 30);
+    s.ArcoInizio[r] = Caso(0, 400), s.ArcoFine[r] = Caso(1, 300);
+    s.ArcoColore[r] = Intero(12), s.ArcoTratteggio[r] = static_cast<int16_t>(Intero(4));
+    s.ArcoPiano[r] = "STRADA";
+  }
+  void NuovoTesto() {
+    DimensionaTesti(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotTesti]++);
+    s.TestoX[r] = X(), s.TestoY[r] = Y(), s.TestoAltezza[r] = 2, s.TestoRotazione[r] = Caso(0, 400);
+    s.TestoTesto[r] = std::string(static_cast<size_t>(1 + Intero(12)), 'A'), s.TestoFont[r] = "Arial";
+    s.TestoColore[r] = Intero(12), s.TestoPiano[r] = "TESTI";
+  }
+  void NuovaImmagine() {
+    DimensionaBitmap(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotBitmap]++);
+    s.BitmapNomeFile[r] = "FOTO.PNG", s.BitmapX[r] = X(), s.BitmapY[r] = Y();
+    s.BitmapLarghezza[r] = 100, s.BitmapAltezza[r] = 50, s.BitmapScalaLar[r] = s.BitmapScalaAlt[r] = 0.1;
+    s.BitmapPiano[r] = "FOTO";
+  }
+
+  // One edit, as the commands make them: the rows changed marked, or the slot.
+  void Modifica() {
+    const int slot = std::array{SlotLinee, SlotLinee, SlotCerchi, SlotArchi, SlotTesti, SlotBitmap, SlotPunti}[Intero(7)];
+    const int32_t n = s.ContaEntita[static_cast<size_t>(slot)];
+    const auto r = static_cast<size_t>(n > 0 ? Intero(n) : 0);
+    switch (n == 0 ? 0 : Intero(6)) {
+      case 0:
+        switch (slot) {
+          case SlotLinee:
+            NuovaLinea();
+            // A command that draws one line shows it at once, at the end of the list.
+            if (Intero(2)) RigeneraLineaSingola(s, s.ContaEntita[SlotLinee] - 1);
+            break;
+          case SlotCerchi: NuovoCerchio(); break;
+          case SlotArchi: NuovoArco(); break;
+          case SlotTesti: NuovoTesto(); break;
+          case SlotBitmap: NuovaImmagine(); break;
+          default: break;
+        }
+        return;
+      case 1:  // moved
+        if (slot == SlotLinee) s.LineaX2[r] = X();
+        if (slot == SlotCerchi) s.CerchioY[r] = Y();
+        if (slot == SlotArchi) s.ArcoRaggio[r] = Caso(0.5, 40);
+        if (slot == SlotTesti) s.TestoTesto[r] = std::string(static_cast<size_t>(Intero(9)), 'B');
+        if (slot == SlotBitmap) s.BitmapX[r] = X();
+        if (slot == SlotPunti) s.PuntoX[r] = X(), s.PuntoSpoY[r] = Caso(-2, 2);
+        break;
+      case 2:  // deleted
+        if (slot == SlotLinee) s.LineaIdent[r] = -1;
+        if (slot == SlotCerchi) s.CerchioIdent[r] = -1;
+        if (slot == SlotArchi) s.ArcoIdent[r] = -1;
+        if (slot == SlotTesti) s.TestoIdent[r] = -1;
+        if (slot == SlotBitmap) s.BitmapIdent[r] = -1;
+        break;
+      case 3:  // frozen or thawed, or a new line type that changes the number of records
+        if (slot == SlotLinee) s.LineaTratteggio[r] = static_cast<int16_t>(Intero(4));
+        if (slot == SlotCerchi) s.CerchioCongela[r] = static_cast<int16_t>(1 - s.CerchioCongela[r]);
+        if (slot == SlotArchi) s.ArcoTratteggio[r] = static_cast<int16_t>(Intero(4));
+        if (slot == SlotTesti) s.TestoCongela[r] = static_cast<int16_t>(1 - s.TestoCongela[r]);
+        break;
+      case 4:  // a whole kind changed at once, as a command that does not say which rows
+        if (slot == SlotLinee)
+          for (int32_t k = 0; k < n; ++k) s.LineaColore[static_cast<size_t>(k)] = Intero(12);
+        SegnaModificato(s, slot);
+        return;
+      case 5:  // selected: the byte changes, no row is marked
+        if (slot == SlotLinee) s.StatoLinea[r] = static_cast<uint8_t>(1 - s.StatoLinea[r]);
+        if (slot == SlotArchi) s.StatoArco[r] = static_cast<uint8_t>(1 - s.StatoArco[r]);
+        return;
+    }
+    SegnaRiga(s, slot, static_cast<int64_t>(r));
+  }
+
+  // The tables after an undo or redo against those a whole load of the same provisional
+  // copy gives.
+  void ConfrontaTabelle(const std::string& passo) {
+    prova::SessioneProva q;
+    q.s.NomeLavoro = s.NomeLavoro;
+    q.s.NomeOriginale = s.NomeOriginale;
+    CaricaLavoro(q.s);
+    EXPECT_EQ(RigaDiversa<TabellaPunti>(s, q.s, SlotPunti), -1) << passo;
+    EXPECT_EQ(RigaDiversa<TabellaLinee>(s, q.s, SlotLinee), -1) << passo;
+    EXPECT_EQ(RigaDiversa<TabellaCerchi>(s, q.s, SlotCerchi), -1) << passo;
+    EXPECT_EQ(RigaDiversa<TabellaArchi>(s, q.s, SlotArchi), -1) << passo;
+    EXPECT_EQ(RigaDiversa<TabellaTesti>(s, q.s, SlotTesti), -1) << passo;
+    EXPECT_EQ(RigaDiversa<TabellaBitmap>(s, q.s, SlotBitmap), -1) << passo;
+    EXPECT_EQ(s.LibrettoMisure, q.s.LibrettoMisure) << passo;
+  }
+
+  // The list and indexes as the regeneration after the edits left them, against those a
+  // whole regeneration makes; then they are put back, so that the next step goes on from
+  // what the edits made.
+  void Confronta(const std::string& passo) {
+    const ElencoDisegno righe = s.ListaDisegno;
+    const StatoRigenerazione stato = s.Rigenerazione;
+    const IndiceGriglia lista = s.IndiceLista, punti = s.IndicePunti;
+    const IndiciVicinanza vicinanza = s.Vicinanza;
+    std::vector<std::vector<int64_t>> trovati;
+    std::vector<int64_t> vicine;
+    const std::array<double, 4> riquadri[] = {{1725000, 5030950, 1725100, 5031050}, {1724800, 5030800, 1725600, 5031200}};
+    for (const auto& q : riquadri) trovati.push_back(NelRiquadro(s, q[0], q[1], q[2], q[3]));
+    for (int k = 0; k < 3; ++k) vicine.push_back(LineaPiuVicina(s, 1725000 + 150 * k, 5031000 + 20 * k));
+
+    RigeneraLista(s);
+    ASSERT_EQ(Differenza(righe, s.ListaDisegno), "") << passo;
+    for (size_t k = 0; k < std::size(riquadri); ++k) {
+      const auto& q = riquadri[k];
+      EXPECT_EQ(trovati[k], NelRiquadro(s, q[0], q[1], q[2], q[3])) << passo;
+    }
+    for (int k = 0; k < 3; ++k) EXPECT_EQ(vicine[static_cast<size_t>(k)], LineaPiuVicina(s, 1725000 + 150 * k, 5031000 + 20 * k)) << passo;
+
+    s.ListaDisegno = righe;
+    s.Rigenerazione = stato;
+    s.IndiceLista = lista, s.IndicePunti = punti, s.Vicinanza = vicinanza;
+  }
+};
+
+TEST_F(RigeneraModifiche, LaListaFattaRigaPerRigaELaListaFattaTutta) {
+  for (int k = 0; k < 6; ++k) NuovoCerchio(), NuovoArco(), NuovoTesto(), NuovaLinea();
+  NuovaImmagine();
+  ASSERT_TRUE(VR_SalvaUndo(s));
+  Confronta("dopo le prime righe");
+  int undo = 0, redo = 0, snapshot = 0, parziali = 0;
+  for (int passo = 0; passo < 400; ++passo) {
+    const int cosa = Intero(10);
+    const std::string nome = "passo " + std::to_string(passo);
+    if (cosa < 6) {
+      Modifica();
+      continue;
+    }
+    if (cosa < 8) {
+      ASSERT_TRUE(VR_SalvaUndo(s));
+      ++snapshot;
+    } else {
+      // A table whose member the restore kept is the very table it was: its columns stay.
+      const double* punti = s.PuntoX.data();
+      if (!(cosa == 8 ? VR_UNDO(s) : VR_REDO(s))) continue;
+      ++(cosa == 8 ? undo : redo);
+      parziali += s.PuntoX.data() == punti;
+      ConfrontaTabelle(nome);
+    }
+    Confronta(nome);
+    if (HasFatalFailure()) return;
+  }
+  // The run went through each of them many times.
+  EXPECT_GT(snapshot, 40);
+  EXPECT_GT(undo, 10);
+  EXPECT_GT(redo, 5);
+  EXPECT_GT(parziali, 5);
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+}
+
+}  // namespace
+}  // namespace varena
