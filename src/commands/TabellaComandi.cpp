@@ -257,6 +257,7 @@ constexpr VoceComando kTabella[] = {
     Subito("CONGELA_ESTRATTO", nullptr, {}, "Catasto", "Congela Estratto"),
     Subito("SCONGELA_ESTRATTO", nullptr, {}, "Catasto", "Scongela Estratto"),
     Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
+    Subito("TRIANGOLI", nullptr, "Triangoli", "Strumenti", "Triangoli"),
     Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),
     Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani", "F7"),
     Subito("MENU_TRATTEGGI", nullptr, "MenuTratteggi", "Visualizza", "Tratteggi", "F6"),

@@ -10,6 +10,7 @@
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "survey/DialoghiCalcoli.h"
 #include "survey/Primitive.h"
 #include "view/Zoom.h"
 
@@ -45,6 +46,8 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},
     {"FormSelezColore", ApriFormSelezColore},
+    // The office computations.
+    {"Triangoli", ApriTriangoli},
 };
 
 }  // namespace
