@@ -11,6 +11,7 @@
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
 #include "commands/TabellaDialoghi.h"
+#include "survey/DialoghiCalcoli.h"
 
 namespace varena {
 
@@ -150,6 +151,7 @@ constexpr VoceComando kTabella[] = {
     Arma("DISEGNA_IMMAGINE", 202, "Indica Punto Inserimento Immagine :", L, "FormSelezionaImmagine", "Immagine",
          "Inserisci Immagine"),
     Arma("INFO_AREA", 27, "Seleziona Contorno - Primo Punto", V, {}, "Info", "Area"),
+    Arma("POTHENOT", 211, "Snellius/Pothenot - Primo Trigonometrico :", P, "NuovoPunto", "Punto", "Pothenot"),
     Arma("TRACCIAMENTO", 290, "Tracciamento - Stazione :", P, {}, "Punto", "Tracciamento"),
     Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, "NuovoPunto", "Punto",
          "Interseca Direzione"),
@@ -409,7 +411,7 @@ constexpr SchedaCodice kSchede[] = {
     {191, nullptr, Li, nullptr},
     {198, subTestodistanza, Li, nullptr},
     {199, subQuotaturaProgressiva, Li, nullptr},
-    {211, nullptr, Li, nullptr},
+    {211, subCalcolaPothenot, Li, nullptr},
     {226, subVerificaParallele, Li, nullptr},
     {251, nullptr, Li, nullptr},
     {276, subRotazioneVerticale, Li, nullptr},

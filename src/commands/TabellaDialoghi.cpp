@@ -48,6 +48,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"FormSelezColore", ApriFormSelezColore},
     // The office computations.
     {"Triangoli", ApriTriangoli},
+    {"CalcoloPothenot", ApriCalcoloPothenot},
 };
 
 }  // namespace

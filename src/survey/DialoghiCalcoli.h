@@ -8,5 +8,9 @@ namespace varena {
 struct Sessione;
 
 bool ApriTriangoli(Sessione& s);
+bool ApriCalcoloPothenot(Sessione& s);
+
+// The clicks of the resection: the three known points (211).
+void subCalcolaPothenot(Sessione& s);
 
 }  // namespace varena
