@@ -49,6 +49,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     // The office computations.
     {"Triangoli", ApriTriangoli},
     {"CalcoloPothenot", ApriCalcoloPothenot},
+    {"FormDivisioneAree", ApriFormDivisioneAree},
 };
 
 }  // namespace

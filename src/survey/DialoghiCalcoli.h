@@ -10,6 +10,13 @@ struct Sessione;
 bool ApriTriangoli(Sessione& s);
 bool ApriCalcoloPothenot(Sessione& s);
 
+// The two modes of the area division: a cut that translates, one that turns about a pivot.
+inline constexpr int kCodiceDivisione2Punti = 193;
+inline constexpr int kCodiceDivisioneRotazione = 203;
+bool ApriFormDivisioneAree(Sessione& s);
+// The clicks of the area division: the contour, then the points of the cut (193, 203).
+void subDivisioneAree(Sessione& s);
+
 // The clicks of the resection: the three known points (211).
 void subCalcolaPothenot(Sessione& s);
 
