@@ -418,7 +418,7 @@ constexpr SchedaCodice kSchede[] = {
     {226, subVerificaParallele, Li, nullptr},
     {251, nullptr, Li, nullptr},
     {276, subRotazioneVerticale, Li, nullptr},
-    {290, nullptr, Li, nullptr},
+    {290, subTracciamento, Li, nullptr},
     {301, subSquadrato, Li, nullptr},
     {303, nullptr, Li, nullptr},
     {332, subStazioneLibera, Li, nullptr},

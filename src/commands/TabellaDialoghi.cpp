@@ -50,6 +50,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"Triangoli", ApriTriangoli},
     {"CalcoloPothenot", ApriCalcoloPothenot},
     {"FormDivisioneAree", ApriFormDivisioneAree},
+    {"FormTracciamento", ApriFormTracciamento},
 };
 
 }  // namespace

@@ -17,6 +17,10 @@ bool ApriFormDivisioneAree(Sessione& s);
 // The clicks of the area division: the contour, then the points of the cut (193, 203).
 void subDivisioneAree(Sessione& s);
 
+bool ApriFormTracciamento(Sessione& s);
+// The clicks of the staking out: station, orientation, then the points to stake (290).
+void subTracciamento(Sessione& s);
+
 // The clicks of the resection: the three known points (211).
 void subCalcolaPothenot(Sessione& s);
 

@@ -15,16 +15,6 @@ namespace {
 
 constexpr const char* kImpossibile = "Impossibile continuare";
 
-// Whether the box holds a number and nothing else (blanks around it allowed, a comma read
-// as the decimal point).
-bool Numerico(const std::string& testo) {
-  const std::string t = VirgolaInPunto(Rifila(testo));
-  if (t.empty()) return false;
-  char* fine = nullptr;
-  std::strtod(t.c_str(), &fine);
-  return fine && *fine == '\0' && std::isfinite(std::strtod(t.c_str(), nullptr));
-}
-
 // The law of cosines: the side opposite the angle between `x` and `y`.
 double TerzoLato(double x, double y, double angoloGon) {
   return std::sqrt(x * x + y * y - 2 * x * y * std::cos(angoloGon * GonToRad));
@@ -124,9 +114,9 @@ std::string TestoElementoTriangolo(int indice, double valore) {
 
 EsitoTriangolo RisolviTriangolo(const std::array<std::string, 6>& caselle) {
   int pieni = 0;
-  for (const std::string& t : caselle) pieni += Numerico(t);
+  for (const std::string& t : caselle) pieni += TestoNumerico(t);
   if (pieni < 3) return Rifiuto("Numero di elementi insufficienti!", kImpossibile);
-  if (!Numerico(caselle[0]) && !Numerico(caselle[1]) && !Numerico(caselle[2]))
+  if (!TestoNumerico(caselle[0]) && !TestoNumerico(caselle[1]) && !TestoNumerico(caselle[2]))
     return Rifiuto("Numero di elementi Lineari insufficienti!", kImpossibile);
   std::array<double, 6> v{};
   for (size_t i = 0; i < 6; ++i) v[i] = LeggiNumero(caselle[i]);
