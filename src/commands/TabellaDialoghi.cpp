@@ -51,6 +51,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"CalcoloPothenot", ApriCalcoloPothenot},
     {"FormDivisioneAree", ApriFormDivisioneAree},
     {"FormTracciamento", ApriFormTracciamento},
+    {"FormFuoricentro", ApriFormFuoricentro},
 };
 
 }  // namespace

@@ -21,6 +21,10 @@ bool ApriFormTracciamento(Sessione& s);
 // The clicks of the staking out: station, orientation, then the points to stake (290).
 void subTracciamento(Sessione& s);
 
+bool ApriFormFuoricentro(Sessione& s);
+// The clicks of the eccentric station: the centre, then the orientation points (212).
+void subFuoriCentro(Sessione& s);
+
 // The clicks of the resection: the three known points (211).
 void subCalcolaPothenot(Sessione& s);
 

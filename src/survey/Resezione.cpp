@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/Testo.h"
+
 namespace varena {
 
 namespace {
@@ -56,6 +58,118 @@ EsitoPothenot Pothenot(const PuntoXYZ& p1, const PuntoXYZ& p2, const PuntoXYZ& p
   e.Stazione = o.Globale({x, y, 0});
   e.Stazione.Z = 0;
   return e;
+}
+
+}  // namespace varena
+
+namespace varena {
+
+namespace {
+
+double Giro(double gon) {
+  while (gon < 0) gon += 400;
+  while (gon >= 400) gon -= 400;
+  return gon;
+}
+
+// The azimuth from the centre to the orientation point, by quadrants and the plain arc
+// tangent, as the eccentric tables were always worked.
+double AzimutQuadranti(double dx, double dy) {
+  if (dx == 0) return dy >= 0 ? 0 : PiGreco;
+  if (dy == 0) return dx >= 0 ? PiGreco / 2 : 3 * PiGreco / 2;
+  double a = std::atan(dx / dy);
+  if (dy < 0) a += PiGreco;
+  if (a < 0) a += 2 * PiGreco;
+  return a;
+}
+
+}  // namespace
+
+EsitoFuoriCentro FuoriCentro(const std::vector<RigaFuoriCentro>& righe, double e) {
+  EsitoFuoriCentro r;
+  if (righe.size() < 2 || !(e > 0)) return r;
+  const RigaFuoriCentro& c = righe[0];
+  const double rc = c.Direzione;
+  double sx = 0, sy = 0;
+  int n = 0;
+  for (size_t i = 1; i < righe.size(); ++i) {
+    const RigaFuoriCentro& o = righe[i];
+    StazioneRidotta st;
+    // Differences from the centre: grid coordinates are subtracted once, here.
+    const double dx = o.Est - c.Est, dy = o.Nord - c.Nord;
+    st.Distanza = std::sqrt(dx * dx + dy * dy);
+    const double a = AzimutQuadranti(dx, dy);
+    st.Azimut = RadToGon * a;
+    double g = a + PiGreco;  // the point read in the direction of the centre: beyond it
+    const double w = Giro(o.Direzione - rc);
+    st.AngoloV = w > 200 ? 400 - w : w;
+    if (w != 0) {
+      // The triangle station, centre, point: the angle at the station is read, the side
+      // opposite it is known, the eccentricity gives the angle at the point by the sines,
+      // and the angle at the centre turns the azimuth to the point into the one to the
+      // station.
+      const double theta = GonToRad * w;
+      const double thetaf = theta > PiGreco ? 2 * PiGreco - theta : theta;
+      const double s = e * std::sin(thetaf) / st.Distanza;
+      if (!(s < 1) || !std::isfinite(s)) {
+        r.Righe.push_back(st);
+        continue;
+      }
+      const double eps = std::atan(s / std::sqrt(1 - s * s));
+      const double gamma = PiGreco - thetaf - eps;
+      g = theta < PiGreco ? a + gamma : a - gamma;
+    }
+    st.S = Polare(c.Est, c.Nord, g, e);
+    st.DR = Giro(RadToGon * g);
+    st.CO = Giro(RadToGon * g + 200 - rc);
+    st.Riuscita = true;
+    sx += st.S.X - c.Est;
+    sy += st.S.Y - c.Nord;
+    ++n;
+    r.Righe.push_back(st);
+  }
+  if (n == 0) return r;
+  r.Media = true;
+  r.S = {c.Est + sx / n, c.Nord + sy / n, 0};
+  r.CO = Giro(RadToGon * AzimutDistanza(r.S.X, r.S.Y, c.Est, c.Nord).Azimut - rc);
+  return r;
+}
+
+std::string TestoFFF(const std::vector<RigaFuoriCentro>& righe) {
+  std::string t;
+  auto m = [](double v) { return FormatoRilievo(v, "##########0.##0"); };
+  for (const RigaFuoriCentro& r : righe)
+    t += r.Ruolo + "\t" + r.Nome + "\t" + m(r.Nord) + "\t" + m(r.Est) + "\t" + TestoGon(r.Direzione) + "\r\n";
+  return t;
+}
+
+std::string LeggiFFF(std::string_view testo, std::vector<RigaFuoriCentro>& righe) {
+  std::vector<RigaFuoriCentro> lette;
+  size_t numero = 0;
+  while (!testo.empty()) {
+    const size_t fine = testo.find('\n');
+    std::string_view riga = testo.substr(0, fine);
+    testo = fine == std::string_view::npos ? std::string_view{} : testo.substr(fine + 1);
+    ++numero;
+    if (!riga.empty() && riga.back() == '\r') riga.remove_suffix(1);
+    if (Rifila(riga).empty()) continue;
+    std::vector<std::string> campi;
+    for (size_t inizio = 0;;) {
+      const size_t tab = riga.find('\t', inizio);
+      campi.emplace_back(riga.substr(inizio, tab == std::string_view::npos ? std::string_view::npos : tab - inizio));
+      if (tab == std::string_view::npos) break;
+      inizio = tab + 1;
+    }
+    if (campi.size() < 5 || !TestoNumerico(campi[2]) || !TestoNumerico(campi[3]) || !TestoNumerico(campi[4]))
+      return "Riga " + std::to_string(numero) + " incompleta o non numerica";
+    if (lette.size() == kMassimoRigheFuoriCentro)
+      return "Più di " + std::to_string(kMassimoRigheFuoriCentro) + " righe";
+    lette.push_back({Rifila(campi[0]), Rifila(campi[1]), LeggiNumero(campi[2]), LeggiNumero(campi[3]),
+                     LeggiNumero(campi[4])});
+  }
+  if (lette.empty()) return "Nessuna riga";
+  righe = std::move(lette);
+  return {};
 }
 
 }  // namespace varena

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "survey/DivisioneAree.h"
+#include "survey/Resezione.h"
 
 namespace varena {
 
@@ -18,6 +19,8 @@ struct StatoTracciamento {
 struct StatoCalcoli {
   StatoDivisione Divisione;
   StatoTracciamento Tracciamento;
+  std::vector<RigaFuoriCentro> FuoriCentro;  // the first table of the eccentric station
+  EsitoFuoriCentro UltimoFuoriCentro;        // its last run, for the insert
 };
 
 }  // namespace varena

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "commands/Attese.h"
+#include "core/File.h"
 #include "survey/Resezione.h"
 
 namespace varena {
@@ -84,6 +85,114 @@ TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
   EXPECT_NE(b.ui.UltimoMessaggio.find("Stazione sul cerchio pericoloso: il punto è indeterminato!"), std::string::npos);
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], prima);
   EXPECT_TRUE(DialogoAperto(b.s, "CalcoloPothenot"));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+using namespace prova;
+
+// tests/survey/dati/fuoricentro.py: the instrument 2.35 m from the centre on 137.5 gon, its
+// circle turned by 123.4567 gon; the directions are worked forward from the true station.
+const std::vector<RigaFuoriCentro> kEccentrico = {
+    {"Centro", "C", 5002000, 1701000, 60.9566999988},
+    {"Orientamento", "O1", 5002410.3, 1701350.8, 168.2146013033},
+    {"Orientamento", "O2", 5002205.7, 1700620.45, 55.1060743895},
+    {"Orientamento", "O3", 5001480.25, 1701105, 310.9660269038},
+};
+
+TEST(FuoriCentro, TreOrientamentiRiportanoLaStazioneVera) {
+  const EsitoFuoriCentro r = FuoriCentro(kEccentrico, 2.35);
+  ASSERT_TRUE(r.Media);
+  ASSERT_EQ(r.Righe.size(), 3u);
+  const double distanze[] = {539.8210, 431.7067, 530.2500}, azimut[] = {45.0332, 331.6176, 187.3098};
+  for (size_t i = 0; i < 3; ++i) {
+    const StazioneRidotta& st = r.Righe[i];
+    ASSERT_TRUE(st.Riuscita);
+    EXPECT_NEAR(st.S.Y, 5001998.6944, kDecimoDiMm);
+    EXPECT_NEAR(st.S.X, 1701001.9540, kDecimoDiMm);
+    EXPECT_EQ(TestoGon(st.DR), "137.5000");
+    EXPECT_EQ(TestoGon(st.CO), "276.5433");
+    EXPECT_NEAR(st.Distanza, distanze[i], 1e-4);
+    EXPECT_NEAR(st.Azimut, azimut[i], 1e-4);
+  }
+  EXPECT_NEAR(r.S.Y, 5001998.6944, kDecimoDiMm);
+  EXPECT_NEAR(r.S.X, 1701001.9540, kDecimoDiMm);
+  EXPECT_EQ(TestoGon(r.CO), "276.5433");
+  // No eccentricity, or no orientation point: nothing.
+  EXPECT_FALSE(FuoriCentro(kEccentrico, 0).Media);
+  EXPECT_FALSE(FuoriCentro({kEccentrico[0]}, 2.35).Media);
+  // An eccentricity longer than the sight cannot be seen at that angle: the row fails alone.
+  std::vector<RigaFuoriCentro> vicino = kEccentrico;
+  vicino[1].Nord = 5002001;
+  vicino[1].Est = 1701000;
+  const EsitoFuoriCentro v = FuoriCentro(vicino, 2.35);
+  EXPECT_FALSE(v.Righe[0].Riuscita);
+  EXPECT_TRUE(v.Righe[1].Riuscita);
+}
+
+TEST(FuoriCentro, FileFFFScrittoRilettoETroncato) {
+  std::vector<RigaFuoriCentro> righe;
+  const std::string testo = TestoFFF(kEccentrico);
+  EXPECT_EQ(testo.substr(0, testo.find("Orientamento")),
+            "Centro\tC\t5002000.000\t1701000.000\t60.9567\r\n");
+  EXPECT_EQ(LeggiFFF(testo, righe), "");
+  ASSERT_EQ(righe.size(), 4u);
+  EXPECT_EQ(righe[3].Nome, "O3");
+  EXPECT_EQ(righe[3].Direzione, 310.966);
+  // Cut in the middle of a row, garbage, nothing: said, and the rows as they were.
+  EXPECT_EQ(LeggiFFF(testo.substr(0, testo.size() - 20), righe), "Riga 4 incompleta o non numerica");
+  EXPECT_EQ(LeggiFFF("Centro\tC\tx\t1\t2\r\n", righe), "Riga 1 incompleta o non numerica");
+  EXPECT_EQ(LeggiFFF("", righe), "Nessuna riga");
+  EXPECT_EQ(righe.size(), 4u);
+  std::string lungo;
+  for (int i = 0; i < 1001; ++i) lungo += "Orientamento\tP\t1\t2\t3\n";
+  EXPECT_EQ(LeggiFFF(lungo, righe), "Più di 1000 righe");
+  EXPECT_EQ(righe.size(), 4u);
+}
+
+TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
+  Banco b;
+  ApriLavoroVuoto(b);
+  for (const RigaFuoriCentro& r : kEccentrico) MettiPunto(b.s, r.Nome, r.Est, r.Nord, 0);
+  b.Pronto(1701000, 5002000, 2000);
+  b.Script("TAG FUORI_CENTRO\nANSWER 60.9566999988\nCLICK left @C\nANSWER 168.2146013033\nCLICK left @O1\n"
+           "ANSWER 55.1060743895\nCLICK left @O2\nANSWER 310.9660269038\nCLICK left @O3\n");
+  const Dialogo* d = TrovaDialogo(b.s, "FormFuoricentro");
+  ASSERT_TRUE(d);
+  EXPECT_EQ(d->Valore("Tabella1"),
+            "\tNome\tNord\tEst\tDirezione\nCentro\tC\t5002000.000\t1701000.000\t60.9567\n"
+            "Orientamento\tO1\t5002410.300\t1701350.800\t168.2146\nOrientamento\tO2\t5002205.700\t1700620.450\t55.1061\n"
+            "Orientamento\tO3\t5001480.250\t1701105.000\t310.9660");
+  // No eccentricity: said, nothing computed.
+  b.Script("PRESS Calcola\n");
+  EXPECT_EQ(b.ui.UltimoMessaggio.find("Eccentricità non ammissibile!") != std::string::npos, true);
+  b.Script("FIELD Eccentricita 2,35\nFIELD Stazione 200\nPRESS Calcola\n");
+  const std::string t2 = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Tabella2");
+  EXPECT_NE(t2.find("\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"), std::string::npos);
+  EXPECT_NE(t2.find("\nMedie\t200\t5001998.694\t1701001.954\t276.5433"), std::string::npos);
+  b.Script("PRESS Inserisci\n");
+  int32_t riga = -1;
+  for (int32_t r = 0; r < b.s.ContaEntita[SlotPunti]; ++r)
+    if (b.s.PuntoNome[static_cast<size_t>(r)] == "200") riga = r;
+  ASSERT_GE(riga, 0);
+  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(riga)], 1701001.9540, kDecimoDiMm);
+
+  // Written, emptied, read back; then a file cut short leaves the table as it stands.
+  b.Script("PRESS Scrivi\nPRESS Svuota\nPRESS Leggi\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "FormFuoricentro")->Valore("Tabella1").substr(0, 60),
+            d->Valore("Tabella1").substr(0, 60));
+  EXPECT_EQ(b.s.Calcoli.FuoriCentro.size(), 4u);
+  const std::string fff = b.s.NomeOriginale + ".FFF";
+  const std::string intero = *LeggiByte(fff);
+  ScriviByte(fff, intero.substr(0, intero.size() / 2));
+  b.Script("PRESS Leggi\n");
+  EXPECT_EQ(b.ui.UltimoMessaggio, "File ROSSI.FFF non valido: Riga 3 incompleta o non numerica!");
+  EXPECT_EQ(b.s.Calcoli.FuoriCentro.size(), 4u);
+  EXPECT_TRUE(DialogoAperto(b.s, "FormFuoricentro"));
 }
 
 }  // namespace
