@@ -28,6 +28,7 @@ constexpr Bersaglio kBersagli[] = {
     {"tabelle", FuzzTabelle, true},
     {"undo", FuzzUndo, true},
     {"script", FuzzScript, true},
+    {"fff", FuzzFFF, true},
 };
 
 }  // namespace

@@ -41,5 +41,6 @@ void FuzzImpostazioni(const Ambiente& a, std::string_view byte);
 void FuzzTabelle(const Ambiente& a, std::string_view byte);
 void FuzzUndo(const Ambiente& a, std::string_view byte);
 void FuzzScript(const Ambiente& a, std::string_view byte);
+void FuzzFFF(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
