@@ -7,6 +7,7 @@
 #include "core/Errori.h"
 #include "core/Porte.h"
 #include "core/Sessione.h"
+#include "core/Testo.h"
 #include "survey/DialoghiCalcoli.h"
 #include "survey/Triangoli.h"
 
@@ -16,6 +17,21 @@ namespace {
 
 constexpr const char* kNome = "Triangoli";
 constexpr std::array<const char*, 6> kCaselle = {"a", "b", "c", "Alfa", "Beta", "Gamma"};
+
+// The report as a table of two columns, caption and value, which the dialog shows as a grid.
+std::string Tabella(const std::string& relazione) {
+  std::string t;
+  for (size_t inizio = 0; inizio < relazione.size();) {
+    size_t fine = relazione.find('\n', inizio);
+    if (fine == std::string::npos) fine = relazione.size();
+    const std::string riga = relazione.substr(inizio, fine - inizio);
+    const size_t uguale = riga.find(" = ");
+    t += (t.empty() ? "" : "\n") + Rifila(riga.substr(0, uguale)) + "\t" +
+         (uguale == std::string::npos ? std::string() : riga.substr(uguale + 3));
+    inizio = fine + 1;
+  }
+  return t;
+}
 
 void Calcola(Sessione& s) {
   const Dialogo* d = TrovaDialogo(s, kNome);
@@ -28,7 +44,7 @@ void Calcola(Sessione& s) {
   if (!e.Risolto) return;
   for (size_t i = 0; i < 6; ++i)
     AggiornaCampo(s, kNome, kCaselle[i], TestoElementoTriangolo(static_cast<int>(i), e.Valori[i]));
-  AggiornaCampo(s, kNome, "Relazione", e.Relazione);
+  AggiornaCampo(s, kNome, "Relazione", Tabella(e.Relazione));
 }
 
 void Pulisci(Sessione& s) {

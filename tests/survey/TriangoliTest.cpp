@@ -86,11 +86,12 @@ TEST(Triangoli, IlDialogoRiscriveLeCaselleERestaAperto) {
   b.Script("TAG TRIANGOLI\nFIELD a 3\nFIELD b 4,0\nFIELD c 5\nPRESS Calcola\n");
   const Dialogo* d = TrovaDialogo(b.s, "Triangoli");
   ASSERT_TRUE(d);
-  // 3-4-5: the right angle opposite c, area 6, altitudes 4, 3 and 12/5, radii 1 and 5/2.
+  // 3-4-5: the right angle opposite c, area 6, altitudes 4, 3 and 12/5, radii 1 and 5/2;
+  // the report as a grid of caption and value.
   EXPECT_EQ(d->Valore("b") + " " + d->Valore("Gamma"), "4.000 100.0000");
   EXPECT_EQ(d->Valore("Relazione"),
-            "Area = 6.000\nBase1 = 3.000\n Altezza1 = 4.000\nBase2 = 4.000\n Altezza2 = 3.000\nBase3 = 5.000\n"
-            " Altezza3 = 2.400\nRaggio Cerchio Inscritto = 1.000\nRaggio Cerchio Circoscritto = 2.500\n");
+            "Area\t6.000\nBase1\t3.000\nAltezza1\t4.000\nBase2\t4.000\nAltezza2\t3.000\nBase3\t5.000\n"
+            "Altezza3\t2.400\nRaggio Cerchio Inscritto\t1.000\nRaggio Cerchio Circoscritto\t2.500");
   // A refusal leaves the boxes as typed and the dialog up.
   b.Script("PRESS Pulisci\nFIELD a 1\nFIELD b 1\nFIELD c 3\nPRESS Calcola\n");
   EXPECT_EQ(b.ui.UltimoMessaggio.find("Un lato è Maggiore della somma degli altri 2!") != std::string::npos, true);
