@@ -89,6 +89,10 @@ TEST(Tracciamento, NomiAssentiLetturaNonNumericaEdElencoVuoto) {
   b.Script("FIELD Stazione S\nFIELD Lettura 12x\nPRESS Calcola\n");
   EXPECT_EQ(b.ui.UltimoMessaggio.find("Dati incongruenti nella casella") != std::string::npos, true);
   EXPECT_EQ(LunghezzaFile(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT"), -1);
+  // A name taken out of the list after the question.
+  b.Script("FIELD Nome O\nPRESS Aggiungi\nFIELD Nome S\nPRESS Aggiungi\nFIELD Nome O\nANSWER yes\nPRESS Elimina\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "S\n");
+  b.Script("FIELD Nome S\nANSWER yes\nPRESS Elimina\n");
   // An empty list: only the head is written, and said.
   b.Script("FIELD Lettura 0\nPRESS Calcola\n");
   EXPECT_EQ(b.ui.UltimoMessaggio.find("Nessun punto da tracciare") != std::string::npos, true);
