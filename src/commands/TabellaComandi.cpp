@@ -10,8 +10,8 @@
 #include "commands/RoutineCostruzione.h"
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
-#include "commands/TabellaDialoghi.h"
 #include "survey/DialoghiCalcoli.h"
+#include "commands/TabellaDialoghi.h"
 
 namespace varena {
 

@@ -10,8 +10,8 @@
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
-#include "survey/DialoghiCalcoli.h"
 #include "survey/Primitive.h"
+#include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -37,6 +37,12 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"PolariCartesiane", ApriPolariCartesiane},
     {"IntersecaDirezione", ApriIntersecaDirezione},
     {"PuntoDistanza", ApriPuntoDistanza},
+    // The office computations.
+    {"Triangoli", ApriTriangoli},
+    {"CalcoloPothenot", ApriCalcoloPothenot},
+    {"FormDivisioneAree", ApriFormDivisioneAree},
+    {"FormTracciamento", ApriFormTracciamento},
+    {"FormFuoricentro", ApriFormFuoricentro},
     {"Selezentita", ApriSelezentita},
     {"SelezPerPiano", ApriSelezPerPiano},
     {"SelezPunti", ApriSelezPunti},
@@ -46,12 +52,6 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},
     {"FormSelezColore", ApriFormSelezColore},
-    // The office computations.
-    {"Triangoli", ApriTriangoli},
-    {"CalcoloPothenot", ApriCalcoloPothenot},
-    {"FormDivisioneAree", ApriFormDivisioneAree},
-    {"FormTracciamento", ApriFormTracciamento},
-    {"FormFuoricentro", ApriFormFuoricentro},
 };
 
 }  // namespace

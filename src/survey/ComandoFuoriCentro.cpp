@@ -94,6 +94,20 @@ void Calcola(Sessione& s) {
   s.Calcoli.UltimoFuoriCentro = r;
 }
 
+void Relazione(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, kDialogo);
+  const EsitoFuoriCentro& r = s.Calcoli.UltimoFuoriCentro;
+  if (!d || !r.Media) {
+    s.Ui->Messaggio("Eseguire prima il calcolo!", kTitolo, Icona::Avviso);
+    return;
+  }
+  std::string testo;
+  const std::string stazione = Rifila(d->Valore("Stazione"));
+  for (const std::string& riga : RelazioneFuoriCentro(Righe(s), r, d->Numero("Eccentricita"), stazione))
+    testo += riga + "\n";
+  AggiornaCampo(s, kDialogo, "Relazione", testo);
+}
+
 void Inserisci(Sessione& s) {
   const Dialogo* d = TrovaDialogo(s, kDialogo);
   const EsitoFuoriCentro& r = s.Calcoli.UltimoFuoriCentro;
@@ -153,8 +167,10 @@ bool ApriFormFuoricentro(Sessione& s) {
   d.AggiungiCampo("Eccentricita", "Eccentricità :")
       .AggiungiCampo("Stazione", "Nome Stazione :", "100")
       .AggiungiDato("Tabella1", "", Tabella1(Righe(s)))
-      .AggiungiDato("Tabella2", "", "");
+      .AggiungiDato("Tabella2", "", "")
+      .AggiungiDato("Relazione", "", "");
   Bottone(d, "Calcola", "Calcola", Calcola);
+  Bottone(d, "Relazione", "Relazione", Relazione);
   Bottone(d, "Inserisci", "Inserisci", Inserisci);
   Bottone(d, "Scrivi", "Scrivi .FFF", Scrivi);
   Bottone(d, "Leggi", "Leggi .FFF", Leggi);

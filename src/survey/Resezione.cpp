@@ -38,8 +38,8 @@ EsitoPothenot Pothenot(const PuntoXYZ& p1, const PuntoXYZ& p2, const PuntoXYZ& p
   const PuntoXYZ a = o.Locale(p1), b = o.Locale(p2), c = o.Locale(p3);
   const double n = (a.X - c.X) / tb + (b.X - a.X) / ta + c.Y - b.Y;
   const double d = (a.Y - c.Y) / tb + (b.Y - a.Y) / ta + b.X - c.X;
-  if (d == 0 || std::hypot(n, d) < kCerchioPericoloso * std::max({l12, l23, l13}))
-    return rifiuta("Stazione sul cerchio pericoloso: il punto è indeterminato!");
+  const char* kPericoloso = "Stazione sul cerchio pericoloso: il punto è indeterminato!";
+  if (d == 0 || std::hypot(n, d) < kCerchioPericoloso * std::max({l12, l23, l13})) return rifiuta(kPericoloso);
   double phi = 0;  // the azimuth from the station to point 1
   if (n == 0) {
     phi = d > 0 ? 0 : PiGreco;
@@ -54,7 +54,7 @@ EsitoPothenot Pothenot(const PuntoXYZ& p1, const PuntoXYZ& p2, const PuntoXYZ& p
   // then huge and would multiply the last bits of Y; the sight to point 2 is then the
   // steadier, as the two differ by alfa.
   const double x = std::fabs(t0) <= std::fabs(t1) ? (y - a.Y) * t0 + a.X : (y - b.Y) * t1 + b.X;
-  if (!std::isfinite(x) || !std::isfinite(y)) return rifiuta("Stazione sul cerchio pericoloso: il punto è indeterminato!");
+  if (!std::isfinite(x) || !std::isfinite(y)) return rifiuta(kPericoloso);
   e.Stazione = o.Globale({x, y, 0});
   e.Stazione.Z = 0;
   return e;
@@ -132,6 +132,59 @@ EsitoFuoriCentro FuoriCentro(const std::vector<RigaFuoriCentro>& righe, double e
   r.Media = true;
   r.S = {c.Est + sx / n, c.Nord + sy / n, 0};
   r.CO = Giro(RadToGon * AzimutDistanza(r.S.X, r.S.Y, c.Est, c.Nord).Azimut - rc);
+  return r;
+}
+
+namespace {
+
+// A value right-aligned under a head of `larghezza` characters; a wider one stands whole,
+// still a blank apart from the value before it.
+std::string Sotto(const std::string& v, size_t larghezza) {
+  return std::string(v.size() < larghezza ? larghezza - v.size() : 1, ' ') + v;
+}
+
+}  // namespace
+
+std::vector<std::string> RelazioneFuoriCentro(const std::vector<RigaFuoriCentro>& righe, const EsitoFuoriCentro& esito,
+                                              double e, const std::string& stazione) {
+  const std::string trattini =
+      "--------------------------------------  ----------------  -------------------------------------  "
+      "----------------------------------";
+  std::vector<std::string> r = {
+      "          RILEVAMENTO  ESEGUITO  DAL SOTTOSCRITTO A MEZZO DI TEODOLITE A GRADUAZIONE CENTESIMALE DESTRORSA E "
+      "GEODIMETRO",
+      "          MEDIANTE CALCOLO DELLA CORREZIONE DI ORIENTAMENTO E COORDINATE DELLA STAZIONE " + stazione +
+          " FUORI CENTRO. ORIGINE " + (righe.empty() ? std::string() : righe[0].Nome),
+      "Dalla stazione " + stazione,
+      "               ELEMENTI DATI:           DI CAMPAGNA:      DI CALCOLO:                            RICAVATI:",
+      trattini,
+      "PU.APP/OR.         (N)X         (E)Y      DIREZ.    ECC.    DIST.    AZIMUT     ANG.V      D.R.      C.O.  "
+      "     (N)X         (E)Y",
+      trattini};
+  if (righe.empty()) return r;
+  auto m = [](double v, const char* maschera) { return FormatoRilievo(v, maschera); };
+  // Each value under its head: the widths of the heads of the line above.
+  auto dati = [&](const std::string& nome, const RigaFuoriCentro& x) {
+    std::string l = nome.size() >= 10 ? nome : nome + std::string(10 - nome.size(), ' ');
+    return l + Sotto(m(x.Nord, "######0.##0"), 13) + Sotto(m(x.Est, "######0.##0"), 13) +
+           Sotto(m(x.Direzione, "###0.###0"), 12);
+  };
+  r.push_back(dati(righe[0].Nome, righe[0]) + Sotto(m(e, "###0.##0"), 8));
+  for (size_t i = 0; i < esito.Righe.size() && i + 1 < righe.size(); ++i) {
+    const StazioneRidotta& st = esito.Righe[i];
+    std::string l = dati("PUNTO " + righe[i + 1].Nome, righe[i + 1]) + std::string(8, ' ');
+    if (st.Riuscita)
+      l += Sotto(m(st.Distanza, "#####0.##0"), 9) + Sotto(m(st.Azimut, "###0.###0"), 10) +
+           Sotto(m(st.AngoloV, "###0.###0"), 10) + Sotto(m(st.DR, "###0.###0"), 10) +
+           Sotto(m(st.CO, "###0.###0"), 10) + Sotto(m(st.S.Y, "#######0.##0"), 11) +
+           Sotto(m(st.S.X, "#######0.##0"), 13);
+    r.push_back(l);
+  }
+  if (esito.Media) {
+    r.push_back(std::string(r[5].size() - 34, ' ') + "----------------------------------");
+    r.push_back(std::string(r[5].size() - 34 - 14, ' ') + "VALORI MEDI:  " + Sotto(m(esito.CO, "##0.###0"), 10) +
+                Sotto(m(esito.S.Y, "#######0.##0"), 11) + Sotto(m(esito.S.X, "#######0.##0"), 13));
+  }
   return r;
 }
 

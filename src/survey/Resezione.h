@@ -56,6 +56,11 @@ struct EsitoFuoriCentro {
 // orientation point, and the plain mean of the stations.
 EsitoFuoriCentro FuoriCentro(const std::vector<RigaFuoriCentro>& righe, double eccentricita);
 
+// The report of a run, one line a string: the heads, the centre, a line per orientation point
+// and the means, in columns under the heads.
+std::vector<std::string> RelazioneFuoriCentro(const std::vector<RigaFuoriCentro>& righe, const EsitoFuoriCentro& esito,
+                                              double eccentricita, const std::string& stazione);
+
 // The `.FFF` file: the rows one a line, tab between role, name, Nord, Est, direction.
 std::string TestoFFF(const std::vector<RigaFuoriCentro>& righe);
 inline constexpr size_t kMassimoRigheFuoriCentro = 1000;

@@ -24,11 +24,11 @@ constexpr Bersaglio kBersagli[] = {
     {"txt", FuzzTxt, true},
     {"inf", FuzzInf, true},
     {"126", Fuzz126, true},
+    {"fff", FuzzFFF, true},
     {"impostazioni", FuzzImpostazioni, true},
     {"tabelle", FuzzTabelle, true},
     {"undo", FuzzUndo, true},
     {"script", FuzzScript, true},
-    {"fff", FuzzFFF, true},
 };
 
 }  // namespace

@@ -47,7 +47,8 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
 
 TEST(Pothenot, CerchioPericolosoPuntiCoincidentiEAlfaNullaRifiutati) {
   // The station on the circle of centre (100, 100) through the three points.
-  const EsitoPothenot e = Pothenot({100, 150}, {149.3844170298, 107.821723252}, {129.3892626146, 59.5491502813}, 45, 35);
+  const EsitoPothenot e =
+      Pothenot({100, 150}, {149.3844170298, 107.821723252}, {129.3892626146, 59.5491502813}, 45, 35);
   EXPECT_EQ(e.Stato, kResezioneDegenere);
   EXPECT_EQ(e.Motivo, "Stazione sul cerchio pericoloso: il punto è indeterminato!");
   EXPECT_EQ(Pothenot({0, 0}, {0, 0.0005}, {50, 0}, 50, 50).Motivo, "Punti noti coincidenti!");
@@ -174,6 +175,16 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
   const std::string t2 = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Tabella2");
   EXPECT_NE(t2.find("\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"), std::string::npos);
   EXPECT_NE(t2.find("\nMedie\t200\t5001998.694\t1701001.954\t276.5433"), std::string::npos);
+  b.Script("PRESS Relazione\n");
+  const std::string relazione = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Relazione");
+  EXPECT_EQ(relazione.substr(0, relazione.find("Dalla")),
+            "          RILEVAMENTO  ESEGUITO  DAL SOTTOSCRITTO A MEZZO DI TEODOLITE A GRADUAZIONE CENTESIMALE DESTRORSA "
+            "E GEODIMETRO\n          MEDIANTE CALCOLO DELLA CORREZIONE DI ORIENTAMENTO E COORDINATE DELLA STAZIONE 200 "
+            "FUORI CENTRO. ORIGINE C\n");
+  EXPECT_NE(relazione.find("\nC           5002000.000  1701000.000     60.9567   2.350\n"), std::string::npos);
+  EXPECT_NE(relazione.find("VALORI MEDI:    276.5433 5001998.694  1701001.954\n"), std::string::npos);
+  EXPECT_NE(relazione.find("\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
+                           "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"), std::string::npos);
   b.Script("PRESS Inserisci\n");
   int32_t riga = -1;
   for (int32_t r = 0; r < b.s.ContaEntita[SlotPunti]; ++r)
