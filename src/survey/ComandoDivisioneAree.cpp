@@ -60,7 +60,7 @@ void Passo(Sessione& s, double dx, double dy) {
   Aggiorna(s);
 }
 
-// The cut ends as the buttons insert them, or null when there is no cut to insert.
+// Whether there is a cut for the buttons to insert; said when there is none.
 bool TaglioDaInserire(Sessione& s) {
   const StatoDivisione& d = Stato(s);
   if (LineaPronta(d) && d.AreaParte > 0) return true;

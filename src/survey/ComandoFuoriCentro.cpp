@@ -41,8 +41,8 @@ void MostraTabella1(Sessione& s) {
   s.Calcoli.UltimoFuoriCentro = {};
 }
 
-// A row for the point of that table row, its direction asked; false when cancelled or
-// not a number.
+// A row for the point of that table row, its direction asked; none when the prompt is
+// cancelled, and a word when the answer is not a number.
 void AggiungiRiga(Sessione& s, int32_t riga) {
   if (Righe(s).size() >= kMassimoRigheFuoriCentro) {
     s.Ui->Messaggio("Al massimo 1000 righe!", kTitolo, Icona::Avviso);
