@@ -10,9 +10,11 @@
 #include "core/Dialoghi.h"
 #include "core/Errori.h"
 #include "core/File.h"
+#include "commands/TabellaDialoghi.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
+#include "survey/DialoghiCalcoli.h"
 #include "view/DimensioniImmagine.h"
 
 namespace varena {
@@ -221,6 +223,9 @@ bool ApriFormSelezionaContorno(Sessione& s) {
   d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, "FormSelezionaContorno"); });
   d.BottoneEsc = "Chiudi";
   ApriDialogo(s, std::move(d));
+  // The contour of an area division: the division's own dialog takes over from here.
+  if (s.ComandoCorrente == kCodiceDivisione2Punti || s.ComandoCorrente == kCodiceDivisioneRotazione)
+    ApriDialogoDiTabella(s, "FormDivisioneAree");
   if (campitura) {
     // The next clicks trace another contour.
     s.SpezzataTemporanea.Svuota();

@@ -38,6 +38,47 @@ void PromptIniziale(Sessione& s) {
     MostraPrompt(s, tabella[static_cast<size_t>(s.VoceArmata)].Prompt);
 }
 
+// The result of a construction, kept as the last one and inserted.
+int32_t Inserisci(Sessione& s, const PuntoXYZ& p) {
+  Scheda(s).PuntoNuovo = p;
+  return InserisciPuntoNuovo(s, p);
+}
+
+// The figure of a construction, painted once over the drawing after the point went in; the
+// next redraw takes it away.
+void Anteprima(Sessione& s, std::initializer_list<PuntoXYZ> vertici) {
+  SpezzataTemporanea& p = s.SpezzataTemporanea;
+  p.Svuota();
+  for (const PuntoXYZ& v : vertici) {
+    p.X.push_back(v.X);
+    p.Y.push_back(v.Y);
+  }
+  DipingiSpezzata(s);
+  p.Svuota();
+}
+
+// A computation that gives no point (a triangle that does not close, directions that never
+// meet): the box, and the command ends with nothing changed.
+void Fallita(Sessione& s, const char* testo, const char* titolo) {
+  s.Ui->Messaggio(testo, titolo, Icona::Avviso);
+  InterrompiComando(s);
+}
+void DistanzeNonAmmissibili(Sessione& s, const char* titolo) { Fallita(s, "Distanze non ammissibili!", titolo); }
+void PuntoNonTrovato(Sessione& s, const char* titolo) { Fallita(s, "Punto Non Trovato", titolo); }
+
+std::string Metri(double v) { return TestoMetri(v); }
+std::string Gon(double radianti) { return TestoGon(RadToGon * radianti); }
+
+// A zenith reading left empty, or 0, is a level sight: the field shows it again as "100".
+double Zenitale(Sessione& s, const char* dialogo, const Dialogo& d, const char* campo) {
+  const double v = d.Numero(campo);
+  if (v != 0) return v;
+  AggiornaCampo(s, dialogo, campo, "100");
+  return 100;
+}
+
+}  // namespace
+
 // A click of a construction: it becomes the known point of its step. A click while the
 // command's dialog is up starts again from the first point. True once the `quanti`-th has
 // come; otherwise the prompt of the next one is shown.
@@ -64,52 +105,11 @@ void ApriMisure(Sessione& s, const char* dialogo) {
   PromptIniziale(s);
 }
 
-// The result of a construction, kept as the last one and inserted.
-int32_t Inserisci(Sessione& s, const PuntoXYZ& p) {
-  Scheda(s).PuntoNuovo = p;
-  return InserisciPuntoNuovo(s, p);
-}
-
-// The figure of a construction, painted once over the drawing after the point went in; the
-// next redraw takes it away.
-void Anteprima(Sessione& s, std::initializer_list<PuntoXYZ> vertici) {
-  SpezzataTemporanea& p = s.SpezzataTemporanea;
-  p.Svuota();
-  for (const PuntoXYZ& v : vertici) {
-    p.X.push_back(v.X);
-    p.Y.push_back(v.Y);
-  }
-  DipingiSpezzata(s);
-  p.Svuota();
-}
-
 // The dialog's work is done: it closes and the command waits for its first point again.
 void Ricomincia(Sessione& s, const char* dialogo) {
   ChiudiDialogo(s, dialogo);
   ArmaComando(s);
 }
-
-// A computation that gives no point (a triangle that does not close, directions that never
-// meet): the box, and the command ends with nothing changed.
-void Fallita(Sessione& s, const char* testo, const char* titolo) {
-  s.Ui->Messaggio(testo, titolo, Icona::Avviso);
-  InterrompiComando(s);
-}
-void DistanzeNonAmmissibili(Sessione& s, const char* titolo) { Fallita(s, "Distanze non ammissibili!", titolo); }
-void PuntoNonTrovato(Sessione& s, const char* titolo) { Fallita(s, "Punto Non Trovato", titolo); }
-
-std::string Metri(double v) { return TestoMetri(v); }
-std::string Gon(double radianti) { return TestoGon(RadToGon * radianti); }
-
-// A zenith reading left empty, or 0, is a level sight: the field shows it again as "100".
-double Zenitale(Sessione& s, const char* dialogo, const Dialogo& d, const char* campo) {
-  const double v = d.Numero(campo);
-  if (v != 0) return v;
-  AggiornaCampo(s, dialogo, campo, "100");
-  return 100;
-}
-
-}  // namespace
 
 // --- Clicks ---------------------------------------------------------------------------------
 

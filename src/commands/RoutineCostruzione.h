@@ -5,6 +5,7 @@
 // script fills them and presses their buttons as the user would.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
 namespace varena {
@@ -25,6 +26,15 @@ void subPuntoInAvanti(Sessione& s);       // 172
 void subStazioneLibera(Sessione& s);      // 332: the two known points
 void subIntersecaDirezione(Sessione& s);  // 372: two points of a line, the station
 void subPuntoDistanza(Sessione& s);       // 601
+
+// A click of a construction: it becomes the known point of its step (`Sessione::Costruzione`).
+// A click while the command's dialog is up starts again from the first point. True once the
+// `quanti`-th has come; otherwise the prompt of the next one is shown.
+bool Raccogli(Sessione& s, int quanti, const char* dialogo, std::initializer_list<const char*> prompt);
+// The last click taken: the dialog of the measures opens.
+void ApriMisure(Sessione& s, const char* dialogo);
+// The dialog's work is done: it closes and the command waits for its first point again.
+void Ricomincia(Sessione& s, const char* dialogo);
 
 // The irradiation's first prompt names the free station just computed, which it offers.
 std::string PromptIrraggiamento(const Sessione& s);

@@ -11,6 +11,7 @@
 #include "commands/StatoDisegno.h"
 #include "snap/RisultatoVicina.h"
 #include "survey/CostruzionePunti.h"
+#include "survey/StatoCalcoli.h"
 
 namespace varena {
 
@@ -105,6 +106,7 @@ struct StatoComandi {
   std::string NomeCopiato;
   double OrigineFoglioX = 0, OrigineFoglioY = 0;  // command 254
   SchedaCostruzione Costruzione; // the known points of a point construction and its result
+  StatoCalcoli Calcoli;          // the area division, the staking out, the eccentric station
   bool AnteprimaFoglio = false;
   StatoDisegno ValoriDisegno;    // the drawing commands' picks and dialog choices
 

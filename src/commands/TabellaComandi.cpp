@@ -11,6 +11,7 @@
 #include "commands/RoutineCostruzione.h"
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
+#include "survey/DialoghiCalcoli.h"
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
 
@@ -152,6 +153,11 @@ constexpr VoceComando kTabella[] = {
     Arma("DISEGNA_IMMAGINE", 202, "Indica Punto Inserimento Immagine :", L, "FormSelezionaImmagine", "Immagine",
          "Inserisci Immagine"),
     Arma("INFO_AREA", 27, "Seleziona Contorno - Primo Punto", V, {}, "Info", "Area"),
+    Arma("POTHENOT", 211, "Snellius/Pothenot - Primo Trigonometrico :", P, "NuovoPunto", "Punto", "Pothenot"),
+    Arma("DIVISIONE_AREE_2_PUNTI", 193, "Seleziona Contorno - Primo Punto", P, {}, "Info", "Divisione Aree 2 Punti"),
+    Arma("DIVISIONE_AREE_ROTAZIONE", 203, "Seleziona Contorno - Primo Punto", P, {}, "Info",
+         "Divisione Aree P. Rotazione"),
+    Arma("FUORI_CENTRO", 212, "Fuoricentro - Punto di Appoggio :", P, {}, "Punto", "Fuoricentro"),
     Arma("TRACCIAMENTO", 290, "Tracciamento - Stazione :", P, {}, "Punto", "Tracciamento"),
     Arma("INTERSECA_DIREZIONE", 372, "Interseca Direzione - Primo Punto :", P, "NuovoPunto", "Punto",
          "Interseca Direzione"),
@@ -266,6 +272,7 @@ constexpr VoceComando kTabella[] = {
     Subito("CONGELA_ESTRATTO", nullptr, {}, "Catasto", "Congela Estratto"),
     Subito("SCONGELA_ESTRATTO", nullptr, {}, "Catasto", "Scongela Estratto"),
     Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
+    Subito("TRIANGOLI", nullptr, "Triangoli", "Strumenti", "Triangoli"),
     Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),
     Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani", "F7"),
     Subito("MENU_TRATTEGGI", nullptr, "MenuTratteggi", "Visualizza", "Tratteggi", "F6"),
@@ -431,11 +438,11 @@ constexpr SchedaCodice kSchede[] = {
     {430, subContornoSette, FormaElastico::Nessuna, nullptr},
     {198, subTestodistanza, Li, nullptr},
     {199, subQuotaturaProgressiva, Li, nullptr},
-    {211, nullptr, Li, nullptr},
+    {211, subCalcolaPothenot, Li, nullptr},
     {226, subVerificaParallele, Li, nullptr},
     {251, nullptr, Li, nullptr},
     {276, subRotazioneVerticale, Li, nullptr},
-    {290, nullptr, Li, nullptr},
+    {290, subTracciamento, Li, nullptr},
     {301, subSquadrato, Li, nullptr},
     {303, nullptr, Li, nullptr},
     {332, subStazioneLibera, Li, nullptr},
@@ -450,6 +457,9 @@ constexpr SchedaCodice kSchede[] = {
     {182, subArcoInCerchio, FormaElastico::Nessuna, nullptr},
     {187, subSerieRettangolare, Li, nullptr},
     {196, subSelezionaContorno, Li, nullptr},
+    {212, subFuoriCentro, Li, nullptr},
+    {193, subDivisioneAree, Li, nullptr},
+    {203, subDivisioneAree, Li, nullptr},
     {197, subDisegnoTestoDaFile, FormaElastico::Nessuna, nullptr},
     {202, subDisegnaBitMap, FormaElastico::Nessuna, nullptr},
     {207, subIncollaDaAppunti, FormaElastico::Nessuna, nullptr},

@@ -13,6 +13,7 @@
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
 #include "survey/Primitive.h"
+#include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
 
 namespace varena {
@@ -40,6 +41,12 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"PolariCartesiane", ApriPolariCartesiane},
     {"IntersecaDirezione", ApriIntersecaDirezione},
     {"PuntoDistanza", ApriPuntoDistanza},
+    // The office computations.
+    {"Triangoli", ApriTriangoli},
+    {"CalcoloPothenot", ApriCalcoloPothenot},
+    {"FormDivisioneAree", ApriFormDivisioneAree},
+    {"FormTracciamento", ApriFormTracciamento},
+    {"FormFuoricentro", ApriFormFuoricentro},
     {"Selezentita", ApriSelezentita},
     {"SelezPerPiano", ApriSelezPerPiano},
     {"SelezPunti", ApriSelezPunti},

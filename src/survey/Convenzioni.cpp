@@ -1,11 +1,22 @@
 // Reading and showing the numbers of measures.
 #include "survey/Convenzioni.h"
 
+#include <cmath>
+#include <cstdlib>
+
 #include "core/Testo.h"
 
 namespace varena {
 
 double LeggiNumero(std::string_view testo) { return Val(VirgolaInPunto(testo)); }
+
+bool TestoNumerico(std::string_view testo) {
+  const std::string t = VirgolaInPunto(Rifila(testo));
+  if (t.empty()) return false;
+  char* fine = nullptr;
+  const double v = std::strtod(t.c_str(), &fine);
+  return fine && *fine == '\0' && std::isfinite(v);
+}
 
 // The masks already print a point whatever the locale; the replacement stays so that no
 // path to the user ever shows a comma.

@@ -20,6 +20,9 @@ inline constexpr double GonToRad = PiGreco / 200.0;
 // A numeric text box: a comma becomes a point, then the leading number is taken; letters
 // after it are ignored, an empty text is 0.
 double LeggiNumero(std::string_view testo);
+// Whether a box holds a number and nothing else (blanks around it allowed, a comma read as
+// the decimal point): the test of the boxes that refuse what is not a measure.
+bool TestoNumerico(std::string_view testo);
 
 // A number of the survey dialogs and their reports through its mask: every decimal place
 // of the mask is shown, zeros included, so that an angle of 50 gon reads "50.0000" and a

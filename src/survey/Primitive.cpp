@@ -39,23 +39,32 @@ double Distanza2D(const PuntoXYZ& p, const PuntoXYZ& q) { return varena::Distanz
 
 Esito IncrocioRette(const PuntoXYZ& a, const PuntoXYZ& b, const PuntoXYZ& c, const PuntoXYZ& d, double& x,
                     double& y) {
-  const double xa = a.X, ya = a.Y, xb = b.X, yb = b.Y, xc = c.X, yc = c.Y, xd = d.X, yd = d.Y;
+  // The products xa·yb below would lose the millimetres of grid coordinates: the figure is
+  // moved onto A first.
+  const OrigineLocale o(a);
+  const PuntoXYZ la = o.Locale(a), lb = o.Locale(b), lc = o.Locale(c), ld = o.Locale(d);
+  const double xa = la.X, ya = la.Y, xb = lb.X, yb = lb.Y, xc = lc.X, yc = lc.Y, xd = ld.X, yd = ld.Y;
   const double den = (xa - xb) * (yc - yd) - (ya - yb) * (xc - xd);
   // The test is on the raw determinant, so two short segments fail sooner than long ones.
   if (!(std::fabs(den) >= 1e-7)) return kNessunaSoluzione;
   const double pa = xa * yb - xb * ya;
   const double pc = xc * yd - xd * yc;
-  x = (pa * (xc - xd) - (xa - xb) * pc) / den;
-  y = (pa * (yc - yd) - (ya - yb) * pc) / den;
+  x = (pa * (xc - xd) - (xa - xb) * pc) / den + o.X0;
+  y = (pa * (yc - yd) - (ya - yb) * pc) / den + o.Y0;
   return kRiuscito;
 }
 
 Esito PiedePerpendicolare(const PuntoXYZ& a, const PuntoXYZ& b, const PuntoXYZ& p, Piede& piede) {
   const AzimutEDistanza ab = AzimutDistanza(a, b);
-  // A second point one metre from P square to A-B makes the perpendicular a line to cross.
-  const PuntoXYZ q = Polare(p.X, p.Y, ab.Azimut + PiGreco / 2, 1);
+  // A second point one metre from P square to A-B makes the perpendicular a line to cross;
+  // placed on the grid, a metre would keep only nanometres of its direction.
+  const OrigineLocale o(a);
+  const PuntoXYZ lp = o.Locale(p);
+  const PuntoXYZ q = Polare(lp.X, lp.Y, ab.Azimut + PiGreco / 2, 1);
   double fx = 0, fy = 0;
-  if (IncrocioRette(a, b, p, q, fx, fy) != kRiuscito) return kNessunaSoluzione;
+  if (IncrocioRette(o.Locale(a), o.Locale(b), lp, q, fx, fy) != kRiuscito) return kNessunaSoluzione;
+  fx += o.X0;
+  fy += o.Y0;
   piede.F = {fx, fy, QuotaInterpolata(a, b, fx, fy)};
   piede.DistanzaPF = Distanza2D(p, piede.F);
   piede.DistanzaAF = Distanza2D(a, piede.F);
@@ -176,10 +185,12 @@ std::optional<AreaEPerimetro> AreaPerimetro(std::span<const PuntoXYZ> v) {
   if (n < 3) return std::nullopt;
   AreaEPerimetro r;
   double trapezi = 0;
+  // Heights of the trapezia from the first vertex, not from the Equator.
+  const double y0 = v[0].Y;
   for (size_t i = 0; i < n; ++i) {
     const PuntoXYZ& p = v[i];
     const PuntoXYZ& q = v[(i + 1) % n];
-    trapezi += (p.Y + q.Y) / 2 * (p.X - q.X);
+    trapezi += ((p.Y - y0) + (q.Y - y0)) / 2 * (p.X - q.X);
     const double piano = Distanza2D(p, q);
     r.Perimetro += piano;
     r.PerimetroInclinato += std::sqrt(piano * piano + (p.Z - q.Z) * (p.Z - q.Z));

@@ -25,6 +25,18 @@ struct PuntoXYZ {
   double X = 0, Y = 0, Z = 0;
 };
 
+// National-grid coordinates run to millions of metres, where a double keeps about a
+// nanometre and a product of two coordinates not even a millimetre. So every formula that
+// multiplies or subtracts coordinates works on differences from a local origin, the first
+// known point of the figure, and adds the origin back to its result: the answer is then as
+// good at 1,700,000 / 5,000,000 as beside 0 / 0.
+struct OrigineLocale {
+  double X0 = 0, Y0 = 0;
+  explicit OrigineLocale(const PuntoXYZ& primo) : X0(primo.X), Y0(primo.Y) {}
+  PuntoXYZ Locale(const PuntoXYZ& p) const { return {p.X - X0, p.Y - Y0, p.Z}; }
+  PuntoXYZ Globale(const PuntoXYZ& p) const { return {p.X + X0, p.Y + Y0, p.Z}; }
+};
+
 // The one polar conversion: from (x, y) by azimuth `azimut` (radians, clockwise from North)
 // and distance `d`. Z is left 0.
 PuntoXYZ Polare(double x, double y, double azimut, double d);

@@ -131,3 +131,25 @@ TEST_F(CliScript, ErroriDelloScript) {
 
 }  // namespace
 }  // namespace varena
+
+namespace varena {
+namespace {
+
+// The office computations through varena-cli: a triangle solved into its boxes, and a
+// resection on the dangerous circle refused with its message and no point.
+TEST_F(CliScript, TriangoloEResezioneSulCerchioPericoloso) {
+  ScriviFileProva(base + ".LLL", prova::RecordPuntoBase("C1", 100, 150, 0).Byte() +
+                                     prova::RecordPuntoBase("C2", 149.3844170298, 107.821723252, 0).Byte() +
+                                     prova::RecordPuntoBase("C3", 129.3892626146, 59.5491502813, 0).Byte());
+  ScriviFileProva(script,
+                  "TAG TRIANGOLI\nFIELD a 3\nFIELD b 4\nFIELD c 5\nPRESS Calcola\n"
+                  "EXPECT campo Triangoli.Gamma 100.0000\nEXPECT campo Triangoli.Alfa 40.9666\n"
+                  "TAG POTHENOT\nCLICK left @C1\nCLICK left @C2\nCLICK left @C3\nFIELD Alfa 45\nFIELD Beta 35\n"
+                  "PRESS OK\nEXPECT messaggio Stazione sul cerchio pericoloso: il punto è indeterminato!\nSAVE\n");
+  const Esito e = Cli({"script", base, script, "--rigoroso"});
+  EXPECT_EQ(e.stato, 0) << e.err << e.out;
+  EXPECT_EQ(prova::LeggiFileProva(base + ".LLL").size(), 3 * prova::RecordPuntoBase("C1", 0, 0, 0).Byte().size());
+}
+
+}  // namespace
+}  // namespace varena

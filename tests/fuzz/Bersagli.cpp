@@ -24,6 +24,7 @@ constexpr Bersaglio kBersagli[] = {
     {"txt", FuzzTxt, true},
     {"inf", FuzzInf, true},
     {"126", Fuzz126, true},
+    {"fff", FuzzFFF, true},
     {"impostazioni", FuzzImpostazioni, true},
     {"tabelle", FuzzTabelle, true},
     {"undo", FuzzUndo, true},

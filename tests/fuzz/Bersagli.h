@@ -37,6 +37,7 @@ void FuzzPia(const Ambiente& a, std::string_view byte);
 void FuzzTxt(const Ambiente& a, std::string_view byte);
 void FuzzInf(const Ambiente& a, std::string_view byte);
 void Fuzz126(const Ambiente& a, std::string_view byte);
+void FuzzFFF(const Ambiente& a, std::string_view byte);
 void FuzzImpostazioni(const Ambiente& a, std::string_view byte);
 void FuzzTabelle(const Ambiente& a, std::string_view byte);
 void FuzzUndo(const Ambiente& a, std::string_view byte);

@@ -281,3 +281,34 @@ TEST(NomiEConvenzioni, NomiPulitiEMaschereDeiGonEDeiMetri) {
 
 }  // namespace
 }  // namespace varena
+
+namespace varena {
+namespace {
+
+// The same figure drawn near the origin and moved onto the national grid must give the same
+// crossing and the same foot, to far below a tenth of a millimetre: the shift is a whole
+// number of metres, exact in binary, so any difference is what the primitive lost.
+TEST(OrigineLocale, LaStessaCostruzioneVicinoAllOrigineESullaRetecatastale) {
+  const double ex = 1700000, ny = 5000000;
+  const PuntoXYZ a{12.345, 67.891, 0}, b{345.678, 123.456, 0}, c{101.101, -20.202, 0}, d{222.333, 310.987, 0};
+  auto sposta = [&](const PuntoXYZ& p) { return PuntoXYZ{p.X + ex, p.Y + ny, p.Z}; };
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+  ASSERT_EQ(IncrocioRette(a, b, c, d, x0, y0), kRiuscito);
+  ASSERT_EQ(IncrocioRette(sposta(a), sposta(b), sposta(c), sposta(d), x1, y1), kRiuscito);
+  EXPECT_NEAR(x1 - ex, x0, 1e-6);
+  EXPECT_NEAR(y1 - ny, y0, 1e-6);
+  Piede f0, f1;
+  ASSERT_EQ(PiedePerpendicolare(a, b, d, f0), kRiuscito);
+  ASSERT_EQ(PiedePerpendicolare(sposta(a), sposta(b), sposta(d), f1), kRiuscito);
+  EXPECT_NEAR(f1.F.X - ex, f0.F.X, 1e-6);
+  EXPECT_NEAR(f1.F.Y - ny, f0.F.Y, 1e-6);
+  EXPECT_NEAR(f1.DistanzaPF, f0.DistanzaPF, 1e-6);
+  // A parcel of about 1.9 ha: its area to the hundredth of a square millimetre.
+  const std::vector<PuntoXYZ> lotto{a, b, d, c};
+  std::vector<PuntoXYZ> lontano;
+  for (const PuntoXYZ& p : lotto) lontano.push_back(sposta(p));
+  EXPECT_NEAR(AreaPerimetro(lontano)->Area, AreaPerimetro(lotto)->Area, 1e-6);
+}
+
+}  // namespace
+}  // namespace varena

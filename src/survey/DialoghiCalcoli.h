@@ -1,0 +1,31 @@
+// The dialogs of the office computations: the triangle solver, the resection, the area
+// division, the staking-out table and the eccentric station. Their rows in the dialog table
+// point here.
+#pragma once
+
+namespace varena {
+
+struct Sessione;
+
+bool ApriTriangoli(Sessione& s);
+bool ApriCalcoloPothenot(Sessione& s);
+
+// The two modes of the area division: a cut that translates, one that turns about a pivot.
+inline constexpr int kCodiceDivisione2Punti = 193;
+inline constexpr int kCodiceDivisioneRotazione = 203;
+bool ApriFormDivisioneAree(Sessione& s);
+// The clicks of the area division: the contour, then the points of the cut (193, 203).
+void subDivisioneAree(Sessione& s);
+
+bool ApriFormTracciamento(Sessione& s);
+// The clicks of the staking out: station, orientation, then the points to stake (290).
+void subTracciamento(Sessione& s);
+
+bool ApriFormFuoricentro(Sessione& s);
+// The clicks of the eccentric station: the centre, then the orientation points (212).
+void subFuoriCentro(Sessione& s);
+
+// The clicks of the resection: the three known points (211).
+void subCalcolaPothenot(Sessione& s);
+
+}  // namespace varena

@@ -1,0 +1,26 @@
+// What the office computations keep between the clicks and the buttons of their dialogs.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "survey/DivisioneAree.h"
+#include "survey/Resezione.h"
+
+namespace varena {
+
+// The staking out: the names to stake, in order, and the run the dialog writes its files
+// under (0 until the first run picks a free one).
+struct StatoTracciamento {
+  std::vector<std::string> Elenco;
+  int Corsa = 0;
+};
+
+struct StatoCalcoli {
+  StatoDivisione Divisione;
+  StatoTracciamento Tracciamento;
+  std::vector<RigaFuoriCentro> FuoriCentro;  // the first table of the eccentric station
+  EsitoFuoriCentro UltimoFuoriCentro;        // its last run, for the insert
+};
+
+}  // namespace varena
