@@ -1,6 +1,6 @@
 // The staking out as a command: the station and the orientation picked, then
 // `FormTracciamento`, where the reading is typed and the list of points grows by clicks, by
-// name or by class; each run appends its table to the report, the CSV and the small field
+// name, by class or from a contour; each run appends its table to the report, the CSV and the small field
 // book of the dialog's run number.
 #include <algorithm>
 #include <ctime>
@@ -78,6 +78,23 @@ void AggiungiStazioni(Sessione& s) {
 
 void AggiungiPF(Sessione& s) {
   AggiungiClasse(s, [](const std::string& n) { return n.rfind("PF", 0) == 0; });
+}
+
+void ScegliContorno(Sessione& s) {
+  Stato(s).DaContorno = true;
+  MostraPrompt(s, "Tracciamento - Selezionare il Contorno :");
+}
+
+// The points of the Contorno-7 drawn nearest the click, in the order of its list; the codes
+// and names that no point has are passed over.
+void AggiungiContorno(Sessione& s) {
+  Stato(s).DaContorno = false;
+  MostraPrompt(s, "Tracciamento - Punto da Tracciare :");
+  const Vicina v = IlPiuVicinoSette(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  if (v.Riga < 0) return;
+  const auto riga = static_cast<size_t>(s.ListaDisegno.Riga[static_cast<size_t>(v.Riga)]);
+  for (const std::string& campo : Dividi(s.SetteContorno[riga], '|'))
+    if (const std::string nome = Rifila(campo); !nome.empty() && IlPiuVicinoPerNome(s, nome) >= 0) Aggiungi(s, nome);
 }
 
 void Elimina(Sessione& s) {
@@ -183,6 +200,7 @@ bool ApriFormTracciamento(Sessione& s) {
   Bottone(d, "Aggiungi", "Aggiungi", AggiungiPerNome);
   Bottone(d, "Stazioni", "Stazioni (00)", AggiungiStazioni);
   Bottone(d, "PF", "PF", AggiungiPF);
+  Bottone(d, "Contorno", "Contorno", ScegliContorno);
   Bottone(d, "Elimina", "Elimina", Elimina);
   Bottone(d, "Calcola", "Calcola", Calcola);
   d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
@@ -196,8 +214,11 @@ bool ApriFormTracciamento(Sessione& s) {
 
 void subTracciamento(Sessione& s) {
   if (DialogoAperto(s, kDialogo)) {
-    // A click while the table is up adds the point clicked.
-    if (s.PuntoCorrenteIndice >= 0) Aggiungi(s, Rifila(s.PuntoCorrenteNome));
+    // A click while the table is up adds the point clicked, or the points of a contour.
+    if (Stato(s).DaContorno)
+      AggiungiContorno(s);
+    else if (s.PuntoCorrenteIndice >= 0)
+      Aggiungi(s, Rifila(s.PuntoCorrenteNome));
     return;
   }
   if (Raccogli(s, 2, nullptr, {"Tracciamento - Orientamento :"})) {

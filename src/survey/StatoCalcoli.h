@@ -14,6 +14,7 @@ namespace varena {
 struct StatoTracciamento {
   std::vector<std::string> Elenco;
   int Corsa = 0;
+  bool DaContorno = false;  // the next click picks a Contorno-7, whose points join the list
 };
 
 struct StatoCalcoli {

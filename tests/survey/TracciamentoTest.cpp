@@ -5,9 +5,11 @@
 
 #include <string>
 
+#include "cadastre/ContornoSette.h"
 #include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "core/File.h"
+#include "view/Rigenera.h"
 
 namespace varena {
 namespace {
@@ -98,6 +100,16 @@ TEST(Tracciamento, NomiAssentiLetturaNonNumericaEdElencoVuoto) {
   EXPECT_EQ(b.ui.UltimoMessaggio.find("Nessun punto da tracciare") != std::string::npos, true);
   const std::string txt = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT");
   EXPECT_EQ(txt.find("     O     O     O     Nome Punto"), txt.rfind("     O     O     O"));
+
+  // A contour picked on the drawing gives its points in the order of its list; a code and a
+  // name no point has are passed over.
+  MettiPunto(b.s, "21", 20, 0, 0);
+  MettiPunto(b.s, "22", 20, 10, 0);
+  MettiPunto(b.s, "23", 30, 10, 0);
+  subAggiungiSetteSingolo(b.s, "|23|R|99|22|21|", "LOTTO", "", 1, 1);
+  RigeneraLista(b.s);
+  b.Script("PRESS Contorno\nCLICK left 25 10\n");
+  EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "23\n22\n21\n");
 }
 
 }  // namespace
