@@ -8,6 +8,7 @@
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
 #include "survey/Primitive.h"
+#include "terrain/DisegnoFalde.h"
 #include "view/Ridisegna.h"
 #include "view/Zoom.h"
 
@@ -78,7 +79,8 @@ void RigeneraCorniceIngombro(Sessione& s) {
 // list take their place in this table.
 using Rigeneratore = void (*)(Sessione&);
 constexpr Rigeneratore kOrdine[] = {
-    RigeneraImmagini,  // then the map extract and its stations, facets, sections
+    RigeneraImmagini,  // then the map extract and its stations
+    RigeneraFalde,     // then sections
     RigeneraArchi,   RigeneraCerchi, RigeneraLinee,
     RigeneraSetteSette,
     RigeneraTesti,     // after the Contorno-7 outlines

@@ -29,6 +29,7 @@ constexpr Bersaglio kBersagli[] = {
     {"undo", FuzzUndo, true},
     {"script", FuzzScript, true},
     {"libretto", FuzzLibretto, true},
+    {"mesh", FuzzMesh, false},
 };
 
 }  // namespace

@@ -42,5 +42,6 @@ void FuzzTabelle(const Ambiente& a, std::string_view byte);
 void FuzzUndo(const Ambiente& a, std::string_view byte);
 void FuzzScript(const Ambiente& a, std::string_view byte);
 void FuzzLibretto(const Ambiente& a, std::string_view byte);
+void FuzzMesh(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
