@@ -12,6 +12,7 @@
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
 #include "commands/TabellaDialoghi.h"
+#include "terrain/ComandiTerreno.h"
 
 namespace varena {
 
@@ -320,6 +321,9 @@ constexpr VoceComando kTabella[] = {
     Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
     Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
+    Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
+    Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
+    Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),
     Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),
     Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
     Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),

@@ -2,6 +2,7 @@
 // point inside a facet.
 #include <gtest/gtest.h>
 
+#include "support/ProvaComandi.h"
 #include "support/Supporto.h"
 #include "terrain/Falde.h"
 
@@ -41,6 +42,34 @@ TEST(CalcolaFalda, PuntoInternoConILati) {
   EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 2, 0));
   EXPECT_FALSE(PuntoInternoFalda(p.s, 0, 2.1, 2.1));
   EXPECT_FALSE(PuntoInternoFalda(p.s, 0, -0.5, 1));
+}
+
+TEST(TRIPF, IPuntiFiducialiInFalde) {
+  prova::Banco b;
+  // A square with a point inside: any triangulation is the fan of four about it.
+  prova::MettiPunto(b.s, "PF01", 0, 0, 1);
+  prova::MettiPunto(b.s, "PF02", 10, 0, 2);
+  prova::MettiPunto(b.s, "PF03", 10, 10, 3);
+  prova::MettiPunto(b.s, "PF04", 0, 10, 9999);  // no height: 0 in the facets
+  prova::MettiPunto(b.s, "PF05", 4, 5, 5);
+  prova::MettiPunto(b.s, "100", 2, 8, 7);  // not of the network: no facet is lost for it
+  b.Pronto(5, 5, 100);
+  b.Script("TAG TRIPF\n");
+  int vive = 0;
+  double area = 0;
+  for (size_t r = 0; r < static_cast<size_t>(b.s.ContaEntita[SlotFalde]); ++r) {
+    if (b.s.FaldaIdent[r] != 0) continue;
+    ++vive, area += b.s.FaldaAreaDiBase[r];
+    EXPECT_TRUE((b.s.FaldaX1[r] == 4 && b.s.FaldaY1[r] == 5) || (b.s.FaldaX2[r] == 4 && b.s.FaldaY2[r] == 5) ||
+                (b.s.FaldaX3[r] == 4 && b.s.FaldaY3[r] == 5)) << r;
+    EXPECT_EQ(b.s.FaldaPiano[r], "PROFALDE");
+    for (double z : {b.s.FaldaZ1[r], b.s.FaldaZ2[r], b.s.FaldaZ3[r]}) EXPECT_NE(z, 9999.0);
+  }
+  EXPECT_EQ(vive, 4);
+  EXPECT_DOUBLE_EQ(area, 100.0);
+  // The network was scaffolding only.
+  EXPECT_EQ(RigheVive(b.s, SlotLinee), 0);
+  EXPECT_EQ(b.s.Prompt, "Numero Linee triangolate = 8");
 }
 
 }  // namespace
