@@ -120,7 +120,7 @@ constexpr IconaDiTag kIcone[] = {
     // Terrain
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
     {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
-    {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"},
+    {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

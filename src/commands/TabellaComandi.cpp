@@ -13,6 +13,7 @@
 #include "commands/StatoComandi.h"
 #include "commands/TabellaDialoghi.h"
 #include "terrain/ComandiTerreno.h"
+#include "terrain/DefinizioneFalda.h"
 
 namespace varena {
 
@@ -118,6 +119,7 @@ constexpr VoceComando kTabella[] = {
          "Interrompi Linea per Punto"),
     Arma("INTERROMPELINEASUPUNTO", 410, "Interrompi Linea su Punti - Indica la Linea", V, {}, "Cambia",
          "Interrompi Linea su Punti"),
+    Arma("DEFINIZIONE_FALDA", 188, "Definizione Falda - Primo Punto:", P, {}, "Terreno", "Definizione Falda"),
     Arma("INTERSECA_FALDE", 398, "Interseca 2 Falde - Prima Falda", V, {}, "Terreno", "Interseca 2 Falde"),
     Arma("DISEGNA_LINEA_LIBERA", 2, "Disegno Linea - Dal Punto:", V, {}, "Disegno", "Linea"),
     Arma("DISEGNA_LINEA_2_P", 22, "Disegno Linea 2P - Primo Punto:", V, {}, "Disegno", "Linea 2 Punti"),
@@ -425,6 +427,7 @@ constexpr SchedaCodice kSchede[] = {
     {171, subPuntoTangente, Li, nullptr},
     {191, nullptr, Li, nullptr},
     // The survey structures: a vertex a click, until the right button.
+    {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},
     {298, subContornoSette, FormaElastico::Nessuna, nullptr},

@@ -72,5 +72,31 @@ TEST(TRIPF, IPuntiFiducialiInFalde) {
   EXPECT_EQ(b.s.Prompt, "Numero Linee triangolate = 8");
 }
 
+TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
+  prova::Banco b;
+  prova::MettiPunto(b.s, "1", 0, 0, 1);
+  prova::MettiPunto(b.s, "2", 10, 0, 2);
+  prova::MettiPunto(b.s, "3", 0, 10, 3);
+  prova::MettiPunto(b.s, "4", 10, 10, 4);
+  b.Pronto(5, 5, 100);
+  b.Script("TAG DEFINIZIONE_FALDA\nCLICK left @1\nCLICK left @2\n");
+  EXPECT_EQ(b.s.Prompt, "Definizione Falda - Terzo Punto:");
+  b.Script("CLICK left @3\n");
+  ASSERT_EQ(b.s.ContaEntita[SlotFalde], 1);
+  EXPECT_EQ(b.s.FaldaAreaDiBase[0], 50.0);
+  EXPECT_EQ(b.s.FaldaZ3[0], 3.0);
+  // Beside it, sharing a side: no question.
+  EXPECT_EQ(b.Script("CLICK left @2\nCLICK left @4\nCLICK left @3\n").find("DOMANDA"), std::string::npos);
+  EXPECT_EQ(b.s.ContaEntita[SlotFalde], 2);
+  // Across both: asked, and refused.
+  const std::string fuori = b.Script("ANSWER no\nCLICK left @1\nCLICK left @2\nCLICK left @4\n");
+  EXPECT_NE(fuori.find("DOMANDA [Falda Impossibile] La falda Interseca o Coincide con Falde Esistenti!!"), std::string::npos)
+      << fuori;
+  EXPECT_EQ(b.s.ContaEntita[SlotFalde], 2);
+  EXPECT_EQ(b.s.Prompt, "Definizione Falda - Primo Punto:");
+  b.Script("ANSWER si\nCLICK left @1\nCLICK left @2\nCLICK left @4\n");
+  EXPECT_EQ(b.s.ContaEntita[SlotFalde], 3);
+}
+
 }  // namespace
 }  // namespace varena
