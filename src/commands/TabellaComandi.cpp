@@ -120,6 +120,7 @@ constexpr VoceComando kTabella[] = {
     Arma("INTERROMPELINEASUPUNTO", 410, "Interrompi Linea su Punti - Indica la Linea", V, {}, "Cambia",
          "Interrompi Linea su Punti"),
     Arma("DEFINIZIONE_FALDA", 188, "Definizione Falda - Primo Punto:", P, {}, "Terreno", "Definizione Falda"),
+    Arma("INVERTI_FALDE", 399, "Inverti Falde - Prima Falda:", L, {}, "Terreno", "Inverti Falde"),
     Arma("INTERSECA_FALDE", 398, "Interseca 2 Falde - Prima Falda", V, {}, "Terreno", "Interseca 2 Falde"),
     Arma("DISEGNA_LINEA_LIBERA", 2, "Disegno Linea - Dal Punto:", V, {}, "Disegno", "Linea"),
     Arma("DISEGNA_LINEA_2_P", 22, "Disegno Linea 2P - Primo Punto:", V, {}, "Disegno", "Linea 2 Punti"),
@@ -428,6 +429,7 @@ constexpr SchedaCodice kSchede[] = {
     {191, nullptr, Li, nullptr},
     // The survey structures: a vertex a click, until the right button.
     {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
+    {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},
     {298, subContornoSette, FormaElastico::Nessuna, nullptr},

@@ -84,4 +84,76 @@ void subDefinizioneFalde(Sessione& s) {
   Riprendi(s);
 }
 
+int32_t FaldaSottoIlPuntatore(const Sessione& s, double x, double y) {
+  for (int32_t f = 0; f < s.ContaEntita[SlotFalde]; ++f) {
+    const auto r = static_cast<size_t>(f);
+    if (IdentVivo(s.FaldaIdent[r]) && s.FaldaCongela[r] == 0 && PuntoInternoFalda(s, f, x, y)) return f;
+  }
+  return -1;
+}
+
+namespace {
+
+struct Vertice {
+  double X, Y, Z;
+};
+
+void Vertici(const Sessione& s, size_t r, Vertice v[3]) {
+  v[0] = {s.FaldaX1[r], s.FaldaY1[r], s.FaldaZ1[r]};
+  v[1] = {s.FaldaX2[r], s.FaldaY2[r], s.FaldaZ2[r]};
+  v[2] = {s.FaldaX3[r], s.FaldaY3[r], s.FaldaZ3[r]};
+}
+
+void Scrivi(Sessione& s, size_t r, const Vertice& a, const Vertice& b, const Vertice& c) {
+  s.FaldaX1[r] = a.X, s.FaldaY1[r] = a.Y, s.FaldaZ1[r] = a.Z;
+  s.FaldaX2[r] = b.X, s.FaldaY2[r] = b.Y, s.FaldaZ2[r] = b.Z;
+  s.FaldaX3[r] = c.X, s.FaldaY3[r] = c.Y, s.FaldaZ3[r] = c.Z;
+}
+
+}  // namespace
+
+void subInvertiFalde(Sessione& s) {
+  if (!FaldeAttive(s)) {
+    InterrompiComando(s);
+    return;
+  }
+  const int32_t f = FaldaSottoIlPuntatore(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  if (f < 0) return;
+  if (s.PassoComando == 0) {
+    s.Terreno.FaldaScelta = f;
+    s.PassoComando = 1;
+    MostraPrompt(s, "Inverti Falde - Seconda Falda:");
+    return;
+  }
+  const auto r1 = static_cast<size_t>(s.Terreno.FaldaScelta), r2 = static_cast<size_t>(f);
+  Vertice a[3], b[3];
+  Vertici(s, r1, a);
+  Vertici(s, r2, b);
+  // The vertices of the first found again in the second, within a tenth of a millimetre.
+  int comuni = 0, libero1 = 0, libero2 = 3;
+  int inB[3] = {-1, -1, -1};
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 3; ++j)
+      if (std::fabs(a[i].X - b[j].X) < 0.0001 && std::fabs(a[i].Y - b[j].Y) < 0.0001) inB[i] = j;
+  for (int i = 0; i < 3; ++i) {
+    if (inB[i] >= 0) ++comuni, libero2 -= inB[i];
+    else libero1 = i;
+  }
+  if (r1 == r2 || comuni != 2) {
+    s.Ui->Messaggio("Falde non adiacenti", "Inverti Falde", Icona::Nessuna);
+    Riprendi(s);
+    return;
+  }
+  // libero2 is what is left of 0 + 1 + 2 once the shared vertices of the second are taken.
+  const Vertice& c = a[libero1];
+  const Vertice& d = b[libero2];
+  const Vertice& e1 = a[(libero1 + 1) % 3];
+  const Vertice& e2 = a[(libero1 + 2) % 3];
+  Scrivi(s, r1, c, e1, d);
+  Scrivi(s, r2, d, e2, c);
+  AggiornaFalde(s);
+  FineModifica(s);
+  Riprendi(s);
+}
+
 }  // namespace varena

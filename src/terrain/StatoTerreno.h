@@ -14,6 +14,7 @@ struct StatoTerreno {
   bool EtichetteFalde = false;  // the number, area, cut and fill of each facet on the drawing
   double AltezzaNumero = 1.0;   // height of the facet's number label
   double AltezzaValori = 1.0;   // height of the area, cut and fill labels
+  int32_t FaldaScelta = -1;     // the first facet picked by the edge flip
 };
 
 }  // namespace varena

@@ -98,5 +98,37 @@ TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
   EXPECT_EQ(b.s.ContaEntita[SlotFalde], 3);
 }
 
+TEST(InvertiFalde, LaDiagonaleComuneCambia) {
+  prova::Banco b;
+  auto falda = [&](double x1, double y1, double x2, double y2, double x3, double y3) {
+    DimensionaFalde(b.s);
+    const auto r = static_cast<size_t>(b.s.ContaEntita[SlotFalde]++);
+    b.s.FaldaX1[r] = x1, b.s.FaldaY1[r] = y1, b.s.FaldaX2[r] = x2, b.s.FaldaY2[r] = y2;
+    b.s.FaldaX3[r] = x3, b.s.FaldaY3[r] = y3, b.s.FaldaZ3[r] = 7;
+  };
+  // A square split along (10,0)-(0,10), and a facet apart.
+  falda(0, 0, 10, 0, 0, 10);
+  falda(10, 0.00005, 10, 10, 0, 10);
+  falda(20, 0, 30, 0, 20, 10);
+  b.Pronto(5, 5, 100);
+  b.Script("TAG INVERTI_FALDE\nCLICK left 2 2\n");
+  EXPECT_EQ(b.s.Prompt, "Inverti Falde - Seconda Falda:");
+  b.Script("CLICK left 8 8\n");
+  auto vertici = [&](size_t r) {
+    return std::vector<double>{b.s.FaldaX1[r], b.s.FaldaY1[r], b.s.FaldaX2[r], b.s.FaldaY2[r], b.s.FaldaX3[r], b.s.FaldaY3[r]};
+  };
+  // Now along (0,0)-(10,10): each keeps one end of the old side.
+  EXPECT_EQ(vertici(0), (std::vector<double>{0, 0, 10, 0, 10, 10}));
+  EXPECT_EQ(vertici(1), (std::vector<double>{10, 10, 0, 10, 0, 0}));
+  EXPECT_EQ(b.s.FaldaZ2[1], 7.0);  // the vertex keeps its height
+  EXPECT_EQ(b.s.FaldaAreaDiBase[0] + b.s.FaldaAreaDiBase[1], 100.0);
+  EXPECT_EQ(b.s.Prompt, "Inverti Falde - Prima Falda:");
+  // Not neighbours: said, and nothing changes.
+  EXPECT_EQ(b.Script("CLICK left 2 2\nCLICK left 22 2\n"), 
+            "> CLICK left 2 2\nPROMPT Inverti Falde - Seconda Falda:\n> CLICK left 22 2\n"
+            "MESSAGGIO [Inverti Falde] Falde non adiacenti\nPROMPT Inverti Falde - Prima Falda:\n");
+  EXPECT_EQ(vertici(0), (std::vector<double>{0, 0, 10, 0, 10, 10}));
+}
+
 }  // namespace
 }  // namespace varena
