@@ -111,6 +111,9 @@ FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
   ui_->ImpostaBarra(progresso_);
   ui_->ImpostaAgganci({[this] { return RettangoloDisegno(); }, [this] { return RettangoloSelezione(); }, &memoria_});
   s_.Ui = ui_.get();
+  // The companions (the triangulator) are started and waited for, as the commands expect.
+  processi_ = std::make_unique<ProcessiSistema>(s_.Clip);
+  s_.Proc = processi_.get();
 
   connect(tela_, &Tela::Evento, this, &FinestraPrincipale::Aggiorna);
   CreaDock();

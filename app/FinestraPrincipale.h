@@ -18,6 +18,7 @@
 #include "InterfacciaQt.h"
 #include "Tela.h"
 #include "Tema.h"
+#include "core/ProcessiSistema.h"
 
 namespace varena {
 
@@ -130,6 +131,7 @@ class FinestraPrincipale : public QMainWindow {
   uint64_t modificheViste_ = ~uint64_t{0};
   std::string lavoroVisto_, pianoVisto_;
   std::unique_ptr<InterfacciaQt> ui_;
+  std::unique_ptr<ProcessiSistema> processi_;
 };
 
 }  // namespace varena

@@ -121,7 +121,9 @@ constexpr IconaDiTag kIcone[] = {
     {"ELIMINA_LIVELLAZIONI", "elimina"}, {"ELIMINA_PV_PD", "elimina"},
     // Terrain
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
-    {"SELEZIONA_TRIANGOLA", "triangola"},
+    {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
+    {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
+    {"INVERTI_FALDE", "interseca-falde"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

@@ -8,6 +8,7 @@
 #include "Terminale.h"
 #include "commands/Script.h"
 #include "core/Avvio.h"
+#include "core/ProcessiSistema.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
@@ -64,6 +65,8 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   Sessione s;
   InterfacciaScript ui(out);
   s.Ui = &ui;
+  ProcessiSistema processi(s.Clip);  // the triangulator a script's commands start
+  s.Proc = &processi;
   s.CartellaUtente = corsa.Percorso();
   if (!AvviaSessione(s)) return 1;
   // The job is opened as the program opens it: in a provisional copy, where all the work

@@ -12,6 +12,7 @@
 #include "core/Testo.h"
 #include "selection/Selezione.h"
 #include "snap/Vicino.h"
+#include "terrain/Triangolazione.h"
 #include "view/Elastico.h"
 #include "view/Ridisegna.h"
 #include "view/Zoom.h"
@@ -148,9 +149,13 @@ void EseguiSelezPunti(Sessione& s) {
     return;
   }
   if (azione == 253) {
-    // The triangulation of the terrain is a tool this version does not have: the points
-    // stay selected and nothing else is touched.
-    s.Ui->Messaggio("Triangolazione non disponibile in questa versione", "Selezione Punti", Icona::Avviso);
+    // The hand-off to the triangulator consumes the selection; the dialog's work is done.
+    ChiudiDialogo(s, kSelezPunti);
+    s.AzionePuntiInAttesa = 0;
+    s.SottoFaseSelezione = 0;
+    s.FaseSelezione = 0;
+    if (!VR_TriangolaPunti(s, true)) Ridisegna(s);
+    AzzeraSelezione(s);
     return;
   }
   if (const Dialogo* d = TrovaDialogo(s, kSelezPunti); d && d->Campo("Simbolo"))

@@ -14,6 +14,8 @@
 #include "survey/DialoghiCalcoli.h"
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
+#include "terrain/ComandiTerreno.h"
+#include "terrain/DefinizioneFalda.h"
 
 namespace varena {
 
@@ -119,6 +121,8 @@ constexpr VoceComando kTabella[] = {
          "Interrompi Linea per Punto"),
     Arma("INTERROMPELINEASUPUNTO", 410, "Interrompi Linea su Punti - Indica la Linea", V, {}, "Cambia",
          "Interrompi Linea su Punti"),
+    Arma("DEFINIZIONE_FALDA", 188, "Definizione Falda - Primo Punto:", P, {}, "Terreno", "Definizione Falda"),
+    Arma("INVERTI_FALDE", 399, "Inverti Falde - Prima Falda:", L, {}, "Terreno", "Inverti Falde"),
     Arma("INTERSECA_FALDE", 398, "Interseca 2 Falde - Prima Falda", V, {}, "Terreno", "Interseca 2 Falde"),
     Arma("DISEGNA_LINEA_LIBERA", 2, "Disegno Linea - Dal Punto:", V, {}, "Disegno", "Linea"),
     Arma("DISEGNA_LINEA_2_P", 22, "Disegno Linea 2P - Primo Punto:", V, {}, "Disegno", "Linea 2 Punti"),
@@ -329,6 +333,9 @@ constexpr VoceComando kTabella[] = {
     Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
     Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
+    Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
+    Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
+    Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),
     Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),
     Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
     Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),
@@ -430,6 +437,8 @@ constexpr SchedaCodice kSchede[] = {
     {171, subPuntoTangente, Li, nullptr},
     {191, nullptr, Li, nullptr},
     // The survey structures: a vertex a click, until the right button.
+    {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
+    {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},
     {298, subContornoSette, FormaElastico::Nessuna, nullptr},

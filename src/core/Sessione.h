@@ -28,6 +28,7 @@
 #include "core/Tratteggi.h"
 #include "selection/StatoSelezione.h"
 #include "store/Cfg.h"
+#include "terrain/StatoTerreno.h"
 #include "view/Elastico.h"
 #include "view/IndiceAlbero.h"
 #include "view/IndiceGriglia.h"
@@ -86,6 +87,8 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   int DecimaliQuota = 2;
   int16_t ModoQuota = 0;
   double QuotaRiferimento = 0;
+  // Facets: their display, labels and the hand-off to the triangulator.
+  StatoTerreno Terreno;
   // The armed command's code; 0 when none waits for the pointer.
   int32_t ComandoCorrente = 0;
 

@@ -8,6 +8,7 @@
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
 #include "survey/Primitive.h"
+#include "terrain/DisegnoFalde.h"
 #include "view/Ridisegna.h"
 #include "view/Zoom.h"
 
@@ -64,7 +65,8 @@ namespace {
 // The kinds in the order of painting: what comes later lies over what comes before. Kinds
 // that join the list take their place in this table.
 constexpr GenereLista kOrdine[] = {
-    {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations, facets, sections
+    {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations
+    {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},            // then sections
     {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},
     {SlotCerchi, RigeneraCerchio, &TabelleEntita::StatoCerchio},
     {SlotLinee, RigeneraLineaSingola, &TabelleEntita::StatoLinea},
@@ -518,6 +520,10 @@ uint64_t ImprontaRigenerazione(const Sessione& s) {
   Mescola(h, &i.LineaDecimali, sizeof i.LineaDecimali);
   Mescola(h, &i.LineaMostraLunghezza, sizeof i.LineaMostraLunghezza);
   Mescola(h, &i.MostraIngombroDisegno, sizeof i.MostraIngombroDisegno);
+  const StatoTerreno& t = s.Terreno;
+  Mescola(h, &t.EtichetteFalde, sizeof t.EtichetteFalde);
+  Mescola(h, &t.AltezzaNumero, sizeof t.AltezzaNumero);
+  Mescola(h, &t.AltezzaValori, sizeof t.AltezzaValori);
   Mescola(h, s.Spessori.Spessore.data(), sizeof s.Spessori.Spessore);
   for (const Tratteggio& t : s.Tratteggi.Stili) {
     Mescola(h, t.Elementi.data(), sizeof t.Elementi);

@@ -31,6 +31,7 @@ constexpr Bersaglio kBersagli[] = {
     {"script", FuzzScript, true},
     {"libretto", FuzzLibretto, true},
     {"dxf", FuzzDxf, true},
+    {"mesh", FuzzMesh, false},
 };
 
 }  // namespace

@@ -44,5 +44,6 @@ void FuzzUndo(const Ambiente& a, std::string_view byte);
 void FuzzScript(const Ambiente& a, std::string_view byte);
 void FuzzLibretto(const Ambiente& a, std::string_view byte);
 void FuzzDxf(const Ambiente& a, std::string_view byte);
+void FuzzMesh(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

@@ -93,14 +93,18 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
   z.s.ContaEntita[SlotArchi] = 1;
   z.Bitmap(990, 100, 50, 0.1);
+  DimensionaFalde(z.s);
+  z.s.FaldaX1[0] = 990, z.s.FaldaY1[0] = 1990, z.s.FaldaX2[0] = 1010, z.s.FaldaY2[0] = 1990;
+  z.s.FaldaX3[0] = 1000, z.s.FaldaY3[0] = 2010;
+  z.s.ContaEntita[SlotFalde] = 1;
   z.s.Ui = &ui;
   RigeneraLista(z.s);
-  // Its progress: images, arcs, circles, lines, Contorno-7 structures, texts, the extent's
-  // frame, the indexes.
+  // Its progress: images, facets, arcs, circles, lines, Contorno-7 structures, texts, the
+  // extent's frame, the indexes.
   using A = std::vector<std::pair<int64_t, int64_t>>;
-  EXPECT_EQ(ui.Avanzamento, (A{{0, 8}, {1, 8}, {2, 8}, {3, 8}, {4, 8}, {5, 8}, {6, 8}, {7, 8}, {8, 8}}));
+  EXPECT_EQ(ui.Avanzamento, (A{{0, 9}, {1, 9}, {2, 9}, {3, 9}, {4, 9}, {5, 9}, {6, 9}, {7, 9}, {8, 9}, {9, 9}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
-  // Image frame, arc, circle, line, text: the order of painting.
+  // Image frame, facet, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
   std::vector<size_t> arco, cerchio;
   for (size_t i = 0; i < static_cast<size_t>(l.Conta()); ++i) {
@@ -108,7 +112,7 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
     if (l.Tipo[i] == SlotArchi) arco.push_back(i);
     if (l.Tipo[i] == SlotCerchi) cerchio.push_back(i);
   }
-  EXPECT_EQ(tipi, (std::vector<int>{13, 4, 3, 2, 5}));
+  EXPECT_EQ(tipi, (std::vector<int>{13, 6, 4, 3, 2, 5}));
   // The image frame: 10 m by 5 m down from its insertion.
   EXPECT_EQ(l.X2[0], 1000);
   EXPECT_EQ(l.Y1[1], 2010);

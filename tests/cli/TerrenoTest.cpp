@@ -1,0 +1,53 @@
+// varena-cli terreno: every live point of a job triangulated by the companion, the facets
+// saved into the job and summed.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "core/CodicePagina.h"
+#include "store/Cfg.h"
+#include "support/ProvaCli.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+#ifdef VARENA_MESH
+constexpr bool kMeshCostruito = true;
+#else
+constexpr bool kMeshCostruito = false;
+#endif
+
+TEST(Terreno, FaldeSalvateNelLavoroESommate) {
+  if (!kMeshCostruito) GTEST_SKIP() << "varena-mesh non costruito in questo albero";
+  prova::CartellaTemporanea radice;
+  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
+  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
+  const std::string path = std::getenv("PATH");
+  ::setenv("PATH", (std::string(VARENA_BINARI) + "/tools/varena-mesh:" + path).c_str(), 1);
+  const std::string lavori = radice / "lavori/";
+  std::filesystem::create_directories(lavori);
+  Sessione s;
+  prova::ScriviFileProva(lavori + "rossi.cfg", Utf8InCp1252(TestoCfg(s)));
+  // A flat square of side 10 at height 10, a deleted point under it that must not count.
+  std::string punti;
+  for (auto [x, y] : {std::pair{0, 0}, {10, 0}, {0, 10}, {10, 10}})
+    punti += prova::RecordPuntoBase("P", 1725000 + x, 5031000 + y, 10).Byte();
+  punti += prova::Record(prova::RecordPuntoBase("X", 1725005, 5031005, 99).Byte().size())
+               .I16(0, -1).Byte();
+  prova::ScriviFileProva(lavori + "rossi.lll", punti);
+
+  const prova::EsitoCli e = prova::Cli({"terreno", lavori + "rossi", "--quota-riferimento", "5", "--json"});
+  EXPECT_EQ(e.stato, 0) << e.err;
+  // By hand: two facets of 50 m², each 5 m above the reference.
+  EXPECT_EQ(e.out, "{\"falde\": 2, \"area\": 100, \"sterro\": 500, \"riporto\": 0}\n");
+  EXPECT_EQ(prova::LeggiFileProva(lavori + "rossi.EQU").size(), 2u * 256u);
+  EXPECT_EQ(prova::Cli({"terreno"}).stato, 64);
+
+  ::setenv("PATH", path.c_str(), 1);
+  ::unsetenv("VARENA_DOCUMENTI");
+  ::unsetenv("VARENA_PROGRAMMA");
+}
+
+}  // namespace
+}  // namespace varena

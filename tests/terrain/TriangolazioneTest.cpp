@@ -1,0 +1,189 @@
+// The hand-off to the triangulator: the points and breaklines written, the facets read back,
+// and what happens when the triangulator is missing, fails or answers with half a file.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "core/Errori.h"
+#include "support/ProvaComandi.h"
+#include "support/Supporto.h"
+#include "terrain/Consegna.h"
+#include "terrain/Triangolazione.h"
+#include "view/Rigenera.h"
+
+namespace varena {
+namespace {
+
+using prova::LeggiFileProva;
+using prova::MettiLinea;
+using prova::MettiPunto;
+using prova::Record;
+
+struct ProcessiFinti : Processi {
+  std::function<std::optional<int>()> Risposta;
+  std::vector<std::string> Chiamate;
+  std::optional<int> Esegui(const std::string& p, const std::vector<std::string>& a, const std::string& c) override {
+    Chiamate.push_back(p + " " + std::to_string(a.size()) + " " + c);
+    return Risposta();
+  }
+};
+
+// A facet record as the job's file lays it out: Ident at 0, vertices at 2, 26 and 52.
+std::string RecordFalda(double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
+                        double z3) {
+  return Record(256)
+      .F64(2, x1).F64(10, y1).F64(18, z1).F64(26, x2).F64(34, y2).F64(42, z2)
+      .F64(52, x3).F64(60, y3).F64(68, z3).Byte();
+}
+
+void SelezionaTutti(Sessione& s) {
+  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) s.StatoPunto[static_cast<size_t>(r)] = 1;
+}
+
+TEST(Consegna, PuntiDelGrappoloEPlanimetriciLasciati) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  MettiPunto(s, "1", 0, 0, 1.2345);
+  MettiPunto(s, "2", 0.02, 0, 5);  // 0.02 from the first: the first is left out
+  const int32_t c = MettiPunto(s, "3", 10, 0, 2);
+  s.PuntoDescrizione[static_cast<size_t>(c)] = "<P!>muro";
+  MettiPunto(s, "4", 0, 10, 3.14159);
+  MettiPunto(s, "5", 10.0004, 10, -2.0625);  // 2062.5 thousandths: half away from zero
+  MettiPunto(s, "6", 50, 50, 1);  // not selected
+  SelezionaTutti(s);
+  s.StatoPunto[5] = 0;
+  bool troppi = true;
+  const std::vector<int32_t> righe = PreparaConsegna(s, troppi);
+  EXPECT_FALSE(troppi);
+  EXPECT_EQ(righe, (std::vector<int32_t>{1, 3, 4}));
+  EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)), "0.02,0,5\r\n0,10,3.142\r\n10,10,-2.063\r\n");
+  for (int k = 0; k < 6; ++k) EXPECT_EQ(s.StatoPunto[static_cast<size_t>(k)], 0) << k;
+
+  // Past the bound nothing is written and the caller is told.
+  prova::ScriviFileProva(FileConsegna(s, kFileTom), "vecchio");
+  SelezionaTutti(s);
+  s.Terreno.LimitePuntiConsegna = 2;
+  EXPECT_TRUE(PreparaConsegna(s, troppi).empty());
+  EXPECT_TRUE(troppi);
+  EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)), "vecchio");
+}
+
+TEST(Consegna, LineeDiDiscontinuitaUniteInCatene) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  const double xy[7][2] = {{0, 0}, {10, 0}, {20, 0}, {30, 0}, {0, 20}, {10, 20}, {20, 20}};
+  for (int k = 0; k < 7; ++k) MettiPunto(s, std::to_string(k + 1), xy[k][0], xy[k][1], 1);
+  auto discontinuita = [&](int a, int b) {
+    const int32_t r = MettiLinea(s, xy[a - 1][0], xy[a - 1][1], xy[b - 1][0] + 0.0004, xy[b - 1][1]);
+    s.LineaPiano[static_cast<size_t>(r)] = "DISCONTI";
+  };
+  discontinuita(2, 3);
+  discontinuita(4, 3);  // drawn backwards
+  discontinuita(1, 2);
+  discontinuita(1, 2);  // twice: one entry
+  discontinuita(5, 7);
+  discontinuita(6, 7);  // same last row: appended reversed, the shared row twice
+  MettiLinea(s, 0, 0, 30, 0);  // another layer
+  const int32_t fuori = MettiLinea(s, 0, 0, 0, 5);  // an end on no point
+  s.LineaPiano[static_cast<size_t>(fuori)] = "DISCONTI";
+  SelezionaTutti(s);
+  bool troppi = false;
+  PreparaConsegna(s, troppi);
+  const std::vector<std::string> catene = FormDSQ(s);
+  EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileDsq)),
+            "4,     1,     2,     3,     4\r\n4,     5,     7,     7,     6\r\n");
+  EXPECT_EQ(catene.size(), 2u);
+  // Equal first rows: the second reversed goes in front.
+  EXPECT_EQ(UnisciCatene({{2, 5}, {2, 7}}), (std::vector<std::vector<int32_t>>{{7, 2, 5}}));
+}
+
+class Ritorno : public ::testing::Test {
+ protected:
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  ProcessiFinti proc;
+  void SetUp() override {
+    s.Proc = &proc;
+    MettiPunto(s, "1", 0, 0, 1);
+    MettiPunto(s, "2", 4, 0, 3);
+    MettiPunto(s, "3", 0, 4, 3);
+    // One facet already there, which a failure must leave in place.
+    prova::ScriviFileProva(FileConsegna(s, kFileEquMesh), RecordFalda(0, 0, 0, 1, 0, 0, 0, 1, 0));
+    ASSERT_TRUE(LeggiFaldeConsegna(s));
+    ASSERT_EQ(s.ContaEntita[SlotFalde], 1);
+  }
+  void Risponde(std::string equ, int stato = 0) {
+    proc.Risposta = [this, equ, stato]() -> std::optional<int> {
+      EXPECT_EQ(s.Clip->Leggi(), " ");
+      EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)), "0,0,1\r\n4,0,3\r\n0,4,3\r\n");
+      if (!equ.empty()) prova::ScriviFileProva(FileConsegna(s, kFileEquMesh), equ);
+      if (stato != 0) prova::ScriviFileProva(FileConsegna(s, "provviso.err"), "punti tutti allineati\r\n");
+      return stato;
+    };
+  }
+  void Triangola(bool atteso) {
+    SelezionaTutti(s);
+    EXPECT_EQ(VR_TriangolaPunti(s, true), atteso);
+  }
+};
+
+TEST_F(Ritorno, LeFaldeDelTriangolatoreSostituisconoLaTabella) {
+  s.QuotaRiferimento = 2.5;
+  // A zero-area answer vanishes on recomputation.
+  Risponde(RecordFalda(0, 0, 0, 4, 0, 3, 0, 4, 3) + RecordFalda(0, 0, 1, 1, 1, 1, 2, 2, 1));
+  Triangola(true);
+  EXPECT_EQ(proc.Chiamate, (std::vector<std::string>{"varena-mesh 0 " + s.CartellaProgramma}));
+  ASSERT_EQ(s.ContaEntita[SlotFalde], 2);
+  EXPECT_EQ(s.FaldaIdent[0], 0);
+  EXPECT_EQ(s.FaldaIdent[1], -1);
+  // By hand: area 8, prism (2 - 2.5) * 8; the corner below 2.5 is the triangle of legs 10/3.
+  EXPECT_DOUBLE_EQ(s.FaldaAreaDiBase[0], 8.0);
+  EXPECT_NEAR(s.FaldaVolumeRiporto[0], 250.0 / 54.0, 1e-12);
+  EXPECT_NEAR(s.FaldaVolumeSterro[0], 4.0 + 250.0 / 54.0, 1e-12);
+  // Drawn: three sides of kind 6, and with the labels on, four texts.
+  auto contaFalde = [&] {
+    int64_t n = 0;
+    for (int64_t k = 0; k < s.ListaDisegno.Conta(); ++k) n += s.ListaDisegno.Tipo[static_cast<size_t>(k)] == SlotFalde;
+    return n;
+  };
+  EXPECT_EQ(contaFalde(), 3);
+  s.Terreno.EtichetteFalde = true;
+  RigeneraLista(s);
+  EXPECT_EQ(contaFalde(), 7);
+  std::vector<std::string> testi;
+  for (int64_t k = 0; k < s.ListaDisegno.Conta(); ++k)
+    if (s.ListaDisegno.Primitiva[static_cast<size_t>(k)] == PrimTesto) testi.emplace_back(s.ListaDisegno.Testo(k));
+  EXPECT_EQ(testi, (std::vector<std::string>{"N=1", "A=8.0", "S=8.63", "R=4.63"}));
+}
+
+TEST_F(Ritorno, SenzaRispostaLeFaldeRestano) {
+  // The triangulator missing: nothing happens, and nothing is said.
+  proc.Risposta = [] { return std::nullopt; };
+  Triangola(false);
+  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
+  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+
+  // Failed: its reason is shown.
+  Risponde({}, 1);
+  Triangola(false);
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Testo, "Triangolazione non eseguita: punti tutti allineati");
+  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
+
+  // Half a record: the common error report, the table as it was.
+  Risponde(RecordFalda(0, 0, 0, 4, 0, 3, 0, 4, 3) + std::string(100, '\0'));
+  Triangola(false);
+  ASSERT_EQ(p.ui.Messaggi.size(), 2u);
+  EXPECT_EQ(p.ui.Messaggi[1].Testo, TestoErroreComune(kErroreFineFile, "LeggiFaldeConsegna"));
+  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
+  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+
+  // The facets switched off: the command refuses.
+  s.Terreno.FaldeAttive = false;
+  Triangola(false);
+  EXPECT_EQ(p.ui.Messaggi.back().Testo, "Falde NON Attive!");
+}
+
+}  // namespace
+}  // namespace varena
