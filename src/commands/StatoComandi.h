@@ -80,6 +80,7 @@ struct StatoComandi {
   double Punto2X = 0, Punto2Y = 0, Punto2Z = 0;
   double Punto3X = 0, Punto3Y = 0, Punto3Z = 0;
   int32_t Punto1Indice = -1;     // the point row `Punto1` came from, -1 for none
+  int32_t TestoInAttesa = -1;    // the text picked by "Testo in Punto", waiting for its point
   std::string Punto1Nome = "*";
   PuntoXYZ UltimoPuntoCalcolato; // the last point a geometric snap produced
 

@@ -14,6 +14,7 @@
 #include "survey/DialoghiCalcoli.h"
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
+#include "exchange/DxfTestiInPunto.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/DefinizioneFalda.h"
 
@@ -321,6 +322,7 @@ constexpr VoceComando kTabella[] = {
     Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
     Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
     Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
+    Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),
     Subito("ALTEZZA_QUOTA", nullptr, "DN", "Punto", "Altezza Quota"),
@@ -452,6 +454,7 @@ constexpr SchedaCodice kSchede[] = {
     {251, nullptr, Li, nullptr},
     {276, subRotazioneVerticale, Li, nullptr},
     {290, subTracciamento, Li, nullptr},
+    {397, subTestoInPunto, FormaElastico::Nessuna, nullptr},
     {301, subSquadrato, Li, nullptr},
     {303, nullptr, Li, nullptr},
     {332, subStazioneLibera, Li, nullptr},

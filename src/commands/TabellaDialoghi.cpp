@@ -12,6 +12,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
+#include "exchange/DxfTestiInPunto.h"
 #include "survey/Primitive.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
@@ -58,6 +59,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"FormSelezColore", ApriFormSelezColore},
     // The DXF export, and the texts into points after an import.
     {"EsportaDxf", ApriEsportaDxf},
+    {"FormTestoInPunto", ApriFormTestoInPunto},
     {"FormConvertiAutomatico", ApriConvertiAutomatico},
 };
 

@@ -11,19 +11,17 @@
 
 namespace varena {
 
-namespace {
-
-enum class Bersaglio { Nome, Descrizione, Quota };
-
-void Assegna(Sessione& s, size_t punto, size_t testo, Bersaglio b) {
+void AssegnaTestoAPunto(Sessione& s, size_t punto, size_t testo, Bersaglio b) {
   const std::string t = Rifila(s.TestoTesto[testo]);
   switch (b) {
     case Bersaglio::Nome: s.PuntoNome[punto] = t; break;
     case Bersaglio::Descrizione: s.PuntoDescrizione[punto] = t; break;
-    case Bersaglio::Quota: s.PuntoZ[punto] = Val(t);  // a comma ends the number, as it always did break;
+    case Bersaglio::Quota: s.PuntoZ[punto] = Val(t); break;  // a comma ends the number, as it always did
   }
   s.TestoIdent[testo] = -1;
 }
+
+namespace {
 
 int64_t Abbina(Sessione& s, const std::vector<size_t>& punti, const std::string& piano, Bersaglio b) {
   std::vector<size_t> testi;
@@ -34,7 +32,7 @@ int64_t Abbina(Sessione& s, const std::vector<size_t>& punti, const std::string&
   for (size_t p : punti)
     for (size_t t : testi)
       if (IdentVivo(s.TestoIdent[t]) && std::hypot(s.TestoX[t] - s.PuntoX[p], s.TestoY[t] - s.PuntoY[p]) < 0.001) {
-        Assegna(s, p, t, b);
+        AssegnaTestoAPunto(s, p, t, b);
         ++usati;
       }
   // Then the nearest one left to each point, the first in the table of two at one distance;
@@ -48,7 +46,7 @@ int64_t Abbina(Sessione& s, const std::vector<size_t>& punti, const std::string&
       if (d < minima) minima = d, scelto = t;
     }
     if (scelto == SIZE_MAX) continue;
-    Assegna(s, p, scelto, b);
+    AssegnaTestoAPunto(s, p, scelto, b);
     ++usati;
   }
   return usati;

@@ -2,6 +2,7 @@
 // points (`ElaboraTestiInPunto`, dialog "Testo in Punto Automatico").
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace varena {
@@ -15,6 +16,15 @@ struct OpzioniTestiInPunto {
   bool ConQuoteENote = true;      // check 1
   bool EliminaLinee = false;      // check 3, "Elimina Linee Senza Punti Estremi"
 };
+
+// What a text becomes on its point.
+enum class Bersaglio { Nome, Descrizione, Quota };
+// The text made the name, description or height of the point, and deleted.
+void AssegnaTestoAPunto(Sessione& s, size_t punto, size_t testo, Bersaglio b);
+
+// `FormTestoInPunto`, the same pairing by hand: a text picked, then its point (397).
+bool ApriFormTestoInPunto(Sessione& s);
+void subTestoInPunto(Sessione& s);
 
 // Section "TestoInPunto" of the settings, and back.
 OpzioniTestiInPunto LeggiOpzioniTestiInPunto(Sessione& s);

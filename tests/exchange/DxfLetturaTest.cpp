@@ -14,6 +14,7 @@
 #include "exchange/DxfTestiInPunto.h"
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
+#include "commands/Attese.h"
 #include "support/ProvaComandi.h"
 #include "support/Supporto.h"
 
@@ -368,6 +369,30 @@ TEST(DxfDialoghi, ImportaPoiEsporta) {
             " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nTEXT\r\n 8\r\nPUNTI_N\r\n62\r\n1\r\n 10\r\n5\r\n 20\r\n6\r\n"
             " 40\r\n1.5\r\n 1\r\n P12\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
   EXPECT_TRUE(prova::Esiste(dir / "prog/CFGDXF2000.ini"));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// The pairing by hand: a text picked, then its point, into the field the dialog names.
+TEST(DxfDialoghi, TestoInPuntoAMano) {
+  prova::Banco b;
+  prova::MettiPunto(b.s, "1", 0, 0, 0);
+  prova::MettiPunto(b.s, "2", 20, 0, 0);
+  prova::MettiTesto(b.s, 19, 2, "CIGLIO");
+  prova::MettiTesto(b.s, 1, 2, "12,75");
+  b.Pronto(10, 0, 50);
+  b.Script("TAG TESTO_IN_PUNTO\nFIELD FormTestoInPunto.Campo Descrizione\nCLICK left 19 2\n"
+           "EXPECT prompt Testo in Punto - Punto :\nCLICK left 20 0\n"
+           "FIELD FormTestoInPunto.Campo Quota\nCLICK left 1 2\nCLICK left 0 0\n");
+  EXPECT_EQ(b.s.PuntoDescrizione[1], "CIGLIO");
+  EXPECT_EQ(b.s.PuntoDescrizione[0], "");
+  EXPECT_EQ(b.s.PuntoZ[0], 12);  // the comma ends the number
+  EXPECT_EQ(b.s.TestoIdent[0], -1);
+  EXPECT_EQ(b.s.TestoIdent[1], -1);
 }
 
 }  // namespace
