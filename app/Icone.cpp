@@ -83,7 +83,7 @@ constexpr IconaDiTag kIcone[] = {
     {"DS-", "simboli-meno"}, {"INCOLLA_SIMBOLO", "incolla-simbolo"}, {"PUNTO_ELIMINA", "elimina-punti"},
     // Edit of entities
     {"CAMBIA_ELIMINA", "elimina"}, {"CAMBIA_SPOSTA", "sposta"}, {"CAMBIA_COPIA", "copia"}, {"CAMBIA_RUOTA", "ruota"},
-    {"CAMBIA_SPECCHIO", "specchio"}, {"CAMBIA_SCALA", "scala"}, {"CAMBIA_ALLINEA", "allinea"},
+    {"CAMBIA_SPECCHIO", "riflessione"}, {"CAMBIA_SCALA", "scala"}, {"CAMBIA_ALLINEA", "allinea"},
     {"CAMBIA_TAGLIA", "taglia"}, {"CAMBIA_ALLUNGA", "allunga"}, {"CAMBIA_RIFILA", "rifila"},
     {"CAMBIA_DIVIDE", "divide"}, {"CAMBIA_CONGELA", "congela"}, {"CAMBIA_SCONGELA", "scongela"},
     {"CAMBIA_PIANO", "piano"}, {"INCOLLA_PIANO", "incolla-piano"}, {"INCOLLA_PIANO_SINGOLO", "piano-singolo"},

@@ -167,7 +167,7 @@ bool PerOgniSelezionata(Sessione& s, int slot, void (*dimensiona)(TabelleEntita&
 
 bool Trasforma(Sessione& s, const Trasformazione& t, bool copia) {
   const double giro = t.Rotazione(), f = t.Scala();
-  const bool specchio = t.Codice == 147;
+  const bool riflessione = t.Codice == 147;
   const double asseGon = t.Asse * RadToGon;
   bool fatto = false;
   std::optional<NomiNuovi> nomi;
@@ -206,7 +206,7 @@ bool Trasforma(Sessione& s, const Trasformazione& t, bool copia) {
                                 s.ArcoQuotaInizio[k] += dz;
                                 s.ArcoQuotaFinale[k] += dz;
                                 s.ArcoRaggio[k] *= f;
-                                if (specchio) {
+                                if (riflessione) {
                                   // The ends change places across the axis: the reflected end
                                   // is the new start, the sweep stays.
                                   s.ArcoInizio[k] = Norma400(2 * asseGon - s.ArcoInizio[k] - s.ArcoFine[k]);
