@@ -82,13 +82,6 @@ void InserisciLinea(Sessione& s) {
   FineModifica(s);
 }
 
-void Bottone(Dialogo& d, const char* nome, const char* etichetta, void (*azione)(Sessione&)) {
-  d.AggiungiBottone(nome, etichetta, [azione](Sessione& x) {
-    x.RoutineCorrente = "FormDivisioneAree";
-    Protetto(x, [&] { azione(x); });
-  });
-}
-
 }  // namespace
 
 bool ApriFormDivisioneAree(Sessione& s) {
@@ -107,17 +100,13 @@ bool ApriFormDivisioneAree(Sessione& s) {
       .AggiungiDato("AreaParte", "Area Parte : ", Area(0))
       .AggiungiDato("Differenza", "Differenza : ", Area(st.AreaTotale))
       .AggiungiDato("Taglio", "", "");
-  Bottone(d, "NordPiu", "Nord +", [](Sessione& x) { Passo(x, 0, 1); });
-  Bottone(d, "NordMeno", "Nord -", [](Sessione& x) { Passo(x, 0, -1); });
-  Bottone(d, "EstMeno", "Est -", [](Sessione& x) { Passo(x, -1, 0); });
-  Bottone(d, "EstPiu", "Est +", [](Sessione& x) { Passo(x, 1, 0); });
-  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
-    ChiudiDialogo(x, kDialogo);
-    InterrompiComando(x);
-  });
-  Bottone(d, "Punti", "Punti", InserisciPunti);
-  Bottone(d, "Linea", "Linea", InserisciLinea);
-  d.BottoneEsc = "Chiudi";
+  BottoneCalcolo(d, "NordPiu", "Nord +", [](Sessione& x) { Passo(x, 0, 1); });
+  BottoneCalcolo(d, "NordMeno", "Nord -", [](Sessione& x) { Passo(x, 0, -1); });
+  BottoneCalcolo(d, "EstMeno", "Est -", [](Sessione& x) { Passo(x, -1, 0); });
+  BottoneCalcolo(d, "EstPiu", "Est +", [](Sessione& x) { Passo(x, 1, 0); });
+  BottoneChiudi(d, 0);
+  BottoneCalcolo(d, "Punti", "Punti", InserisciPunti);
+  BottoneCalcolo(d, "Linea", "Linea", InserisciLinea);
   ApriDialogo(s, std::move(d));
   st.Punti = 1;  // the contour
   MostraPrompt(s, st.Rotazione ? "Divisione Aree - Punto di Rotazione :" : "Divisione Aree - Primo Punto Direzione :");

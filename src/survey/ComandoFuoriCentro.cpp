@@ -150,13 +150,6 @@ void Svuota(Sessione& s) {
   MostraTabella1(s);
 }
 
-void Bottone(Dialogo& d, const char* nome, const char* etichetta, void (*azione)(Sessione&)) {
-  d.AggiungiBottone(nome, etichetta, [azione](Sessione& x) {
-    x.RoutineCorrente = "FormFuoricentro";
-    Protetto(x, [&] { azione(x); });
-  });
-}
-
 }  // namespace
 
 bool ApriFormFuoricentro(Sessione& s) {
@@ -169,17 +162,13 @@ bool ApriFormFuoricentro(Sessione& s) {
       .AggiungiDato("Tabella1", "", Tabella1(Righe(s)))
       .AggiungiDato("Tabella2", "", "")
       .AggiungiDato("Relazione", "", "");
-  Bottone(d, "Calcola", "Calcola", Calcola);
-  Bottone(d, "Relazione", "Relazione", Relazione);
-  Bottone(d, "Inserisci", "Inserisci", Inserisci);
-  Bottone(d, "Scrivi", "Scrivi .FFF", Scrivi);
-  Bottone(d, "Leggi", "Leggi .FFF", Leggi);
-  Bottone(d, "Svuota", "Svuota", Svuota);
-  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
-    ChiudiDialogo(x, kDialogo);
-    if (x.ComandoCorrente == kCodice) InterrompiComando(x);
-  });
-  d.BottoneEsc = "Chiudi";
+  BottoneCalcolo(d, "Calcola", "Calcola", Calcola);
+  BottoneCalcolo(d, "Relazione", "Relazione", Relazione);
+  BottoneCalcolo(d, "Inserisci", "Inserisci", Inserisci);
+  BottoneCalcolo(d, "Scrivi", "Scrivi .FFF", Scrivi);
+  BottoneCalcolo(d, "Leggi", "Leggi .FFF", Leggi);
+  BottoneCalcolo(d, "Svuota", "Svuota", Svuota);
+  BottoneChiudi(d, kCodice);
   ApriDialogo(s, std::move(d));
   return true;
 }

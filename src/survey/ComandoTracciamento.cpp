@@ -172,13 +172,6 @@ void Calcola(Sessione& s) {
     s.Ui->Messaggio("Nessun punto da tracciare: scritta solo l'intestazione.", "Tracciamento", Icona::Avviso);
 }
 
-void Bottone(Dialogo& d, const char* nome, const char* etichetta, void (*azione)(Sessione&)) {
-  d.AggiungiBottone(nome, etichetta, [azione](Sessione& x) {
-    x.RoutineCorrente = "FormTracciamento";
-    Protetto(x, [&] { azione(x); });
-  });
-}
-
 }  // namespace
 
 bool ApriFormTracciamento(Sessione& s) {
@@ -197,17 +190,13 @@ bool ApriFormTracciamento(Sessione& s) {
       .AggiungiCampo("Nome", "Punto :")
       .AggiungiDato("Elenco", "Punti da Tracciare", "")
       .AggiungiDato("Tabella", "", "");
-  Bottone(d, "Aggiungi", "Aggiungi", AggiungiPerNome);
-  Bottone(d, "Stazioni", "Stazioni (00)", AggiungiStazioni);
-  Bottone(d, "PF", "PF", AggiungiPF);
-  Bottone(d, "Contorno", "Contorno", ScegliContorno);
-  Bottone(d, "Elimina", "Elimina", Elimina);
-  Bottone(d, "Calcola", "Calcola", Calcola);
-  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
-    ChiudiDialogo(x, kDialogo);
-    if (x.ComandoCorrente == kCodice) InterrompiComando(x);
-  });
-  d.BottoneEsc = "Chiudi";
+  BottoneCalcolo(d, "Aggiungi", "Aggiungi", AggiungiPerNome);
+  BottoneCalcolo(d, "Stazioni", "Stazioni (00)", AggiungiStazioni);
+  BottoneCalcolo(d, "PF", "PF", AggiungiPF);
+  BottoneCalcolo(d, "Contorno", "Contorno", ScegliContorno);
+  BottoneCalcolo(d, "Elimina", "Elimina", Elimina);
+  BottoneCalcolo(d, "Calcola", "Calcola", Calcola);
+  BottoneChiudi(d, kCodice);
   ApriDialogo(s, std::move(d));
   return true;
 }

@@ -5,7 +5,15 @@
 
 namespace varena {
 
+struct Dialogo;
 struct Sessione;
+
+// A button of a computation form: its action runs as the form's routine, an error in it a
+// message that leaves the form open.
+void BottoneCalcolo(Dialogo& d, const char* nome, const char* etichetta, void (*azione)(Sessione&));
+// "Chiudi", also pressed by Esc: closes the form and ends its command when that command is the
+// one in progress (`codice` 0: whatever command is in progress).
+void BottoneChiudi(Dialogo& d, int codice);
 
 bool ApriTriangoli(Sessione& s);
 bool ApriCalcoloPothenot(Sessione& s);
