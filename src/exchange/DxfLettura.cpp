@@ -14,6 +14,7 @@
 #include "core/ImpostazioniUtente.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "survey/Convenzioni.h"
 
 namespace varena {
 
@@ -352,28 +353,47 @@ void PassoLwPolilinee(Passo& p, Lettore& l) {
   });
 }
 
-void PassoLinee(Passo& p, Lettore& l, bool elevazione) {
+// What one entity of the simpler kinds has given so far. Nothing is cleared between
+// entities: a code an entity leaves out keeps the value of the one before, as the files
+// this reads were always read.
+struct EntitaDxf {
+  VerticeDxf A, B;  // 10/20/30 and 11/21/31
+  std::string_view Testo, Misura, Angolo, Angolo2;  // 1, 40 (height, radius), 50, 51
+};
+
+// Walks the pairs once, handing each entity of kind `tipo` on the chosen layers to `fatta`
+// when the next entity begins. The elevation code, when read, is the height of both ends.
+template <class F>
+void ScorriEntita(Passo& p, Lettore& l, std::string_view tipo, bool elevazione, F&& fatta) {
   std::string_view precedente;
-  VerticeDxf a, b;
+  EntitaDxf e;
   l.Scorri([&](const CoppiaDxf& c) {
     switch (c.Codice) {
       case 0:
-        if (p.Scelto() && precedente == "LINE") p.Linea(a.Valore(), b.Valore());
+        if (p.Scelto() && precedente == tipo) fatta(e);
         precedente = RifilaBlank(c.Valore);
         break;
+      case 1: e.Testo = c.Valore; break;
       case 8: p.Piano(c.Valore); break;
-      case 10: a.X = c.Valore; break;
-      case 20: a.Y = c.Valore; break;
-      case 30: a.Z = c.Valore; break;
-      case 11: b.X = c.Valore; break;
-      case 21: b.Y = c.Valore; break;
-      case 31: b.Z = c.Valore; break;
+      case 10: e.A.X = c.Valore; break;
+      case 20: e.A.Y = c.Valore; break;
+      case 30: e.A.Z = c.Valore; break;
+      case 11: e.B.X = c.Valore; break;
+      case 21: e.B.Y = c.Valore; break;
+      case 31: e.B.Z = c.Valore; break;
+      case 40: e.Misura = c.Valore; break;
+      case 50: e.Angolo = c.Valore; break;
+      case 51: e.Angolo2 = c.Valore; break;
       case kCodiceElevazione:
-        if (elevazione) a.Z = b.Z = c.Valore;
+        if (elevazione) e.A.Z = e.B.Z = c.Valore;
         break;
       default: break;
     }
   });
+}
+
+void PassoLinee(Passo& p, Lettore& l, bool elevazione) {
+  ScorriEntita(p, l, "LINE", elevazione, [&](const EntitaDxf& e) { p.Linea(e.A.Valore(), e.B.Valore()); });
 }
 
 // The trailing digits of a name raised by the step, what stands before and after them kept.
@@ -387,103 +407,35 @@ std::string NomeSeguente(const std::string& nome, double passo) {
 }
 
 void PassoPunti(Passo& p, Lettore& l, const OpzioniDxfIn& o) {
-  std::string_view precedente;
-  VerticeDxf v;
   std::string nome = Rifila(o.PrimoNome);
-  l.Scorri([&](const CoppiaDxf& c) {
-    switch (c.Codice) {
-      case 0:
-        if (p.Scelto() && precedente == "POINT") {
-          if (o.Check[DxfNumeraPunti]) {
-            p.Punto(v.Valore(), nome);
-            nome = NomeSeguente(nome, o.Passo);
-          } else {
-            p.Punto(v.Valore(), {});
-          }
-        }
-        precedente = RifilaBlank(c.Valore);
-        break;
-      case 8: p.Piano(c.Valore); break;
-      case 10: v.X = c.Valore; break;
-      case 20: v.Y = c.Valore; break;
-      case 30: v.Z = c.Valore; break;
-      default: break;
-    }
+  ScorriEntita(p, l, "POINT", false, [&](const EntitaDxf& e) {
+    if (!o.Check[DxfNumeraPunti]) return p.Punto(e.A.Valore(), {});
+    p.Punto(e.A.Valore(), nome);
+    nome = NomeSeguente(nome, o.Passo);
   });
 }
 
 void PassoTesti(Passo& p, Lettore& l) {
-  std::string_view precedente, testo, altezza, angolo;
-  VerticeDxf v;
-  l.Scorri([&](const CoppiaDxf& c) {
-    switch (c.Codice) {
-      case 0:
-        // The height is kept doubled, and the angle turned to gon clockwise.
-        if (p.Scelto() && precedente == "TEXT") p.Testo(v.Valore(), 2 * Numero(altezza), 400 - 400 * Numero(angolo) / 360, testo);
-        precedente = RifilaBlank(c.Valore);
-        break;
-      case 8: p.Piano(c.Valore); break;
-      case 10: v.X = c.Valore; break;
-      case 20: v.Y = c.Valore; break;
-      case 30: v.Z = c.Valore; break;
-      case 40: altezza = c.Valore; break;
-      case 50: angolo = c.Valore; break;
-      case 1: testo = c.Valore; break;
-      default: break;
-    }
+  // The height is kept doubled, and the angle turned to gon clockwise.
+  ScorriEntita(p, l, "TEXT", false, [&](const EntitaDxf& e) {
+    p.Testo(e.A.Valore(), 2 * Numero(e.Misura), 400 - 400 * Numero(e.Angolo) / 360, e.Testo);
   });
 }
 
 void PassoCerchi(Passo& p, Lettore& l) {
-  std::string_view precedente, raggio;
-  VerticeDxf v;
-  l.Scorri([&](const CoppiaDxf& c) {
-    switch (c.Codice) {
-      case 0:
-        if (p.Scelto() && precedente == "CIRCLE") p.Cerchio(v.Valore(), Numero(raggio));
-        precedente = RifilaBlank(c.Valore);
-        break;
-      case 8: p.Piano(c.Valore); break;
-      case 10: v.X = c.Valore; break;
-      case 20: v.Y = c.Valore; break;
-      case 30: v.Z = c.Valore; break;
-      case 40: raggio = c.Valore; break;
-      default: break;
-    }
-  });
+  ScorriEntita(p, l, "CIRCLE", false, [&](const EntitaDxf& e) { p.Cerchio(e.A.Valore(), Numero(e.Misura)); });
 }
 
 // A DXF angle (degrees counter-clockwise from East) as an azimuth clockwise from North, in
 // radians, not brought into one turn.
-double Azimut(double gradi) {
-  const double pi = 4 * std::atan(1.0);
-  return 2 * pi - 2 * pi * gradi / 360 + pi / 2;
-}
+double Azimut(double gradi) { return 2 * PiGreco - 2 * PiGreco * gradi / 360 + PiGreco / 2; }
 
 void PassoArchi(Passo& p, Lettore& l) {
-  std::string_view precedente, raggio, a50, a51;
-  VerticeDxf v;
-  l.Scorri([&](const CoppiaDxf& c) {
-    switch (c.Codice) {
-      case 0:
-        if (p.Scelto() && precedente == "ARC") {
-          const double pi = 4 * std::atan(1.0);
-          const double t50 = Azimut(Numero(a50)), t51 = Azimut(Numero(a51));
-          double ampiezza = t50 - t51;
-          if (ampiezza < 0) ampiezza += 2 * pi;
-          p.Arco(v.Valore(), Numero(raggio), t51 * 200 / pi, ampiezza * 200 / pi);
-        }
-        precedente = RifilaBlank(c.Valore);
-        break;
-      case 8: p.Piano(c.Valore); break;
-      case 10: v.X = c.Valore; break;
-      case 20: v.Y = c.Valore; break;
-      case 30: v.Z = c.Valore; break;
-      case 40: raggio = c.Valore; break;
-      case 50: a50 = c.Valore; break;
-      case 51: a51 = c.Valore; break;
-      default: break;
-    }
+  ScorriEntita(p, l, "ARC", false, [&](const EntitaDxf& e) {
+    const double t50 = Azimut(Numero(e.Angolo)), t51 = Azimut(Numero(e.Angolo2));
+    double ampiezza = t50 - t51;
+    if (ampiezza < 0) ampiezza += 2 * PiGreco;
+    p.Arco(e.A.Valore(), Numero(e.Misura), t51 * 200 / PiGreco, ampiezza * 200 / PiGreco);
   });
 }
 
