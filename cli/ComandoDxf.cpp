@@ -60,17 +60,12 @@ int ComandoDxfIn(const Argomenti& a, std::ostream& out, std::ostream& err) {
   if (!a.Valore("--passo").empty()) o.Passo = Val(a.Valore("--passo"));
   o.Check[DxfQuotaElevazione] = a.Ha("--quota-elevazione");
 
-  const auto base = BaseLavoro(a.Posizionali[0]);
-  if (!base) {
-    err << "Lavoro non trovato: " << a.Posizionali[0] << "\n";
-    return 1;
-  }
+  const auto base = TrovaLavoro(a.Posizionali[0], err);
+  if (!base) return 1;
   Sessione s;
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
-  if (!AvviaSessione(s)) return 2;
-  s.NomeOriginale = *base;
-  VR_ApriLavoro(s);
+  if (!ApriInCopia(s, *base)) return 2;
   EsitoDxfIn esito;
   if (!ImportaDxf(s, a.Posizionali[1], o, &esito)) {
     EliminaProvviso(s);

@@ -47,18 +47,12 @@ int ComandoResave(const Argomenti& a, std::ostream& out, std::ostream& err) {
     return 64;
   }
   if (a.Ha("--as")) nuovo = a.Posizionali[1];
-  const auto base = BaseLavoro(a.Posizionali[0]);
-  if (!base) {
-    err << "Lavoro non trovato: " << a.Posizionali[0] << "\n";
-    return 1;
-  }
+  const auto base = TrovaLavoro(a.Posizionali[0], err);
+  if (!base) return 1;
   Sessione s;
   InterfacciaResave ui(err, nuovo);
   s.Ui = &ui;
-  if (!AvviaSessione(s)) return 2;
-  s.NomeOriginale = *base;
-  s.TipoFile = "CFG";
-  VR_ApriLavoro(s);
+  if (!ApriInCopia(s, *base)) return 2;
   const bool salvato = nuovo ? VR_SalvaConNome(s) : Salva(s);
   if (salvato) {
     for (const std::string& f : s.FileSalvati) out << f << " (" << LunghezzaFile(f) << " byte)\n";

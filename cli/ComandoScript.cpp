@@ -47,11 +47,8 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
            "     varena-cli script --dialoghi\n";
     return 64;
   }
-  const auto base = BaseLavoro(a.Posizionali[0]);
-  if (!base) {
-    err << "Lavoro non trovato: " << a.Posizionali[0] << "\n";
-    return 1;
-  }
+  const auto base = TrovaLavoro(a.Posizionali[0], err);
+  if (!base) return 1;
   std::ifstream testo(a.Posizionali[1], std::ios::binary);
   if (!testo) {
     err << "Script non trovato: " << a.Posizionali[1] << "\n";
@@ -68,11 +65,7 @@ int ComandoScript(const Argomenti& a, std::ostream& out, std::ostream& err) {
   ProcessiSistema processi(s.Clip);  // the triangulator a script's commands start
   s.Proc = &processi;
   s.CartellaUtente = corsa.Percorso();
-  if (!AvviaSessione(s)) return 1;
-  // The job is opened as the program opens it: in a provisional copy, where all the work
-  // is done; only SAVE brings it back over the original.
-  s.NomeOriginale = *base;
-  VR_ApriLavoro(s);
+  if (!ApriInCopia(s, *base)) return 1;
   RigeneraLista(s);
   OpzioniScript opzioni;
   opzioni.Rigoroso = a.Ha("--rigoroso");

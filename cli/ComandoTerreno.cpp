@@ -26,20 +26,14 @@ int ComandoTerreno(const Argomenti& a, std::ostream& out, std::ostream& err) {
     err << uso;
     return 64;
   }
-  const auto base = BaseLavoro(a.Posizionali[0]);
-  if (!base) {
-    err << "Lavoro non trovato: " << a.Posizionali[0] << "\n";
-    return 1;
-  }
+  const auto base = TrovaLavoro(a.Posizionali[0], err);
+  if (!base) return 1;
   Sessione s;
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
   ProcessiSistema processi(s.Clip);
   s.Proc = &processi;
-  if (!AvviaSessione(s)) return 2;
-  s.NomeOriginale = *base;
-  s.TipoFile = "CFG";
-  VR_ApriLavoro(s);
+  if (!ApriInCopia(s, *base)) return 2;
   if (const std::string q = a.Valore("--quota-riferimento"); !q.empty()) s.QuotaRiferimento = Val(q);
   if (const std::string n = a.Valore("--limite-punti"); !n.empty())
     s.Terreno.LimitePuntiConsegna = static_cast<int64_t>(Val(n));

@@ -24,12 +24,22 @@ std::optional<std::string> BaseLavoro(const std::string& argomento) {
   return cfg->substr(0, cfg->size() - 4);
 }
 
+std::optional<std::string> TrovaLavoro(const std::string& argomento, std::ostream& err) {
+  auto base = BaseLavoro(argomento);
+  if (!base) err << "Lavoro non trovato: " << argomento << "\n";
+  return base;
+}
+
+bool ApriInCopia(Sessione& s, const std::string& base) {
+  if (!AvviaSessione(s)) return false;
+  s.NomeOriginale = base;
+  VR_ApriLavoro(s);
+  return true;
+}
+
 bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& err) {
-  const auto base = BaseLavoro(argomento);
-  if (!base) {
-    err << "Lavoro non trovato: " << argomento << "\n";
-    return false;
-  }
+  const auto base = TrovaLavoro(argomento, err);
+  if (!base) return false;
   s.SolaLettura = true;
   // The settings and tables in force, read where they stand or taken as defaults: colours,
   // line types and point configurations shape what a report shows and a picture paints.

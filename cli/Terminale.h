@@ -29,6 +29,14 @@ class InterfacciaTerminale : public InterfacciaMuta {
 // as the files on disk spell it.
 std::optional<std::string> BaseLavoro(const std::string& argomento);
 
+// `BaseLavoro`, and the message when the job is not there.
+std::optional<std::string> TrovaLavoro(const std::string& argomento, std::ostream& err);
+
+// Opens the job at `base` as the program opens it, in a provisional copy where all the work is
+// done: only a save brings it back over the original. False when the program's settings could
+// not be set up (already said).
+bool ApriInCopia(Sessione& s, const std::string& base);
+
 // Reads the job where it stands, writing nothing anywhere. False, with a message, when the
 // job is not there.
 bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& err);
