@@ -15,6 +15,7 @@
 #include "core/Sessione.h"
 #include "survey/DialoghiCalcoli.h"
 #include "survey/DivisioneAree.h"
+#include "view/Elastico.h"
 
 namespace varena {
 
@@ -40,6 +41,8 @@ void Aggiorna(Sessione& s) {
   AggiornaCampo(s, kDialogo, "Taglio",
                 "\tNord\tEst\nA\t" + TestoMetri(d.A.Y) + "\t" + TestoMetri(d.A.X) + "\nB\t" + TestoMetri(d.B.Y) +
                     "\t" + TestoMetri(d.B.X));
+  // The cut stands over the drawing while the user steps it and reads the areas.
+  MostraLinea(s, s.Elastico.Linea, d.A.X, d.A.Y, d.B.X, d.B.Y);
 }
 
 void Passo(Sessione& s, double dx, double dy) {

@@ -119,6 +119,18 @@ void Inserisci(Sessione& s) {
   FineModifica(s);
 }
 
+void Esporta(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, kDialogo);
+  const EsitoFuoriCentro& r = s.Calcoli.UltimoFuoriCentro;
+  if (!d || !r.Media) {
+    s.Ui->Messaggio("Eseguire prima il calcolo!", kTitolo, Icona::Avviso);
+    return;
+  }
+  const std::string cartella = s.CartellaProgramma + "/temp";
+  NuovaCartella(cartella);
+  ScriviTesto(cartella + "/MemopuntiSnap.CSV", CsvFuoriCentro(r, Rifila(d->Valore("Stazione"))));
+}
+
 std::string FileFFF(Sessione& s) {
   if (s.NomeOriginale.empty()) s.Ui->Messaggio("Nessun lavoro aperto!", kTitolo, Icona::Avviso);
   return s.NomeOriginale.empty() ? std::string() : s.NomeOriginale + ".FFF";
@@ -165,6 +177,7 @@ bool ApriFormFuoricentro(Sessione& s) {
   BottoneCalcolo(d, "Calcola", "Calcola", Calcola);
   BottoneCalcolo(d, "Relazione", "Relazione", Relazione);
   BottoneCalcolo(d, "Inserisci", "Inserisci", Inserisci);
+  BottoneCalcolo(d, "Esporta", "Esporta", Esporta);
   BottoneCalcolo(d, "Scrivi", "Scrivi .FFF", Scrivi);
   BottoneCalcolo(d, "Leggi", "Leggi .FFF", Leggi);
   BottoneCalcolo(d, "Svuota", "Svuota", Svuota);

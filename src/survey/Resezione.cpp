@@ -188,6 +188,18 @@ std::vector<std::string> RelazioneFuoriCentro(const std::vector<RigaFuoriCentro>
   return r;
 }
 
+std::string CsvFuoriCentro(const EsitoFuoriCentro& esito, const std::string& stazione) {
+  auto riga = [&](const PuntoXYZ& p) {
+    return stazione + "|" + FormatoRilievo(p.Y, "#############0.00000") + "|" + FormatoRilievo(p.X, "#############0.00000") +
+           "|0.0000\r\n";
+  };
+  std::string t;
+  for (const StazioneRidotta& st : esito.Righe)
+    if (st.Riuscita) t += riga(st.S);
+  if (esito.Media) t += riga(esito.S);
+  return t;
+}
+
 std::string TestoFFF(const std::vector<RigaFuoriCentro>& righe) {
   std::string t;
   auto m = [](double v) { return FormatoRilievo(v, "##########0.##0"); };

@@ -61,6 +61,11 @@ EsitoFuoriCentro FuoriCentro(const std::vector<RigaFuoriCentro>& righe, double e
 std::vector<std::string> RelazioneFuoriCentro(const std::vector<RigaFuoriCentro>& righe, const EsitoFuoriCentro& esito,
                                               double eccentricita, const std::string& stazione);
 
+// The stations of a run handed to the snap memory (`temp/MemopuntiSnap.CSV`): a row for each
+// reduced station and one for the mean, each named `stazione`, "|" between Nord, Est and a
+// height of 0.
+std::string CsvFuoriCentro(const EsitoFuoriCentro& esito, const std::string& stazione);
+
 // The `.FFF` file: the rows one a line, tab between role, name, Nord, Est, direction.
 std::string TestoFFF(const std::vector<RigaFuoriCentro>& righe);
 inline constexpr size_t kMassimoRigheFuoriCentro = 1000;

@@ -53,6 +53,11 @@ TEST(DivisioneAree, UnTerzoEDueTerziDiUnaParticellaIrregolare) {
   const int32_t linee = b.s.ContaEntita[SlotLinee];
   b.Script("PRESS Linea\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], linee + 1);
+  // The rubber line shown is that cut.
+  const FormaLinea& f = b.s.Elastico.Linea;
+  ASSERT_TRUE(f.Visibile);
+  EXPECT_EQ(std::vector<double>({f.X1, f.Y1, f.X2, f.Y2}),
+            std::vector<double>({b.s.LineaX1[linee], b.s.LineaY1[linee], b.s.LineaX2[linee], b.s.LineaY2[linee]}));
 }
 
 TEST(DivisioneAree, TaglioPerUnVerticeEFuoriDalContorno) {

@@ -191,6 +191,10 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
     if (b.s.PuntoNome[static_cast<size_t>(r)] == "200") riga = r;
   ASSERT_GE(riga, 0);
   EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(riga)], 1701001.9540, kDecimoDiMm);
+  // Each station and the mean as fuoricentro.py gives S, to the fifth decimal.
+  b.Script("PRESS Esporta\n");
+  const std::string s200 = "200|5001998.69441|1701001.95395|0.0000\r\n";
+  EXPECT_EQ(LeggiByte(b.s.CartellaProgramma + "/temp/MemopuntiSnap.CSV"), s200 + s200 + s200 + s200);
 
   // Written, emptied, read back; then a file cut short leaves the table as it stands.
   b.Script("PRESS Scrivi\nPRESS Svuota\nPRESS Leggi\n");

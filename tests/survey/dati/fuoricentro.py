@@ -22,4 +22,4 @@ print("Centro C Nord %.4f Est %.4f direzione %.10f" % (C[1], C[0], (az(S, C) + g
 for n, x, y in O:
     print("%s Nord %.4f Est %.4f direzione %.10f distanza %.4f azimut %.4f" %
           (n, y, x, (az(S, (x, y)) + giro) % 400, hypot(x - C[0], y - C[1]), az(C, (x, y))))
-print("S Nord %.4f Est %.4f  D.R. %.4f  C.O. %.4f" % (S[1], S[0], dr, (-giro) % 400))
+print("S Nord %.5f Est %.5f  D.R. %.4f  C.O. %.4f" % (S[1], S[0], dr, (-giro) % 400))
