@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -245,6 +246,12 @@ void InterfacciaQt::NascondiDialogo(const Dialogo& d) {
     q->hide();
     q->deleteLater();
   }
+}
+
+std::vector<std::string> InterfacciaQt::FontDiSistema() {
+  std::vector<std::string> font;
+  for (const QString& f : QFontDatabase::families()) font.push_back(f.toStdString());
+  return font;
 }
 
 void InterfacciaQt::MenuContestuale(std::string_view nome) {

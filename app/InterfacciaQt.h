@@ -53,6 +53,7 @@ class InterfacciaQt : public Interfaccia {
   void AggiornaDialogo(const Dialogo& d) override;
   void NascondiDialogo(const Dialogo& d) override;
   void MenuContestuale(std::string_view nome) override;
+  std::vector<std::string> FontDiSistema() override;
 
   // The dialog of that name on screen, or null (for tests).
   DialogoQt* DialogoAperto(const QString& nome) const { return dialoghi_.value(nome); }

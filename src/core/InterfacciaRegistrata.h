@@ -55,6 +55,7 @@ class InterfacciaRegistrata : public Interfaccia {
   void MostraDialogo(const Dialogo& d) override { Dialoghi.push_back("+" + d.Nome); }
   void NascondiDialogo(const Dialogo& d) override { Dialoghi.push_back("-" + d.Nome); }
   void MenuContestuale(std::string_view nome) override { Menu.push_back(std::string(nome)); }
+  std::vector<std::string> FontDiSistema() override { return Font; }
 
   std::vector<Mostrato> Messaggi;
   std::vector<Mostrato> Domande;
@@ -64,6 +65,8 @@ class InterfacciaRegistrata : public Interfaccia {
   // "+Nome" when a dialog opens, "-Nome" when it closes, in order.
   std::vector<std::string> Dialoghi;
   std::vector<std::string> Menu;
+  // What the system's font list is made to hold.
+  std::vector<std::string> Font;
   // Each report of progress: done, and out of how many.
   std::vector<std::pair<int64_t, int64_t>> Avanzamento;
 

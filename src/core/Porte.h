@@ -48,6 +48,8 @@ class Interfaccia {
   // The popup menu of that name (`MENU_TESTO`, the edit menu of the right button ...), at
   // the pointer.
   virtual void MenuContestuale(std::string_view) {}
+  // The families of the fonts installed; an interface that draws no text knows none.
+  virtual std::vector<std::string> FontDiSistema() { return {}; }
 };
 
 // An interface that nobody watches: every question takes its default, every choice is cancelled.

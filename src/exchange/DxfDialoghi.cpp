@@ -13,6 +13,7 @@
 #include "exchange/DxfLettura.h"
 #include "exchange/DxfScrittura.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "store/Salvataggio.h"
 #include "store/Undo.h"
 #include "view/Zoom.h"
 
@@ -208,13 +209,6 @@ OpzioniDxfOut OpzioniDaDialogo(const Dialogo& d) {
   return o;
 }
 
-// The path offered: beside the job, in the default folder, or the last one written.
-std::string PercorsoProposto(const Sessione& s, const OpzioniDxfOut& o) {
-  if (o.Percorso == 4) return s.Imp.Cartella_Default + "/" + Foglia(s.NomeOriginale) + ".DXF";
-  if (o.Percorso == 5) return o.FileName;
-  return s.NomeOriginale + ".DXF";
-}
-
 void EsportaDaDialogo(Sessione& s) {
   const Dialogo* d = TrovaDialogo(s, "EsportaDxf");
   if (!d) return;
@@ -238,6 +232,29 @@ void EsportaDaDialogo(Sessione& s) {
 
 }  // namespace
 
+std::string PercorsoProposto(const Sessione& s, const OpzioniDxfOut& o) {
+  if (o.Percorso == 4) return s.Imp.Cartella_Default + "/" + Foglia(s.NomeOriginale) + ".DXF";
+  if (o.Percorso == 5) return o.FileName;
+  if (o.Percorso == 3 && LavoroNuovo(s)) {
+    const std::vector<std::string> righe = RigheFile(s.CartellaLavoro + "Lavoro/default");
+    if (!righe.empty() && !Rifila(righe[0]).empty()) return Sostituisci(Maiuscolo(Rifila(righe[0])), ".ZRL", ".DXF");
+  }
+  return s.NomeOriginale + ".DXF";
+}
+
+std::vector<std::string> ElencoFont(Sessione& s) {
+  const std::string file = s.CartellaProgramma + "/elencofont.ini";
+  std::vector<std::string> font;
+  for (const std::string& r : RigheFile(file))
+    if (!Rifila(r).empty()) font.push_back(Rifila(r));
+  if (!font.empty() || EsisteFile(file)) return font;
+  font = s.Ui->FontDiSistema();
+  std::string t;
+  for (const std::string& f : font) t += f + "\r\n";
+  if (!font.empty() && !s.SolaLettura) ScriviTesto(file, t);
+  return font;
+}
+
 bool ApriEsportaDxf(Sessione& s) {
   const OpzioniDxfOut o = LeggiOpzioniDxfOut(s);
   Dialogo d;
@@ -245,6 +262,8 @@ bool ApriEsportaDxf(Sessione& s) {
   d.Titolo = "Esporta DXF";
   for (const CampoEsporta& c : kCampiEsporta) d.AggiungiCampo(c.nome, std::string(c.etichetta) + " (1/0)", Uno(o.*c.campo));
   d.AggiungiCampo("Font", "Font :", o.Font.empty() ? std::string("Nessun Font") : o.Font);
+  d.Campo("Font")->Scelte = ElencoFont(s);
+  d.Campo("Font")->Scelte.insert(d.Campo("Font")->Scelte.begin(), "Nessun Font");
   for (size_t k = 0; k < 10; ++k) d.AggiungiCampo("Text1_" + std::to_string(k), std::string(kTesti1[k]) + " :", o.Text1[k]);
   d.AggiungiCampo("Percorso",
                   "Percorso (3 Usa Percorso Origine, 4 Usa Cartella Default, 5 Usa Ultimo Indirizzo) :",

@@ -23,17 +23,6 @@ namespace {
 
 bool Estensione(int slot) { return EstensioneFile(slot)[0] != '\0'; }
 
-// The default job, by its name in any letter case, or by its folder on disk, which a link
-// may reach under another name. Job paths are absolute and normal from the moment they come
-// in, so that no spelling of the name ("./", "..", a relative path) saves over it in place.
-bool LavoroNuovo(const Sessione& s) {
-  const std::string n = PercorsoAssoluto(Rifila(s.NomeOriginale));
-  if (n.empty()) return true;
-  const std::string nuovo = NomeLavoroNuovo(s);
-  if (Maiuscolo(n) == Maiuscolo(nuovo)) return true;
-  return Maiuscolo(Foglia(n)) == Maiuscolo(Foglia(nuovo)) && StessoFile(Cartella(n), Cartella(nuovo));
-}
-
 // The base path with its folder as it stands on disk, so that the names formed from it are
 // the ones the directory holds.
 std::string BaseSuDisco(const std::string& base) {
@@ -183,6 +172,17 @@ std::string NomiConservati(const Sessione& s, const std::string& base) {
 }
 
 }  // namespace
+
+// The default job, by its name in any letter case, or by its folder on disk, which a link
+// may reach under another name. Job paths are absolute and normal from the moment they come
+// in, so that no spelling of the name ("./", "..", a relative path) saves over it in place.
+bool LavoroNuovo(const Sessione& s) {
+  const std::string n = PercorsoAssoluto(Rifila(s.NomeOriginale));
+  if (n.empty()) return true;
+  const std::string nuovo = NomeLavoroNuovo(s);
+  if (Maiuscolo(n) == Maiuscolo(nuovo)) return true;
+  return Maiuscolo(Foglia(n)) == Maiuscolo(Foglia(nuovo)) && StessoFile(Cartella(n), Cartella(nuovo));
+}
 
 std::string NomeMaiuscolo(const std::string& base) {
   const std::string n = BaseSuDisco(base);

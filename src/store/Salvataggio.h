@@ -8,6 +8,9 @@ namespace varena {
 
 struct Sessione;
 
+// The default job NUOVO, or no job at all: what a save must ask a name for.
+bool LavoroNuovo(const Sessione& s);
+
 // The command "save": a snapshot, then the copy back to the original; the default job
 // NUOVO (in any letter case) and a job with no name go through save-as. True when the job
 // was saved.

@@ -7,6 +7,7 @@
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/DxfDialoghi.h"
 #include "exchange/DxfScrittura.h"
 #include "support/ProvaComandi.h"
 #include "view/ListaDisegno.h"
@@ -213,6 +214,23 @@ TEST_F(DxfOutTest, OpzioniNelFile) {
   EXPECT_EQ(letto.FileName, "/tmp/Città.DXF");
   EXPECT_EQ(letto.Text1[4], "CURVE");
   EXPECT_EQ(letto.Font, "Arial");
+
+  // The fonts: the system's the first time, kept in elencofont.ini, then read from there.
+  ui.Font = {"Arial", "DejaVu Sans"};
+  EXPECT_EQ(ElencoFont(s), ui.Font);
+  EXPECT_EQ(prova::LeggiFileProva(dir / "elencofont.ini"), "Arial\r\nDejaVu Sans\r\n");
+  ui.Font = {"Altro"};
+  EXPECT_EQ(ElencoFont(s), (std::vector<std::string>{"Arial", "DejaVu Sans"}));
+
+  // The default job offers the job named first in Lavoro/default, as the legacy wrote it.
+  s.CartellaLavoro = dir.Percorso() + "/";
+  s.NomeOriginale = "";
+  std::filesystem::create_directory(dir / "Lavoro");
+  prova::ScriviFileProva(dir / "Lavoro/default", "c:\\lavori\\rossi.zrl\r\naltro.zrl\r\n");
+  o.Percorso = 3;
+  EXPECT_EQ(PercorsoProposto(s, o), "C:\\LAVORI\\ROSSI.DXF");
+  s.NomeOriginale = "/lavori/Bianchi";
+  EXPECT_EQ(PercorsoProposto(s, o), "/lavori/Bianchi.DXF");
 }
 
 }  // namespace
