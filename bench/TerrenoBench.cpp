@@ -49,7 +49,7 @@ void Triangola(benchmark::State& stato) {
   Sessione s;
   s.CartellaProgramma = (std::filesystem::temp_directory_path() / "varena_bench_terreno").string();
   std::filesystem::create_directories(s.CartellaProgramma);
-  s.Terreno.LimitePuntiConsegna = 0;
+  s.Imp.Limite_Punti_Triangolazione = 0;
   ProcessiSistema proc(s.Clip);
   Riempi(s, gPunti, 1000);
   for (auto _ : stato) {

@@ -42,7 +42,7 @@ int ComandoTerreno(const Argomenti& a, std::ostream& out, std::ostream& err) {
   VR_ApriLavoro(s);
   if (const std::string q = a.Valore("--quota-riferimento"); !q.empty()) s.QuotaRiferimento = Val(q);
   if (const std::string n = a.Valore("--limite-punti"); !n.empty())
-    s.Terreno.LimitePuntiConsegna = static_cast<int64_t>(Val(n));
+    s.Imp.Limite_Punti_Triangolazione = InteroLungo(Val(n));
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
     s.StatoPunto[static_cast<size_t>(r)] = IdentVivo(s.PuntoIdent[static_cast<size_t>(r)]) ? 1 : 0;
   const bool fatto = VR_TriangolaPunti(s, true);

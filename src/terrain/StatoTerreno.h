@@ -1,5 +1,5 @@
 // The state of the terrain work that a job keeps while it is open: facet display and labels,
-// the label heights, and how many points the triangulator is handed at most.
+// and the label heights.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,6 @@
 namespace varena {
 
 struct StatoTerreno {
-  // The legacy program handed at most 10000 points to its triangulator; a survey of a GNSS
-  // receiver or a scanner is larger, so the bound is a setting (0: no bound).
-  int64_t LimitePuntiConsegna = 10000;
   bool FaldeAttive = true;      // the facet commands work only while the facets are shown
   bool EtichetteFalde = false;  // the number, area, cut and fill of each facet on the drawing
   double AltezzaNumero = 1.0;   // height of the facet's number label
