@@ -123,7 +123,7 @@ constexpr IconaDiTag kIcone[] = {
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
     {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
     {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
-    {"INVERTI_FALDE", "interseca-falde"},
+    {"INVERTI_FALDE", "interseca-falde"}, {"VOLUMI_FALDE", "volumi"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

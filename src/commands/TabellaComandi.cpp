@@ -338,6 +338,7 @@ constexpr VoceComando kTabella[] = {
     Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
     Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
     Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),
+    Subito("VOLUMI_FALDE", nullptr, "VolumiFalde", "Terreno", "Volumi"),
     Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),
     Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
     Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),

@@ -14,6 +14,7 @@
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "survey/Primitive.h"
+#include "terrain/Volumi.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
 
@@ -61,6 +62,8 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"EsportaDxf", ApriEsportaDxf},
     {"FormTestoInPunto", ApriFormTestoInPunto},
     {"FormConvertiAutomatico", ApriConvertiAutomatico},
+    // The terrain.
+    {"VolumiFalde", ApriVolumiFalde},
 };
 
 }  // namespace
