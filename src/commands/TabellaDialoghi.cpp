@@ -14,6 +14,7 @@
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "survey/Primitive.h"
+#include "terrain/Curve.h"
 #include "terrain/Volumi.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
@@ -64,6 +65,8 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"FormConvertiAutomatico", ApriConvertiAutomatico},
     // The terrain.
     {"VolumiFalde", ApriVolumiFalde},
+    {"FormColoraCurve", ApriFormColoraCurve},
+    {"frmSplines", ApriFrmSplines},
 };
 
 }  // namespace
