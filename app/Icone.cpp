@@ -123,7 +123,9 @@ constexpr IconaDiTag kIcone[] = {
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
     {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
     {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
-    {"INVERTI_FALDE", "interseca-falde"},
+    {"INVERTI_FALDE", "interseca-falde"}, {"VOLUMI_FALDE", "volumi"}, {"GENERA_CURVE", "curve-livello"},
+    {"SPLINE_CURVE", "curve-livello"}, {"COLORA_CURVE", "colore"}, {"ESPLODI_CURVE_LIVELLO", "esplodi-linea"},
+    {"ELIMINA_CURVE_ESPLOSE", "elimina"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

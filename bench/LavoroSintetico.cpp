@@ -135,7 +135,10 @@ bool ModoRapido(int argc, char** argv) {
 void InizializzaBenchmark(int argc, char** argv) {
   std::vector<char*> argomenti;
   for (int i = 0; i < argc; ++i)
-    if (std::strcmp(argv[i], "--rapido") != 0) argomenti.push_back(argv[i]);
+    // The options of a benchmark's own (--rapido, --punti=N, --falde=FILE) are not the library's.
+    if (std::strcmp(argv[i], "--rapido") != 0 && std::strncmp(argv[i], "--punti=", 8) != 0 &&
+        std::strncmp(argv[i], "--falde=", 8) != 0)
+      argomenti.push_back(argv[i]);
   int n = static_cast<int>(argomenti.size());
   benchmark::Initialize(&n, argomenti.data());
 }

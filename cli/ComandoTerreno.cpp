@@ -1,6 +1,6 @@
 // terreno: the terrain model of a job in batch. Every live point is handed to the
 // triangulator with the breaklines of `DISCONTI`, the facets come back, are recomputed
-// against the reference height and saved into the job.
+// against the reference height, cut into contour lines, and all saved into the job.
 #include <string>
 
 #include "Comandi.h"
@@ -13,6 +13,7 @@
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
+#include "terrain/Curve.h"
 #include "terrain/Falde.h"
 #include "terrain/Triangolazione.h"
 
@@ -21,7 +22,7 @@ namespace varena::cli {
 namespace {
 
 int ComandoTerreno(const Argomenti& a, std::ostream& out, std::ostream& err) {
-  const char* uso = "uso: varena-cli terreno LAVORO.CFG [--quota-riferimento Q] [--limite-punti N] [--json]\n";
+  const char* uso = "uso: varena-cli terreno LAVORO.CFG [--equidistanza M] [--quota-riferimento Q] [--limite-punti N] [--json]\n";
   if (a.Posizionali.size() != 1) {
     err << uso;
     return 64;
@@ -36,10 +37,12 @@ int ComandoTerreno(const Argomenti& a, std::ostream& out, std::ostream& err) {
   if (!ApriInCopia(s, *base)) return 2;
   if (const std::string q = a.Valore("--quota-riferimento"); !q.empty()) s.QuotaRiferimento = Val(q);
   if (const std::string n = a.Valore("--limite-punti"); !n.empty())
-    s.Terreno.LimitePuntiConsegna = static_cast<int64_t>(Val(n));
+    s.Imp.Limite_Punti_Triangolazione = InteroLungo(Val(n));
   for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
     s.StatoPunto[static_cast<size_t>(r)] = IdentVivo(s.PuntoIdent[static_cast<size_t>(r)]) ? 1 : 0;
+  if (const std::string e = a.Valore("--equidistanza"); !e.empty()) s.Terreno.Equidistanza = Val(e);
   const bool fatto = VR_TriangolaPunti(s, true);
+  if (fatto && GeneraSpezzate(s)) CalcolaContur(s);
   const bool salvato = fatto && Salva(s);
   EliminaProvviso(s);
   if (!salvato) {
@@ -53,19 +56,21 @@ int ComandoTerreno(const Argomenti& a, std::ostream& out, std::ostream& err) {
     ++falde;
     area += s.FaldaAreaDiBase[r], sterro += s.FaldaVolumeSterro[r], riporto += s.FaldaVolumeRiporto[r];
   }
+  int64_t curve = 0;
+  for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotCurve]); ++r) curve += s.CurvaFlag[r] == 2;
   if (a.Ha("--json")) {
     out << "{\"falde\": " << falde << ", \"area\": " << JsonNumero(area) << ", \"sterro\": " << JsonNumero(sterro)
-        << ", \"riporto\": " << JsonNumero(riporto) << "}\n";
+        << ", \"riporto\": " << JsonNumero(riporto) << ", \"curve\": " << curve << "}\n";
   } else {
     out << "Falde " << falde << ", area " << FormatoMaschera(area, "#########0.00") << " m2, sterro "
         << FormatoMaschera(sterro, "#########0.00") << " m3, riporto " << FormatoMaschera(riporto, "#########0.00")
-        << " m3\n";
+        << " m3, curve " << curve << "\n";
   }
   return ui.Errori == 0 ? 0 : 2;
 }
 
-const RegistraComando kTerreno("terreno", "terreno LAVORO.CFG [--quota-riferimento Q] [--limite-punti N] [--json]",
-                               ComandoTerreno, {"--quota-riferimento", "--limite-punti"});
+const RegistraComando kTerreno("terreno", "terreno LAVORO.CFG [--equidistanza M] [--quota-riferimento Q] [--limite-punti N] [--json]",
+                               ComandoTerreno, {"--equidistanza", "--quota-riferimento", "--limite-punti"});
 
 }  // namespace
 

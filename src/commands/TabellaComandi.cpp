@@ -16,6 +16,7 @@
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "terrain/ComandiTerreno.h"
+#include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
 
 namespace varena {
@@ -338,6 +339,12 @@ constexpr VoceComando kTabella[] = {
     Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
     Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
     Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),
+    Subito("VOLUMI_FALDE", nullptr, "VolumiFalde", "Terreno", "Volumi"),
+    Subito("GENERA_CURVE", AzioneGeneraCurve, {}, "Terreno", "Curve di Livello"),
+    Subito("SPLINE_CURVE", nullptr, "frmSplines", "Terreno", "Curve di Livello con Spline"),
+    Subito("COLORA_CURVE", nullptr, "FormColoraCurve", "Terreno", "Colora Curve"),
+    Subito("ESPLODI_CURVE_LIVELLO", AzioneEsplodiCurve, {}, "Terreno", "Esplodi Curve Livello"),
+    Subito("ELIMINA_CURVE_ESPLOSE", AzioneEliminaCurveEsplose, {}, "Terreno", "Elimina Curve Esplose"),
     Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),
     Subito("MENU_TESTO", AzioneMenu, {}, {}, {}),
     Subito("MENU_CERCHIO", AzioneMenu, {}, {}, {}),

@@ -14,6 +14,8 @@
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "survey/Primitive.h"
+#include "terrain/Curve.h"
+#include "terrain/Volumi.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
 
@@ -61,6 +63,10 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"EsportaDxf", ApriEsportaDxf},
     {"FormTestoInPunto", ApriFormTestoInPunto},
     {"FormConvertiAutomatico", ApriConvertiAutomatico},
+    // The terrain.
+    {"VolumiFalde", ApriVolumiFalde},
+    {"FormColoraCurve", ApriFormColoraCurve},
+    {"frmSplines", ApriFrmSplines},
 };
 
 }  // namespace

@@ -85,6 +85,7 @@ const std::vector<Riga>& Righe() {
       {{"Cartelle", "Cartella_Archivio_Pregeo", 's', nullptr}, &I::Cartella_Archivio_Pregeo},
       {{"Cartelle", "Cartella_Fiducial", 's', nullptr}, &I::Cartella_Fiducial},
       {{"Cartelle", "Cartella_Copia_Salvataggio", 's', nullptr}, &I::Cartella_Copia_Salvataggio},
+      {{"Terreno", "Limite_Punti_Triangolazione", 'l', nullptr}, &I::Limite_Punti_Triangolazione},
   };
   return righe;
 }

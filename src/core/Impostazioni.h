@@ -70,6 +70,10 @@ struct Impostazioni {
   // "Salva sempre anche nella cartella": a folder that receives a copy of the job at every
   // save (a shared drive, a folder a backup tool watches). Empty: no copy.
   std::string Cartella_Copia_Salvataggio;
+  // The older program handed at most 10000 points to its triangulator, a fixed array bound;
+  // a survey of a GNSS receiver or a scanner is larger, so here the bound is a setting
+  // (0: no bound).
+  int32_t Limite_Punti_Triangolazione = 10000;
 
   bool operator==(const Impostazioni&) const = default;
 };

@@ -106,7 +106,7 @@ std::vector<int32_t> PreparaConsegna(Sessione& s, bool& troppi) {
       return {};
     }
   }
-  const int64_t limite = s.Terreno.LimitePuntiConsegna;
+  const int64_t limite = s.Imp.Limite_Punti_Triangolazione;
   if (limite > 0 && static_cast<int64_t>(righe.size()) > limite) {
     troppi = true;
     return {};

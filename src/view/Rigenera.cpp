@@ -8,6 +8,7 @@
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
 #include "survey/Primitive.h"
+#include "terrain/Curve.h"
 #include "terrain/DisegnoFalde.h"
 #include "view/Ridisegna.h"
 #include "view/Zoom.h"
@@ -67,6 +68,7 @@ namespace {
 constexpr GenereLista kOrdine[] = {
     {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations
     {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},            // then sections
+    {SlotCurve, RigeneraCurva, &TabelleEntita::StatoCurva},
     {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},
     {SlotCerchi, RigeneraCerchio, &TabelleEntita::StatoCerchio},
     {SlotLinee, RigeneraLineaSingola, &TabelleEntita::StatoLinea},
@@ -524,6 +526,9 @@ uint64_t ImprontaRigenerazione(const Sessione& s) {
   Mescola(h, &t.EtichetteFalde, sizeof t.EtichetteFalde);
   Mescola(h, &t.AltezzaNumero, sizeof t.AltezzaNumero);
   Mescola(h, &t.AltezzaValori, sizeof t.AltezzaValori);
+  Mescola(h, &t.EtichetteCurve, sizeof t.EtichetteCurve);
+  Mescola(h, &t.AltezzaEtichettaCurve, sizeof t.AltezzaEtichettaCurve);
+  Mescola(h, &t.DecimaliCurve, sizeof t.DecimaliCurve);
   Mescola(h, s.Spessori.Spessore.data(), sizeof s.Spessori.Spessore);
   for (const Tratteggio& t : s.Tratteggi.Stili) {
     Mescola(h, t.Elementi.data(), sizeof t.Elementi);

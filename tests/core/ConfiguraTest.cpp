@@ -75,7 +75,8 @@ std::string FileDefault(const std::string& radice) {
          "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI\r\n"
          "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH\r\n"
          "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL\r\n"
-         "Cartelle,Cartella_Copia_Salvataggio,\r\n";
+         "Cartelle,Cartella_Copia_Salvataggio,\r\n"
+         "Terreno,Limite_Punti_Triangolazione,10000\r\n";
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {
@@ -107,6 +108,7 @@ TEST_F(Configura, AndataERitornoConservaOgniValore) {
   i.DIMENSIONEUNICAPUNTO = 1.5, i.LineaMostraLunghezza = 0, i.LineaDecimali = 0.1f, i.Cartella_Pregeo = "/opt/pregeo";
   i.Cartella_Estratti = "/mnt/estratti", i.Cartella_Archivio_Pregeo = "/opt/pregeo/arch";
   i.Cartella_Fiducial = "/mnt/fiducial", i.Cartella_Copia_Salvataggio = "/mnt/condivisa/lavori";
+  i.Limite_Punti_Triangolazione = 2'500'000;
   ConfiguraScrivi(s);
   const std::string scritto = LeggiFileProva(File());
   EXPECT_NE(scritto.find("Configurazione_Ambiente,NomeFileConfiguraPunti,Rilievo Citt\xE0\r\n"), std::string::npos);
@@ -140,6 +142,7 @@ TEST_F(Configura, FileScrittoAManoSiLeggeComeIlProgramma) {
                   "Configurazione_Ambiente,Tratteggio_Default,4\r\n"
                   "Configurazione_Ambiente,Tratteggio_Default,6\r\n"
                   "Cartelle,Cartella_Pregeo,/opt/pregeo/\r\n"
+                  "Terreno,Limite_Punti_Triangolazione,0\r\n"
                   "   \r\n"
                   "solo testo senza virgole\n"
                   "Visualizza,Cornice,1");  // the last line without its end
@@ -159,6 +162,7 @@ TEST_F(Configura, FileScrittoAManoSiLeggeComeIlProgramma) {
   EXPECT_EQ(s.Imp.Cornice, 1);
   EXPECT_EQ(s.Imp.MenuMouse, 1);                 // absent: its default
   EXPECT_EQ(s.Imp.Cartella_Pregeo, "/opt/pregeo/");
+  EXPECT_EQ(s.Imp.Limite_Punti_Triangolazione, 0);  // the bound of the hand-off lifted
   // Folders not set apart follow the Pregeo root; the fiducial data do not.
   EXPECT_EQ(s.Imp.Cartella_Estratti, "/opt/pregeo/ESTRATTI");
   EXPECT_EQ(s.Imp.Cartella_Archivio_Pregeo, "/opt/pregeo/ARCH");

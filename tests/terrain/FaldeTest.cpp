@@ -5,6 +5,7 @@
 #include "support/ProvaComandi.h"
 #include "support/Supporto.h"
 #include "terrain/Falde.h"
+#include "terrain/Volumi.h"
 
 namespace varena {
 namespace {
@@ -30,6 +31,46 @@ TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
   EXPECT_NEAR(v.InsAreaY, 4.0 / 3.0 - 1.3, 1e-12);
   EXPECT_NEAR(v.InsSteY, 4.0 / 3.0 - 1.3 - 0.65, 1e-12);
   EXPECT_NEAR(v.InsRiportoY, 4.0 / 3.0 - 1.3 - 1.3, 1e-12);
+}
+
+TEST(Volumi, PiramideTotaliERapportoCsv) {
+  prova::Banco b;
+  Sessione& s = b.s;
+  prova::ApriLavoroVuoto(b);
+  // A pyramid 6 high on the square of side 4 centred at the origin, one facet a side.
+  const double base[5][2] = {{-2, -2}, {2, -2}, {2, 2}, {-2, 2}, {-2, -2}};
+  for (int k = 0; k < 4; ++k) {
+    DimensionaFalde(s);
+    const auto r = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
+    s.FaldaX1[r] = base[k][0], s.FaldaY1[r] = base[k][1], s.FaldaX2[r] = base[k + 1][0], s.FaldaY2[r] = base[k + 1][1];
+    s.FaldaX3[r] = 0, s.FaldaY3[r] = 0, s.FaldaZ3[r] = 6;
+  }
+  // On the ground: the whole pyramid, 16 * 6 / 3, is cut.
+  AggiornaFalde(s);
+  TotaliVolumi t = SommaVolumi(s);
+  EXPECT_EQ(t.Falde, 4);
+  EXPECT_NEAR(t.Area, 16.0, 1e-12);
+  EXPECT_NEAR(t.Sterro, 32.0, 1e-12);
+  EXPECT_EQ(t.Riporto, 0.0);
+  // At half height, from the dialog: the top pyramid (side 2, 3 high) is cut, 4; the fill is
+  // the box of 16 * 3 less the pyramid's 32 - 4 below the plane: 20.
+  b.Pronto(0, 0, 20);
+  b.Script("TAG VOLUMI_FALDE\nFIELD QuotaRiferimento 3\nPRESS Ricalcola\n");
+  EXPECT_EQ(s.QuotaRiferimento, 3.0);
+  const Dialogo* d = TrovaDialogo(s, "VolumiFalde");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Falde"), "4");
+  EXPECT_EQ(d->Valore("Area"), "16.00");
+  EXPECT_EQ(d->Valore("Sterro"), "4.00");
+  EXPECT_EQ(d->Valore("Riporto"), "20.00");
+  const std::string csv = b.cartella.Percorso() + "/volumi.csv";
+  EXPECT_EQ(b.Script("ANSWER " + csv + "\nPRESS SalvaCsv\n"),
+            "> ANSWER " + csv + "\n> PRESS SalvaCsv\nFILE [Salva Volumi] -> " + csv +
+                "\nMESSAGGIO [Salva Volumi] " + csv + " | Correttamente creato!\n");
+  EXPECT_EQ(prova::LeggiFileProva(csv),
+            "Falda,Area,Sterro,Riporto\r\n"
+            "1,4.000,1.000,5.000\r\n2,4.000,1.000,5.000\r\n3,4.000,1.000,5.000\r\n4,4.000,1.000,5.000\r\n"
+            "Totale,16.000,4.000,20.000\r\n");
 }
 
 TEST(CalcolaFalda, PuntoInternoConILati) {

@@ -62,10 +62,16 @@ TEST(Consegna, PuntiDelGrappoloEPlanimetriciLasciati) {
   // Past the bound nothing is written and the caller is told.
   prova::ScriviFileProva(FileConsegna(s, kFileTom), "vecchio");
   SelezionaTutti(s);
-  s.Terreno.LimitePuntiConsegna = 2;
+  s.Imp.Limite_Punti_Triangolazione = 2;
   EXPECT_TRUE(PreparaConsegna(s, troppi).empty());
   EXPECT_TRUE(troppi);
   EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)), "vecchio");
+  // A bound of 0 takes every point.
+  SelezionaTutti(s);
+  s.StatoPunto[5] = 0;
+  s.Imp.Limite_Punti_Triangolazione = 0;
+  EXPECT_EQ(PreparaConsegna(s, troppi).size(), 3u);
+  EXPECT_FALSE(troppi);
 }
 
 TEST(Consegna, LineeDiDiscontinuitaUniteInCatene) {
