@@ -32,6 +32,8 @@ constexpr Bersaglio kBersagli[] = {
     {"libretto", FuzzLibretto, true},
     {"dxf", FuzzDxf, true},
     {"mesh", FuzzMesh, false},
+    {"cxf", FuzzCxf, true},
+    {"taf", FuzzTaf, true},
 };
 
 }  // namespace
