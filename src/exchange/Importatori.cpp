@@ -47,4 +47,14 @@ bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso
   return false;
 }
 
+void AzioneCaricaCxf(Sessione& s) {
+  const auto f = s.Ui->ScegliFile(false, "Importa CXF", "File CXF mappa (*.CXF)|*.CXF|", "", "");
+  if (f && !f->empty()) ImportaFile(s, TipoImportazione::CXF, *f);
+}
+
+void AzioneCaricaTaf(Sessione& s) {
+  const auto f = s.Ui->ScegliFile(false, "Importa TAF", "File TAF (PF)  (*.TAF)|*.TAF|", "", "");
+  if (f && !f->empty()) ImportaFile(s, TipoImportazione::TAF, *f);
+}
+
 }  // namespace varena

@@ -115,6 +115,8 @@ bool ImportaTaf(Sessione& s, const std::string& percorso, EsitoTaf* esito) {
     s.Ui->Messaggio("Righe senza coordinate, non caricate: " + righe + "\n" + percorso, "File TAF",
                     Icona::Avviso);
   }
+  if (e.Punti == 0 && e.RigheCorte.empty())
+    s.Ui->Messaggio("Nessun punto letto:\n" + percorso, "File TAF", Icona::Avviso);
   return e.Punti > 0;
 }
 

@@ -135,3 +135,127 @@ TEST(Inquadramento, SenzaDuePFDistintiNonSiInquadra) {
 
 }  // namespace
 }  // namespace varena
+
+// --- The commands on the drawing -----------------------------------------------------------
+
+#include <filesystem>
+#include <fstream>
+
+#include "core/Dialoghi.h"
+#include "core/Sessione.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using prova::Banco;
+using prova::MettiLinea;
+using prova::MettiPunto;
+using prova::MettiTesto;
+
+// A line of the archive of municipality A123, sheet 12: the number in columns 14-17, North
+// in 102-113, East in 115-126; `lunghezza` cuts it.
+std::string RigaArchivio(int numero, double nord, double est, size_t lunghezza = 130) {
+  char r[160];
+  std::snprintf(r, sizeof r, "A123    12 %6d%84s%12.3f %12.3f  2", numero, "", nord, est);
+  return std::string(r).substr(0, lunghezza) + "\r\n";
+}
+
+void Archivio(Sessione& s, const std::string& cartella, const std::string& righe) {
+  s.Imp.Cartella_Fiducial = cartella + "/FIDUCIAL";
+  std::filesystem::create_directories(s.Imp.Cartella_Fiducial + "/dati");
+  std::ofstream(s.Imp.Cartella_Fiducial + "/dati/A123.taf", std::ios::binary) << righe;
+}
+
+TEST(InquadraSu2PF, IDuePFSulleLoroCoordinateUfficiali) {
+  Banco b;
+  Sessione& s = b.s;
+  Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100));
+  MettiPunto(s, "PF01/0120/A123", 10, 10, 5);
+  MettiPunto(s, "PF02/0120/A123", 10, 110.05);
+  MettiPunto(s, "12", 50, 60, 7);
+  MettiTesto(s, 50, 60, "T");
+  b.Pronto(50, 60, 300);
+  b.Opzioni.Rigoroso = false;  // the pick of a point that is no PF does nothing, as it should
+  const std::string uscita =
+      b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 50 60\nKEY P\nCLICK left 10 10\nKEY P\nCLICK left 10 110.05\n");
+  EXPECT_NE(uscita.find("PROMPT Inquadra su 2 PF - Primo PF :\n> KEY P\n> CLICK left 50 60\n> KEY P\n> CLICK left 10 10\n"
+                        "PROMPT Inquadra su 2 PF - Punto Orientamento :\n"),
+            std::string::npos)
+      << uscita;
+  const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Titolo, "Punto - Inquadra su 2 PF");
+  EXPECT_EQ(d->Valore("NuovaOrigine_Nome"), "PF01/0120/A123");
+  EXPECT_EQ(d->Valore("NuovaOrigine_Nord"), "2000.000");
+  EXPECT_EQ(d->Valore("NuovoOrientamento_Est"), "1100.000");
+  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
+  EXPECT_EQ(d->Valore("Differenza_Distanza"), "-0.050");
+  b.Script("PRESS FormRotoTraslazione.OK\n");
+  // Turned by 100 gon about PF01, which falls on its place; the 5 cm stay at PF02. Heights
+  // stay as they were.
+  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]), std::make_tuple(1000.0, 2000.0, 5.0));
+  EXPECT_NEAR(s.PuntoX[1], 1100.05, 1e-9);
+  EXPECT_NEAR(s.PuntoY[1], 2000, 1e-9);
+  EXPECT_NEAR(s.PuntoX[2], 1050, 1e-9);
+  EXPECT_NEAR(s.PuntoY[2], 1960, 1e-9);
+  EXPECT_EQ(s.PuntoZ[2], 7);
+  EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-9);
+  // The framing on n PF with these two gives the same places to the last bit.
+  const std::vector<CoppiaPF> c = {{"PF01", {10, 10, 0}, {1000, 2000, 0}}, {"PF02", {10, 110.05, 0}, {1100, 2000, 0}}};
+  const EsitoInquadramento e = Inquadra(c, false);
+  const PuntoXYZ p = e.Applica({50, 60, 0}), q = e.Applica({10, 110.05, 0});
+  EXPECT_EQ(std::tie(s.PuntoX[2], s.PuntoY[2], s.PuntoX[1], s.PuntoY[1]), std::tie(p.X, p.Y, q.X, q.Y));
+}
+
+TEST(InquadraSu2PF, UnPFSenzaCoordinateNellArchivioNonMuoveNulla) {
+  Banco b;
+  Sessione& s = b.s;
+  Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100, 110));
+  MettiPunto(s, "PF01/0120/A123", 10, 10);
+  MettiPunto(s, "PF02/0120/A123", 10, 110.05);
+  b.Pronto(10, 60, 300);
+  b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 10 10\nKEY P\nCLICK left 10 110.05\n");
+  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione"), nullptr);
+  EXPECT_NE(b.uscita.str().find("Coordinate mancanti nell'archivio TAF: PF02/0120/A123"), std::string::npos)
+      << b.uscita.str();
+  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoX[1], s.PuntoY[1]), std::make_tuple(10.0, 10.0, 10.0, 110.05));
+}
+
+TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
+  Banco b;
+  Sessione& s = b.s;
+  // Official = survey turned by 100 gon about 0/0 and carried by (1000, 2000); PF03 is 3 cm
+  // off in the survey, PF09 is not in the archive.
+  Archivio(s, b.cartella.Percorso(),
+           RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 1900, 1000) + RigaArchivio(3, 1900, 1100));
+  MettiPunto(s, "PF01/0120/A123", 0, 0);
+  MettiPunto(s, "PF02/0120/A123", 100, 0);
+  MettiPunto(s, "PF03/0120/A123", 99.97, 100);
+  MettiPunto(s, "PF09/0120/A123", 5, 5);
+  MettiLinea(s, 0, 0, 0, 10);
+  b.Pronto(0, 0, 300);
+  b.Script("TAG INQUADRA_N_PF\n");
+  const Dialogo* d = TrovaDialogo(s, "FormInquadraPF");
+  ASSERT_NE(d, nullptr);
+  EXPECT_EQ(d->Valore("Mancanti"), "PF non presente nell'archivio TAF: PF09/0120/A123\n");
+  EXPECT_NE(d->Valore("Tabella").find("PF03/0120/A123\t"), std::string::npos);
+  EXPECT_NE(d->Valore("Tabella").find("<<"), std::string::npos);
+  // PF03 left out: the other two agree to the last digit shown, and PF03 shows its 3 cm.
+  b.Script("FIELD FormInquadraPF.Esclusi pf03/0120/a123\nPRESS FormInquadraPF.Calcola\n");
+  EXPECT_EQ(TrovaDialogo(s, "FormInquadraPF")->Valore("Tabella"),
+            "Nome\tdN\tdE\tDistanza\t\n"
+            "PF01/0120/A123\t0.0000\t0.0000\t0.0000\t<<\n"
+            "PF02/0120/A123\t0.0000\t0.0000\t0.0000\t\n"
+            "PF03/0120/A123\t-0.0300\t0.0000\t0.0300\tescluso\n"
+            "Rotazione (gon)\t100.0000\nScala\t1.000000000\nS.q.m.\t0.0000");
+  b.Script("PRESS FormInquadraPF.OK\n");
+  EXPECT_FALSE(DialogoAperto(s, "FormInquadraPF"));
+  EXPECT_NEAR(s.PuntoX[2], 1100, 1e-9);
+  EXPECT_NEAR(s.PuntoY[2], 1900.03, 1e-9);
+  EXPECT_NEAR(s.LineaX2[0], 1010, 1e-9);
+  EXPECT_NEAR(s.LineaY2[0], 2000, 1e-9);
+}
+
+}  // namespace
+}  // namespace varena
