@@ -97,6 +97,14 @@ TEST_F(Avvio, EstensioneMinuscolaDiImportazione) {
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
   EXPECT_EQ(s.PuntoPiano[0], "TAF");
+  // A map sheet opens the same way through its reader.
+  ScriviFileProva(utente / "foglio.cxf", "A123\r\n1\r\n0\r\nFIDUCIALE,3,\"PF3\",10.5,20.25\r\nEOF\r\n");
+  VarenaLoad(s, utente / "foglio.cxf");
+  EXPECT_EQ(s.TipoFile, "CXF");
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(s.PuntoNome[0], "PF3");
+  EXPECT_EQ(s.PuntoFont[0], "Courier New");
+  EXPECT_EQ(s.PuntoX[0], 10.5);
   // A file with no point in it says so.
   ScriviFileProva(utente / "vuoto.taf", "");
   VarenaLoad(s, utente / "vuoto.taf");
