@@ -55,6 +55,10 @@ struct Trasformazione {
         return {p.X + DX, p.Y + DY, z};
       }
       case 192: {
+        // Targets equal to the sources (two PF the archive lacks) are the identity to the
+        // last bit: the drawing must not creep by the rounding of a polar round trip.
+        if (Angolo == 0 && Fattore == 1 && NuovaOrigine.X == Origine.X && NuovaOrigine.Y == Origine.Y)
+          return {x, y, z};
         const AzimutEDistanza ad = AzimutDistanza(Origine.X, Origine.Y, x, y);
         const PuntoXYZ p = Polare(NuovaOrigine.X, NuovaOrigine.Y, ad.Azimut + Angolo, ad.Distanza * Fattore);
         return {p.X, p.Y, z};
