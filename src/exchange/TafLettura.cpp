@@ -10,6 +10,7 @@
 #include "core/Porte.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "survey/Convenzioni.h"
 
 namespace varena {
 
@@ -61,6 +62,8 @@ void PerOgniRiga(std::string_view byte, F&& f) {
 std::optional<PuntoTaf> LeggiRigaTaf(std::string_view riga) {
   riga = SenzaFineRiga(riga);
   if (riga.size() < kColonneCoordinateTaf) return std::nullopt;
+  // A position that is not a number is no position: garbage must not become a point at 0.
+  if (!TestoNumerico(Colonne(riga, 102, 113)) || !TestoNumerico(Colonne(riga, 115, 126))) return std::nullopt;
   PuntoTaf p;
   p.Nome = NomeRiga(riga);
   p.Comune = Testo(riga, 1, 5);

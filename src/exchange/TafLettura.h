@@ -27,13 +27,13 @@ struct PuntoTaf {
 inline constexpr size_t kColonneCoordinateTaf = 126;
 
 // One line of the file (bytes as they stand, code page and all). No value for a line too
-// short to hold both coordinates; the columns after them read empty when missing, so a
-// line without the height has height 0.
+// short to hold both coordinates, or whose coordinates are not numbers; the columns after
+// them read empty when missing, so a line without the height has height 0.
 std::optional<PuntoTaf> LeggiRigaTaf(std::string_view riga);
 
 struct EsitoTaf {
   int64_t Punti = 0;
-  std::vector<int64_t> RigheCorte;  // lines (from 1) with text but no coordinates
+  std::vector<int64_t> RigheCorte;  // lines (from 1) with text but no coordinates to read
 };
 
 // Every point of the file: "Arial", layer `piano` ("TAF", or "INCLUSI" for a table included

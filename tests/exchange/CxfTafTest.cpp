@@ -174,12 +174,15 @@ TEST_F(Cxf, LArchivioTafDelloStessoFoglio) {
   taf += RigaPF(13, 200) + "\r\n";  // no height columns: height 0
   taf += RigaPF(14, 120) + "\r\n";  // not even the East: not a point
   taf += "\r\n";
+  // A North that is no number, and a line of garbage: no point at 0/0 either.
+  taf += RigaTaf({{1, "A123 "}, {6, "   12"}, {14, "  15"}, {102, "    12x4.000"}, {115, "     100.000"}}) + "\r\n";
+  taf += std::string(140, '\xff') + "\r\n";
   EsitoTaf e;
   ASSERT_TRUE(ImportaTaf(s, Scrivi("A123.TAF", taf), &e));
   EXPECT_EQ(e.Punti, 13);
-  EXPECT_EQ(e.RigheCorte, std::vector<int64_t>{14});
+  EXPECT_EQ(e.RigheCorte, (std::vector<int64_t>{14, 16, 17}));
   ASSERT_EQ(ui.Messaggi.size(), 1u);
-  EXPECT_EQ(ui.Messaggi[0].Testo, "Righe senza coordinate, non caricate: 14\n" + (dir / "A123.TAF"));
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Righe senza coordinate, non caricate: 14, 16, 17\n" + (dir / "A123.TAF"));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 13);
   EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
   EXPECT_EQ(s.PuntoNome[11], "PF12/0120/A123");
