@@ -11,6 +11,7 @@
 #include "core/Porte.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/DxfLettura.h"
 
 namespace varena {
 
@@ -158,6 +159,8 @@ bool ImportaCxf(Sessione& s, const std::string& percorso, EsitoCxf* esito) {
     const EsitoCxf e = CaricaFoglioCxf(s, f);
     if (esito) *esito = e;
     letto = true;
+    // The layers the sheet names join the job's table, as those of a drawing do.
+    RicostruisciPianiDxf(s);
   });
   // A failure while appending takes back what was added.
   if (!ok) s.ContaEntita = prima;

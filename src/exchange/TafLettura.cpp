@@ -10,6 +10,7 @@
 #include "core/Porte.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/DxfLettura.h"
 #include "survey/Convenzioni.h"
 
 namespace varena {
@@ -105,6 +106,7 @@ bool ImportaTaf(Sessione& s, const std::string& percorso, EsitoTaf* esito) {
     const auto byte = LeggiByte(percorso);
     if (!byte) throw ErroreVarena(std::string(kErroreFileNonTrovato) + ": " + percorso);
     e = CaricaPuntiTaf(s, *byte);
+    if (e.Punti > 0) RicostruisciPianiDxf(s);
   });
   if (!ok) {
     s.ContaEntita = prima;

@@ -2,6 +2,7 @@
 // here value by value, read into the job; the look-up of a PF by name; damaged files.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -62,7 +63,11 @@ class Cxf : public ::testing::Test {
   prova::CartellaTemporanea dir;
   InterfacciaRegistrata ui;
   Sessione s;
-  void SetUp() override { s.Ui = &ui; }
+  void SetUp() override {
+    s.Ui = &ui;
+    s.CartellaProgramma = dir / "prog";
+    std::filesystem::create_directory(s.CartellaProgramma);
+  }
   std::string Scrivi(const std::string& nome, const std::string& byte) {
     std::ofstream(dir / nome, std::ios::binary) << byte;
     return dir / nome;
@@ -117,6 +122,11 @@ TEST_F(Cxf, IlFoglioCompletoDiventaTestiPuntiELinee) {
   EXPECT_DOUBLE_EQ(s.LineaX1[310], 299);
   EXPECT_DOUBLE_EQ(s.LineaY2[310], 5);
   EXPECT_EQ(s.LineaColore[310], 7);
+  // The layers of the sheet join the job's table.
+  std::vector<std::string> piani;
+  for (const Piano& p : s.Piani) piani.push_back(p.Nome);
+  for (const char* p : {"BORDO", "A123_001200.45", "FIDUCIALE", "STRADA", "ACQUA", "FABBR"})
+    EXPECT_NE(std::find(piani.begin(), piani.end(), p), piani.end()) << p;
 }
 
 TEST_F(Cxf, UnFoglioGuastoDiceIlPerchéENonAggiungeNulla) {
