@@ -28,7 +28,8 @@ constexpr IconaDiTag kIcone[] = {
     {"NUOVO_VUOTO", "nuovo"}, {"APRI_ESISTENTE", "apri"}, {"APRI_DA_ARCHIVIO", "apri-archivio"},
     {"RIAPRI_DISEGNO", "riapri"}, {"GESTIONE_DISEGNI", "gestione-disegni"}, {"SALVA_VELOCE", "salva"},
     {"SALVA_CON_NOME", "salva-nome"}, {"COPIA_IN_FILE", "copia-in-file"}, {"INCOLLA_DA_FILE", "incolla-da-file"},
-    {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
+    {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"},
+    {"CARICA_CXF", "importa-cxf"}, {"CARICA_TAF", "importa-taf"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
     {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
     {"CONFIGURAZIONE", "configurazione"}, {"ORIGINE_FOGLIO", "origine-foglio"},
     // Edit
@@ -94,6 +95,8 @@ constexpr IconaDiTag kIcone[] = {
     {"INTERROMPELINEASUPUNTO", "interrompi-linea-punti"}, {"LINEA_TRONCA", "linea-tronca"},
     {"LINEA_MOSTRA_LUNGHEZZA", "mostra-lunghezza"}, {"ROTAZIONE_VERTICALE", "rotazione-verticale"},
     {"RIBALTAMENTO", "ribaltamento"}, {"ROTOTRASLAZIONE_SELETTIVA", "rototraslazione"},
+    {"INQUADRA_2_PF", "inquadra-2-pf"}, {"INQUADRA_N_PF", "inquadra-n-pf"},
+    {"SETUP_INQUADRAMENTO", "setup-inquadramento"},
     // Info
     {"INFO_DISTANZA", "distanza"}, {"INFO_DISTANZA_2P", "distanza-2p"}, {"INFO_ANGOLO", "angolo"},
     {"INFO_AREA", "area"}, {"LISTA_ENTITA", "lista-entita"}, {"INFO_ELENCO_PUNTI_TUTTI", "elenco-punti"},

@@ -25,7 +25,7 @@ double Norma400(double g) {
 struct Trasformazione {
   int32_t Codice = 0;
   double DX = 0, DY = 0, DZ = 0;  // translation (142, 143, 216; the second part of 414)
-  double Fattore = 1;             // 144
+  double Fattore = 1;             // 144; the scale of a framing's similarity for 192
   PuntoXYZ Centro;                // 144, 146, 414; a point of the axis for 147
   double Angolo = 0;              // radians, clockwise as azimuths: 146, 414, 192
   double Asse = 0;                // azimuth of the mirror's axis, radians
@@ -55,8 +55,12 @@ struct Trasformazione {
         return {p.X + DX, p.Y + DY, z};
       }
       case 192: {
+        // Targets equal to the sources (two PF the archive lacks) are the identity to the
+        // last bit: the drawing must not creep by the rounding of a polar round trip.
+        if (Angolo == 0 && Fattore == 1 && NuovaOrigine.X == Origine.X && NuovaOrigine.Y == Origine.Y)
+          return {x, y, z};
         const AzimutEDistanza ad = AzimutDistanza(Origine.X, Origine.Y, x, y);
-        const PuntoXYZ p = Polare(NuovaOrigine.X, NuovaOrigine.Y, ad.Azimut + Angolo, ad.Distanza);
+        const PuntoXYZ p = Polare(NuovaOrigine.X, NuovaOrigine.Y, ad.Azimut + Angolo, ad.Distanza * Fattore);
         return {p.X, p.Y, z};
       }
       default: return {x, y, z};
@@ -68,7 +72,8 @@ struct Trasformazione {
   }
   // A direction turns clockwise by the rotation of the command, in gon.
   double Rotazione() const { return Codice == 146 || Codice == 414 || Codice == 192 ? Angolo * RadToGon : 0; }
-  double Scala() const { return Codice == 144 ? Fattore : 1; }
+  // The roto-translation scales only when a framing asks for the similarity.
+  double Scala() const { return Codice == 144 || Codice == 192 ? Fattore : 1; }
 };
 
 // The names of the points copied: after the name of each original, the first free one, as
@@ -353,6 +358,17 @@ bool MettiTratteggio(Sessione& s, int16_t t) {
 
 }  // namespace
 
+bool RotoTraslaSelezione(Sessione& s, const PuntoXYZ& origine, const PuntoXYZ& nuova, double angolo,
+                         double scala) {
+  Trasformazione t;
+  t.Codice = 192;
+  t.Origine = origine;
+  t.NuovaOrigine = nuova;
+  t.Angolo = angolo;
+  t.Fattore = scala;
+  return Trasforma(s, t, false);
+}
+
 bool ApplicaSelezione(Sessione& s) {
   s.RoutineCorrente = "ApplicaSelezione";
   Trasformazione t;
@@ -389,12 +405,12 @@ bool ApplicaSelezione(Sessione& s) {
       t.Angolo = s.AngoloRotazione * GonToRad;
       t.DX = s.TraslazioneX, t.DY = s.TraslazioneY;
       return Trasforma(s, t, false);
-    case 192: {
+    case 192:
+    case kCodiceInquadra2PF: {
       const auto& p = s.PuntiRotoTraslazione;
-      t.Origine = {p[0].X, p[0].Y, p[0].Z};
-      t.NuovaOrigine = {p[2].X, p[2].Y, p[2].Z};
-      t.Angolo = AzimutDistanza(p[2].X, p[2].Y, p[3].X, p[3].Y).Azimut - AzimutDistanza(p[0].X, p[0].Y, p[1].X, p[1].Y).Azimut;
-      return Trasforma(s, t, false);
+      const double angolo = AzimutDistanza(p[2].X, p[2].Y, p[3].X, p[3].Y).Azimut -
+                            AzimutDistanza(p[0].X, p[0].Y, p[1].X, p[1].Y).Azimut;
+      return RotoTraslaSelezione(s, {p[0].X, p[0].Y, p[0].Z}, {p[2].X, p[2].Y, p[2].Z}, angolo);
     }
     default: return false;
   }

@@ -371,7 +371,8 @@ std::string PercorsoReportRotoTraslazione(const Sessione& s, const char* estensi
 bool ApriRotoTraslazione(Sessione& s) {
   Dialogo d;
   d.Nome = "FormRotoTraslazione";
-  d.Titolo = "Punto - Rototraslazione con Selezione";
+  d.Titolo = s.ComandoCorrente == kCodiceInquadra2PF ? "Punto - Inquadra su 2 PF"
+                                                     : "Punto - Rototraslazione con Selezione";
   const GrigliaRT g = Griglia(s);
   static constexpr const char* kColonne[] = {"", "Nome", "Nord", "Est", "Quota", "Azimut", "Distanza"};
   for (size_t i = 0; i < 5; ++i) {

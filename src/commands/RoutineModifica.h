@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "survey/Primitive.h"
+
 namespace varena {
 
 struct Sessione;
@@ -37,7 +39,18 @@ void subRotoTraslazione(Sessione& s);                      // 192
 // them, by an angle asked (276) or by a right angle (415), which lays a vertical face flat.
 void subRotazioneVerticale(Sessione& s);
 
-// `FormRotoTraslazione`, opened once the four points of 192 are picked.
+// The framing on two fiducial points: the roto-translation of 192 on the whole drawing, the
+// targets taken from the fiducial archive.
+inline constexpr int32_t kCodiceInquadra2PF = 440;
+
+// The roto-translation of every selected row: a plan point at azimuth a and distance d from
+// `origine` goes to azimuth a + `angolo` (radians) and distance d * `scala` from `nuova`;
+// directions turn with it. False when nothing was selected.
+bool RotoTraslaSelezione(Sessione& s, const PuntoXYZ& origine, const PuntoXYZ& nuova, double angolo,
+                         double scala = 1);
+
+// `FormRotoTraslazione`, opened once the four points of 192 (or the two PF of 440) are
+// picked; its title names the command.
 bool ApriRotoTraslazione(Sessione& s);
 // The two reports written before the transform: `temp\Rototraslazione.CSV` and `.TXT`
 // under the program folder.

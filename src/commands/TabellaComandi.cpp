@@ -15,6 +15,7 @@
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "exchange/Importatori.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -117,6 +118,7 @@ constexpr VoceComando kTabella[] = {
          "Contorno da Punto Interno"),
     Arma("ROTOTRASLAZIONE_SELETTIVA", 192, {}, V, {}, "Cambia", "Rototraslazione Selettiva"),
     Arma("RT", 192, {}, V, {}, {}, {}),
+    Arma("INQUADRA_2_PF", kCodiceInquadra2PF, "Inquadra su 2 PF - Primo PF :", P, {}, "Catasto", "Inquadra su 2 PF"),
     Arma("INVERTILINEA", 417, "Inverti Linea - Indica la Linea", V, {}, "Cambia", "Inverti Linea"),
     Arma("ESPLODILINEA", 418, "Esplodi Linea Tratteggio - Indica la Linea", V, {}, "Cambia", "Esplodi Linea"),
     Arma("SPEZZALINEAPERPUNTO", 412, "Interrompi Linea Per Punto - Indica la Linea", V, {}, "Cambia",
@@ -323,6 +325,10 @@ constexpr VoceComando kTabella[] = {
     Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
     Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
     Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
+    Subito("CARICA_CXF", AzioneCaricaCxf, {}, "File", "Importa CXF"),
+    Subito("CARICA_TAF", AzioneCaricaTaf, {}, "File", "Importa TAF"),
+    Subito("INQUADRA_N_PF", nullptr, "FormInquadraPF", "Catasto", "Inquadra su n PF"),
+    Subito("SETUP_INQUADRAMENTO", nullptr, "SetupInquadramento", "Catasto", "Setup Inquadramento"),
     Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),
@@ -417,6 +423,7 @@ constexpr SchedaCodice kSchede[] = {
     {144, subCambiaCopiaSpostaSpecchioScalaRuota, FormaElastico::Nessuna, nullptr},
     {146, subCambiaCopiaSpostaSpecchioScalaRuota, FormaElastico::Nessuna, nullptr},
     {192, subRotoTraslazione, Li, nullptr},
+    {kCodiceInquadra2PF, subInquadraSuPF, FormaElastico::Nessuna, nullptr},
     {216, subCambiaQuota, Li, nullptr},
     {165, subCambiaRifila, FormaElastico::Nessuna, nullptr},
     {166, subCambiaTaglia, FormaElastico::Nessuna, nullptr},

@@ -50,6 +50,8 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"FormDivisioneAree", ApriFormDivisioneAree},
     {"FormTracciamento", ApriFormTracciamento},
     {"FormFuoricentro", ApriFormFuoricentro},
+    {"FormInquadraPF", ApriInquadraPF},
+    {"SetupInquadramento", ApriSetupInquadramento},
     {"Selezentita", ApriSelezentita},
     {"SelezPerPiano", ApriSelezPerPiano},
     {"SelezPunti", ApriSelezPunti},

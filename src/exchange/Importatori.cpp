@@ -1,8 +1,13 @@
 // Dispatch of the outside formats to their importers.
 #include "exchange/Importatori.h"
 
+#include "commands/Azioni.h"
+#include "commands/Modifica.h"
+#include "core/Porte.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/CxfLettura.h"
+#include "exchange/TafLettura.h"
 
 namespace varena {
 
@@ -28,11 +33,28 @@ const char* NomeTipo(TipoImportazione tipo) {
 }
 
 bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso) {
+  if (tipo == TipoImportazione::TAF || tipo == TipoImportazione::CXF) {
+    const bool ok = tipo == TipoImportazione::TAF ? ImportaTaf(s, percorso) : ImportaCxf(s, percorso);
+    if (!ok) return false;
+    FineModifica(s);
+    AzioneZoomTutto(s);
+    return true;
+  }
   // No importer is built in yet: say so plainly and leave the job untouched.
   s.Ui->Messaggio("Lettura dei file " + std::string(NomeTipo(tipo)) + " non disponibile in questa versione:\n" +
                       percorso,
                   "Importazione", Icona::Avviso);
   return false;
+}
+
+void AzioneCaricaCxf(Sessione& s) {
+  const auto f = s.Ui->ScegliFile(false, "Importa CXF", "File CXF mappa (*.CXF)|*.CXF|", "", "");
+  if (f && !f->empty()) ImportaFile(s, TipoImportazione::CXF, *f);
+}
+
+void AzioneCaricaTaf(Sessione& s) {
+  const auto f = s.Ui->ScegliFile(false, "Importa TAF", "File TAF (PF)  (*.TAF)|*.TAF|", "", "");
+  if (f && !f->empty()) ImportaFile(s, TipoImportazione::TAF, *f);
 }
 
 }  // namespace varena

@@ -20,4 +20,9 @@ const char* NomeTipo(TipoImportazione tipo);
 // this version lacks is reported to the user and the job stays as it was; false then.
 bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso);
 
+// The import commands of the File menu: the file chosen, read into the job, the snapshot
+// and a zoom on everything. `carica CXF` and `CaricaPuntiTaf`.
+void AzioneCaricaCxf(Sessione& s);
+void AzioneCaricaTaf(Sessione& s);
+
 }  // namespace varena

@@ -14,7 +14,7 @@
 #include "core/Riparazioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
-#include "exchange/Importatori.h"
+#include "exchange/TafLettura.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
@@ -372,7 +372,7 @@ void CaricaLavoro(Sessione& s) {
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
-  for (const std::string& taf : TabelleIncluse(s)) ImportaFile(s, TipoImportazione::TAF, taf);
+  for (const std::string& taf : TabelleIncluse(s)) IncludiTaf(s, taf);
   FineCaricamento(s);
 }
 

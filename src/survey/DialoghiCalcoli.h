@@ -36,4 +36,11 @@ void subFuoriCentro(Sessione& s);
 // The clicks of the resection: the three known points (211).
 void subCalcolaPothenot(Sessione& s);
 
+// The clicks of `Inquadra su 2 PF`: the two fiducial points of the survey (440).
+void subInquadraSuPF(Sessione& s);
+// `Inquadra su n PF`: every PF of the drawing found in the archive, the fit and its residuals.
+bool ApriInquadraPF(Sessione& s);
+// `Setup Inquadramento`: the steps of the moves of the extract's framing.
+bool ApriSetupInquadramento(Sessione& s);
+
 }  // namespace varena

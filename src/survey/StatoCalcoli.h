@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "survey/DivisioneAree.h"
+#include "survey/Inquadramento.h"
 #include "survey/Resezione.h"
 
 namespace varena {
@@ -22,6 +23,12 @@ struct StatoCalcoli {
   StatoTracciamento Tracciamento;
   std::vector<RigaFuoriCentro> FuoriCentro;  // the first table of the eccentric station
   EsitoFuoriCentro UltimoFuoriCentro;        // its last run, for the insert
+  // The framing on n PF: the pairs found, and the last fit the table shows.
+  std::vector<CoppiaPF> CoppieInquadramento;
+  EsitoInquadramento UltimoInquadramento;
+  // The steps of the moves of the extract's framing: angle in gon, shift in metres.
+  double PassoAngoloInquadramento = 0.01;
+  double PassoSpostamentoInquadramento = 0.1;
 };
 
 }  // namespace varena

@@ -86,13 +86,31 @@ TEST_F(Avvio, DividiNomeComune) {
 }
 
 TEST_F(Avvio, EstensioneMinuscolaDiImportazione) {
-  ScriviFileProva(utente / "punti.taf", "");
+  // One point of the fiducial archive: number 1 of sheet 12, municipality A123.
+  std::string riga(130, ' ');
+  riga.replace(0, 4, "A123").replace(8, 2, "12").replace(16, 1, "1");
+  riga.replace(101, 12, "    2000.000").replace(114, 12, "    1000.000");
+  ScriviFileProva(utente / "punti.taf", riga + "\r\n");
   VarenaLoad(s, utente / "punti.taf");
-  ASSERT_EQ(ui.Messaggi.size(), 1u);
-  EXPECT_EQ(ui.Messaggi[0].Titolo, "Importazione");
-  EXPECT_NE(ui.Messaggi[0].Testo.find("TAF"), std::string::npos);
+  EXPECT_TRUE(ui.Messaggi.empty());
   EXPECT_EQ(s.TipoFile, "TAF");
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
+  EXPECT_EQ(s.PuntoPiano[0], "TAF");
+  // A map sheet opens the same way through its reader.
+  ScriviFileProva(utente / "foglio.cxf", "A123\r\n1\r\n0\r\nFIDUCIALE,3,\"PF3\",10.5,20.25\r\nEOF\r\n");
+  VarenaLoad(s, utente / "foglio.cxf");
+  EXPECT_EQ(s.TipoFile, "CXF");
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(s.PuntoNome[0], "PF3");
+  EXPECT_EQ(s.PuntoFont[0], "Courier New");
+  EXPECT_EQ(s.PuntoX[0], 10.5);
+  // A file with no point in it says so.
+  ScriviFileProva(utente / "vuoto.taf", "");
+  VarenaLoad(s, utente / "vuoto.taf");
+  ASSERT_EQ(ui.Messaggi.size(), 1u);
+  EXPECT_EQ(ui.Messaggi[0].Titolo, "File TAF");
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Nessun punto letto:\n" + (utente / "VUOTO.TAF"));
 }
 
 TEST_F(Avvio, RiapriUltimoLavoro) {

@@ -33,6 +33,8 @@ constexpr Bersaglio kBersagli[] = {
     {"dxf", FuzzDxf, true},
     {"mesh", FuzzMesh, false},
     {"due", FuzzDue, false},
+    {"cxf", FuzzCxf, true},
+    {"taf", FuzzTaf, true},
 };
 
 }  // namespace

@@ -46,5 +46,7 @@ void FuzzLibretto(const Ambiente& a, std::string_view byte);
 void FuzzDxf(const Ambiente& a, std::string_view byte);
 void FuzzMesh(const Ambiente& a, std::string_view byte);
 void FuzzDue(const Ambiente& a, std::string_view byte);
+void FuzzCxf(const Ambiente& a, std::string_view byte);
+void FuzzTaf(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

@@ -103,12 +103,18 @@ TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   const std::string base = CopiaEsempio(p.cartella / "lavori");
   ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".CFG"));
   const size_t prima = p.ui.Messaggi.size();
-  ASSERT_TRUE(IncludiDisegno(p.s, {"/dati/FIDUCIALI.TAF"}));
-  EXPECT_EQ(p.s.Cfg.VB(B_FileAssociati, 0).Testo, "/dati/FIDUCIALI.TAF|");
-  // The reload asks the reader of TAF files for the table; this version says it has none.
-  ASSERT_EQ(p.ui.Messaggi.size(), prima + 1);
-  EXPECT_NE(p.ui.Messaggi.back().Testo.find("/dati/FIDUCIALI.TAF"), std::string::npos);
-  EXPECT_EQ(p.s.ContaEntita[SlotPunti], 20);
+  std::string riga(130, ' ');
+  riga.replace(0, 4, "A123").replace(8, 2, "12").replace(16, 1, "1");
+  riga.replace(101, 12, "    2000.000").replace(114, 12, "    1000.000");
+  const std::string taf = p.cartella / "FIDUCIALI.TAF";
+  ScriviFileProva(taf, riga + "\r\n");
+  ASSERT_TRUE(IncludiDisegno(p.s, {taf, "/dati/MANCANTE.TAF"}));
+  EXPECT_EQ(p.s.Cfg.VB(B_FileAssociati, 0).Testo, taf + "|/dati/MANCANTE.TAF|");
+  // The table's point comes on INCLUSI; a table gone since is passed over in silence.
+  EXPECT_EQ(p.ui.Messaggi.size(), prima);
+  ASSERT_EQ(p.s.ContaEntita[SlotPunti], 21);
+  EXPECT_EQ(p.s.PuntoNome[20], "PF01/0120/A123");
+  EXPECT_EQ(p.s.PuntoPiano[20], "INCLUSI");
 }
 
 }  // namespace

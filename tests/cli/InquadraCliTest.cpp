@@ -1,0 +1,113 @@
+// varena-cli inquadra, and the cadastral imports of the command line: a job framed on its
+// PF in batch, the residuals printed; a PF the archive lacks leaves the job as it was.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "ImportaCatasto.h"
+#include "Terminale.h"
+#include "core/CodicePagina.h"
+#include "core/Sessione.h"
+#include "store/Cfg.h"
+#include "support/ProvaCli.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+using prova::Cli;
+
+class InquadraCli : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea radice;
+  std::string lavoro, archivio;
+  void SetUp() override {
+    Sessione s;
+    ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
+    ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
+    std::filesystem::create_directories(radice / "lavori");
+    lavoro = radice / "lavori/rossi.cfg";
+    prova::ScriviFileProva(lavoro, Utf8InCp1252(TestoCfg(s)));
+    // Official = survey turned by 100 gon and carried by (1000, 2000).
+    prova::ScriviFileProva(radice / "lavori/rossi.lll",
+                           prova::RecordPuntoBase("PF01/0120/A123", 0, 0, 0).Byte() +
+                               prova::RecordPuntoBase("PF02/0120/A123", 100, 0, 0).Byte() +
+                               prova::RecordPuntoBase("12", 10, 0, 4).Byte() +
+                               prova::RecordPuntoBase("PF09/0120/A123", 5, 5, 0).Byte());
+    archivio = radice / "fid";
+    std::filesystem::create_directories(archivio + "/dati");
+    prova::ScriviFileProva(archivio + "/dati/A123.taf",
+                           Riga(1, "    2000.000", "    1000.000") + Riga(2, "    1900.000", "    1000.000"));
+  }
+  void TearDown() override {
+    ::unsetenv("VARENA_DOCUMENTI");
+    ::unsetenv("VARENA_PROGRAMMA");
+  }
+  static std::string Riga(int n, const std::string& nord, const std::string& est) {
+    std::string r(130, ' ');
+    r.replace(0, 4, "A123");
+    r.replace(8, 2, "12");
+    r.replace(16, 1, std::to_string(n));
+    r.replace(101, 12, nord);
+    r.replace(114, 12, est);
+    return r + "\r\n";
+  }
+  std::pair<double, double> Punto(const std::string& nome) {
+    Sessione s;
+    std::ostringstream err;
+    EXPECT_TRUE(cli::CaricaInLettura(s, lavoro, err)) << err.str();
+    for (size_t k = 0; k < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++k)
+      if (s.PuntoNome[k] == nome) return {s.PuntoX[k], s.PuntoY[k]};
+    return {-1, -1};
+  }
+};
+
+TEST_F(InquadraCli, IlLavoroInquadratoEIResidui) {
+  const auto e = Cli({"inquadra", lavoro, "pf01/0120/a123", "PF02/0120/A123", "--archivio", archivio});
+  EXPECT_EQ(e.stato, 0) << e.err;
+  EXPECT_EQ(e.out,
+            "Nome\tdN\tdE\tDistanza\t\n"
+            "PF01/0120/A123\t0.0000\t0.0000\t0.0000\t<<\n"
+            "PF02/0120/A123\t0.0000\t0.0000\t0.0000\t\n"
+            "Rotazione (gon)\t100.0000\nScala\t1.000000000\nS.q.m.\t0.0000\n");
+  const auto [x, y] = Punto("12");
+  EXPECT_NEAR(x, 1000, 1e-9);
+  EXPECT_NEAR(y, 1990, 1e-9);
+}
+
+TEST_F(InquadraCli, UnPFMancanteNonToccaIlLavoro) {
+  const std::string prima = prova::LeggiFileProva(radice / "lavori/rossi.lll");
+  // In the drawing but not in the archive; not in the drawing.
+  for (const char* manca : {"PF09/0120/A123", "PF07/0120/A123"}) {
+    SCOPED_TRACE(manca);
+    const auto e = Cli({"inquadra", lavoro, "PF01/0120/A123", manca, "--archivio", archivio});
+    EXPECT_EQ(e.stato, 2);
+    EXPECT_EQ(e.err, std::string(manca[3] == '7' ? "PF non trovato nel disegno: "
+                                                 : "PF non presente nell'archivio TAF: ") +
+                         manca + "\n");
+    EXPECT_EQ(prova::LeggiFileProva(radice / "lavori/rossi.lll"), prima);
+  }
+  EXPECT_EQ(Cli({"inquadra", lavoro, "PF01/0120/A123"}).stato, 64);
+}
+
+TEST_F(InquadraCli, ImportaTafECxfNelLavoro) {
+  std::ostringstream out, err;
+  EXPECT_EQ(cli::ImportaCatasto(lavoro, archivio + "/dati/A123.taf", "TAF", out, err), 0) << err.str();
+  EXPECT_EQ(out.str(), "Punti 2\n");
+  const auto [x, y] = Punto("PF02/0120/A123");
+  EXPECT_EQ(x, 100);  // the survey's point comes first; the archive's is after it
+  // A sheet cut short: the error, and the job as it was.
+  const std::string prima = prova::LeggiFileProva(radice / "lavori/rossi.lll");
+  prova::ScriviFileProva(radice / "tronco.cxf", "F\r\n1\r\n0\r\nLINEA\r\nA\r\n2\r\n0\r\n0\r\n1\r\n");
+  std::ostringstream out2, err2;
+  EXPECT_EQ(cli::ImportaCatasto(lavoro, radice / "tronco.cxf", "cxf", out2, err2), 2);
+  EXPECT_NE(err2.str().find("Input past end of file"), std::string::npos) << err2.str();
+  EXPECT_EQ(prova::LeggiFileProva(radice / "lavori/rossi.lll"), prima);
+  std::ostringstream out3, err3;
+  EXPECT_EQ(cli::ImportaCatasto(lavoro, radice / "tronco.cxf", "dxf", out3, err3), 64);
+}
+
+}  // namespace
+}  // namespace varena

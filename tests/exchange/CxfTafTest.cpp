@@ -1,0 +1,240 @@
+// The cadastral sheet (CXF) and the fiducial archive (TAF): a sheet and its archive built
+// here value by value, read into the job; the look-up of a PF by name; damaged files.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "core/Errori.h"
+#include "core/InterfacciaRegistrata.h"
+#include "core/Sessione.h"
+#include "exchange/CxfLettura.h"
+#include "exchange/TafLettura.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+// The fiducials of the sheet: PF1 .. PF12, East and North in whole centimetres.
+double EstPF(int i) { return 1000.25 + 37.5 * i; }
+double NordPF(int i) { return -2000.5 + 11.75 * i; }
+
+// A sheet as the cadastre's program writes it: one value a line, CR LF.
+std::string Foglio() {
+  std::string t = "A123_001200\r\n1000\r\n0\r\n";
+  auto v = [&t](const std::string& x) { t += x + "\r\n"; };
+  // A border with two islands: 5 vertices of outline (closed), 4 and 3 of the islands.
+  v("BORDO");
+  v("A123_001200.45");
+  v("1"), v("2.5"), v("100"), v("0");
+  v("45");
+  v("512.5"), v("620.25");
+  v("2"), v("12"), v("4"), v("3");
+  for (const char* xy : {"500", "600", "540", "600", "540", "640", "500", "640", "500", "600",  // outline
+                         "510", "610", "520", "610", "520", "620", "510", "610",                // island 1
+                         "525", "625", "530", "630", "525", "625"})                             // island 2
+    v(xy);
+  for (int i = 1; i <= 12; ++i) {
+    v("FIDUCIALE"), v(std::to_string(i)), v("\"PF" + std::to_string(i) + "\"");
+    char x[40], y[40];
+    std::snprintf(x, sizeof x, "%.2f", EstPF(i));
+    std::snprintf(y, sizeof y, "%.2f", NordPF(i));
+    v(x), v(y);
+  }
+  // 300 lines: two vertices each, on three layers; the first has four vertices.
+  for (int i = 0; i < 300; ++i) {
+    v("LINEA");
+    v(i % 3 == 0 ? "STRADA" : i % 3 == 1 ? "ACQUA" : "FABBR");
+    if (i == 0) {
+      v("4"), v("0"), v("0"), v("10"), v("0"), v("10"), v("10"), v("0"), v("10");
+    } else {
+      v("2"), v(std::to_string(i)), v("0"), v(std::to_string(i)), v("5");
+    }
+  }
+  v("LINEA"), v("STRADA"), v("1"), v("7"), v("7");  // one pair: no line
+  v("SIMBOLO"), v("3");                              // not drawn here: passed over
+  v("EOF");
+  return t;
+}
+
+class Cxf : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea dir;
+  InterfacciaRegistrata ui;
+  Sessione s;
+  void SetUp() override {
+    s.Ui = &ui;
+    s.CartellaProgramma = dir / "prog";
+    std::filesystem::create_directory(s.CartellaProgramma);
+  }
+  std::string Scrivi(const std::string& nome, const std::string& byte) {
+    std::ofstream(dir / nome, std::ios::binary) << byte;
+    return dir / nome;
+  }
+};
+
+TEST_F(Cxf, IlFoglioCompletoDiventaTestiPuntiELinee) {
+  s.Imp.Colore_Default = 7;
+  EsitoCxf e;
+  ASSERT_TRUE(ImportaCxf(s, Scrivi("F.CXF", Foglio()), &e));
+  EXPECT_TRUE(ui.Messaggi.empty());
+  // Lines: 4 + 3 + 2 of the rings, 3 of the first LINEA, 299 of the others.
+  EXPECT_EQ(e.Testi, 1);
+  EXPECT_EQ(e.Punti, 12);
+  EXPECT_EQ(e.Linee, 4 + 3 + 2 + 3 + 299);
+  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
+  EXPECT_EQ(s.TestoTesto[0], "45");
+  EXPECT_EQ(s.TestoPiano[0], "BORDO");
+  EXPECT_DOUBLE_EQ(s.TestoX[0], 512.5);
+  EXPECT_DOUBLE_EQ(s.TestoY[0], 620.25);
+  EXPECT_DOUBLE_EQ(s.TestoAltezza[0], 2.5);
+  EXPECT_DOUBLE_EQ(s.TestoRotazione[0], 100);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 12);
+  for (int i = 1; i <= 12; ++i) {
+    const auto k = static_cast<size_t>(i - 1);
+    EXPECT_EQ(s.PuntoNome[k], "PF" + std::to_string(i));
+    EXPECT_EQ(s.PuntoFont[k], "Courier New");
+    EXPECT_EQ(s.PuntoPiano[k], "FIDUCIALE");
+    EXPECT_DOUBLE_EQ(s.PuntoX[k], EstPF(i));
+    EXPECT_DOUBLE_EQ(s.PuntoY[k], NordPF(i));
+  }
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 311);
+  // The rings close on themselves and never join one another.
+  EXPECT_EQ(s.LineaPiano[0], "A123_001200.45");
+  EXPECT_DOUBLE_EQ(s.LineaX1[3], 500);
+  EXPECT_DOUBLE_EQ(s.LineaY1[3], 640);
+  EXPECT_DOUBLE_EQ(s.LineaX2[3], 500);
+  EXPECT_DOUBLE_EQ(s.LineaY2[3], 600);
+  EXPECT_DOUBLE_EQ(s.LineaX1[4], 510);
+  EXPECT_DOUBLE_EQ(s.LineaY1[4], 610);
+  EXPECT_DOUBLE_EQ(s.LineaX2[6], 510);
+  EXPECT_DOUBLE_EQ(s.LineaY2[6], 610);
+  EXPECT_DOUBLE_EQ(s.LineaX1[7], 525);
+  EXPECT_DOUBLE_EQ(s.LineaY1[7], 625);
+  EXPECT_DOUBLE_EQ(s.LineaX2[8], 525);
+  EXPECT_DOUBLE_EQ(s.LineaY2[8], 625);
+  // Each line keeps its object's layer, with the colour in force.
+  EXPECT_EQ(s.LineaPiano[9], "STRADA");
+  EXPECT_EQ(s.LineaPiano[12], "ACQUA");
+  EXPECT_EQ(s.LineaPiano[13], "FABBR");
+  EXPECT_EQ(s.LineaPiano[310], "FABBR");
+  EXPECT_DOUBLE_EQ(s.LineaX1[310], 299);
+  EXPECT_DOUBLE_EQ(s.LineaY2[310], 5);
+  EXPECT_EQ(s.LineaColore[310], 7);
+  // The layers of the sheet join the job's table.
+  std::vector<std::string> piani;
+  for (const Piano& p : s.Piani) piani.push_back(p.Nome);
+  for (const char* p : {"BORDO", "A123_001200.45", "FIDUCIALE", "STRADA", "ACQUA", "FABBR"})
+    EXPECT_NE(std::find(piani.begin(), piani.end(), p), piani.end()) << p;
+}
+
+TEST_F(Cxf, UnFoglioGuastoDiceIlPerchéENonAggiungeNulla) {
+  const std::string buono = Foglio();
+  const std::string bordo = "A123\r\n1\r\n0\r\nBORDO\r\nB\r\n1\r\n2\r\n0\r\n0\r\nT\r\n1\r\n2\r\n";
+  struct Caso {
+    const char* nome;
+    std::string byte;
+    const char* motivo;
+  };
+  const Caso casi[] = {
+      // Cut in the middle of the 7th fiducial: its East read, its North missing.
+      {"tronco", buono.substr(0, buono.find("1225.25\r\n") + 9), kErroreFineFile},
+      {"negativo", bordo + "0\r\n-3\r\n", "Numero di vertici non valido: -3"},
+      {"enorme", bordo + "0\r\n1000000000\r\n1\r\n2\r\n", "Numero di vertici oltre la fine del file: 1000000000"},
+      {"isole", bordo + "1\r\n2\r\n3\r\n0\r\n0\r\n1\r\n1\r\n",
+       "Vertici delle isole (3) oltre i vertici del bordo (2)"},
+      {"frazione", "A\r\n1\r\n0\r\nLINEA\r\nX\r\n2.5\r\n0\r\n0\r\n", "Numero di vertici non valido: 2.5"},
+      {"spazzatura", std::string("\x01\xff,\"\r\n\0\0BORDO", 12), kErroreFineFile},
+  };
+  for (const Caso& c : casi) {
+    SCOPED_TRACE(c.nome);
+    ui.Messaggi.clear();
+    EXPECT_FALSE(ImportaCxf(s, Scrivi(std::string(c.nome) + ".CXF", c.byte)));
+    ASSERT_EQ(ui.Messaggi.size(), 1u);
+    EXPECT_EQ(ui.Messaggi[0].Titolo, "Rilevato errore");
+    EXPECT_EQ(ui.Messaggi[0].Testo, TestoErroreComune(c.motivo, "carica CXF"));
+    EXPECT_EQ(s.ContaEntita[SlotPunti] + s.ContaEntita[SlotLinee] + s.ContaEntita[SlotTesti], 0);
+  }
+}
+
+// A line of the archive: each field put at its columns (from 1), blanks between.
+std::string RigaTaf(const std::vector<std::pair<size_t, std::string>>& campi, size_t lunghezza = 249) {
+  std::string r(260, ' ');
+  for (const auto& [col, testo] : campi) r.replace(col - 1, testo.size(), testo);
+  return r.substr(0, lunghezza);
+}
+
+// PF `n` of sheet 12, municipality A123, at the place the sheet gives it, reliability 2 and
+// height 100 + n.
+std::string RigaPF(int n, size_t lunghezza = 249) {
+  char nord[16], est[16], quota[16], num[8];
+  std::snprintf(num, sizeof num, "%4d", n);
+  std::snprintf(nord, sizeof nord, "%12.3f", NordPF(n));
+  std::snprintf(est, sizeof est, "%12.3f", EstPF(n));
+  std::snprintf(quota, sizeof quota, "%10.2f", 100.0 + n);
+  return RigaTaf({{1, "A123 "}, {6, "   12"}, {14, num}, {18, "123456789"}, {31, "Spigolo fabbricato"},
+                  {102, nord}, {115, est}, {128, " 2"}, {240, quota}},
+                 lunghezza);
+}
+
+TEST_F(Cxf, LArchivioTafDelloStessoFoglio) {
+  std::string taf;
+  for (int n = 1; n <= 12; ++n) taf += RigaPF(n) + "\r\n";
+  taf += RigaPF(13, 200) + "\r\n";  // no height columns: height 0
+  taf += RigaPF(14, 120) + "\r\n";  // not even the East: not a point
+  taf += "\r\n";
+  // A North that is no number, and a line of garbage: no point at 0/0 either.
+  taf += RigaTaf({{1, "A123 "}, {6, "   12"}, {14, "  15"}, {102, "    12x4.000"}, {115, "     100.000"}}) + "\r\n";
+  taf += std::string(140, '\xff') + "\r\n";
+  EsitoTaf e;
+  ASSERT_TRUE(ImportaTaf(s, Scrivi("A123.TAF", taf), &e));
+  EXPECT_EQ(e.Punti, 13);
+  EXPECT_EQ(e.RigheCorte, (std::vector<int64_t>{14, 16, 17}));
+  ASSERT_EQ(ui.Messaggi.size(), 1u);
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Righe senza coordinate, non caricate: 14, 16, 17\n" + (dir / "A123.TAF"));
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 13);
+  EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
+  EXPECT_EQ(s.PuntoNome[11], "PF12/0120/A123");
+  for (size_t k = 0; k < 13; ++k) {
+    const int n = static_cast<int>(k) + 1;
+    EXPECT_EQ(s.PuntoPiano[k], "TAF");
+    EXPECT_EQ(s.PuntoFont[k], "Arial");
+    EXPECT_EQ(s.PuntoAttendibilita[k], 2);
+    EXPECT_EQ(s.PuntoDescrizione[k], "Spigolo fabbricato");
+    EXPECT_DOUBLE_EQ(s.PuntoX[k], EstPF(n));
+    EXPECT_DOUBLE_EQ(s.PuntoY[k], NordPF(n));
+    EXPECT_DOUBLE_EQ(s.PuntoZ[k], n == 13 ? 0 : 100.0 + n);
+  }
+}
+
+TEST_F(Cxf, IlPFCercatoPerNomeNellArchivioDelComune) {
+  s.Imp.Cartella_Fiducial = dir / "FIDUCIAL";
+  std::filesystem::create_directories(dir / "FIDUCIAL/dati");
+  // An annex "A", a sheet written with its leading zeros: the name keeps the right digits.
+  std::string taf = RigaPF(3) + "\r\n" + RigaPF(4, 110) + "\r\n";
+  taf += RigaTaf({{1, "A123"}, {6, "00012"}, {11, " A"}, {14, "   7"}, {102, "   10.000"}, {115, "   20.000"}}) + "\r\n";
+  std::ofstream(dir / "FIDUCIAL/dati/a123.TAF", std::ios::binary) << taf;
+  EXPECT_EQ(FileArchivioPF(s, "PF03/0120/A123"), dir / "FIDUCIAL/dati/A123.taf");
+
+  const auto p = CercaPFInArchivio(s, "PF03/0120/A123");
+  ASSERT_TRUE(p);
+  EXPECT_DOUBLE_EQ(p->Est, EstPF(3));
+  EXPECT_DOUBLE_EQ(p->Nord, NordPF(3));
+  const auto a = CercaPFInArchivio(s, "pf07/012A/a123");
+  ASSERT_TRUE(a);
+  EXPECT_EQ(a->Nome, "PF07/012A/A123");
+  EXPECT_DOUBLE_EQ(a->Nord, 10);
+  bool corta = true;
+  EXPECT_FALSE(CercaPFInArchivio(s, "PF09/0120/A123", &corta));
+  EXPECT_FALSE(corta);
+  // A line of the name without the columns of its coordinates is no answer, and says so.
+  EXPECT_FALSE(CercaPFInArchivio(s, "PF04/0120/A123", &corta));
+  EXPECT_TRUE(corta);
+  // No archive for the municipality, a name too short to name one.
+  EXPECT_FALSE(CercaPFInArchivio(s, "PF03/0120/B999"));
+  EXPECT_FALSE(CercaPFInArchivio(s, "PF03"));
+}
+
+}  // namespace
+}  // namespace varena
