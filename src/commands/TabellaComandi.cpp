@@ -15,6 +15,7 @@
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "exchange/ImportaPunti.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/DefinizioneFalda.h"
 
@@ -322,6 +323,11 @@ constexpr VoceComando kTabella[] = {
     Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
     Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
     Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
+    Subito("CARICA_PUNTI_RIL", CaricaPuntiRil, {}, "File", "Importa Punti RIL"),
+    Subito("CARICA_PUNTI_SHO", CaricaPuntiSHO, {}, "File", "Importa Punti SHO"),
+    Subito("CARICA_PUNTI_GSI", CaricaPuntiGSI, {}, "File", "Importa Punti GSI"),
+    Subito("CARICA_PUNTI_TXT", CaricaPuntiCXF, {}, "File", "Importa Punti da Testo"),
+    Subito("IMPORTA_NUVOLA", ImportaNuvola, {}, "File", "Importa Nuvola di Punti"),
     Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),

@@ -3,6 +3,7 @@
 
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/ImportaPunti.h"
 
 namespace varena {
 
@@ -28,7 +29,9 @@ const char* NomeTipo(TipoImportazione tipo) {
 }
 
 bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso) {
-  // No importer is built in yet: say so plainly and leave the job untouched.
+  if (tipo == TipoImportazione::GSI) return ImportaPuntiAvvio(s, FormatoPunti::Gsi, percorso);
+  if (tipo == TipoImportazione::CSV) return ImportaPuntiAvvio(s, FormatoPunti::Csv, percorso);
+  // A kind whose reader is not built in: say so plainly and leave the job untouched.
   s.Ui->Messaggio("Lettura dei file " + std::string(NomeTipo(tipo)) + " non disponibile in questa versione:\n" +
                       percorso,
                   "Importazione", Icona::Avviso);
