@@ -32,6 +32,11 @@ constexpr Bersaglio kBersagli[] = {
     {"libretto", FuzzLibretto, true},
     {"dxf", FuzzDxf, true},
     {"mesh", FuzzMesh, false},
+    {"ril", FuzzRil, true},
+    {"sho", FuzzSho, true},
+    {"gsi", FuzzGsi, true},
+    {"nuvola", FuzzNuvola, true},
+    {"testopunti", FuzzTestoPunti, true},
 };
 
 }  // namespace

@@ -45,5 +45,10 @@ void FuzzScript(const Ambiente& a, std::string_view byte);
 void FuzzLibretto(const Ambiente& a, std::string_view byte);
 void FuzzDxf(const Ambiente& a, std::string_view byte);
 void FuzzMesh(const Ambiente& a, std::string_view byte);
+void FuzzRil(const Ambiente& a, std::string_view byte);
+void FuzzSho(const Ambiente& a, std::string_view byte);
+void FuzzGsi(const Ambiente& a, std::string_view byte);
+void FuzzNuvola(const Ambiente& a, std::string_view byte);
+void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
