@@ -44,7 +44,7 @@ int64_t ScriviGsi(const std::string& percorso, int64_t punti) {
   for (int64_t i = 0; i < punti; ++i) {
     const long long x = 1725000000LL + i % 4000 * 13, y = 5031000000LL + i / 4000 * 11, z = 120000 + i % 977;
     const int n = std::snprintf(buf, sizeof buf, "*11%04lld+%016lld 81..10+%016lld 82..10+%016lld 83..10+%016lld \r\n",
-                                i % 10000, static_cast<long long>(i + 1), x, y, z);
+                                static_cast<long long>(i % 10000), static_cast<long long>(i + 1), x, y, z);
     t.append(buf, static_cast<size_t>(n));
   }
   ScriviByte(percorso, t);
