@@ -55,6 +55,14 @@ std::string SoloCodici(std::string_view descrizione) {
   return codici;
 }
 
+std::string SenzaCodici(std::string_view descrizione) {
+  std::string d(descrizione);
+  for (std::string_view c : kOrdineCodici) d = Sostituisci(d, c, "");
+  return d;
+}
+
+std::string CodiciInTesta(std::string_view descrizione) { return SoloCodici(descrizione) + SenzaCodici(descrizione); }
+
 std::string ConCodici(std::string_view descrizione, std::string_view testoLibero) {
   return SoloCodici(descrizione) + std::string(testoLibero);
 }

@@ -29,6 +29,10 @@ std::string MettiCodice(std::string_view descrizione, std::string_view codice);
 std::string PulisciCodici(std::string_view descrizione);
 // The tags a description holds, in the order the point editor writes them back.
 std::string SoloCodici(std::string_view descrizione);
+// The description without its tags (the marks "*V*", "*S*" stay), as the point editor shows it.
+std::string SenzaCodici(std::string_view descrizione);
+// The tags in the editor's order, then the rest: how the editor writes a description back.
+std::string CodiciInTesta(std::string_view descrizione);
 // A new free text behind the tags the description already holds.
 std::string ConCodici(std::string_view descrizione, std::string_view testoLibero);
 
