@@ -19,6 +19,31 @@ void Metti(Sessione& s, size_t k, const std::string&, int64_t) { D(s, k) = Metti
 template <const std::string_view& C>
 void Togli(Sessione& s, size_t k, const std::string&, int64_t) { D(s, k) = TogliCodice(D(s, k), C); }
 
+// A plan point's rows in the book take the short form: the station without its height, the
+// reading without zenith and prism height. Rows with a comma are of another form.
+void FormaBreveNelLibretto(Sessione& s, const std::string& nome) {
+  for (std::string& riga : s.LibrettoMisure) {
+    const int tipo = TipoRiga(riga);
+    if ((tipo != 1 && tipo != 2) || riga.find(',') != std::string::npos) continue;
+    std::vector<std::string> p = PartiRiga(riga);
+    if (p.size() < 3 || p[1] != nome) continue;
+    if (tipo == 1 && Numerico(p[2]))
+      p.erase(p.begin() + 2);
+    else if (tipo == 2 && p.size() > 6)
+      p.erase(p.begin() + 5), p.erase(p.begin() + 3);
+    else
+      continue;
+    std::string r;
+    for (size_t k = 0; k < p.size(); ++k) r += (k ? "|" : "") + p[k];
+    riga = r;
+  }
+}
+
+void Planimetrici(Sessione& s, size_t k, const std::string&, int64_t) {
+  D(s, k) = MettiCodice(D(s, k), kCodicePlanimetrico);
+  if (!s.PuntoNome[k].empty()) FormaBreveNelLibretto(s, s.PuntoNome[k]);
+}
+
 void Cancella(Sessione& s, size_t k, const std::string&, int64_t) { s.PuntoIdent[k] = -1; }
 
 void TogliVerticeDirezione(Sessione& s, size_t k, const std::string&, int64_t) {
@@ -114,7 +139,7 @@ constexpr OperazioneElenco kOperazioni[] = {
     {"AUSILIARIO", "Punto Ausiliario", "Assegnare Punto Ausiliario?", nullptr, Metti<kCodiceAusiliario>},
     {"AZZERA_AUSILIARIO", "Azzera Ausiliario", "Azerare Punto Ausiliario?", nullptr, Togli<kCodiceAusiliario>},
     {"PLANIMETRICI", "Punti Planimetrici", "Rendere Planimetrici i Punti Selezionati\nsu Libretto Misure ??", nullptr,
-     Metti<kCodicePlanimetrico>},
+     Planimetrici},
     {"ALTIMETRICI", "Punti Altimetrici", "Rendere Altimetrici i Punti Selezionati\nsu Libretto Misure ??", nullptr,
      Togli<kCodicePlanimetrico>},
     {"QUOTA", "Assegna Quota ai Punti", "Assegnare la quota ai Punti Selezionati ??", "Quota :", AssegnaQuota},
@@ -206,7 +231,7 @@ bool EseguiOperazioneElenco(Sessione& s, const OperazioneElenco& op, const std::
   for (int32_t r : righe)
     if (r >= 0 && r < s.ContaEntita[SlotPunti]) op.Effetto(s, static_cast<size_t>(r), valore, ordine++);
   SegnaModificato(s, SlotPunti);
-  if (op.Effetto == Rinumera) SegnaModificato(s, SlotLibretto);
+  if (op.Effetto == Rinumera || op.Effetto == Planimetrici) SegnaModificato(s, SlotLibretto);
   FineModifica(s, true);
   return true;
 }

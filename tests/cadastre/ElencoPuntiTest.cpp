@@ -95,6 +95,16 @@ TEST_F(Elenco, RinumeraAncheNelLibrettoENeiContorni) {
   EXPECT_EQ(ui.Richieste.back(), "Primo Nome :");
 }
 
+TEST_F(Elenco, PlanimetriciConLeRigheBreviNelLibretto) {
+  s.LibrettoMisure = {"0|x|", "1|12|1.55|muro|", "2|12|100.1234|99.5|25.123|1.60|spigolo|", "2|12|50.5|10.2|",
+                      "2|12,1|100|99|25|1.6|", "2|3|1|2|3|4|"};
+  ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("PLANIMETRICI", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "<P!>");
+  EXPECT_EQ(s.LibrettoMisure, (std::vector<std::string>{"0|x|", "1|12|muro|", "2|12|100.1234|25.123|spigolo|",
+                                                        "2|12|50.5|10.2|", "2|12,1|100|99|25|1.6|", "2|3|1|2|3|4|"}));
+}
+
 TEST_F(Elenco, PuntiNelleDescrizioniTranneAusiliarioENote) {
   s.PuntoDescrizione[0] = "[P.A.]sp. muro. Note: v. sopra";
   ui.Rispondi(Risposta::Si);
