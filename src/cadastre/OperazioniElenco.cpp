@@ -2,6 +2,7 @@
 #include "cadastre/OperazioniElenco.h"
 
 #include "cadastre/CodiciPunto.h"
+#include "cadastre/ElencoPunti.h"
 #include "cadastre/Libretto.h"
 #include "commands/Modifica.h"
 #include "core/Sessione.h"
@@ -134,54 +135,69 @@ void PlanimetricoSenzaPrisma(Sessione& s, size_t k, const std::string&, int64_t)
   if (s.PuntoHPrisma[k] == 0) D(s, k) = MettiCodice(D(s, k), kCodicePlanimetrico);
 }
 
+// The selected points as the list shows them, a tab between the cells, for a spreadsheet.
+void CopiaPerExcel(Sessione& s, const std::vector<int32_t>& righe) {
+  std::string t;
+  for (int c = 0; c < NumeroColonneElenco; ++c) t += (c ? "\t" : "") + std::string(TitoloColonnaElenco(c));
+  t += "\r\n";
+  for (size_t i = 0; i < righe.size(); ++i) {
+    for (int c = 0; c < NumeroColonneElenco; ++c) t += (c ? "\t" : "") + CellaElencoPunti(s, righe, i, c);
+    t += "\r\n";
+  }
+  if (s.Clip) s.Clip->Scrivi(t);
+}
+
+void Nessuno(Sessione&, size_t, const std::string&, int64_t) {}
+
 constexpr OperazioneElenco kOperazioni[] = {
-    {"CANCELLA", "Cancella Punti", "Eliminare i Punti Selezionati", nullptr, Cancella},
-    {"AUSILIARIO", "Punto Ausiliario", "Assegnare Punto Ausiliario?", nullptr, Metti<kCodiceAusiliario>},
-    {"AZZERA_AUSILIARIO", "Azzera Ausiliario", "Azerare Punto Ausiliario?", nullptr, Togli<kCodiceAusiliario>},
+    {"CANCELLA", "Cancella Punti", "Eliminare i Punti Selezionati", nullptr, Cancella, nullptr},
+    {"AUSILIARIO", "Punto Ausiliario", "Assegnare Punto Ausiliario?", nullptr, Metti<kCodiceAusiliario>, nullptr},
+    {"AZZERA_AUSILIARIO", "Azzera Ausiliario", "Azerare Punto Ausiliario?", nullptr, Togli<kCodiceAusiliario>, nullptr},
     {"PLANIMETRICI", "Punti Planimetrici", "Rendere Planimetrici i Punti Selezionati\nsu Libretto Misure ??", nullptr,
-     Planimetrici},
+     Planimetrici, nullptr},
     {"ALTIMETRICI", "Punti Altimetrici", "Rendere Altimetrici i Punti Selezionati\nsu Libretto Misure ??", nullptr,
-     Togli<kCodicePlanimetrico>},
-    {"QUOTA", "Assegna Quota ai Punti", "Assegnare la quota ai Punti Selezionati ??", "Quota :", AssegnaQuota},
+     Togli<kCodicePlanimetrico>, nullptr},
+    {"QUOTA", "Assegna Quota ai Punti", "Assegnare la quota ai Punti Selezionati ??", "Quota :", AssegnaQuota, nullptr},
     {"INCREMENTA_QUOTA", "Incrementa Quota ai Punti", "Incrementare la quota ai Punti Selezionati ??", "Incremento :",
-     IncrementaQuota},
-    {"HP", "Assegna HP/HS ai Punti", "Assegnare la HP/HS ai Punti Selezionati ??", "HP/HS :", AssegnaHPrisma},
+     IncrementaQuota, nullptr},
+    {"HP", "Assegna HP/HS ai Punti", "Assegnare la HP/HS ai Punti Selezionati ??", "HP/HS :", AssegnaHPrisma, nullptr},
     {"DESCRIZIONE", "Assegna Descrizione ai Punti", "Assegnare la Descrizione ai Punti Selezionati", "Descrizione :",
-     AssegnaDescrizione},
-    {"RINUMERA", "Rinumera Punti", "Rinumerare i Punti Selezionati", "Primo Nome :", Rinumera},
-    {"AZZERA_NOMI", "Azzera Nomi Punti", "Azzerare il nome ai Punti selezionati", nullptr, AzzeraNome},
-    {"PIANO", "Assegna Piano ai Punti", "Assegnare il Piano ", nullptr, AssegnaPiano},
-    {"PV", "Assegna <PV> ai Punti", "Assegnare il codice <PV> \nai Punti Selezionati ??", nullptr, Metti<kCodiceVertice>},
-    {"PD", "Assegna <PD> ai Punti", "Assegnare il codice <PD> \nai Punti Selezionati ??", nullptr, Metti<kCodiceDirezione>},
+     AssegnaDescrizione, nullptr},
+    {"RINUMERA", "Rinumera Punti", "Rinumerare i Punti Selezionati", "Primo Nome :", Rinumera, nullptr},
+    {"AZZERA_NOMI", "Azzera Nomi Punti", "Azzerare il nome ai Punti selezionati", nullptr, AzzeraNome, nullptr},
+    {"PIANO", "Assegna Piano ai Punti", "Assegnare il Piano ", nullptr, AssegnaPiano, nullptr},
+    {"PV", "Assegna <PV> ai Punti", "Assegnare il codice <PV> \nai Punti Selezionati ??", nullptr, Metti<kCodiceVertice>, nullptr},
+    {"PD", "Assegna <PD> ai Punti", "Assegnare il codice <PD> \nai Punti Selezionati ??", nullptr, Metti<kCodiceDirezione>, nullptr},
     {"TOGLI_PV_PD", "Assegna <PV><PD> ai Punti", "Togliere il codice <PD><PV> \nai Punti Selezionati ??", nullptr,
-     TogliVerticeDirezione},
+     TogliVerticeDirezione, nullptr},
     {"00", "Assegna <00> ai Punti", "Assegnare il codice <00> \nai Punti Selezionati ??", nullptr,
-     Metti<kCodiceSoloDirezione>},
+     Metti<kCodiceSoloDirezione>, nullptr},
     {"TOGLI_00", "Toglie <00> ai Punti", "Togliere il codice <00> \nai Punti Selezionati ??", nullptr,
-     Togli<kCodiceSoloDirezione>},
+     Togli<kCodiceSoloDirezione>, nullptr},
     {"EL", "Escludi Punti dal Libretto", "Assegnare il codice <EL> \nai Punti Selezionati ??", nullptr,
-     Metti<kCodiceEscluso>},
+     Metti<kCodiceEscluso>, nullptr},
     {"TOGLI_EL", "Comprendi Punti Libretto", "Comprendere i Punti selezionati\nnel Libretto??", nullptr,
-     Togli<kCodiceEscluso>},
-    {"MAIUSCOLE", "Descrizioni Maiuscole", "Assegna Descrizioni Maiuscole \nai Punti Selezionati ??", nullptr, Maiuscole},
-    {"MINUSCOLE", "Descrizioni Minuscole", "Assegna Descrizioni Minuscole \nai Punti Selezionati ??", nullptr, Minuscole},
-    {"DESCRIZIONI_IN_PIANI", "Descrizioni in Piani", "Trasforma le Descrizioni in Piani", nullptr, DescrizioneInPiano},
+     Togli<kCodiceEscluso>, nullptr},
+    {"MAIUSCOLE", "Descrizioni Maiuscole", "Assegna Descrizioni Maiuscole \nai Punti Selezionati ??", nullptr, Maiuscole, nullptr},
+    {"MINUSCOLE", "Descrizioni Minuscole", "Assegna Descrizioni Minuscole \nai Punti Selezionati ??", nullptr, Minuscole, nullptr},
+    {"DESCRIZIONI_IN_PIANI", "Descrizioni in Piani", "Trasforma le Descrizioni in Piani", nullptr, DescrizioneInPiano, nullptr},
     {"TOGLI_PUNTI_DESCRIZIONI", "Elimina Punti Descrizioni", "Elimina i punti nelle Descrizioni\ndei Punti Selezionati ??",
-     nullptr, TogliPuntiDescrizione},
+     nullptr, TogliPuntiDescrizione, nullptr},
     {"8Q", "Assegna Codice Riga 8 Quota", "Assegnare Codice Riga 8 Quota <8Q>\nai Punti Selezionati ??", nullptr,
-     Riga8Quota},
+     Riga8Quota, nullptr},
     {"8P", "Assegna Codice Riga 8 Planim", "Assegnare Codice Riga 8 <8P>\nai Punti Selezionati ??", nullptr,
-     Metti<kCodiceRiga8Planim>},
+     Metti<kCodiceRiga8Planim>, nullptr},
     {"8=", "Assegna Codice Riga 8 Planim", "Assegnare Codice Riga 8 <8=>\nai Punti Selezionati ??", nullptr,
-     Metti<kCodiceRiga8Uguale>},
+     Metti<kCodiceRiga8Uguale>, nullptr},
     {"TOGLI_8Q", "Azzera Codice Riga <8Q>", "Azzerare Codice Riga 8 <8Q>\nai Punti Selezionati ??", nullptr,
-     Togli<kCodiceRiga8Quota>},
+     Togli<kCodiceRiga8Quota>, nullptr},
     {"TOGLI_8P", "Azzera Codice Riga <8P><8=>", "Azzerare Codici Riga 8 <8P><8=>\nai Punti Selezionati ??", nullptr,
-     TogliRiga8Planim},
+     TogliRiga8Planim, nullptr},
     {"PIANO_PLANIMET", "Assegna Piano Planimet", "Assegnare Piano ''Planimet'' a Punti Planimetrici?", nullptr,
-     PianoPlanimet},
+     PianoPlanimet, nullptr},
     {"PLANIMETRICO_HP0", "Assegna Planimetrico", "Assegnare Punto Planimetrico ai Punti con H.Prisma=0 ?", nullptr,
-     PlanimetricoSenzaPrisma},
+     PlanimetricoSenzaPrisma, nullptr},
+    {"COPIA_EXCEL", "Copia x Excel", "Copia per Excel\ni Punti Selezionati ?", nullptr, Nessuno, CopiaPerExcel},
 };
 
 }  // namespace
@@ -226,6 +242,10 @@ bool EseguiOperazioneElenco(Sessione& s, const OperazioneElenco& op, const std::
     const auto v = s.Ui->Imputa(op.Richiesta, op.Titolo, "");
     if (!v) return false;
     valore = *v;
+  }
+  if (op.Lettura) {
+    op.Lettura(s, righe);
+    return true;
   }
   int64_t ordine = 0;
   for (int32_t r : righe)

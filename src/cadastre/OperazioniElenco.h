@@ -19,6 +19,8 @@ struct OperazioneElenco {
   // What is asked after Yes, if anything: the prompt of the value.
   const char* Richiesta;
   void (*Effetto)(Sessione& s, size_t riga, const std::string& valore, int64_t ordine);
+  // An operation that reads the selected rows together and changes nothing of the job.
+  void (*Lettura)(Sessione& s, const std::vector<int32_t>& righe);
 };
 
 std::span<const OperazioneElenco> OperazioniElenco();

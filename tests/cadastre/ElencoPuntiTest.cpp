@@ -105,6 +105,19 @@ TEST_F(Elenco, PlanimetriciConLeRigheBreviNelLibretto) {
                                                         "2|12|50.5|10.2|", "2|12,1|100|99|25|1.6|", "2|3|1|2|3|4|"}));
 }
 
+TEST_F(Elenco, CopiaPerExcelNegliAppunti) {
+  s.PuntoDescrizione[3] = "<PV>pozzetto";
+  ui.Rispondi(Risposta::Si);
+  const uint64_t modifiche = s.Modifiche;
+  EXPECT_TRUE(Esegui("COPIA_EXCEL", {3, 1}));
+  EXPECT_EQ(ui.Domande.back().Testo, "Copia per Excel\ni Punti Selezionati ?");
+  EXPECT_EQ(s.Clip->Leggi(),
+            "Progressivo\tNome\tNord (X)\tEst (Y)\tQuota (Z)\tDescrizione\tHP / HS\tPIANO\tIDX\r\n"
+            "1\t100\t5.000\t4.000\t6.000\t<PV>pozzetto\t0.000\t0\t3\r\n"
+            "2\t3\t2.000\t-1.000\t0.000\t\t0.000\t0\t1\r\n");
+  EXPECT_EQ(s.Modifiche, modifiche);
+}
+
 TEST_F(Elenco, PuntiNelleDescrizioniTranneAusiliarioENote) {
   s.PuntoDescrizione[0] = "[P.A.]sp. muro. Note: v. sopra";
   ui.Rispondi(Risposta::Si);
