@@ -29,6 +29,7 @@ bool ImportaFormatoPunti(FormatoPunti f, Sessione& s, const std::string& file, c
   const int64_t libretto = static_cast<int64_t>(s.LibrettoMisure.size());
   if (!ImportaPunti(s, f, file, o, &e)) return false;
   out << "Punti: " << e.Punti << "\n";
+  if (e.Altre > 0) out << "Linee e cerchi: " << e.Altre << "\n";
   if (const int64_t righe = static_cast<int64_t>(s.LibrettoMisure.size()) - libretto; righe > 0)
     out << "Righe del libretto: " << righe << "\n";
   if (e.TotaleDanneggiate > 0) out << "Righe non lette: " << e.TotaleDanneggiate << "\n";

@@ -42,6 +42,17 @@ class PuntiNelLavoro : public DestinoPunti {
     if (!font.empty()) s_.PuntoFont[static_cast<size_t>(r)] = std::string(font);
   }
   void RigaLibretto(std::string riga) override { s_.LibrettoMisure.push_back(Rifila(riga)); }
+  void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) override {
+    ScriviPunto(s_, nome, {x, y, z}, {}, piano.empty() ? piano_ : piano);
+  }
+  void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view piano) override {
+    ScriviLinea(s_, {x1, y1, z1}, {x2, y2, z2}, piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotLinee);
+  }
+  void Cerchio(double x, double y, double z, double raggio, std::string_view piano) override {
+    ScriviCerchio(s_, {x, y, z}, raggio, piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotCerchi);
+  }
 
  private:
   Sessione& s_;
@@ -119,7 +130,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
     if (avanzamento) s.Ui->Progresso(0, 0);
     if (e.Interrotto) return;
     const std::string danni = DescriviRigheDanneggiate(e);
-    if (e.Punti == 0) {
+    if (e.Punti + e.Altre == 0) {
       s.Ui->Messaggio("Nessun punto letto:\n" + percorso + (danni.empty() ? "" : "\n" + danni), d.Routine,
                       Icona::Avviso);
       return;

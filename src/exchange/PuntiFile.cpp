@@ -1,6 +1,7 @@
 // The coordinate file readers: one pass over the text, line by line, no copy of a line.
 #include "exchange/PuntiFile.h"
 
+#include <array>
 #include <charconv>
 #include <cstring>
 
@@ -335,6 +336,71 @@ std::string PreparaRiga(std::string_view riga) {
   return u;
 }
 
+// The columns of a CAD table, found by their titles in Italian or English.
+enum CampoCad { CadNome, CadPiano, CadSX, CadSY, CadSZ, CadEX, CadEY, CadEZ, CadPX, CadPY, CadPZ, CadCX, CadCY, CadCZ,
+                CadRaggio, NumeroCampiCad };
+
+struct TitoloCad {
+  CampoCad Campo;
+  const char *Italiano, *Inglese;
+};
+
+constexpr TitoloCad kTitoliCad[] = {
+    {CadNome, "nome", "name"},           {CadPiano, "layer", "layer"},        {CadSX, "inizio x", "start x"},
+    {CadSY, "inizio y", "start y"},      {CadSZ, "inizio z", "start z"},      {CadEX, "fine x", "end x"},
+    {CadEY, "fine y", "end y"},          {CadEZ, "fine z", "end z"},          {CadPX, "posizione x", "position x"},
+    {CadPY, "posizione y", "position y"}, {CadPZ, "posizione z", "position z"}, {CadCX, "centro x", "center x"},
+    {CadCY, "centro y", "center y"},     {CadCZ, "centro z", "center z"},     {CadRaggio, "raggio", "radius"},
+};
+
+using ColonneCad = std::array<int, NumeroCampiCad>;
+
+std::vector<std::string_view> CampiVirgola(std::string_view r) {
+  std::vector<std::string_view> f;
+  while (r.data() != nullptr) f.push_back(SenzaVirgolette(Campo(r, ',')));
+  return f;
+}
+
+// The titles of the first line, when it is the heading of a CAD table.
+bool TitoliCad(std::string_view riga, ColonneCad& colonne) {
+  colonne.fill(-1);
+  bool trovato = false;
+  const std::vector<std::string_view> f = CampiVirgola(riga);
+  for (size_t k = 0; k < f.size(); ++k) {
+    const std::string t = Minuscolo(f[k]);
+    for (const TitoloCad& c : kTitoliCad)
+      if (t == c.Italiano || t == c.Inglese) {
+        colonne[c.Campo] = static_cast<int>(k);
+        trovato = trovato || c.Campo != CadNome;
+      }
+  }
+  return trovato;
+}
+
+// One data row of a CAD table: what it is stands in its first column.
+int RigaCad(std::string_view riga, const ColonneCad& colonne, DestinoPunti& d, int64_t& punti, int64_t& altre) {
+  const std::vector<std::string_view> f = CampiVirgola(riga);
+  auto testo = [&](CampoCad c) {
+    const int k = colonne[c];
+    return k >= 0 && static_cast<size_t>(k) < f.size() ? f[static_cast<size_t>(k)] : std::string_view();
+  };
+  auto n = [&](CampoCad c) { return Numero(testo(c)); };
+  const std::string tipo = Minuscolo(f.empty() ? std::string_view() : f[0]);
+  const std::string piano(testo(CadPiano));
+  if (tipo == "punto" || tipo == "point") {
+    d.PuntoSuPiano(testo(CadNome), n(CadPX), n(CadPY), n(CadPZ), piano);
+    ++punti;
+  } else if (tipo == "linea" || tipo == "line") {
+    d.Linea(n(CadSX), n(CadSY), n(CadSZ), n(CadEX), n(CadEY), n(CadEZ), piano);
+    ++altre;
+  } else if (tipo == "cerchio" || tipo == "circle") {
+    d.Cerchio(n(CadCX), n(CadCY), n(CadCZ), n(CadRaggio), piano);
+    ++altre;
+  }
+  // Other kinds of the table (arcs, texts, polylines) are not read here.
+  return 1;
+}
+
 }  // namespace
 
 // A text table: the columns in the order the options give.
@@ -342,9 +408,17 @@ EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, Dest
                              const AvanzamentoLettura& a) {
   int64_t punti = 0;
   const size_t indiceX = o.Colonne.find('X'), indiceY = o.Colonne.find('Y');
+  ColonneCad colonne{};
+  bool tabellaCad = false;
+  int64_t altre = 0;
   EsitoLettura e = PerOgniRiga(testo, a, [&](std::string_view riga, EsitoLettura& es) {
     if (Rifilata(riga).empty()) return 1;
     const std::string r = PreparaRiga(riga);
+    if (es.Righe == 1 && TitoliCad(r, colonne)) {
+      tabellaCad = true;
+      return 1;
+    }
+    if (tabellaCad) return RigaCad(r, colonne, d, punti, altre);
     std::string_view resto = r;
     std::string nome, descrizione;
     double v[3] = {0, 0, 0};
@@ -375,6 +449,7 @@ EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, Dest
     return 1;
   });
   e.Punti = punti;
+  e.Altre = altre;
   return e;
 }
 

@@ -18,10 +18,22 @@ class DestinoPunti {
   virtual void Punto(std::string_view nome, std::string_view descrizione, double x, double y, double z,
                      std::string_view font) = 0;
   virtual void RigaLibretto(std::string riga) { (void)riga; }
+  // The rows of a table exported by a CAD: entities on layers of their own.
+  virtual void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) {
+    (void)piano;
+    Punto(nome, {}, x, y, z, {});
+  }
+  virtual void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view piano) {
+    (void)x1, (void)y1, (void)z1, (void)x2, (void)y2, (void)z2, (void)piano;
+  }
+  virtual void Cerchio(double x, double y, double z, double raggio, std::string_view piano) {
+    (void)x, (void)y, (void)z, (void)raggio, (void)piano;
+  }
 };
 
 struct EsitoLettura {
   int64_t Punti = 0;
+  int64_t Altre = 0;  // lines and circles of a CAD table
   int64_t Righe = 0;
   // The lines, counted from 1, that held something other than a record of the format.
   std::vector<int64_t> RigheDanneggiate;
@@ -44,6 +56,9 @@ EsitoLettura LeggiPuntiRil(std::string_view testo, DestinoPunti& d, const Avanza
 EsitoLettura LeggiPuntiSho(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiGsi(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiNuvola(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
+// A text table: the columns the options give; or, when its first line holds the column titles
+// of a CAD's table export ("Nome"/"Name", "Layer", "Posizione X"/"Position X", "Inizio X",
+// "Fine X", "Centro X", "Raggio" ...), its points, lines and circles by the first column.
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                              const AvanzamentoLettura& a = {});
 

@@ -170,6 +170,26 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
 }
 
+TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
+  // The first line names the columns; the first column of each row names the kind.
+  prova::ScriviFileProva(dir / "cad.csv",
+                         "Conteggio;Nome;Layer;Posizione X;Posizione Y;Posizione Z;Inizio X;Inizio Y;Inizio Z;Fine X;"
+                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio\r\n"
+                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;\r\n"
+                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;\r\n"
+                         "Cerchio;;;;;;;;;;;;5;6;0;1.5\r\n"
+                         "Testo;;;1;2;0;;;;;;;;;;\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]),
+            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
+            std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
+  ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
+  EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
+}
+
 TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {
   prova::SessioneProva p;
   InizializzaDefault(p.s);
