@@ -328,6 +328,7 @@ constexpr VoceComando kTabella[] = {
     Subito("CARICA_PUNTI_GSI", CaricaPuntiGSI, {}, "File", "Importa Punti GSI"),
     Subito("CARICA_PUNTI_TXT", CaricaPuntiCXF, {}, "File", "Importa Punti da Testo"),
     Subito("IMPORTA_NUVOLA", ImportaNuvola, {}, "File", "Importa Nuvola di Punti"),
+    Subito("CARICA_VR4", CaricaVR4, {}, "File", "Importa Punti VR4"),
     Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),

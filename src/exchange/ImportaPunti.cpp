@@ -21,6 +21,7 @@ constexpr DescrizioneFormatoPunti kFormati[] = {
     {FormatoPunti::Sho, "sho", "CaricaPuntiSHO", "File SHO xyz   (*.SHO)|*.SHO|", "", ""},
     {FormatoPunti::Gsi, "gsi", "CaricaPuntiGSI", "File Leica XYZ (*.GSI)|*.GSI|", "", ""},
     {FormatoPunti::Nuvola, "nuvola", "ImportaNuvola", "File Nuvola   (*.XYZ)|*.XYZ|", "VR4", ""},
+    {FormatoPunti::Vr4, "vr4", "CaricaVR4", "File VR100 / VR4     (*.L)|*.L|", "VR4", ""},
     // The tables of the text import: the CSV as the point export writes it (North before
     // East), the xyz of Pregeo and a generic text East before North.
     {FormatoPunti::Csv, "csv", "CaricaTXT", "Importa file CSV (*.CSV)|*.CSV|", "", "NYXZD"},
@@ -66,6 +67,7 @@ EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o
     case FormatoPunti::Sho: return LeggiPuntiSho(testo, d, a);
     case FormatoPunti::Gsi: return LeggiPuntiGsi(testo, d, a);
     case FormatoPunti::Nuvola: return LeggiNuvola(testo, d, a);
+    case FormatoPunti::Vr4: return LeggiPuntiVR4(testo, d, a);
     case FormatoPunti::Csv:
     case FormatoPunti::Xyz:
     case FormatoPunti::Txt: return LeggiPuntiTesto(testo, o, d, a);
@@ -154,6 +156,7 @@ void CaricaPuntiRil(Sessione& s) { Comando(s, FormatoPunti::Ril); }
 void CaricaPuntiSHO(Sessione& s) { Comando(s, FormatoPunti::Sho); }
 void CaricaPuntiGSI(Sessione& s) { Comando(s, FormatoPunti::Gsi); }
 void ImportaNuvola(Sessione& s) { Comando(s, FormatoPunti::Nuvola); }
+void CaricaVR4(Sessione& s) { Comando(s, FormatoPunti::Vr4); }
 
 void CaricaPuntiCXF(Sessione& s) {
   s.RoutineCorrente = "CaricaTXT0-0";

@@ -12,7 +12,7 @@ namespace varena {
 
 struct Sessione;
 
-enum class FormatoPunti { Ril, Sho, Gsi, Nuvola, Csv, Xyz, Txt };
+enum class FormatoPunti { Ril, Sho, Gsi, Nuvola, Csv, Xyz, Txt, Vr4 };
 
 struct DescrizioneFormatoPunti {
   FormatoPunti Formato;
@@ -40,6 +40,8 @@ void CaricaPuntiRil(Sessione& s);
 void CaricaPuntiSHO(Sessione& s);
 void CaricaPuntiGSI(Sessione& s);
 void ImportaNuvola(Sessione& s);
+// The points of an older job's `.L`.
+void CaricaVR4(Sessione& s);
 // The text tables: CSV, the xyz of Pregeo, a generic text, by the file's extension.
 void CaricaPuntiCXF(Sessione& s);
 // A file of a kind named on the command line (GSI, CSV) read into a new job.

@@ -6,6 +6,8 @@
 #include <cstring>
 
 #include "cadastre/CodiciPunto.h"
+#include "core/CodicePagina.h"
+#include "core/Lista.h"
 #include "core/Testo.h"
 
 namespace varena {
@@ -271,6 +273,37 @@ EsitoLettura LeggiPuntiGsi(std::string_view testo, DestinoPunti& d, const Avanza
     ++punti;
     return 1;
   });
+  e.Punti = punti;
+  return e;
+}
+
+EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const AvanzamentoLettura& a) {
+  int64_t punti = 0;
+  bool lista = false;
+  EsitoLettura e = PerOgniRiga(byte, a, [&](std::string_view riga, EsitoLettura& es) {
+    if (Rifilata(riga).empty()) return 1;
+    // Each statement read on its own: a damaged one never shifts the fields of the next.
+    LettoreLista in(Cp1252InUtf8(riga));
+    try {
+      if (es.Righe == 1) {
+        lista = in.LeggiI16() == 1001;
+        return lista ? 1 : -1;
+      }
+      if (es.Righe == 2) return 1;
+      const std::string nome = in.LeggiTesto(), descrizione = in.LeggiTesto();
+      const double x = in.LeggiNumero(), y = in.LeggiNumero(), z = in.LeggiNumero();
+      d.Punto(nome, descrizione, x, y, z, {});
+      ++punti;
+      return 1;
+    } catch (const std::exception&) {
+      return 0;
+    }
+  });
+  // A file that does not open as a point list is named by its first line.
+  if (!lista && e.Righe > 0 && e.TotaleDanneggiate == 0) {
+    e.RigheDanneggiate.push_back(1);
+    e.TotaleDanneggiate = 1;
+  }
   e.Punti = punti;
   return e;
 }

@@ -55,6 +55,9 @@ struct OpzioniTesto {
 EsitoLettura LeggiPuntiRil(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiSho(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiGsi(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
+// The point list `.L` of an older job: "1001", a heading statement, then one statement a point:
+// name, description, X, Y, Z. Texts in the Windows code page.
+EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiNuvola(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 // A text table: the columns the options give; or, when its first line holds the column titles
 // of a CAD's table export ("Nome"/"Name", "Layer", "Posizione X"/"Position X", "Inizio X",

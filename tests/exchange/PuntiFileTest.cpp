@@ -86,6 +86,23 @@ TEST(LeggiPuntiSho, DueFormeFinoAEnd) {
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
 }
 
+TEST(LeggiPuntiVR4, ListaDelLavoroVecchio) {
+  // As the list statements of the job write it: texts quoted in the code page, numbers plain.
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiVR4(
+      "1001\r\n\"0\",\"0\",0,0,0\r\n\"100\",\"stazione\",1500.25,5000.5,12.125\r\n\"rotto\"\r\n"
+      "\"P\xe8\",\"\",-1,2,3\r\n",
+      r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  EXPECT_EQ(r.Punti[0], (Letto{"100", "stazione", "", 1500.25, 5000.5, 12.125}));
+  EXPECT_EQ(r.Punti[1], (Letto{"P\xc3\xa8", "", "", -1, 2, 3}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
+  Raccolta altro;
+  EXPECT_EQ(LeggiPuntiVR4("\"non una lista\"\r\n\"a\",\"b\",1,2,3\r\n", altro).RigheDanneggiate,
+            (std::vector<int64_t>{1}));
+  EXPECT_TRUE(altro.Punti.empty());
+}
+
 TEST(LeggiNuvola, BlankSingoliERigheRotte) {
   Raccolta r;
   const EsitoLettura e = LeggiNuvola("1.5 2.5 3.5\n1  2 3\nX Y Z\n4 5\n\x01\x02\x03\n-7 8 9.25\n", r);

@@ -37,6 +37,7 @@ constexpr Bersaglio kBersagli[] = {
     {"gsi", FuzzGsi, true},
     {"nuvola", FuzzNuvola, true},
     {"testopunti", FuzzTestoPunti, true},
+    {"vr4", FuzzVr4, true},
 };
 
 }  // namespace

@@ -50,5 +50,6 @@ void FuzzSho(const Ambiente& a, std::string_view byte);
 void FuzzGsi(const Ambiente& a, std::string_view byte);
 void FuzzNuvola(const Ambiente& a, std::string_view byte);
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
+void FuzzVr4(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

@@ -1,4 +1,4 @@
-// The point file readers: the input is a file of each format imported into the example job
+// The point file readers (and the point list of an older job): the input is a file of each format imported into the example job
 // as its command reads it, then the undo snapshot, regeneration and redraw.
 #include "Bersagli.h"
 #include "core/Avvio.h"
@@ -33,5 +33,6 @@ void FuzzSho(const Ambiente& a, std::string_view byte) { Importa(a, byte, Format
 void FuzzGsi(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Gsi); }
 void FuzzNuvola(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Nuvola); }
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Csv); }
+void FuzzVr4(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Vr4); }
 
 }  // namespace varena::fuzz
