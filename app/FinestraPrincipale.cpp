@@ -158,7 +158,8 @@ void FinestraPrincipale::CreaDock() {
   dockPunti_ = new QDockWidget(tr("Elenco Punti"), this);
   dockPunti_->setObjectName("DockPunti");
   dockPunti_->setWidget(punti_);
-  addDockWidget(Qt::BottomDockWidgetArea, dockPunti_);
+  // Under the drawing, across the window, above the command line: the list has many columns.
+  addDockWidget(Qt::BottomDockWidgetArea, dockPunti_, Qt::Vertical);
   dockPunti_->hide();
   connect(punti_, &PannelloPunti::Cambiato, this, [this] {
     tela_->update();
@@ -425,8 +426,10 @@ void FinestraPrincipale::RiapriLavoro() {
 }
 
 void FinestraPrincipale::MostraElencoPunti() {
+  const bool nascosto = dockPunti_->isHidden();
   dockPunti_->show();
   dockPunti_->raise();
+  if (nascosto) resizeDocks({dockPunti_}, {height() / 3}, Qt::Vertical);
   punti_->Aggiorna();
 }
 

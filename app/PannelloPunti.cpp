@@ -104,6 +104,12 @@ PannelloPunti::PannelloPunti(Sessione& s, QWidget* genitore) : QWidget(genitore)
   vista_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   vista_->verticalHeader()->setDefaultSectionSize(vista_->fontMetrics().height() + 6);
   vista_->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  // Widths set once, by the column's kind, never measured over the rows.
+  const int m = vista_->fontMetrics().horizontalAdvance('0');
+  for (int c = 0; c < NumeroColonneElenco; ++c) {
+    const int larghezza = c == ColonnaDescrizione ? 36 : c == ColonnaNome ? 18 : c == ColonnaProgressivo || c == ColonnaIdx ? 9 : 14;
+    vista_->horizontalHeader()->resizeSection(c, larghezza * m);
+  }
   auto* l = new QVBoxLayout(this);
   l->setContentsMargins(0, 0, 0, 0);
   l->addWidget(vista_);
