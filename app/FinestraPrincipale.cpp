@@ -19,6 +19,7 @@
 #include "Icone.h"
 #include "PannelloPiani.h"
 #include "PannelloPunti.h"
+#include "cadastre/ElencoPunti.h"
 #include "RigaComando.h"
 #include "commands/Comandi.h"
 #include "commands/Script.h"
@@ -426,6 +427,10 @@ void FinestraPrincipale::RiapriLavoro() {
 }
 
 void FinestraPrincipale::MostraElencoPunti() {
+  if (RigheElencoPunti(s_).empty()) {
+    ui_->Messaggio("Elenco Punti Vuoto!\n Sito orbo?", "Elenco vuoto", Icona::Avviso);
+    return;
+  }
   const bool nascosto = dockPunti_->isHidden();
   dockPunti_->show();
   dockPunti_->raise();

@@ -130,10 +130,6 @@ std::vector<int32_t> PannelloPunti::Selezionate() const {
 }
 
 void PannelloPunti::Esegui(const OperazioneElenco& op) {
-  if (s_.ContaEntita[SlotPunti] == 0) {
-    s_.Ui->Messaggio("Elenco Punti Vuoto!\n Sito orbo?", "Elenco vuoto", Icona::Avviso);
-    return;
-  }
   if (!EseguiOperazioneElenco(s_, op, Selezionate())) return;
   Aggiorna();
   emit Cambiato();
