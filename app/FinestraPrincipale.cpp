@@ -18,6 +18,8 @@
 #include "FinestreLavori.h"
 #include "Icone.h"
 #include "PannelloPiani.h"
+#include "PannelloPunti.h"
+#include "cadastre/ElencoPunti.h"
 #include "RigaComando.h"
 #include "commands/Comandi.h"
 #include "commands/Script.h"
@@ -41,7 +43,7 @@ QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<
 // The tags whose windows belong to the desktop program.
 bool TagDelDesktop(const QString& t) {
   return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "RIAPRI_DISEGNO" || t == "GESTIONE_DISEGNI" ||
-         t == "LIBRETTO_MISURE" || t == "H";
+         t == "LIBRETTO_MISURE" || t == "H" || t == "INFO_ELENCO_PUNTI_TUTTI";
 }
 
 // A name typed in the command line that a point bears is the point's, as it always was:
@@ -153,6 +155,20 @@ void FinestraPrincipale::CreaDock() {
   connect(dockPiani_, &QDockWidget::visibilityChanged, this, [this](bool visibile) {
     if (visibile) piani_->Aggiorna();
   });
+  punti_ = new PannelloPunti(s_, this);
+  dockPunti_ = new QDockWidget(tr("Elenco Punti"), this);
+  dockPunti_->setObjectName("DockPunti");
+  dockPunti_->setWidget(punti_);
+  // Under the drawing, across the window, above the command line: the list has many columns.
+  addDockWidget(Qt::BottomDockWidgetArea, dockPunti_, Qt::Vertical);
+  dockPunti_->hide();
+  connect(punti_, &PannelloPunti::Cambiato, this, [this] {
+    tela_->update();
+    Aggiorna();
+  });
+  connect(dockPunti_, &QDockWidget::visibilityChanged, this, [this](bool visibile) {
+    if (visibile) punti_->Aggiorna();
+  });
   // The drawing keeps most of the window: the docks start narrow and short.
   resizeDocks({dockPiani_}, {240}, Qt::Horizontal);
   resizeDocks({dockComando_}, {90}, Qt::Vertical);
@@ -216,6 +232,7 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
   if (t == "LIBRETTO_MISURE" || t == "H") return MostraLibretto();
+  if (t == "INFO_ELENCO_PUNTI_TUTTI") return MostraElencoPunti();
   const std::string prima = s_.NomeOriginale;
   tela_->CompletaRidisegno();
   varena::EseguiTag(s_, t.toStdString());
@@ -259,6 +276,7 @@ void FinestraPrincipale::Aggiorna() {
     pianoVisto_ = s_.PianoCorrente;
     if (dockPiani_->isVisible()) piani_->Aggiorna();
   }
+  if (cambiato && dockPunti_->isVisible()) punti_->Aggiorna();
   const QString prompt = Qs(s_.Prompt);
   prompt_->setText(prompt.isEmpty() ? riposo_ : prompt);
   riga_->Annota(prompt);
@@ -406,6 +424,18 @@ void FinestraPrincipale::RiapriLavoro() {
   FormRiapriDisegno f(s_, this);
   if (f.exec() != QDialog::Accepted || f.Scelto().isEmpty() || !ChiudiPrimaDi()) return;
   if (ApriLavoroScelto(s_, f.Scelto().toStdString())) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::MostraElencoPunti() {
+  if (RigheElencoPunti(s_).empty()) {
+    ui_->Messaggio("Elenco Punti Vuoto!\n Sito orbo?", "Elenco vuoto", Icona::Avviso);
+    return;
+  }
+  const bool nascosto = dockPunti_->isHidden();
+  dockPunti_->show();
+  dockPunti_->raise();
+  if (nascosto) resizeDocks({dockPunti_}, {height() / 3}, Qt::Vertical);
+  punti_->Aggiorna();
 }
 
 void FinestraPrincipale::MostraLibretto() {

@@ -25,6 +25,7 @@ namespace varena {
 struct Sessione;
 struct VoceComando;
 class PannelloPiani;
+class PannelloPunti;
 class RigaComando;
 
 // What a menu entry, a toolbar button and a command line show of a command: its Italian
@@ -46,6 +47,10 @@ class FinestraPrincipale : public QMainWindow {
   PannelloPiani* Piani() { return piani_; }
   QDockWidget* DockPiani() { return dockPiani_; }
   QDockWidget* DockComando() { return dockComando_; }
+  PannelloPunti* Punti() { return punti_; }
+  QDockWidget* DockPunti() { return dockPunti_; }
+  // The point list: the dock shown, filled with every live point.
+  void MostraElencoPunti();
   Disposizione& Memoria() { return memoria_; }
   // The title shows the job as the user knows it.
   void MostraNomeDelFile();
@@ -115,6 +120,8 @@ class FinestraPrincipale : public QMainWindow {
   QLabel* prompt_;
   RigaComando* riga_;
   PannelloPiani* piani_;
+  PannelloPunti* punti_;
+  QDockWidget* dockPunti_;
   QDockWidget* dockComando_;
   QDockWidget* dockPiani_;
   QLabel* lettura_;

@@ -25,18 +25,12 @@ int ComandoInquadra(const Argomenti& a, std::ostream& out, std::ostream& err) {
     err << "uso: varena-cli " << kUso << "\n";
     return 64;
   }
-  const auto base = BaseLavoro(a.Posizionali[0]);
-  if (!base) {
-    err << "Lavoro non trovato: " << a.Posizionali[0] << "\n";
-    return 1;
-  }
+  const auto base = TrovaLavoro(a.Posizionali[0], err);
+  if (!base) return 1;
   Sessione s;
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
-  if (!AvviaSessione(s)) return 2;
-  s.NomeOriginale = *base;
-  s.TipoFile = "CFG";
-  VR_ApriLavoro(s);
+  if (!ApriInCopia(s, *base)) return 2;
   // The folder that holds dati/, in place of the one the settings name (read with the job).
   if (const std::string c = a.Valore("--archivio"); !c.empty()) s.Imp.Cartella_Fiducial = c;
   std::string errore;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "cadastre/CodiciPunto.h"
 #include "cadastre/ContornoSette.h"
 #include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDisegno.h"
@@ -159,7 +160,7 @@ void AzioneEliminaStrutture(Sessione& s) {
     // The vertices and directions are marks in the points' descriptions too.
     for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
       std::string& d = s.PuntoDescrizione[static_cast<size_t>(k)];
-      d = Sostituisci(Sostituisci(d, "<PV>", ""), "<PD>", "");
+      d = TogliCodice(TogliCodice(d, kCodiceVertice), kCodiceDirezione);
     }
     SegnaModificato(s, SlotPunti);
   }

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 
+#include "cadastre/CodiciPunto.h"
 #include "commands/AiutiDisegno.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
@@ -31,10 +32,6 @@ bool FermaVertici(const std::string& campo) {
   if (campo.empty()) return true;
   if (campo.find_first_of("RNVTCP") != std::string::npos) return true;
   return Val(campo) == 0;
-}
-
-void TogliEPremetti(std::string& descrizione, std::string_view etichetta) {
-  descrizione = std::string(etichetta) + Sostituisci(descrizione, etichetta, "");
 }
 
 }  // namespace
@@ -231,7 +228,8 @@ void EtichetteDaLibretto(Sessione& s) {
       const std::vector<std::string> p = PartiRiga(riga);
       const std::string codice = p.size() == 5 ? Maiuscolo(p[3]) : std::string();
       if (codice != "PV" && codice != "PD") continue;
-      aOgni(p[2], [&](std::string& d) { d = "<" + codice + ">" + Sostituisci(Sostituisci(d, "<PV>", ""), "<PD>", ""); });
+      const std::string_view tag = codice == "PV" ? kCodiceVertice : kCodiceDirezione;
+      aOgni(p[2], [&](std::string& d) { d = MettiCodice(d, tag); });
     }
     // Passes 2 and 3: a reading of no distance, in the plan form and in the full one.
     for (int passo = 2; passo <= 3; ++passo)
@@ -240,7 +238,7 @@ void EtichetteDaLibretto(Sessione& s) {
         const std::vector<std::string> p = PartiRiga(riga);
         const size_t ub = p.size() - 1;
         const bool senza = passo == 2 ? ub == 5 && Val(p[3]) == 0 : ub > 5 && Val(p[4]) == 0;
-        if (senza) aOgni(p[1], [](std::string& d) { TogliEPremetti(d, "<00>"); });
+        if (senza) aOgni(p[1], [](std::string& d) { d = MettiCodice(d, kCodiceSoloDirezione); });
       }
     // Pass 4: plan readings, and stations of no height.
     for (const std::string& riga : s.LibrettoMisure) {
@@ -249,7 +247,7 @@ void EtichetteDaLibretto(Sessione& s) {
       const std::vector<std::string> p = PartiRiga(riga);
       const size_t ub = p.size() - 1;
       const bool piano = tipo == 2 ? ub < 6 : ub == 3 && !Numerico(p[2]);
-      if (piano && p.size() > 1) aOgni(p[1], [](std::string& d) { TogliEPremetti(d, "<P!>"); });
+      if (piano && p.size() > 1) aOgni(p[1], [](std::string& d) { d = MettiCodice(d, kCodicePlanimetrico); });
     }
     SegnaModificato(s, SlotPunti);
   });

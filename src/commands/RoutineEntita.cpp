@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "cadastre/CodiciPunto.h"
 #include "commands/Comandi.h"
 #include "commands/DialoghiSelezione.h"
 #include "commands/Modifica.h"
@@ -371,6 +372,42 @@ CampoEntita Coord(const char* nome, const char* etichetta, Colonna<double> Tab::
   return c;
 }
 
+// The point editor shows the free text and the tags apart, and writes the tags back at the
+// front in its own order.
+CampoEntita TestoLibero() {
+  return {"Descrizione", "Descrizione :", [](const Sessione& s, size_t r) { return SenzaCodici(s.PuntoDescrizione[r]); },
+          [](Sessione& s, size_t r, const std::string& v) {
+            s.PuntoDescrizione[r] = SoloCodici(s.PuntoDescrizione[r]) + Rifila(v);
+          }};
+}
+
+CampoEntita Spunta(const char* nome, const char* etichetta, std::string_view codice) {
+  return {nome, etichetta,
+          [codice](const Sessione& s, size_t r) { return std::string(HaCodice(s.PuntoDescrizione[r], codice) ? "1" : "0"); },
+          [codice](Sessione& s, size_t r, const std::string& v) {
+            std::string& d = s.PuntoDescrizione[r];
+            d = CodiciInTesta(Val(v) != 0 ? MettiCodice(d, codice) : TogliCodice(d, codice));
+          }};
+}
+
+// One of a pair that exclude each other, or neither: "PV", "PD" or empty.
+CampoEntita Scelta(const char* nome, const char* etichetta, std::string_view primo, std::string_view secondo) {
+  auto parola = [](std::string_view c) { return std::string(c.substr(1, c.size() - 2)); };
+  return {nome, etichetta,
+          [=](const Sessione& s, size_t r) {
+            const std::string& d = s.PuntoDescrizione[r];
+            return HaCodice(d, primo) ? parola(primo) : HaCodice(d, secondo) ? parola(secondo) : std::string();
+          },
+          [=](Sessione& s, size_t r, const std::string& v) {
+            std::string& d = s.PuntoDescrizione[r];
+            const std::string scelta = Maiuscolo(Rifila(v));
+            d = TogliCodice(TogliCodice(d, primo), secondo);
+            if (scelta == parola(primo)) d = MettiCodice(d, primo);
+            if (scelta == parola(secondo)) d = MettiCodice(d, secondo);
+            d = CodiciInTesta(d);
+          }};
+}
+
 std::vector<CampoEntita> CampiDi(uint8_t tipo) {
   using P = TabellaPunti;
   using L = TabellaLinee;
@@ -383,7 +420,12 @@ std::vector<CampoEntita> CampiDi(uint8_t tipo) {
     case SlotPunti:
       return {C("Nome", "Nome :", &P::PuntoNome), Coord("Nord", " N :", &P::PuntoY), Coord("Est", " E :", &P::PuntoX),
               Coord("Quota", " Q :", &P::PuntoZ), C("HPrisma", "H. Prisma :", &P::PuntoHPrisma),
-              C("Descrizione", "Descrizione :", &P::PuntoDescrizione), C("Piano", "Piano :", &P::PuntoPiano),
+              TestoLibero(), Spunta("Planimetrico", "<P!> (1/0) :", kCodicePlanimetrico),
+              Spunta("SoloDirezione", "<00> (1/0) :", kCodiceSoloDirezione),
+              Spunta("Escluso", "<EL> (1/0) :", kCodiceEscluso), Spunta("Ausiliario", "[P.A.] (1/0) :", kCodiceAusiliario),
+              Scelta("VerticeDirezione", "PV / PD :", kCodiceVertice, kCodiceDirezione),
+              Spunta("Riga8Quota", "<8Q> (1/0) :", kCodiceRiga8Quota),
+              Scelta("Riga8", "8P / 8= :", kCodiceRiga8Planim, kCodiceRiga8Uguale), C("Piano", "Piano :", &P::PuntoPiano),
               C("Simbolo", "Simbolo :", &P::PuntoSimbolo),
               C("DimensioneSimbolo", "Dim. Simbolo :", &P::PuntoDimensioneSimbolo),
               C("DimensioneNome", "Dim. Nome :", &P::PuntoDimensioneNome),

@@ -2,6 +2,7 @@
 // and pasted, the vertex and direction marks.
 #include <cmath>
 
+#include "cadastre/CodiciPunto.h"
 #include "commands/Comandi.h"
 #include "commands/Costruttori.h"
 #include "commands/Modifica.h"
@@ -33,12 +34,10 @@ bool SuUnPunto(const Sessione& s) {
   return s.PuntoCorrenteIndice >= 0 && s.PuntoCorrenteIndice < s.ContaEntita[SlotPunti];
 }
 
-void Marca(Sessione& s, const char* marca) {
+void Marca(Sessione& s, std::string_view marca) {
   if (!SuUnPunto(s)) return;
   std::string& d = s.PuntoDescrizione[static_cast<size_t>(s.PuntoCorrenteIndice)];
-  // One mark at a time: an older one goes first.
-  if (IniziaCon(d, "<PV>") || IniziaCon(d, "<PD>")) d.erase(0, 4);
-  d = marca + d;
+  d = MettiCodice(d, marca);
   SegnaModificato(s, SlotPunti);
   FineModifica(s, false);
   ArmaComando(s);
@@ -141,7 +140,7 @@ void subIncollaQuota(Sessione& s) {
   ArmaComando(s);
 }
 
-void subMarcaVertice(Sessione& s) { Marca(s, "<PV>"); }
-void subMarcaDirezione(Sessione& s) { Marca(s, "<PD>"); }
+void subMarcaVertice(Sessione& s) { Marca(s, kCodiceVertice); }
+void subMarcaDirezione(Sessione& s) { Marca(s, kCodiceDirezione); }
 
 }  // namespace varena

@@ -16,6 +16,7 @@
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "exchange/Importatori.h"
+#include "exchange/ImportaPunti.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -329,6 +330,12 @@ constexpr VoceComando kTabella[] = {
     Subito("CARICA_TAF", AzioneCaricaTaf, {}, "File", "Importa TAF"),
     Subito("INQUADRA_N_PF", nullptr, "FormInquadraPF", "Catasto", "Inquadra su n PF"),
     Subito("SETUP_INQUADRAMENTO", nullptr, "SetupInquadramento", "Catasto", "Setup Inquadramento"),
+    Subito("CARICA_PUNTI_RIL", CaricaPuntiRil, {}, "File", "Importa Punti RIL"),
+    Subito("CARICA_PUNTI_SHO", CaricaPuntiSHO, {}, "File", "Importa Punti SHO"),
+    Subito("CARICA_PUNTI_GSI", CaricaPuntiGSI, {}, "File", "Importa Punti GSI"),
+    Subito("CARICA_PUNTI_TXT", CaricaPuntiCXF, {}, "File", "Importa Punti da Testo"),
+    Subito("IMPORTA_NUVOLA", ImportaNuvola, {}, "File", "Importa Nuvola di Punti"),
+    Subito("CARICA_VR4", CaricaVR4, {}, "File", "Importa Punti VR4"),
     Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),

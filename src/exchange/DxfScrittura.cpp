@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "cadastre/CodiciPunto.h"
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -17,14 +18,6 @@
 namespace varena {
 
 namespace {
-
-constexpr const char* kMarcatori[] = {"<PD>", "<PV>", "<P!>", "<00>", "<EL>", "*V*", "*S*",
-                                      "<8P>", "<8=>", "<8Q>", "[P.A.]"};
-
-std::string SenzaMarcatori(std::string t) {
-  for (const char* m : kMarcatori) t = Sostituisci(t, m, "");
-  return t;
-}
 
 bool DaFile(const std::string& campo) { return Maiuscolo(Rifila(campo)) == "DA FILE"; }
 
@@ -149,7 +142,7 @@ void Scrittore::Punto(size_t i) {
   if (o_.Quote) {
     ultimaHq_ = Altezza(s_.PuntoDimensioneQuota[i]);
     std::string piano = PianoEtichetta(i, 2, "_Q", "QUOTE");
-    if (o_.PuntiPlanimetrici && s_.PuntoDescrizione[i].find("<P!>") != std::string::npos)
+    if (o_.PuntiPlanimetrici && HaCodice(s_.PuntoDescrizione[i], kCodicePlanimetrico))
       piano = "PUNTO_PLANIMETRICO";
     const double valore = s_.ModoQuota == 1 ? s_.QuotaRiferimento - z : z;
     const std::string testo = VirgolaInPunto(FormatoMaschera(valore, "#########0." + std::string(static_cast<size_t>(decimali_), '0')));
@@ -160,7 +153,7 @@ void Scrittore::Punto(size_t i) {
     const double hd = Altezza(s_.PuntoDimensioneDescrizione[i]);
     Etichetta(PianoEtichetta(i, 3, "_D", "DESCRIZIONI"), s_.PuntoColoreDescrizione[i], xe,
               o_.Coincidenti ? ye : ye - (1.3 * hd + 1.3 * ultimaHq_), z, hd,
-              " " + Rifila(SenzaMarcatori(s_.PuntoDescrizione[i])));
+              " " + PulisciCodici(s_.PuntoDescrizione[i]));
   }
 }
 
@@ -380,7 +373,7 @@ std::string PulisciPianoDxf(std::string_view piano) {
   std::string p = Rifila(piano);
   for (char& c : p)
     if (c == ',' || c == '.' || c == ' ' || c == '\\' || c == '/') c = '_';
-  p = SenzaMarcatori(p);
+  p = PulisciCodici(p);
   return p.empty() ? std::string("0") : p;
 }
 

@@ -7,6 +7,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/CxfLettura.h"
+#include "exchange/ImportaPunti.h"
 #include "exchange/TafLettura.h"
 
 namespace varena {
@@ -33,6 +34,8 @@ const char* NomeTipo(TipoImportazione tipo) {
 }
 
 bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso) {
+  if (tipo == TipoImportazione::GSI) return ImportaPuntiAvvio(s, FormatoPunti::Gsi, percorso);
+  if (tipo == TipoImportazione::CSV) return ImportaPuntiAvvio(s, FormatoPunti::Csv, percorso);
   if (tipo == TipoImportazione::TAF || tipo == TipoImportazione::CXF) {
     const bool ok = tipo == TipoImportazione::TAF ? ImportaTaf(s, percorso) : ImportaCxf(s, percorso);
     if (!ok) return false;
@@ -40,7 +43,7 @@ bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso
     AzioneZoomTutto(s);
     return true;
   }
-  // No importer is built in yet: say so plainly and leave the job untouched.
+  // A kind whose reader is not built in: say so plainly and leave the job untouched.
   s.Ui->Messaggio("Lettura dei file " + std::string(NomeTipo(tipo)) + " non disponibile in questa versione:\n" +
                       percorso,
                   "Importazione", Icona::Avviso);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "cadastre/CodiciPunto.h"
 #include "core/CodicePagina.h"
 #include "core/Configura.h"
 #include "core/Errori.h"
@@ -221,8 +222,7 @@ void ConvertiPuntiPDPV(Sessione& s) {
     for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
       const auto r = static_cast<size_t>(p);
       if (s.PuntoNome[r] != nome) continue;
-      std::string d = Sostituisci(Sostituisci(s.PuntoDescrizione[r], "<PV>", ""), "<PD>", "");
-      s.PuntoDescrizione[r] = "<" + commento + ">" + d;
+      s.PuntoDescrizione[r] = MettiCodice(s.PuntoDescrizione[r], commento == "PV" ? kCodiceVertice : kCodiceDirezione);
       break;
     }
   }

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <unordered_map>
 
+#include "cadastre/CodiciPunto.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Record.h"
@@ -95,7 +96,7 @@ std::vector<int32_t> PreparaConsegna(Sessione& s, bool& troppi) {
     if (!scelto(i)) continue;
     sel[static_cast<size_t>(i)] = 0;
     // Planimetric points have no height to give the terrain.
-    if (s.PuntoDescrizione[static_cast<size_t>(i)].find("<P!>") != std::string::npos) continue;
+    if (HaCodice(s.PuntoDescrizione[static_cast<size_t>(i)], kCodicePlanimetrico)) continue;
     righe.push_back(i);
   }
   for (int32_t i : righe) {

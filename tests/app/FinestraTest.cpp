@@ -39,11 +39,13 @@
 #include "FinestraLibretto.h"
 #include "FinestreLavori.h"
 #include "PannelloPiani.h"
+#include "PannelloPunti.h"
 #include "RigaComando.h"
 #include "Tema.h"
 #include "commands/Comandi.h"
 #include "commands/Puntatore.h"
 #include "commands/TabellaComandi.h"
+#include "cadastre/OperazioniElenco.h"
 #include "core/Avvio.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
@@ -537,6 +539,45 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
   EXPECT_TRUE(sola);
   // Looking changes nothing.
   EXPECT_EQ(s->LibrettoMisure.size(), 4u);
+}
+
+TEST_F(Desktop, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
+  Avvia(base + ".CFG");
+  QAction* voce = f->findChild<QAction*>("INFO_ELENCO_PUNTI_TUTTI");
+  ASSERT_NE(voce, nullptr);
+  ASSERT_TRUE(voce->isEnabled());
+  voce->trigger();
+  ASSERT_TRUE(f->DockPunti()->isVisible());
+  PannelloPunti* p = f->Punti();
+  QAbstractItemModel* m = p->Vista()->model();
+  int vivi = 0;
+  for (int32_t k = 0; k < s->ContaEntita[SlotPunti]; ++k) vivi += s->PuntoIdent[static_cast<size_t>(k)] == 0;
+  ASSERT_GT(vivi, 2);
+  EXPECT_EQ(m->rowCount(), vivi);
+  EXPECT_EQ(m->headerData(2, Qt::Horizontal).toString().toStdString(), "Nord (X)");
+  // A click on the header sorts by the name, falling.
+  p->Vista()->sortByColumn(1, Qt::DescendingOrder);
+  const std::string primo = m->data(m->index(0, 1)).toString().toStdString();
+  const std::string secondo = m->data(m->index(1, 1)).toString().toStdString();
+  EXPECT_GE(primo, secondo);
+  // Two rows selected: the drawing highlights those two points and no other.
+  p->Vista()->selectionModel()->select(m->index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  p->Vista()->selectionModel()->select(m->index(1, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  const std::vector<int32_t> scelti = p->Selezionate();
+  ASSERT_EQ(scelti.size(), 2u);
+  EXPECT_EQ(s->PuntoNome[static_cast<size_t>(scelti[0])], primo);
+  int evidenziati = 0;
+  for (int32_t k = 0; k < s->ContaEntita[SlotPunti]; ++k) evidenziati += s->StatoPunto[static_cast<size_t>(k)] == 1;
+  EXPECT_EQ(evidenziati, 2);
+  p->Centra();
+  EXPECT_EQ(s->Vista.CentroEst, s->PuntoX[static_cast<size_t>(scelti[0])]);
+  // An operation asks its question; Yes tags the selected points.
+  QStringList bottoni;
+  RispondiAlBox(QMessageBox::Yes, &bottoni);
+  p->Esegui(*TrovaOperazioneElenco("EL"));
+  EXPECT_EQ(bottoni.size(), 2);
+  EXPECT_EQ(s->PuntoDescrizione[static_cast<size_t>(scelti[0])].substr(0, 4), "<EL>");
+  EXPECT_EQ(s->PuntoDescrizione[static_cast<size_t>(scelti[1])].substr(0, 4), "<EL>");
 }
 
 TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {

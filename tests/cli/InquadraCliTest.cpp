@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <sstream>
 
-#include "ImportaCatasto.h"
 #include "Terminale.h"
 #include "core/CodicePagina.h"
 #include "core/Sessione.h"
@@ -93,20 +92,18 @@ TEST_F(InquadraCli, UnPFMancanteNonToccaIlLavoro) {
 }
 
 TEST_F(InquadraCli, ImportaTafECxfNelLavoro) {
-  std::ostringstream out, err;
-  EXPECT_EQ(cli::ImportaCatasto(lavoro, archivio + "/dati/A123.taf", "TAF", out, err), 0) << err.str();
-  EXPECT_EQ(out.str(), "Punti 2\n");
+  const auto taf = Cli({"import", lavoro, archivio + "/dati/A123.taf", "--format", "TAF"});
+  EXPECT_EQ(taf.stato, 0) << taf.err;
+  EXPECT_EQ(taf.out, "Punti 2\n");
   const auto [x, y] = Punto("PF02/0120/A123");
   EXPECT_EQ(x, 100);  // the survey's point comes first; the archive's is after it
   // A sheet cut short: the error, and the job as it was.
   const std::string prima = prova::LeggiFileProva(radice / "lavori/rossi.lll");
   prova::ScriviFileProva(radice / "tronco.cxf", "F\r\n1\r\n0\r\nLINEA\r\nA\r\n2\r\n0\r\n0\r\n1\r\n");
-  std::ostringstream out2, err2;
-  EXPECT_EQ(cli::ImportaCatasto(lavoro, radice / "tronco.cxf", "cxf", out2, err2), 2);
-  EXPECT_NE(err2.str().find("Input past end of file"), std::string::npos) << err2.str();
+  const auto cxf = Cli({"import", lavoro, radice / "tronco.cxf", "--format", "cxf"});
+  EXPECT_EQ(cxf.stato, 1);
+  EXPECT_NE(cxf.err.find("Input past end of file"), std::string::npos) << cxf.err;
   EXPECT_EQ(prova::LeggiFileProva(radice / "lavori/rossi.lll"), prima);
-  std::ostringstream out3, err3;
-  EXPECT_EQ(cli::ImportaCatasto(lavoro, radice / "tronco.cxf", "dxf", out3, err3), 64);
 }
 
 }  // namespace

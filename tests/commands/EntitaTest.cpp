@@ -251,11 +251,21 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   EXPECT_TRUE(DialogoAperto(s, "formEditaPunto"));
   b.Script("ANSWER yes\nPRESS OK\n");
   EXPECT_EQ(s.PuntoNome[0], "B");
+  // The free text and the tags apart; the tags go back at the front in the editor's order.
+  s.PuntoDescrizione[0] = "muro<PV> *V*[P.A.]";
+  b.Script("CLICK left 30 0.1\n");
+  const Dialogo* e = TrovaDialogo(s, "formEditaPunto");
+  ASSERT_NE(e, nullptr);
+  EXPECT_EQ(std::make_tuple(e->Valore("Descrizione"), e->Valore("VerticeDirezione"), e->Valore("Ausiliario"),
+                            e->Valore("Planimetrico")),
+            std::make_tuple("muro *V*", "PV", "1", "0"));
+  b.Script("FIELD VerticeDirezione PD\nFIELD Planimetrico 1\nFIELD Descrizione muro nuovo\nPRESS OK\n");
+  EXPECT_EQ(s.PuntoDescrizione[0], "<P!><PD>[P.A.]muro nuovo");
   // The Delete key deletes the point open in the editor.
   b.Script("CLICK left 40 0.1\nKEY DELETE\n");
   EXPECT_EQ(s.PuntoIdent[1], -1);
   EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(PassoUndo(s), prima + 3);
+  EXPECT_EQ(PassoUndo(s), prima + 4);
 }
 
 }  // namespace

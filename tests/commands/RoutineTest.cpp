@@ -65,7 +65,12 @@ TEST(MarcaPunto, VerticeEDirezioneTolgonoLaMarcaDiPrima) {
   b.s.PuntoDescrizione[0] = "<PD>muro";
   MettiPunto(b.s, "2", 10, 0);
   b.s.PuntoDescrizione[1] = "siepe";
+  // A mark behind another tag is found too: never a vertex and a direction at once.
+  MettiPunto(b.s, "3", 20, 0);
+  b.s.PuntoDescrizione[2] = "<P!><PV>fosso";
   b.Pronto();
+  b.Script("TAG PUNTO_DIREZIONE\nCLICK left 20 0\n");
+  EXPECT_EQ(b.s.PuntoDescrizione[2], "<PD><P!>fosso");
   b.Script("TAG PUNTO_VERTICE\nCLICK left 0 0\nCLICK left 10 0\n");
   EXPECT_EQ(b.s.PuntoDescrizione[0], "<PV>muro");
   EXPECT_EQ(b.s.PuntoDescrizione[1], "<PV>siepe");

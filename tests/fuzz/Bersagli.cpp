@@ -35,6 +35,12 @@ constexpr Bersaglio kBersagli[] = {
     {"due", FuzzDue, false},
     {"cxf", FuzzCxf, true},
     {"taf", FuzzTaf, true},
+    {"ril", FuzzRil, true},
+    {"sho", FuzzSho, true},
+    {"gsi", FuzzGsi, true},
+    {"nuvola", FuzzNuvola, true},
+    {"testopunti", FuzzTestoPunti, true},
+    {"vr4", FuzzVr4, true},
 };
 
 }  // namespace

@@ -48,5 +48,11 @@ void FuzzMesh(const Ambiente& a, std::string_view byte);
 void FuzzDue(const Ambiente& a, std::string_view byte);
 void FuzzCxf(const Ambiente& a, std::string_view byte);
 void FuzzTaf(const Ambiente& a, std::string_view byte);
+void FuzzRil(const Ambiente& a, std::string_view byte);
+void FuzzSho(const Ambiente& a, std::string_view byte);
+void FuzzGsi(const Ambiente& a, std::string_view byte);
+void FuzzNuvola(const Ambiente& a, std::string_view byte);
+void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
+void FuzzVr4(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

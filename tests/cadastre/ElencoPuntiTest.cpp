@@ -1,0 +1,129 @@
+// The point list: its rows and cells, the sort, and the operations on the selected points
+// with their questions.
+#include <gtest/gtest.h>
+
+#include "cadastre/ElencoPunti.h"
+#include "cadastre/OperazioniElenco.h"
+#include "core/InterfacciaRegistrata.h"
+#include "core/Sessione.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+class Elenco : public ::testing::Test {
+ protected:
+  InterfacciaRegistrata ui;
+  Sessione s;
+  void SetUp() override {
+    s.Ui = &ui;
+    prova::MettiPunto(s, "12", 1500.25, 5000.5, 3.25);
+    prova::MettiPunto(s, "3", -1, 2, 0);
+    prova::MettiPunto(s, "7", 9, 8, 7);
+    s.PuntoIdent[2] = -1;  // deleted: not in the list
+    prova::MettiPunto(s, "100", 4, 5, 6);
+  }
+  bool Esegui(const char* chiave, std::vector<int32_t> righe) {
+    return EseguiOperazioneElenco(s, *TrovaOperazioneElenco(chiave), righe);
+  }
+};
+
+TEST_F(Elenco, RigheCelleEOrdine) {
+  std::vector<int32_t> r = RigheElencoPunti(s);
+  EXPECT_EQ(r, (std::vector<int32_t>{0, 1, 3}));
+  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaNord), "5000.500");
+  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaEst), "1500.250");
+  EXPECT_EQ(CellaElencoPunti(s, r, 1, ColonnaEst), "-1.000");
+  EXPECT_EQ(CellaElencoPunti(s, r, 2, ColonnaIdx), "3");
+  // Names sort as texts, coordinates as numbers; the progressive follows the new order.
+  OrdinaElencoPunti(s, r, ColonnaNome, true);
+  EXPECT_EQ(r, (std::vector<int32_t>{3, 0, 1}));
+  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaProgressivo), "1");
+  OrdinaElencoPunti(s, r, ColonnaEst, false);
+  EXPECT_EQ(r, (std::vector<int32_t>{0, 3, 1}));
+}
+
+TEST_F(Elenco, DomandaNoENessunaSelezioneNonCambianoNulla) {
+  EXPECT_FALSE(Esegui("PV", {}));
+  EXPECT_TRUE(ui.Domande.empty());
+  EXPECT_FALSE(Esegui("PV", {0}));  // the default answer is No
+  EXPECT_EQ(ui.Domande.back().Testo, "Assegnare il codice <PV> \nai Punti Selezionati ??");
+  EXPECT_EQ(ui.Domande.back().Titolo, "Assegna <PV> ai Punti");
+  EXPECT_EQ(s.PuntoDescrizione[0], "");
+}
+
+TEST_F(Elenco, CodiciQuoteENomi) {
+  s.PuntoDescrizione[0] = "muro<PV>";
+  s.PuntoDescrizione[1] = "<P!>fosso";
+  for (int k = 0; k < 6; ++k) ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("PD", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "<PD>muro");
+  // A height given to a plan point makes it a height point; a raise passes it by.
+  ui.RispondiValore("10,5");
+  EXPECT_TRUE(Esegui("INCREMENTA_QUOTA", {0, 1}));
+  EXPECT_EQ(s.PuntoZ[0], 13.75);
+  EXPECT_EQ(s.PuntoZ[1], 0);
+  ui.RispondiValore("2.125");
+  EXPECT_TRUE(Esegui("QUOTA", {1}));
+  EXPECT_EQ(s.PuntoZ[1], 2.125);
+  EXPECT_EQ(s.PuntoDescrizione[1], "fosso");
+  EXPECT_TRUE(Esegui("MAIUSCOLE", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "<PD>MURO");
+  ui.RispondiValore("casa");
+  EXPECT_TRUE(Esegui("DESCRIZIONE", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "<PD>casa");
+  s.PuntoDescrizione[3] = "<P!>";
+  EXPECT_TRUE(Esegui("8Q", {3}));
+  EXPECT_EQ(s.PuntoDescrizione[3], "<8Q>");
+}
+
+TEST_F(Elenco, RinumeraAncheNelLibrettoENeiContorni) {
+  s.LibrettoMisure = {"0|x|", "1|12|1.5|", "2|3|100.0000|50.0000|", "2|12,5|1|"};
+  s.ContaEntita[SlotLibretto] = 4;
+  DimensionaSette(s);
+  s.SetteIdent[0] = 0;
+  s.SetteContorno[0] = "12|3|100|12|";
+  s.ContaEntita[SlotSette] = 1;
+  ui.Rispondi(Risposta::Si);
+  ui.RispondiValore("PF07");
+  // In the order of the list: 100 first, then 12.
+  EXPECT_TRUE(Esegui("RINUMERA", {3, 0}));
+  EXPECT_EQ(s.PuntoNome[3], "PF07");
+  EXPECT_EQ(s.PuntoNome[0], "PF08");
+  EXPECT_EQ(s.SetteContorno[0], "PF08|3|PF07|PF08|");
+  EXPECT_EQ(s.LibrettoMisure[1], "1|PF08|1.5|");
+  EXPECT_EQ(ui.Richieste.back(), "Primo Nome :");
+}
+
+TEST_F(Elenco, PlanimetriciConLeRigheBreviNelLibretto) {
+  s.LibrettoMisure = {"0|x|", "1|12|1.55|muro|", "2|12|100.1234|99.5|25.123|1.60|spigolo|", "2|12|50.5|10.2|",
+                      "2|12,1|100|99|25|1.6|", "2|3|1|2|3|4|"};
+  ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("PLANIMETRICI", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "<P!>");
+  EXPECT_EQ(s.LibrettoMisure, (std::vector<std::string>{"0|x|", "1|12|muro|", "2|12|100.1234|25.123|spigolo|",
+                                                        "2|12|50.5|10.2|", "2|12,1|100|99|25|1.6|", "2|3|1|2|3|4|"}));
+}
+
+TEST_F(Elenco, CopiaPerExcelNegliAppunti) {
+  s.PuntoDescrizione[3] = "<PV>pozzetto";
+  ui.Rispondi(Risposta::Si);
+  const uint64_t modifiche = s.Modifiche;
+  EXPECT_TRUE(Esegui("COPIA_EXCEL", {3, 1}));
+  EXPECT_EQ(ui.Domande.back().Testo, "Copia per Excel\ni Punti Selezionati ?");
+  EXPECT_EQ(s.Clip->Leggi(),
+            "Progressivo\tNome\tNord (X)\tEst (Y)\tQuota (Z)\tDescrizione\tHP / HS\tPIANO\tIDX\r\n"
+            "1\t100\t5.000\t4.000\t6.000\t<PV>pozzetto\t0.000\t0\t3\r\n"
+            "2\t3\t2.000\t-1.000\t0.000\t\t0.000\t0\t1\r\n");
+  EXPECT_EQ(s.Modifiche, modifiche);
+}
+
+TEST_F(Elenco, PuntiNelleDescrizioniTranneAusiliarioENote) {
+  s.PuntoDescrizione[0] = "[P.A.]sp. muro. Note: v. sopra";
+  ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("TOGLI_PUNTI_DESCRIZIONI", {0}));
+  EXPECT_EQ(s.PuntoDescrizione[0], "[P.A.]sp muro Note: v. sopra");
+}
+
+}  // namespace
+}  // namespace varena

@@ -1,0 +1,231 @@
+// The coordinate file readers on files written from the formats' own descriptions: GSI
+// words (index, unit digit, sign, 8 or 16 digits), RIL tags, SHO records, clouds and text
+// tables; damaged lines named, and nothing of a file that did not come in left behind.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "core/Avvio.h"
+#include "core/InterfacciaRegistrata.h"
+#include "core/Sessione.h"
+#include "exchange/ImportaPunti.h"
+#include "exchange/PuntiFile.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+struct Letto {
+  std::string Nome, Descrizione, Font;
+  double X, Y, Z;
+  bool operator==(const Letto&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& o, const Letto& p) {
+  return o << p.Nome << "|" << p.Descrizione << "|" << p.Font << "|" << p.X << "|" << p.Y << "|" << p.Z;
+}
+
+struct Raccolta : DestinoPunti {
+  std::vector<Letto> Punti;
+  std::vector<std::string> Libretto;
+  void Punto(std::string_view n, std::string_view d, double x, double y, double z, std::string_view f) override {
+    Punti.push_back({std::string(n), std::string(d), std::string(f), x, y, z});
+  }
+  void RigaLibretto(std::string r) override { Libretto.push_back(r); }
+};
+
+TEST(LeggiPuntiGsi, ParoleDaOttoESedici) {
+  // Word: index, four characters of information whose last is the unit, the sign, data.
+  // Unit 0: the last digit a millimetre; 6 a tenth of one; 8 a hundredth; 1 a thousandth
+  // of a foot (0.3048 m).
+  const std::string gsi =
+      "*110001+000000000000PT12 81..10+0000000001234567 82..10-0000000000765432 83..10+0000000000012345 \r\n"
+      "110002+00000017 81..16+12345678 82..18+12345678 \r\n"
+      "110003+00000021 21.324+12345678 22.324+09876543 31..00+00012345 \r\n"
+      "sporcizia\r\n"
+      "110004+0000000A 81..11+00010000 82..10-00000001 83..10+00000000 \r\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiGsi(gsi, r);
+  ASSERT_EQ(r.Punti.size(), 3u);
+  EXPECT_EQ(r.Punti[0], (Letto{"PT12", "", "monotxt", 1234.567, -765.432, 12.345}));
+  // No word 83: the height stays 0.
+  EXPECT_EQ(r.Punti[1], (Letto{"17", "", "monotxt", 1234.5678, 123.45678, 0}));
+  EXPECT_EQ(r.Punti[2], (Letto{"A", "", "monotxt", 3.048, -0.001, 0}));
+  EXPECT_EQ(e.Punti, 3);
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
+  EXPECT_EQ(DescriviRigheDanneggiate(e), "Riga non letta: 4");
+}
+
+TEST(LeggiPuntiRil, RecordApertiDaCinque) {
+  const std::string ril =
+      "2=ST1\r\n3=1.50\r\n5=100\r\n4=spigolo\r\n7=123.4560\r\n8=99.8760\r\n9=45.678\r\n6=1.60\r\n"
+      "37=5000123.456\r\n38=1500987.654\r\n39=101.25\r\n50=JOB\r\nriga rotta\r\n5=101\r\n37=1.0\r\n38=2.0\r\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiRil(ril, r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  // 37 is North, 38 East.
+  EXPECT_EQ(r.Punti[0], (Letto{"100", "spigolo", "Arial", 1500987.654, 5000123.456, 101.25}));
+  EXPECT_EQ(r.Punti[1], (Letto{"101", "", "Arial", 2, 1, 0}));
+  EXPECT_EQ(r.Libretto, (std::vector<std::string>{"1|ST1|1.50|", "2|100|123.4560|99.8760|45.678|1.60|"}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{13}));
+
+  Raccolta vuota;
+  EXPECT_EQ(LeggiPuntiRil("4=nessun punto\r\n37=1\r\n38=2\r\n", vuota).Punti, 0);
+  EXPECT_TRUE(vuota.Punti.empty());
+}
+
+TEST(LeggiPuntiSho, DueFormeFinoAEnd) {
+  const std::string sho =
+      "**** RILIEVO\r\nPT/10 100.5 200.25 3.5 muro di cinta\r\nPT/11/recinzione 1 2 3\r\nPT/12 1 2\r\n"
+      "End\r\nPT/13 1 2 3\r\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiSho(sho, r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  EXPECT_EQ(r.Punti[0], (Letto{"10", "muro di cinta", "monotxt", 100.5, 200.25, 3.5}));
+  EXPECT_EQ(r.Punti[1], (Letto{"11", "recinzione", "txt", 1, 2, 3}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
+}
+
+TEST(LeggiPuntiVR4, ListaDelLavoroVecchio) {
+  // As the list statements of the job write it: texts quoted in the code page, numbers plain.
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiVR4(
+      "1001\r\n\"0\",\"0\",0,0,0\r\n\"100\",\"stazione\",1500.25,5000.5,12.125\r\n\"rotto\"\r\n"
+      "\"P\xe8\",\"\",-1,2,3\r\n",
+      r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  EXPECT_EQ(r.Punti[0], (Letto{"100", "stazione", "", 1500.25, 5000.5, 12.125}));
+  EXPECT_EQ(r.Punti[1], (Letto{"P\xc3\xa8", "", "", -1, 2, 3}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
+  Raccolta altro;
+  EXPECT_EQ(LeggiPuntiVR4("\"non una lista\"\r\n\"a\",\"b\",1,2,3\r\n", altro).RigheDanneggiate,
+            (std::vector<int64_t>{1}));
+  EXPECT_TRUE(altro.Punti.empty());
+}
+
+TEST(LeggiNuvola, BlankSingoliERigheRotte) {
+  Raccolta r;
+  const EsitoLettura e = LeggiNuvola("1.5 2.5 3.5\n1  2 3\nX Y Z\n4 5\n\x01\x02\x03\n-7 8 9.25\n", r);
+  ASSERT_EQ(r.Punti.size(), 3u);
+  EXPECT_EQ(r.Punti[0], (Letto{"", "", "monotxt", 1.5, 2.5, 3.5}));
+  // Two blanks make an empty second field: Y reads 0, and Z is the third field.
+  EXPECT_EQ(r.Punti[1], (Letto{"", "", "monotxt", 1, 0, 2}));
+  EXPECT_EQ(r.Punti[2], (Letto{"", "", "monotxt", -7, 8, 9.25}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{3, 4, 5}));
+  EXPECT_EQ(DescriviRigheDanneggiate(e), "Righe non lette: 3, 4, 5");
+}
+
+TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
+  OpzioniTesto o;
+  o.Colonne = "NYXZD";
+  o.Prefisso = "PF";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiTesto(
+      "Nome;Nord;Est;Quota;Descrizione\r\n1;5000.5;1500.25;10;muro\r\nA2\t5000,5\t1500,25\t9999\tfosso\r\n"
+      "B3   7  8 9\r\n\"C4\",\"1\",\"2\",\"3\",\"casa\"\r\nrotta,x,y\r\n",
+      o, r);
+  ASSERT_EQ(r.Punti.size(), 4u);
+  EXPECT_EQ(r.Punti[0], (Letto{"PF1", "muro", "", 1500.25, 5000.5, 10}));
+  // Tabs with decimal commas; 9999 is a point of no height.
+  EXPECT_EQ(r.Punti[1], (Letto{"A2", "<P!>fosso", "", 1500.25, 5000.5, 0}));
+  EXPECT_EQ(r.Punti[2], (Letto{"B3", "", "", 8, 7, 9}));
+  EXPECT_EQ(r.Punti[3], (Letto{"C4", "casa", "", 2, 1, 3}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
+}
+
+TEST(LeggiPunti, TantiDanniContatiENominatiIPrimi) {
+  std::string t;
+  for (int k = 0; k < 12; ++k) t += "rotta\n";
+  Raccolta r;
+  EXPECT_EQ(DescriviRigheDanneggiate(LeggiNuvola(t, r)), "Righe non lette: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10 e altre 2");
+}
+
+class ImportaPuntiProva : public ::testing::Test {
+ protected:
+  prova::CartellaTemporanea dir;
+  InterfacciaRegistrata ui;
+  Sessione s;
+  void SetUp() override {
+    s.Ui = &ui;
+    s.CartellaProgramma = dir / "prog";
+    std::filesystem::create_directory(s.CartellaProgramma);
+    s.SolaLettura = true;  // no PIANI.INI written beside the tests
+  }
+};
+
+TEST_F(ImportaPuntiProva, RigaDanneggiataInMezzo) {
+  prova::ScriviFileProva(dir / "a.ril", "5=1\r\n38=10\r\n37=20\r\n\x7f\x01garbage\r\n5=2\r\n38=30\r\n37=40\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Ril, dir / "a.ril", {}));
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(s.PuntoNome[1], "2");
+  EXPECT_EQ(s.PuntoX[1], 30);
+  EXPECT_EQ(s.PuntoPiano[0], "RIL");
+  EXPECT_EQ(s.PuntoFont[0], "Arial");
+  ASSERT_EQ(ui.Messaggi.size(), 1u);
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 4\n" + (dir / "a.ril"));
+  EXPECT_EQ(ui.Messaggi[0].Titolo, "CaricaPuntiRil");
+}
+
+TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
+  prova::ScriviFileProva(dir / "v.xyz", "");
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "v.xyz", {}));
+  EXPECT_EQ(ui.Messaggi.back().Testo, "Nessun punto letto:\n" + (dir / "v.xyz"));
+  prova::ScriviFileProva(dir / "b.gsi", std::string("\x00\x01\x02\n\xff\xfe", 6));
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Gsi, dir / "b.gsi", {}));
+  EXPECT_EQ(ui.Messaggi.back().Testo, "Nessun punto letto:\n" + (dir / "b.gsi") + "\nRighe non lette: 1, 2");
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Sho, dir / "no.sho", {}));
+  EXPECT_EQ(ui.Messaggi.back().Testo, "File non trovato:\n" + (dir / "no.sho"));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+
+  // Stopped at the first report of progress: the lines read before go again.
+  std::string nuvola;
+  for (int k = 0; k < 70000; ++k) nuvola += "1 2 3\n";
+  prova::ScriviFileProva(dir / "n.xyz", nuvola);
+  EsitoLettura e;
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "n.xyz", {}, &e, [](int64_t, int64_t) { return false; }));
+  EXPECT_TRUE(e.Interrotto);
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+}
+
+TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
+  // The first line names the columns; the first column of each row names the kind.
+  prova::ScriviFileProva(dir / "cad.csv",
+                         "Conteggio;Nome;Layer;Posizione X;Posizione Y;Posizione Z;Inizio X;Inizio Y;Inizio Z;Fine X;"
+                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio\r\n"
+                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;\r\n"
+                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;\r\n"
+                         "Cerchio;;;;;;;;;;;;5;6;0;1.5\r\n"
+                         "Testo;;;1;2;0;;;;;;;;;;\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]),
+            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
+            std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
+  ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
+  EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
+}
+
+TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {
+  prova::SessioneProva p;
+  InizializzaDefault(p.s);
+  prova::ScriviFileProva(p.cartella / "rilievo.gsi", "110001+00000007 81..10+00001000 82..10+00002000 \r\n");
+  ApriLavoroIniziale(p.s, "\"" + (p.cartella / "rilievo.gsi") + "\"");
+  EXPECT_TRUE(p.ui.Messaggi.empty()) << p.ui.Messaggi[0].Testo;
+  EXPECT_EQ(p.s.TipoFile, "GSI");
+  ASSERT_EQ(p.s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(p.s.PuntoNome[0], "7");
+  EXPECT_EQ(p.s.PuntoY[0], 2);
+
+  prova::SessioneProva q;
+  InizializzaDefault(q.s);
+  prova::ScriviFileProva(q.cartella / "punti.csv", "5,10.5,20.25,3,muro\r\n");
+  ApriLavoroIniziale(q.s, q.cartella / "punti.csv");
+  ASSERT_EQ(q.s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(q.s.PuntoX[0], 20.25);
+  EXPECT_EQ(q.s.PuntoDescrizione[0], "muro");
+}
+
+}  // namespace
+}  // namespace varena
