@@ -105,7 +105,8 @@ void ScriviRecordLista(Pagina& p, int64_t i) {
     case PrimCerchio: p.Cerchio(l.X1[k], l.Y1[k], l.Altezza[k], spessore); break;
     case PrimTesto: {
       // The angle in degrees clockwise, as the spooler turns its texts.
-      const double angolo = -(static_cast<double>(l.Rotazione[k]) / 400.0 * 360.0);
+      // Plus 0 so that an upright text writes 0.000, not the minus of a negative zero.
+      const double angolo = -(static_cast<double>(l.Rotazione[k]) / 400.0 * 360.0) + 0.0;
       const std::string& font = l.Font(i).empty() ? std::string("Courier New") : l.Font(i);
       p.w.Record({"TT", l.Testo(i), p.M(l.X1[k] - p.Ce), p.M(l.Y1[k] - p.Cn), p.M(angolo), font,
                   p.M(l.Altezza[k]), std::to_string(l.Penna[k])});

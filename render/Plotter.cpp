@@ -1,0 +1,216 @@
+#include "Plotter.h"
+
+#include <QFile>
+#include <QFont>
+#include <QImage>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <cmath>
+#include <cstdio>
+
+#include "SuperficieQt.h"
+#include "core/File.h"
+#include "core/Testo.h"
+
+namespace varena {
+
+namespace {
+
+QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
+
+// Texts in the job's colours, except those that would not show on white paper.
+QColor ColoreCarta(const TabellaColori& colori, int32_t indice) {
+  if (indice < 1 || indice > kMassimoColori) return Qt::black;
+  const ColoreRGB c = colori[indice];
+  if ((c & 0xFFFFFF) == 0xFFFFFF) return Qt::black;
+  return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
+}
+
+// From metres about the page's centre to millimetres of the sheet, y down.
+struct Carta {
+  double k, cx, cy;
+  explicit Carta(const OpzioniPlot& o)
+      : k(1000.0 / o.Scala), cx(o.Foglio.LarghezzaMm / 2), cy(o.Foglio.AltezzaMm / 2) {}
+  double X(double x) const { return cx + x * k; }
+  double Y(double y) const { return cy - y * k; }
+};
+
+// Texts are placed by the foot of their first letter, the baseline.
+void DisegnaTesto(QPainter& p, const ElementoFlusso& e, const Carta& c, const OpzioniPlot& o, double mm) {
+  const double altezzaMm = e.Altezza * c.k;
+  if (!(altezzaMm > 0.05) || e.Testo.empty()) return;
+  QFont f(FamigliaCarattere(e.Font));
+  f.setPointSizeF(altezzaMm * 72.0 / 25.4);
+  p.setFont(f);
+  p.setPen(ColoreCarta(o.Colori, e.Colore));
+  p.save();
+  p.translate(c.X(e.X1) * mm, c.Y(e.Y1) * mm);
+  p.rotate(e.Angolo);
+  p.drawText(QPointF(0, 0), Qs(e.Testo));
+  p.restore();
+}
+
+}  // namespace
+
+std::optional<FoglioCarta> FoglioDaNome(std::string_view nome, bool orizzontale) {
+  static const struct {
+    const char* Nome;
+    double L, A;
+  } kFogli[] = {{"A4", 210, 297}, {"A3", 297, 420}, {"A2", 420, 594}, {"A1", 594, 841}, {"A0", 841, 1189}};
+  const std::string n = Maiuscolo(Rifila(nome));
+  for (const auto& f : kFogli) {
+    if (n != f.Nome) continue;
+    if (orizzontale) return FoglioCarta{n, f.A, f.L};
+    return FoglioCarta{n, f.L, f.A};
+  }
+  return std::nullopt;
+}
+
+void DisegnaPaginaFlusso(QPainter& p, const PaginaFlusso& pagina, const OpzioniPlot& o, double dpi) {
+  const Carta c(o);
+  const double mm = dpi / 25.4;  // device dots per millimetre
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setClipRect(QRectF(0, 0, o.Foglio.LarghezzaMm * mm, o.Foglio.AltezzaMm * mm));
+  for (const ElementoFlusso& e : pagina.Elementi) {
+    switch (e.Tipo) {
+      case ElementoFlusso::Linea:
+      case ElementoFlusso::Cerchio: {
+        QPen penna(Qt::black, e.Spessore * mm, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        p.setPen(penna);
+        p.setBrush(Qt::NoBrush);
+        if (e.Tipo == ElementoFlusso::Linea) {
+          p.drawLine(QPointF(c.X(e.X1) * mm, c.Y(e.Y1) * mm), QPointF(c.X(e.X2) * mm, c.Y(e.Y2) * mm));
+        } else {
+          const double r = std::fabs(e.X2) * c.k * mm;
+          p.drawEllipse(QPointF(c.X(e.X1) * mm, c.Y(e.Y1) * mm), r, r);
+        }
+        break;
+      }
+      case ElementoFlusso::Scritta: DisegnaTesto(p, e, c, o, mm); break;
+      case ElementoFlusso::Immagine: {
+        const QImage img(Qs(NormalizzaPercorso(e.Testo)));
+        if (img.isNull()) break;
+        p.drawImage(QRectF(c.X(e.X1) * mm, c.Y(e.Y1) * mm, e.X2 * c.k * mm, e.Y2 * c.k * mm), img);
+        break;
+      }
+    }
+  }
+}
+
+namespace {
+
+std::string N(double v) {
+  char b[32];
+  std::snprintf(b, sizeof b, "%.3f", v);
+  return VirgolaInPunto(b);
+}
+
+std::string Xml(std::string_view t) {
+  std::string r;
+  for (char ch : t) {
+    switch (ch) {
+      case '&': r += "&amp;"; break;
+      case '<': r += "&lt;"; break;
+      case '>': r += "&gt;"; break;
+      case '"': r += "&quot;"; break;
+      default: r += ch;
+    }
+  }
+  return r;
+}
+
+}  // namespace
+
+std::string SvgPaginaFlusso(const PaginaFlusso& pagina, const OpzioniPlot& o) {
+  const Carta c(o);
+  const std::string l = N(o.Foglio.LarghezzaMm), a = N(o.Foglio.AltezzaMm);
+  std::string s = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+                  "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" + l + "mm\" height=\"" + a +
+                  "mm\" viewBox=\"0 0 " + l + " " + a + "\">\n<rect width=\"" + l + "\" height=\"" + a +
+                  "\" fill=\"white\"/>\n<g stroke=\"black\" stroke-linecap=\"round\" fill=\"none\">\n";
+  for (const ElementoFlusso& e : pagina.Elementi) {
+    switch (e.Tipo) {
+      case ElementoFlusso::Linea:
+        s += "<line x1=\"" + N(c.X(e.X1)) + "\" y1=\"" + N(c.Y(e.Y1)) + "\" x2=\"" + N(c.X(e.X2)) + "\" y2=\"" +
+             N(c.Y(e.Y2)) + "\" stroke-width=\"" + N(e.Spessore) + "\"/>\n";
+        break;
+      case ElementoFlusso::Cerchio:
+        s += "<circle cx=\"" + N(c.X(e.X1)) + "\" cy=\"" + N(c.Y(e.Y1)) + "\" r=\"" + N(std::fabs(e.X2) * c.k) +
+             "\" stroke-width=\"" + N(e.Spessore) + "\"/>\n";
+        break;
+      case ElementoFlusso::Scritta: {
+        const QColor q = ColoreCarta(o.Colori, e.Colore);
+        s += "<text x=\"" + N(c.X(e.X1)) + "\" y=\"" + N(c.Y(e.Y1)) + "\" font-family=\"" +
+             Xml(FamigliaCarattere(e.Font).toStdString()) + "\" font-size=\"" + N(e.Altezza * c.k) + "\" fill=\"" +
+             q.name().toStdString() + "\" stroke=\"none\"";
+        if (e.Angolo != 0)
+          s += " transform=\"rotate(" + N(e.Angolo) + " " + N(c.X(e.X1)) + " " + N(c.Y(e.Y1)) + ")\"";
+        s += ">" + Xml(e.Testo) + "</text>\n";
+        break;
+      }
+      case ElementoFlusso::Immagine:
+        s += "<image x=\"" + N(c.X(e.X1)) + "\" y=\"" + N(c.Y(e.Y1)) + "\" width=\"" + N(e.X2 * c.k) + "\" height=\"" +
+             N(e.Y2 * c.k) + "\" xlink:href=\"" + Xml(NormalizzaPercorso(e.Testo)) + "\"/>\n";
+        break;
+    }
+  }
+  s += "</g>\n</svg>\n";
+  return s;
+}
+
+PlotterPdf::PlotterPdf(std::string percorso, OpzioniPlot o)
+    : percorso_(std::move(percorso)), temporaneo_(percorso_ + kSuffissoTemporaneo), o_(std::move(o)) {}
+
+PlotterPdf::~PlotterPdf() {
+  if (painter_) {
+    painter_->end();
+    painter_.reset();
+    writer_.reset();
+    QFile::remove(Qs(temporaneo_));
+  }
+}
+
+bool PlotterPdf::Pagina(const PaginaFlusso& pagina) {
+  constexpr int kDpi = 1200;
+  if (!painter_) {
+    QFile prova(Qs(temporaneo_));
+    if (!prova.open(QIODevice::WriteOnly)) return false;
+    prova.close();
+    writer_ = std::make_unique<QPdfWriter>(Qs(temporaneo_));
+    writer_->setResolution(kDpi);
+    writer_->setPageSize(QPageSize(QSizeF(o_.Foglio.LarghezzaMm, o_.Foglio.AltezzaMm), QPageSize::Millimeter));
+    writer_->setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
+    writer_->setCreator("Varena");
+    painter_ = std::make_unique<QPainter>();
+    if (!painter_->begin(writer_.get())) {
+      painter_.reset();
+      writer_.reset();
+      QFile::remove(Qs(temporaneo_));
+      return false;
+    }
+  } else if (!writer_->newPage()) {
+    return false;
+  }
+  DisegnaPaginaFlusso(*painter_, pagina, o_, kDpi);
+  ++pagine_;
+  return true;
+}
+
+bool PlotterPdf::Chiudi() {
+  if (!painter_) return false;
+  const bool fatto = painter_->end();
+  painter_.reset();
+  writer_.reset();
+  if (!fatto) {
+    QFile::remove(Qs(temporaneo_));
+    return false;
+  }
+  // Renamed over the old file in one step: a reader sees the old plot or the new, whole.
+  if (std::rename(temporaneo_.c_str(), percorso_.c_str()) != 0) {
+    QFile::remove(Qs(temporaneo_));
+    return false;
+  }
+  return true;
+}
+
+}  // namespace varena
