@@ -35,20 +35,77 @@ struct Carta {
   double Y(double y) const { return cy - y * k; }
 };
 
-// Texts are placed by the foot of their first letter, the baseline.
-void DisegnaTesto(QPainter& p, const ElementoFlusso& e, const Carta& c, const OpzioniPlot& o, double mm) {
-  const double altezzaMm = e.Altezza * c.k;
-  if (!(altezzaMm > 0.05) || e.Testo.empty()) return;
-  QFont f(FamigliaCarattere(e.Font));
-  f.setPointSizeF(altezzaMm * 72.0 / 25.4);
-  p.setFont(f);
-  p.setPen(ColoreCarta(o.Colori, e.Colore));
-  p.save();
-  p.translate(c.X(e.X1) * mm, c.Y(e.Y1) * mm);
-  p.rotate(e.Angolo);
-  p.drawText(QPointF(0, 0), Qs(e.Testo));
-  p.restore();
-}
+// Draws the items in order, changing pen and font only when they change and handing the
+// painter runs of lines at once: a survey's page holds hundreds of thousands of them.
+class Tracciatore {
+ public:
+  Tracciatore(QPainter& p, const OpzioniPlot& o, double dpi) : p_(p), o_(o), c_(o), mm_(dpi / 25.4) {}
+  ~Tracciatore() { Svuota(); }
+
+  void Linea(const ElementoFlusso& e) {
+    Penna(e.Spessore);
+    linee_.emplace_back(QPointF(c_.X(e.X1) * mm_, c_.Y(e.Y1) * mm_), QPointF(c_.X(e.X2) * mm_, c_.Y(e.Y2) * mm_));
+  }
+  void Cerchio(const ElementoFlusso& e) {
+    Penna(e.Spessore);
+    Svuota();
+    const double r = std::fabs(e.X2) * c_.k * mm_;
+    p_.drawEllipse(QPointF(c_.X(e.X1) * mm_, c_.Y(e.Y1) * mm_), r, r);
+  }
+  // Texts are placed by the foot of their first letter, the baseline.
+  void Testo(const ElementoFlusso& e) {
+    const double altezzaMm = e.Altezza * c_.k;
+    if (!(altezzaMm > 0.05) || e.Testo.empty()) return;
+    Svuota();
+    const QString famiglia = FamigliaCarattere(e.Font);
+    if (famiglia != famiglia_ || altezzaMm != altezzaMm_) {
+      QFont f(famiglia);
+      f.setPointSizeF(altezzaMm * 72.0 / 25.4);
+      p_.setFont(f);
+      famiglia_ = famiglia, altezzaMm_ = altezzaMm;
+    }
+    p_.setPen(ColoreCarta(o_.Colori, e.Colore));
+    spessore_ = -1;
+    const QPointF piede(c_.X(e.X1) * mm_, c_.Y(e.Y1) * mm_);
+    if (e.Angolo == 0) {
+      p_.drawText(piede, Qs(e.Testo));
+      return;
+    }
+    p_.save();
+    p_.translate(piede);
+    p_.rotate(e.Angolo);
+    p_.drawText(QPointF(0, 0), Qs(e.Testo));
+    p_.restore();
+  }
+  void Immagine(const ElementoFlusso& e) {
+    const QImage img(Qs(NormalizzaPercorso(e.Testo)));
+    if (img.isNull()) return;
+    Svuota();
+    p_.drawImage(QRectF(c_.X(e.X1) * mm_, c_.Y(e.Y1) * mm_, e.X2 * c_.k * mm_, e.Y2 * c_.k * mm_), img);
+  }
+
+ private:
+  void Penna(double spessore) {
+    if (spessore == spessore_) return;
+    Svuota();
+    p_.setPen(QPen(Qt::black, spessore * mm_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p_.setBrush(Qt::NoBrush);
+    spessore_ = spessore;
+  }
+  void Svuota() {
+    if (linee_.isEmpty()) return;
+    p_.drawLines(linee_);
+    linee_.clear();
+  }
+  QPainter& p_;
+  const OpzioniPlot& o_;
+  const Carta c_;
+  const double mm_;  // device dots per millimetre
+  double spessore_ = -1;
+  QString famiglia_;
+  double altezzaMm_ = 0;
+  QList<QLineF> linee_;
+};
 
 }  // namespace
 
@@ -67,32 +124,15 @@ std::optional<FoglioCarta> FoglioDaNome(std::string_view nome, bool orizzontale)
 }
 
 void DisegnaPaginaFlusso(QPainter& p, const PaginaFlusso& pagina, const OpzioniPlot& o, double dpi) {
-  const Carta c(o);
-  const double mm = dpi / 25.4;  // device dots per millimetre
-  p.setRenderHint(QPainter::Antialiasing);
+  const double mm = dpi / 25.4;
   p.setClipRect(QRectF(0, 0, o.Foglio.LarghezzaMm * mm, o.Foglio.AltezzaMm * mm));
+  Tracciatore t(p, o, dpi);
   for (const ElementoFlusso& e : pagina.Elementi) {
     switch (e.Tipo) {
-      case ElementoFlusso::Linea:
-      case ElementoFlusso::Cerchio: {
-        QPen penna(Qt::black, e.Spessore * mm, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-        p.setPen(penna);
-        p.setBrush(Qt::NoBrush);
-        if (e.Tipo == ElementoFlusso::Linea) {
-          p.drawLine(QPointF(c.X(e.X1) * mm, c.Y(e.Y1) * mm), QPointF(c.X(e.X2) * mm, c.Y(e.Y2) * mm));
-        } else {
-          const double r = std::fabs(e.X2) * c.k * mm;
-          p.drawEllipse(QPointF(c.X(e.X1) * mm, c.Y(e.Y1) * mm), r, r);
-        }
-        break;
-      }
-      case ElementoFlusso::Scritta: DisegnaTesto(p, e, c, o, mm); break;
-      case ElementoFlusso::Immagine: {
-        const QImage img(Qs(NormalizzaPercorso(e.Testo)));
-        if (img.isNull()) break;
-        p.drawImage(QRectF(c.X(e.X1) * mm, c.Y(e.Y1) * mm, e.X2 * c.k * mm, e.Y2 * c.k * mm), img);
-        break;
-      }
+      case ElementoFlusso::Linea: t.Linea(e); break;
+      case ElementoFlusso::Cerchio: t.Cerchio(e); break;
+      case ElementoFlusso::Scritta: t.Testo(e); break;
+      case ElementoFlusso::Immagine: t.Immagine(e); break;
     }
   }
 }
