@@ -13,6 +13,7 @@
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "output/DialogoSpessori.h"
 #include "survey/Primitive.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
@@ -57,6 +58,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},
     {"FormSelezColore", ApriFormSelezColore},
+    {"FormSelezSpessore", ApriFormSelezSpessore},
     // The DXF export, and the texts into points after an import.
     {"EsportaDxf", ApriEsportaDxf},
     {"FormTestoInPunto", ApriFormTestoInPunto},

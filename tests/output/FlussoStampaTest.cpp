@@ -4,8 +4,10 @@
 
 #include <locale>
 
+#include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/Testo.h"
+#include "output/DialogoSpessori.h"
 #include "output/FlussoStampa.h"
 #include "output/LetturaFlusso.h"
 #include "support/Supporto.h"
@@ -182,6 +184,28 @@ TEST(FlussoStampa, SpessoriDallaGriglia) {
   EXPECT_EQ(s.Spessori.Spessore[2], 0);
   EXPECT_EQ(s.Spessori.Spessore[3], 7);
   EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "SPESSORI1.ini"), "2\r\n0\r\n7\r\n");
+}
+
+TEST(FlussoStampa, DialogoSpessoriEOpzioni) {
+  ScenaStampa z;
+  Sessione& s = z.s;
+  s.Colori.NumeroColori = 9;
+  ApriFormSelezSpessore(s);
+  const Dialogo* d = TrovaDialogo(s, "FormSelezSpessore");
+  ASSERT_TRUE(d);
+  EXPECT_EQ(d->Campo("Formato")->Etichetta, " Formato carta ");
+  EXPECT_EQ(d->Campo("Scala")->Etichetta, "Scala = 1:");
+  EXPECT_EQ(d->Valore("Spessore1"), "3");
+  ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore1", "4"));
+  ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore3", "0"));
+  ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore9", "99"));  // past the grid's last column
+  ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Stampa_Nome_Lavoro", "0"));
+  ASSERT_TRUE(PremiBottone(s, "FormSelezSpessore", "Conferma"));
+  EXPECT_FALSE(DialogoAperto(s, "FormSelezSpessore"));
+  EXPECT_EQ(s.Imp.Stampa_Nome_Lavoro, 0);
+  // Colour 2 stays at 0 and the others at the table's 1.
+  EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "SPESSORI1.ini"), "4\r\n0\r\n0\r\n1\r\n1\r\n1\r\n1\r\n1\r\n20\r\n");
+  EXPECT_TRUE(z.p.ui.Messaggi.empty());
 }
 
 TEST(FlussoStampa, LetturaRecordEGuasti) {
