@@ -15,6 +15,7 @@
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "output/FlussoStampa.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/DefinizioneFalda.h"
 
@@ -294,7 +295,7 @@ constexpr VoceComando kTabella[] = {
     Subito("RIGENERA", AzioneInterrompi, {}, "Zoom", "Rigenera"),
     Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando", "Esc"),
     Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
-    Subito("ANTEPRIMA_STAMPA", nullptr, {}, "File", "Anteprima di Stampa"),
+    Subito("ANTEPRIMA_STAMPA", AnteprimaStampa, {}, "File", "Anteprima di Stampa"),
     Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),
     Subito("CATTURA_SCHERMO", AzioneProgrammaEsterno, {}, "Strumenti", "Cattura Schermo"),
     Subito("CALCOLATRICE", AzioneProgrammaEsterno, {}, "Strumenti", "Calcolatrice"),

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/AltreImpostazioni.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Sessione.h"
@@ -308,6 +309,15 @@ int StampaPaginata(Sessione& s, const FinestraStampa& f, const Spooler& spooler)
       PagineStampa(s, f, [&](const FinestraStampa& p) { return GeneraPagina(s, p) && spooler(PercorsoFlussoStampa(s)); });
   s.ModoStampa = 0;
   return inviate;
+}
+
+void AnteprimaStampa(Sessione& s) {
+  const StatoVista& v = s.Vista;
+  const double l = v.AltezzaVista * v.RapportoVista / 2, h = v.AltezzaVista / 2;
+  LeggiStampaPaginato(s);
+  s.ModoStampa = 5;
+  StampaPaginata(s, {v.CentroEst - l, v.CentroNord - h, v.CentroEst + l, v.CentroNord + h},
+                 [&s](const std::string& flusso) { return LanciaPlotter(s, flusso); });
 }
 
 void ScriviSpessoriDaGriglia(Sessione& s, const std::vector<std::vector<std::string>>& righe) {

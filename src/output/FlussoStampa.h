@@ -58,6 +58,10 @@ int PagineStampa(Sessione& s, const FinestraStampa& f, const std::function<bool(
 // whatever happened. Returns the pages handed to the spooler.
 int StampaPaginata(Sessione& s, const FinestraStampa& f, const Spooler& spooler);
 
+// `ANTEPRIMA_STAMPA` without a desktop: the view as the page, pagination as
+// `StampaPaginato.ini` says, each page handed to "plotter.exe" when there is one.
+void AnteprimaStampa(Sessione& s);
+
 // The rewrite of `Spessori1.ini` by the thickness dialog: for each colour row of cells, the
 // first cell from the third on holding "X" gives the thickness of its index less 2 (none:
 // the thickness stays). The table takes the values and the file one number a line.

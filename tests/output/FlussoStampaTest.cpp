@@ -4,6 +4,7 @@
 
 #include <locale>
 
+#include "commands/Comandi.h"
 #include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/Testo.h"
@@ -170,6 +171,36 @@ TEST(FlussoStampa, PagineConDomanda) {
   EXPECT_EQ(StampaPaginata(s, {990, 1990, 1010, 2010}, spooler), 0);
   EXPECT_EQ(z.p.ui.Domande.size(), 1u);
   EXPECT_TRUE(flussi.empty());
+  EXPECT_EQ(s.ModoStampa, 0);
+}
+
+// The legacy hand-off: "plotter.exe" of the program folder run on the stream of the view.
+struct ProcessiRegistrati : Processi {
+  std::vector<std::string> Chiamate;
+  std::optional<int> Esegui(const std::string& programma, const std::vector<std::string>& argomenti,
+                            const std::string&) override {
+    Chiamate.push_back(programma + " " + (argomenti.empty() ? "" : argomenti[0]));
+    return 0;
+  }
+};
+
+TEST(FlussoStampa, AnteprimaAlPlotter) {
+  ScenaStampa z;
+  Sessione& s = z.s;
+  ProcessiRegistrati proc;
+  s.Proc = &proc;
+  z.Linea(1000, 2000, 1001, 2000, 1);
+  RigeneraLista(s);
+  s.Vista.CentroEst = 1000, s.Vista.CentroNord = 2000, s.Vista.AltezzaVista = 40, s.Vista.RapportoVista = 1.5;
+  // Without the spooler the stream stays on disk, quietly.
+  EseguiTag(s, "ANTEPRIMA_STAMPA");
+  EXPECT_EQ(s.ModoStampa, 0);
+  EXPECT_TRUE(proc.Chiamate.empty());
+  EXPECT_EQ(prova::LeggiFileProva(s.CartellaProgramma + "/stampe.vr"), "SCALA,40\r\nL,0.000,0.000,1.000,0.000,0.3\r\n");
+  prova::ScriviFileProva(s.CartellaProgramma + "/plotter.exe", "");
+  EseguiTag(s, "ANTEPRIMA_STAMPA");
+  EXPECT_EQ(proc.Chiamate,
+            std::vector<std::string>{s.CartellaProgramma + "/plotter.exe " + s.CartellaProgramma + "/stampe.vr"});
   EXPECT_EQ(s.ModoStampa, 0);
 }
 
