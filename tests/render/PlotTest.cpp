@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "Comandi.h"
+#include "Plotter.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -150,6 +151,31 @@ TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
   EXPECT_EQ(cli::Esegui({"plot", lavoro, t / "manca/no.pdf"}, out, err), 1);
   EXPECT_EQ(err.str(), "Impossibile scrivere " + (t / "manca/no.pdf") + "\n");
   EXPECT_FALSE(EsisteCartella(t / "manca"));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// The SVG of a page: millimetres of the sheet, the line at its place and thickness, the
+// texts in their twins, the narrow face of the captions in the narrow twin.
+TEST(PlotSvg, PaginaInMillimetri) {
+  OpzioniPlot o;
+  o.Scala = 500;
+  o.Foglio = *FoglioDaNome("a4", false);
+  EXPECT_FALSE(FoglioDaNome("B5", false));
+  EXPECT_EQ(FoglioDaNome("A0", true)->LarghezzaMm, 1189);
+  const std::string svg = SvgPaginaFlusso(
+      LeggiFlussoStampa("SCALA,297\r\nL,-10,0,10,0,0.3\r\nTT,12,0,5,0,Arial Narrow,2,1\r\nPN,7,1,1,Arial,1,1\r\n"), o);
+  EXPECT_NE(svg.find("width=\"210.000mm\" height=\"297.000mm\" viewBox=\"0 0 210.000 297.000\""), std::string::npos);
+  // 10 m at 1:500 is 20 mm each side of the sheet's centre (105, 148.5).
+  EXPECT_NE(svg.find("<line x1=\"85.000\" y1=\"148.500\" x2=\"125.000\" y2=\"148.500\" stroke-width=\"0.300\"/>"),
+            std::string::npos) << svg;
+  EXPECT_NE(svg.find("<text x=\"105.000\" y=\"138.500\" font-family=\"Liberation Sans Narrow\" font-size=\"4.000\""),
+            std::string::npos) << svg;
+  EXPECT_NE(svg.find("font-family=\"Liberation Sans\" font-size=\"2.000\""), std::string::npos) << svg;
 }
 
 }  // namespace
