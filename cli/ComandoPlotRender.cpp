@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 
 #include "Comandi.h"
 #include "Plotter.h"
@@ -51,8 +52,9 @@ bool LeggiRichiesta(const Argomenti& a, RichiestaPlot& r, std::ostream& err) {
   r.Svg = estensione == ".SVG";
   const std::string scala = a.Valore("--scale", "1000");
   r.Opzioni.Scala = Val(VirgolaInPunto(scala));
-  if (!std::isfinite(r.Opzioni.Scala) || r.Opzioni.Scala <= 0) {
-    err << "Scala non valida: " << scala << " (un numero maggiore di 0, come 1000 per 1:1000)\n";
+  // Beyond 1:10,000,000 a sheet would cover a continent: such a number is a slip.
+  if (!std::isfinite(r.Opzioni.Scala) || r.Opzioni.Scala <= 0 || r.Opzioni.Scala > 1e7) {
+    err << "Scala non valida: " << scala << " (un numero da 0 a 10000000, come 1000 per 1:1000)\n";
     return false;
   }
   const std::string carta = a.Valore("--paper", "A4");
@@ -80,18 +82,28 @@ bool LeggiRichiesta(const Argomenti& a, RichiestaPlot& r, std::ostream& err) {
   return true;
 }
 
+// A window so large for its scale that it would take more sheets than this is refused
+// before anything is written.
+constexpr double kPagineMassime = 1000;
+
 // The sheet at the scale, in metres on the ground, over the area: as many sheets across
-// and down as cover it, around its centre.
-FinestraStampa PaginaCentrale(Sessione& s, const RichiestaPlot& r, const FinestraStampa& area) {
+// and down as cover it, around its centre. None when they would be too many.
+std::optional<FinestraStampa> PaginaCentrale(Sessione& s, const RichiestaPlot& r, const FinestraStampa& area,
+                                             std::ostream& err) {
   const double pl = r.Opzioni.Foglio.LarghezzaMm * r.Opzioni.Scala / 1000;
   const double pa = r.Opzioni.Foglio.AltezzaMm * r.Opzioni.Scala / 1000;
   const double cx = (area.X1 + area.X2) / 2, cy = (area.Y1 + area.Y2) / 2;
   // A hair over a whole number of sheets is rounding, not one more row of them.
   auto quante = [](double l, double p) { return std::max(1.0, std::ceil(l / p - 1e-9)); };
   const double colonne = quante(std::fabs(area.X2 - area.X1), pl), righe = quante(std::fabs(area.Y2 - area.Y1), pa);
+  if (!(colonne * righe <= kPagineMassime)) {
+    err << "Troppe pagine: " << FormaSemplice(colonne) << " x " << FormaSemplice(righe)
+        << " fogli a questa scala (al massimo " << FormaSemplice(kPagineMassime) << ")\n";
+    return std::nullopt;
+  }
   s.Paginato = {};
   if (colonne * righe > 1) s.Paginato = {-1, FormaSemplice(colonne), FormaSemplice(righe)};
-  return {cx - pl / 2, cy - pa / 2, cx + pl / 2, cy + pa / 2};
+  return FinestraStampa{cx - pl / 2, cy - pa / 2, cx + pl / 2, cy + pa / 2};
 }
 
 std::string Sostituto(const std::string& uscita, const std::string& estensione) {
@@ -125,8 +137,10 @@ int ComandoPlot(const Argomenti& a, std::ostream& out, std::ostream& err) {
     }
     area = {box->XMin, box->YMin, box->XMax, box->YMax};
   }
+  const auto centrale = PaginaCentrale(s, r, area, err);
+  if (!centrale) return 64;
+  const FinestraStampa pagina = *centrale;
   AssicuraApplicazione();
-  const FinestraStampa pagina = PaginaCentrale(s, r, area);
   PlotterPdf pdf(uscita, r.Opzioni);
   std::string flussi;
   int numero = 0;

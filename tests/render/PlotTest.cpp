@@ -132,8 +132,12 @@ TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
     std::vector<std::string> opzioni;
     const char* messaggio;
   } casi[] = {
-      {{"--scale", "0"}, "Scala non valida: 0 (un numero maggiore di 0, come 1000 per 1:1000)\n"},
-      {{"--scale", "-500"}, "Scala non valida: -500 (un numero maggiore di 0, come 1000 per 1:1000)\n"},
+      {{"--scale", "0"}, "Scala non valida: 0 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      {{"--scale", "-500"}, "Scala non valida: -500 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      {{"--scale", "1e308"}, "Scala non valida: 1e308 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      // 100 x 100 km at 1:100 on A4: 4762 x 3368 sheets (29.7 x 3367 = 99999.9 m falls short).
+      {{"--scale", "100", "--window", "0,0,100000,100000"},
+       "Troppe pagine: 4762 x 3368 fogli a questa scala (al massimo 1000)\n"},
       {{"--paper", "B5"}, "Formato carta sconosciuto: B5 (A4, A3, A2, A1, A0)\n"},
       {{"--window", "10,10,10,50"}, "Finestra di area nulla: 10,10,10,50\n"},
   };
