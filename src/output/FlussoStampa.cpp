@@ -284,8 +284,10 @@ int PagineStampa(Sessione& s, const FinestraStampa& f, const std::function<bool(
   if (!s.Paginato.Attiva() || colonne < 1 || righe < 1) return pagina(f) ? 1 : 0;
   const double pl = f.PaginaLarghezza(), pa = f.PaginaAltezza();
   const double cx = (f.X1 + f.X2) / 2 - colonne * pl / 2, cy = (f.Y1 + f.Y2) / 2 - righe * pa / 2;
-  const int totale = colonne * righe;
-  int inviate = 0, indice = 0;
+  // In 64 bits: a file may ask for more pages than an int counts.
+  const int64_t totale = static_cast<int64_t>(colonne) * righe;
+  int inviate = 0;
+  int64_t indice = 0;
   for (int r = 0; r < righe; ++r) {
     for (int c = 0; c < colonne; ++c) {
       FinestraStampa p;
