@@ -2,6 +2,7 @@
 #include "output/Grafica.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <limits>
 
@@ -78,6 +79,48 @@ void Grafica::VR_Clear() {
   punti_.clear();
   linee_.clear();
   nomi_.clear();
+}
+
+int Grafica::AggiungiGrafica(const std::vector<std::string>& righe) {
+  int prese = 0;
+  for (size_t i = 0; i < righe.size(); ++i) {
+    const std::vector<std::string> c = Dividi(Rifila(righe[i]), '|');
+    const std::string tipo = Rifila(c[0]);
+    auto campo = [&c](size_t k) { return k < c.size() ? Rifila(c[k]) : std::string(); };
+    // A coordinate must be a number: an empty or wordy field is an error of the row.
+    auto numero = [&](size_t k, double& v) {
+      const std::string t = VirgolaInPunto(campo(k));
+      if (t.empty() || !(std::isdigit(static_cast<unsigned char>(t[0])) || t[0] == '-' || t[0] == '+' || t[0] == '.'))
+        return false;
+      v = Val(t);
+      return std::isfinite(v);
+    };
+    double e = 0, n = 0;
+    bool fatto = true;
+    if (tipo == "%" || tipo == "*" || tipo == "#" || tipo == "PV") {
+      fatto = numero(2, e) && numero(3, n);
+      if (fatto) VR_AggiungiPuntoGraf(e, n, campo(1), tipo == "%" ? "NC" : tipo == "*" ? "NT" : "NP", 0);
+      if (fatto && tipo == "PV") punti_.back().Tipo = "PV";
+    } else if (tipo == "8") {
+      fatto = numero(2, n) && numero(3, e);
+      const std::string nome = campo(1);
+      if (fatto) VR_AggiungiPuntoGraf(e, n, nome, IniziaCon(nome, "*") ? "NT" : "NP", 0);
+    } else if (tipo == "@") {
+      fatto = numero(2, e) && numero(3, n);
+      if (fatto) VR_AggiungiNomeParticella(e, n, campo(1));
+    } else if (tipo == "L") {
+      fatto = VR_AggiungiLineaGraf(campo(1), campo(2));
+      if (!fatto) Errori.pop_back();  // told once, as the row's error, below
+    } else {
+      continue;
+    }
+    if (fatto) {
+      ++prese;
+    } else {
+      MostraErrore("AggiungiGrafica: riga " + std::to_string(i + 1) + " " + righe[i]);
+    }
+  }
+  return prese;
 }
 
 double Grafica::DistanzaDuePuntiNuova(size_t a, size_t b) const {

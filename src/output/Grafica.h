@@ -59,6 +59,15 @@ class Grafica {
   void VR_AggiungiNomeParticella(double est, double nord, std::string_view testo);
   void VR_Clear();
 
+  // `AggiungiGrafica`: the rows of a list, each split at "|", its first field its kind:
+  // "%" a station, "*" a trig point, "#" a plain point ("%|name|East|North|"); "8" a
+  // field-book coordinate row ("8|name|North|East|", a name starting with "*" a trig point);
+  // "PV" a point kept with the kind "PV"; "@" a parcel name ("@|text|East|North|"); "L" a
+  // line between two named points ("L|name|name|"). Any other row is passed over. A row of a
+  // known kind whose numbers are missing is kept as an error, the others go on. Returns the
+  // rows taken.
+  int AggiungiGrafica(const std::vector<std::string>& righe);
+
   double DistanzaDuePuntiNuova(size_t a, size_t b) const;
   Punto PuntoMedio(size_t a, size_t b) const;
   // The point nearest to (est, nord); none when there are no points.

@@ -53,6 +53,28 @@ TEST(Grafica, ContenutoZoomEVicino) {
   EXPECT_FALSE(g.VR_IlPiuVicinoAlMouse(0, 0));
 }
 
+TEST(Grafica, RigheDiUnElenco) {
+  Grafica g;
+  EXPECT_EQ(g.AggiungiGrafica({"%|S1|10|20|", "*|PF01|0,5|1|", "#|7|3|4|", "8|*T2|200|100|", "PV|9|1|2|", "@|245|5|5|",
+                               "L|S1|7|", "L|S1|MANCA|", "#|X|abc|1|", "1|S1|1.5|", ""}),
+            7);
+  ASSERT_EQ(g.Punti().size(), 5u);
+  EXPECT_EQ(g.Punti()[0].Tipo, "NC");
+  EXPECT_EQ(g.Punti()[1].Tipo, "NT");
+  EXPECT_EQ(g.Punti()[1].Est, 0.5);  // a comma read as a point
+  EXPECT_EQ(g.Punti()[2].Tipo, "NP");
+  // The field book's coordinate row gives North first.
+  EXPECT_EQ(g.Punti()[3].Nome, "*T2");
+  EXPECT_EQ(g.Punti()[3].Tipo, "NT");
+  EXPECT_EQ(g.Punti()[3].Est, 100);
+  EXPECT_EQ(g.Punti()[3].Nord, 200);
+  EXPECT_EQ(g.Punti()[4].Tipo, "PV");
+  ASSERT_EQ(g.Nomi().size(), 1u);
+  ASSERT_EQ(g.Linee().size(), 1u);
+  EXPECT_EQ(g.Linee()[0].X2, 3);
+  EXPECT_EQ(g.Errori, (std::vector<std::string>{"AggiungiGrafica: riga 8 L|S1|MANCA|", "AggiungiGrafica: riga 9 #|X|abc|1|"}));
+}
+
 TEST(Grafica, DxfStampaEPaginaHtml) {
   const std::string testa = " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n", coda = " 0\r\nENDSEC\r\n 0\r\nEOF\r\n";
   EXPECT_EQ(Grafica().TestoDXF(), testa + coda);
