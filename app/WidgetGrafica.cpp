@@ -72,6 +72,14 @@ void WidgetGrafica::keyPressEvent(QKeyEvent* e) {
   update();
 }
 
+// A click goes to the mouse tag armed on the model: a new point, a mid-point, a contour.
+void WidgetGrafica::mousePressEvent(QMouseEvent* e) {
+  if (e->button() != Qt::LeftButton || g_.TagMouse.empty()) return QWidget::mousePressEvent(e);
+  const QPointF m = Metri(e->position());
+  g_.ClicMouse(s_, m.x(), m.y());
+  update();
+}
+
 void WidgetGrafica::mouseDoubleClickEvent(QMouseEvent* e) {
   const QPointF m = Metri(e->position());
   g_.CentraMouse(m.x(), m.y());

@@ -123,6 +123,36 @@ int Grafica::AggiungiGrafica(const std::vector<std::string>& righe) {
   return prese;
 }
 
+void Grafica::ClicMouse(Sessione& s, double est, double nord) {
+  if (TagMouse != tagPrima_) clicPrima_.reset(), tagPrima_ = TagMouse;
+  if (TagMouse == "NUOVOPUNTO") {
+    VR_AggiungiPuntoGraf(est, nord, std::to_string(punti_.size() + 1), "NP", 0);
+  } else if (TagMouse == "PUNTOMEDIO") {
+    if (clicPrima_) {
+      const auto a = VR_IlPiuVicinoAlMouse(clicPrima_->first, clicPrima_->second), b = VR_IlPiuVicinoAlMouse(est, nord);
+      if (a && b) {
+        const Punto m = PuntoMedio(*a, *b);
+        VR_AggiungiPuntoGraf(m.Est, m.Nord, std::to_string(punti_.size() + 1), "NP", 0);
+      }
+      clicPrima_.reset();
+      return;
+    }
+  } else if (TagMouse == "CONTORNOROSSO" || TagMouse == "CONTORNONERO") {
+    if (clicPrima_)
+      VR_AggiungiLineaGraf2Punti(clicPrima_->first, clicPrima_->second, est, nord, TagMouse == "CONTORNOROSSO" ? 0 : 2);
+    const std::string riga = "al punto  X= " + VirgolaInPunto(FormatoMaschera(est, "###########.000")) + "  Y= " +
+                             VirgolaInPunto(FormatoMaschera(nord, "##########.000")) + "  Z=   0\r\n";
+    s.RoutineCorrente = "CONTORNO";
+    Protetto(s, [&] {
+      NuovaCartella(s.CartellaLavoro + "TEMP");
+      AggiungiTesto(s.CartellaLavoro + "TEMP/CONTORNO.TXT", riga);
+    });
+  } else {
+    return;
+  }
+  clicPrima_ = std::make_pair(est, nord);
+}
+
 double Grafica::DistanzaDuePuntiNuova(size_t a, size_t b) const {
   if (a >= punti_.size() || b >= punti_.size()) return 0;
   return std::hypot(punti_[b].Est - punti_[a].Est, punti_[b].Nord - punti_[a].Nord);

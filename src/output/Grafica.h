@@ -68,6 +68,13 @@ class Grafica {
   // rows taken.
   int AggiungiGrafica(const std::vector<std::string>& righe);
 
+  // The mouse tag armed on the control: "NUOVOPUNTO" adds a point where it is clicked,
+  // "PUNTOMEDIO" the mid-point of the points nearest to two clicks, "CONTORNOROSSO" and
+  // "CONTORNONERO" draw a contour click by click (red, black) and write each of its
+  // corners to TEMP/CONTORNO.TXT of the working root. Empty: clicks do nothing.
+  std::string TagMouse;
+  void ClicMouse(Sessione& s, double est, double nord);
+
   double DistanzaDuePuntiNuova(size_t a, size_t b) const;
   Punto PuntoMedio(size_t a, size_t b) const;
   // The point nearest to (est, nord); none when there are no points.
@@ -89,6 +96,9 @@ class Grafica {
   std::vector<Punto> punti_;
   std::vector<Linea> linee_;
   std::vector<Nome> nomi_;
+  // The click before, for the contours and the mid-point.
+  std::optional<std::pair<double, double>> clicPrima_;
+  std::string tagPrima_;
 };
 
 }  // namespace varena

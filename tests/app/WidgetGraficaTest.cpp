@@ -31,6 +31,13 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   EXPECT_DOUBLE_EQ(g.CentroEst, 50 + 100 * 2.0 / 4);
   QTest::keyClick(&w, Qt::Key_Home);
   EXPECT_DOUBLE_EQ(g.CentroEst, 50);
+  // With "NUOVOPUNTO" armed a click at pixel (300, 80) adds the point there.
+  g.Altezza = 100;
+  g.TagMouse = "NUOVOPUNTO";
+  QTest::mouseClick(&w, Qt::LeftButton, {}, QPoint(300, 80));
+  ASSERT_EQ(g.Punti().size(), 3u);
+  EXPECT_DOUBLE_EQ(g.Punti()[2].Est, 100);  // 100 pixels right of the middle, 2 a metre
+  EXPECT_DOUBLE_EQ(g.Punti()[2].Nord, 10);
 }
 
 }  // namespace

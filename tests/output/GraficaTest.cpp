@@ -75,6 +75,29 @@ TEST(Grafica, RigheDiUnElenco) {
   EXPECT_EQ(g.Errori, (std::vector<std::string>{"AggiungiGrafica: riga 8 L|S1|MANCA|", "AggiungiGrafica: riga 9 #|X|abc|1|"}));
 }
 
+TEST(Grafica, TagDelMouse) {
+  prova::SessioneProva p;
+  p.s.Ui = &p.ui;
+  Grafica g = Esempio();
+  g.TagMouse = "PUNTOMEDIO";
+  g.ClicMouse(p.s, 1, 1);
+  g.ClicMouse(p.s, 9, 1);  // nearest to A, then to B: their mid-point (5, 0)
+  ASSERT_EQ(g.Punti().size(), 3u);
+  EXPECT_EQ(g.Punti()[2].Est, 5);
+  EXPECT_EQ(g.Punti()[2].Nord, 0);
+  g.TagMouse = "CONTORNOROSSO";
+  g.ClicMouse(p.s, 1234.5, 0.25);
+  g.ClicMouse(p.s, -2, 3);
+  ASSERT_EQ(g.Linee().size(), 2u);
+  EXPECT_EQ(g.Linee()[1].X1, 1234.5);
+  EXPECT_EQ(g.Linee()[1].X2, -2);
+  EXPECT_EQ(prova::LeggiFileProva(p.s.CartellaLavoro + "TEMP/CONTORNO.TXT"),
+            "al punto  X= 1234.500  Y= .250  Z=   0\r\nal punto  X= -2.000  Y= 3.000  Z=   0\r\n");
+  g.TagMouse = "NUOVOPUNTO";
+  g.ClicMouse(p.s, 7, 8);
+  EXPECT_EQ(g.Punti().back().Nome, "4");
+}
+
 TEST(Grafica, DxfStampaEPaginaHtml) {
   const std::string testa = " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n", coda = " 0\r\nENDSEC\r\n 0\r\nEOF\r\n";
   EXPECT_EQ(Grafica().TestoDXF(), testa + coda);
