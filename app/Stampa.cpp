@@ -59,7 +59,7 @@ void StampaConDialogo(QWidget* padre, Sessione& s) {
   const QString scelta = QInputDialog::getItem(padre, "Stampa", "Scala = 1:", scale, 4, true, &ok);
   if (!ok) return;
   const double scala = Val(VirgolaInPunto(scelta.toStdString()));
-  if (!std::isfinite(scala) || scala <= 0) {
+  if (!std::isfinite(scala) || scala <= 0 || scala > 1e7) {
     s.Ui->Messaggio("Scala non valida: " + scelta.toStdString(), "Stampa", Icona::Avviso);
     return;
   }
