@@ -236,7 +236,12 @@ std::string FlussoPagina(Sessione& s, const FinestraStampa& f) {
   p.YMin = p.Cn - altezza / 2, p.YMax = p.Cn + altezza / 2;
   // The page is the view while it is plotted: sizes given as a share of the view are
   // shares of the page.
-  const StatoVista vista = s.Vista;
+  // Given back however the page ends, a failure of memory included.
+  struct RipristinaVista {
+    Sessione& s;
+    const double e, n, h;
+    ~RipristinaVista() { s.Vista.CentroEst = e, s.Vista.CentroNord = n, s.Vista.AltezzaVista = h; }
+  } ripristina{s, s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista};
   s.Vista.CentroEst = p.Ce, s.Vista.CentroNord = p.Cn, s.Vista.AltezzaVista = altezza;
   w.Record({"SCALA", FormaSemplice(altezza)});
   for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r)
@@ -253,7 +258,6 @@ std::string FlussoPagina(Sessione& s, const FinestraStampa& f) {
   for (int64_t i : vicini)
     if (i < s.ContaEntita[SlotPunti]) ScriviPunto(p, static_cast<int32_t>(i));
   for (int64_t i = s.IndicePunti.Elementi(); i < s.ContaEntita[SlotPunti]; ++i) ScriviPunto(p, static_cast<int32_t>(i));
-  s.Vista = vista;
   return std::move(w.Testo());
 }
 

@@ -144,6 +144,7 @@ TEST(FlussoStampa, PagineConDomanda) {
   EXPECT_TRUE(z.p.ui.Domande.empty());
   ASSERT_EQ(flussi.size(), 1u);
   EXPECT_EQ(flussi[0], "SCALA,20\r\nL,0.000,0.000,1.000,0.000,0.3\r\n");
+  EXPECT_EQ(s.Vista.AltezzaVista, 100);  // the view of the drawing, not of the page
 
   // Two across and one down around the window's centre: pages 980..1000 and 1000..1020.
   // The first is sent, the second skipped.
