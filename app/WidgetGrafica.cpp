@@ -17,6 +17,7 @@ WidgetGrafica::WidgetGrafica(Sessione& s, QWidget* padre) : QWidget(padre), s_(s
   QPalette p = palette();
   p.setColor(QPalette::Window, Qt::white);
   setPalette(p);
+  g_.LeggiOpzioni(s_);
 }
 
 QPointF WidgetGrafica::Pixel(double est, double nord) const {
@@ -43,14 +44,17 @@ void WidgetGrafica::paintEvent(QPaintEvent*) {
   }
   p.setPen(Qt::NoPen);
   p.setBrush(QColor(0x33, 0x33, 0x33));
-  for (const Grafica::Punto& q : g_.Punti()) p.drawEllipse(Pixel(q.Est, q.Nord), 2, 2);
+  for (const Grafica::Punto& q : g_.Punti())
+    if (g_.Visibile(q)) p.drawEllipse(Pixel(q.Est, q.Nord), 2, 2);
   QFont f("Liberation Mono");
   f.setPixelSize(12);
   p.setFont(f);
   p.setPen(Qt::red);
-  for (const Grafica::Punto& q : g_.Punti()) p.drawText(Pixel(q.Est, q.Nord) + QPointF(4, -4), QString::fromStdString(q.Nome));
+  for (const Grafica::Punto& q : g_.Punti())
+    if (g_.MostraNomi && g_.Visibile(q)) p.drawText(Pixel(q.Est, q.Nord) + QPointF(4, -4), QString::fromStdString(q.Nome));
   p.setPen(Qt::blue);
-  for (const Grafica::Nome& n : g_.Nomi()) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
+  for (const Grafica::Nome& n : g_.Nomi())
+    if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
 }
 
 void WidgetGrafica::wheelEvent(QWheelEvent* e) {

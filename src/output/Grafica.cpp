@@ -8,6 +8,7 @@
 
 #include "core/Errori.h"
 #include "core/File.h"
+#include "core/ImpostazioniUtente.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "output/FlussoStampa.h"
@@ -27,6 +28,19 @@ const char* StratoPunto(const std::string& tipo) {
 }
 
 }  // namespace
+
+void Grafica::LeggiOpzioni(Sessione& s) {
+  auto si = [&s](const char* chiave) { return LeggiImpostazioneUtente(s, "CONFIGURA_GRAFICA1", chiave, "1") != "0"; };
+  MostraNomi = si("NOMISINO"), MostraToponimi = si("TOPONIMISINO"), MostraPF = si("PFSINO");
+}
+
+void Grafica::ScriviOpzioni(Sessione& s) const {
+  ScriviImpostazioneUtente(s, "CONFIGURA_GRAFICA1", "NOMISINO", MostraNomi ? "1" : "0");
+  ScriviImpostazioneUtente(s, "CONFIGURA_GRAFICA1", "TOPONIMISINO", MostraToponimi ? "1" : "0");
+  ScriviImpostazioneUtente(s, "CONFIGURA_GRAFICA1", "PFSINO", MostraPF ? "1" : "0");
+}
+
+bool Grafica::Visibile(const Punto& p) const { return MostraPF || !IniziaCon(Maiuscolo(p.Nome), "PF"); }
 
 void Grafica::VR_ZoomTutto() {
   double x0 = std::numeric_limits<double>::infinity(), y0 = x0, x1 = -x0, y1 = -x0;
@@ -183,13 +197,14 @@ std::string Grafica::TestoDXF() const {
   g(" 0", "SECTION");
   g(" 2", "ENTITIES");
   for (const Punto& p : punti_) {
+    if (!Visibile(p)) continue;
     g(" 0", "POINT"), g(" 8", StratoPunto(p.Tipo)), g(" 10", M(p.Est)), g(" 20", M(p.Nord));
   }
   for (const Punto& p : punti_) {
-    if (p.Nome.empty()) continue;
+    if (p.Nome.empty() || !MostraNomi || !Visibile(p)) continue;
     g(" 0", "TEXT"), g(" 8", "Punti"), g(" 10", M(p.Est)), g(" 20", M(p.Nord)), g(" 40", "1.000"), g("  1", p.Nome);
   }
-  for (const Nome& n : nomi_) {
+  for (const Nome& n : MostraToponimi ? nomi_ : std::vector<Nome>{}) {
     g(" 0", "TEXT"), g(" 8", "Nomi"), g(" 10", M(n.Est)), g(" 20", M(n.Nord)), g(" 40", "1.000"), g("  1", n.Testo);
   }
   for (const Linea& l : linee_) {
@@ -207,11 +222,13 @@ std::string Grafica::TestoStampa() const {
   w.Record({"SCALA", FormaSemplice(Altezza)});
   // The names with their font and an empty field after it, as the spooler has them.
   for (const Punto& p : punti_)
-    if (!p.Nome.empty()) w.Record({"T", p.Nome, x(p.Est), y(p.Nord), "Courier New", ""});
-  for (const Nome& n : nomi_) w.Record({"T", n.Testo, x(n.Est), y(n.Nord), "Courier New", ""});
+    if (!p.Nome.empty() && MostraNomi && Visibile(p)) w.Record({"T", p.Nome, x(p.Est), y(p.Nord), "Courier New", ""});
+  if (MostraToponimi)
+    for (const Nome& n : nomi_) w.Record({"T", n.Testo, x(n.Est), y(n.Nord), "Courier New", ""});
   // A point is a small circle, a two-hundredth of the view across, of the finest pen.
   const std::string raggio = FormatoMaschera(Altezza / 200, "#########0.00");
-  for (const Punto& p : punti_) w.Record({"C", x(p.Est), y(p.Nord), raggio, ".01"});
+  for (const Punto& p : punti_)
+    if (Visibile(p)) w.Record({"C", x(p.Est), y(p.Nord), raggio, ".01"});
   for (const Linea& l : linee_) w.Record({"L", x(l.X1), y(l.Y1), x(l.X2), y(l.Y2), "0.1"});
   return std::move(w.Testo());
 }
@@ -251,14 +268,15 @@ std::string Grafica::TestoHTML() const {
   }
   h += "    context.setLineDash([]);\r\n";
   for (const Punto& p : punti_) {
+    if (!Visibile(p)) continue;
     h += "context.beginPath();\r\ncontext.arc(" + X(p.Est) + ", " + Y(p.Nord) + ", 2, 0, 2 * Math.PI);\r\n";
     h += "context.fillStyle = '#333';\r\ncontext.fill();\r\n";
   }
   h += "context.font = '14px Courier New';\r\ncontext.fillStyle = 'red';\r\n";
   auto testo = [](const std::string& t) { return Sostituisci(Sostituisci(t, "\\", "\\\\"), "'", "\\'"); };
   for (const Punto& p : punti_)
-    if (!p.Nome.empty()) h += "context.fillText('" + testo(p.Nome) + "', " + X(p.Est) + ", " + Y(p.Nord) + ");\r\n";
-  for (const Nome& n : nomi_)
+    if (!p.Nome.empty() && MostraNomi && Visibile(p)) h += "context.fillText('" + testo(p.Nome) + "', " + X(p.Est) + ", " + Y(p.Nord) + ");\r\n";
+  for (const Nome& n : MostraToponimi ? nomi_ : std::vector<Nome>{})
     h += "context.fillText('" + testo(n.Testo) + "', " + X(n.Est) + ", " + Y(n.Nord) + ");\r\n";
   h += "     context.stroke();\r\n   </script>\r\n </body>\r\n</html>\r\n";
   return h;

@@ -40,6 +40,15 @@ class Grafica {
   double Rapporto = 1;  // width over height of the control
   std::vector<std::string> Errori;
 
+  // What the control shows and exports: the points' names, the parcel names, the fiducial
+  // points (named "PF..."). Kept per user as "NOMISINO", "TOPONIMISINO", "PFSINO" in the
+  // section "CONFIGURA_GRAFICA1", "1" or "0".
+  bool MostraNomi = true, MostraToponimi = true, MostraPF = true;
+  void LeggiOpzioni(Sessione& s);
+  void ScriviOpzioni(Sessione& s) const;
+  // A point drawn and exported under the options.
+  bool Visibile(const Punto& p) const;
+
   void MostraErrore(std::string_view testo) { Errori.emplace_back(testo); }
   void VR_ZoomTutto();
   void VR_ZoomPiu() { Altezza /= 2; }

@@ -75,6 +75,27 @@ TEST(Grafica, RigheDiUnElenco) {
   EXPECT_EQ(g.Errori, (std::vector<std::string>{"AggiungiGrafica: riga 8 L|S1|MANCA|", "AggiungiGrafica: riga 9 #|X|abc|1|"}));
 }
 
+TEST(Grafica, OpzioniDellUtente) {
+  prova::SessioneProva p;
+  Grafica g = Esempio();
+  g.VR_AggiungiPuntoGraf(3, 3, "PF01/0010/G693", "NT", 1);
+  g.MostraNomi = false, g.MostraPF = false;
+  g.ScriviOpzioni(p.s);
+  Grafica h = Esempio();
+  h.VR_AggiungiPuntoGraf(3, 3, "PF01/0010/G693", "NT", 1);
+  h.LeggiOpzioni(p.s);
+  EXPECT_FALSE(h.MostraNomi);
+  EXPECT_TRUE(h.MostraToponimi);
+  EXPECT_FALSE(h.MostraPF);
+  h.CentroEst = 5, h.CentroNord = 2.5, h.Altezza = 10;
+  // No point's name and no fiducial point; the parcel name stays.
+  EXPECT_EQ(h.TestoStampa(),
+            "SCALA,10\r\nT,12,0.000,2.500,Courier New,\r\nC,-5.000,-2.500,0.05,.01\r\nC,5.000,-2.500,0.05,.01\r\n"
+            "L,-5.000,-2.500,5.000,-2.500,0.1\r\n");
+  EXPECT_EQ(h.TestoDXF().find("PF01"), std::string::npos);
+  EXPECT_EQ(h.TestoHTML().find("'A'"), std::string::npos);
+}
+
 TEST(Grafica, TagDelMouse) {
   prova::SessioneProva p;
   p.s.Ui = &p.ui;
