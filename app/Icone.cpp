@@ -29,7 +29,7 @@ constexpr IconaDiTag kIcone[] = {
     {"RIAPRI_DISEGNO", "riapri"}, {"GESTIONE_DISEGNI", "gestione-disegni"}, {"SALVA_VELOCE", "salva"},
     {"SALVA_CON_NOME", "salva-nome"}, {"COPIA_IN_FILE", "copia-in-file"}, {"INCOLLA_DA_FILE", "incolla-da-file"},
     {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
-    {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
+    {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"SPESSORI_STAMPA", "spessori-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
     {"CONFIGURAZIONE", "configurazione"}, {"ORIGINE_FOGLIO", "origine-foglio"},
     // Edit
     {"ANNULLA", "annulla"}, {"REDO", "ripristina"}, {"INTERROMPI_COMANDO", "interrompi"},

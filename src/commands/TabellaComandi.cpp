@@ -296,6 +296,7 @@ constexpr VoceComando kTabella[] = {
     Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando", "Esc"),
     Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
     Subito("ANTEPRIMA_STAMPA", AnteprimaStampa, {}, "File", "Anteprima di Stampa"),
+    Subito("SPESSORI_STAMPA", nullptr, "FormSelezSpessore", "File", "Spessori di stampa"),
     Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),
     Subito("CATTURA_SCHERMO", AzioneProgrammaEsterno, {}, "Strumenti", "Cattura Schermo"),
     Subito("CALCOLATRICE", AzioneProgrammaEsterno, {}, "Strumenti", "Calcolatrice"),
