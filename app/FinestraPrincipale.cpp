@@ -14,6 +14,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "Stampa.h"
 #include "FinestraLibretto.h"
 #include "FinestreLavori.h"
 #include "Icone.h"
@@ -233,6 +234,7 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
   if (t == "LIBRETTO_MISURE" || t == "H") return MostraLibretto();
   if (t == "INFO_ELENCO_PUNTI_TUTTI") return MostraElencoPunti();
+  if (t == "ANTEPRIMA_STAMPA") return StampaConDialogo(this, s_);
   const std::string prima = s_.NomeOriginale;
   tela_->CompletaRidisegno();
   varena::EseguiTag(s_, t.toStdString());

@@ -29,10 +29,9 @@ constexpr IconaDiTag kIcone[] = {
     {"RIAPRI_DISEGNO", "riapri"}, {"GESTIONE_DISEGNI", "gestione-disegni"}, {"SALVA_VELOCE", "salva"},
     {"SALVA_CON_NOME", "salva-nome"}, {"COPIA_IN_FILE", "copia-in-file"}, {"INCOLLA_DA_FILE", "incolla-da-file"},
     {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"},
-    {"CARICA_CXF", "importa-cxf"}, {"CARICA_TAF", "importa-taf"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
-    {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"}, {"CARICA_PUNTI_RIL", "importa-punti"}, {"CARICA_PUNTI_SHO", "importa-punti"},
+    {"CARICA_CXF", "importa-cxf"}, {"CARICA_TAF", "importa-taf"}, {"CARICA_PUNTI_RIL", "importa-punti"}, {"CARICA_PUNTI_SHO", "importa-punti"},
     {"CARICA_PUNTI_GSI", "importa-punti"}, {"CARICA_PUNTI_TXT", "importa-punti"}, {"IMPORTA_NUVOLA", "importa-nuvola"}, {"CARICA_VR4", "importa-punti"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
-    {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
+    {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"SPESSORI_STAMPA", "spessori-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
     {"CONFIGURAZIONE", "configurazione"}, {"ORIGINE_FOGLIO", "origine-foglio"},
     // Edit
     {"ANNULLA", "annulla"}, {"REDO", "ripristina"}, {"INTERROMPI_COMANDO", "interrompi"},

@@ -21,6 +21,9 @@ QString FamigliaCarattere(std::string_view nome) {
   const QString m = n.toUpper();
   // The legacy program names Windows fonts; Liberation has the same metrics for the three
   // that matter, so texts keep their lengths on the sheet.
+  // The narrow face of the preview's captions has a narrow twin: the plain one would run
+  // a third longer.
+  if (m == "ARIAL NARROW") return "Liberation Sans Narrow";
   if (m == "ARIAL" || m.startsWith("ARIAL ")) return "Liberation Sans";
   if (m == "COURIER NEW" || m == "CURIER NEW" || m == "COURIER") return "Liberation Mono";
   if (m == "TIMES NEW ROMAN" || m == "TIMES") return "Liberation Serif";

@@ -17,6 +17,7 @@
 #include "exchange/DxfTestiInPunto.h"
 #include "exchange/Importatori.h"
 #include "exchange/ImportaPunti.h"
+#include "output/FlussoStampa.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -298,7 +299,8 @@ constexpr VoceComando kTabella[] = {
     Subito("RIGENERA", AzioneInterrompi, {}, "Zoom", "Rigenera"),
     Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando", "Esc"),
     Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
-    Subito("ANTEPRIMA_STAMPA", nullptr, {}, "File", "Anteprima di Stampa"),
+    Subito("ANTEPRIMA_STAMPA", AnteprimaStampa, {}, "File", "Anteprima di Stampa"),
+    Subito("SPESSORI_STAMPA", nullptr, "FormSelezSpessore", "File", "Spessori di stampa"),
     Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),
     Subito("CATTURA_SCHERMO", AzioneProgrammaEsterno, {}, "Strumenti", "Cattura Schermo"),
     Subito("CALCOLATRICE", AzioneProgrammaEsterno, {}, "Strumenti", "Calcolatrice"),

@@ -13,6 +13,7 @@
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "output/DialogoSpessori.h"
 #include "survey/Primitive.h"
 #include "terrain/Curve.h"
 #include "terrain/Volumi.h"
@@ -61,6 +62,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},
     {"FormSelezColore", ApriFormSelezColore},
+    {"FormSelezSpessore", ApriFormSelezSpessore},
     // The DXF export, and the texts into points after an import.
     {"EsportaDxf", ApriEsportaDxf},
     {"FormTestoInPunto", ApriFormTestoInPunto},

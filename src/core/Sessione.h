@@ -82,7 +82,7 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   StatoRigenerazione Rigenerazione;
   int32_t ImmagineInCima = -1;  // the image painted over the others
   bool EvidenziaTutto = false;  // every point symbol in the highlight colour
-  int16_t TipoStampa = 0;       // 5: drawing goes to paper
+  int16_t ModoStampa = 0;       // 5: the drawing routines write the plot stream
   // Point heights: decimals shown, and mode 1 shows the depth below the reference height.
   int DecimaliQuota = 2;
   int16_t ModoQuota = 0;

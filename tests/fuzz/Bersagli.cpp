@@ -41,6 +41,7 @@ constexpr Bersaglio kBersagli[] = {
     {"nuvola", FuzzNuvola, true},
     {"testopunti", FuzzTestoPunti, true},
     {"vr4", FuzzVr4, true},
+    {"flusso", FuzzFlusso, false},
 };
 
 }  // namespace

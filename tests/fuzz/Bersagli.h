@@ -54,5 +54,6 @@ void FuzzGsi(const Ambiente& a, std::string_view byte);
 void FuzzNuvola(const Ambiente& a, std::string_view byte);
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
 void FuzzVr4(const Ambiente& a, std::string_view byte);
+void FuzzFlusso(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

@@ -1,0 +1,103 @@
+#include "WidgetGrafica.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include "core/Sessione.h"
+
+namespace varena {
+
+WidgetGrafica::WidgetGrafica(Sessione& s, QWidget* padre) : QWidget(padre), s_(s) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(200, 150);
+  setAutoFillBackground(true);
+  QPalette p = palette();
+  p.setColor(QPalette::Window, Qt::white);
+  setPalette(p);
+  g_.LeggiOpzioni(s_);
+}
+
+QPointF WidgetGrafica::Pixel(double est, double nord) const {
+  const double k = height() / (g_.Altezza > 0 ? g_.Altezza : 1);
+  return {width() / 2.0 + (est - g_.CentroEst) * k, height() / 2.0 - (nord - g_.CentroNord) * k};
+}
+
+QPointF WidgetGrafica::Metri(QPointF pixel) const {
+  const double k = height() / (g_.Altezza > 0 ? g_.Altezza : 1);
+  return {g_.CentroEst + (pixel.x() - width() / 2.0) / k, g_.CentroNord - (pixel.y() - height() / 2.0) / k};
+}
+
+void WidgetGrafica::resizeEvent(QResizeEvent*) { g_.Rapporto = height() > 0 ? double(width()) / height() : 1; }
+
+void WidgetGrafica::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  static const QColor kColori[3] = {Qt::red, Qt::darkGreen, Qt::black};
+  static const Qt::PenStyle kTratti[3] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine};
+  for (const Grafica::Linea& l : g_.Linee()) {
+    const int t = std::clamp(l.Tipo, 0, 2);
+    p.setPen(QPen(kColori[t], 1, kTratti[t]));
+    p.drawLine(Pixel(l.X1, l.Y1), Pixel(l.X2, l.Y2));
+  }
+  p.setPen(Qt::NoPen);
+  p.setBrush(QColor(0x33, 0x33, 0x33));
+  for (const Grafica::Punto& q : g_.Punti())
+    if (g_.Visibile(q)) p.drawEllipse(Pixel(q.Est, q.Nord), 2, 2);
+  QFont f("Liberation Mono");
+  f.setPixelSize(12);
+  p.setFont(f);
+  p.setPen(Qt::red);
+  for (const Grafica::Punto& q : g_.Punti())
+    if (g_.MostraNomi && g_.Visibile(q)) p.drawText(Pixel(q.Est, q.Nord) + QPointF(4, -4), QString::fromStdString(q.Nome));
+  p.setPen(Qt::blue);
+  for (const Grafica::Nome& n : g_.Nomi())
+    if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
+}
+
+void WidgetGrafica::wheelEvent(QWheelEvent* e) {
+  e->angleDelta().y() > 0 ? g_.VR_ZoomPiu() : g_.VR_ZoomMeno();
+  update();
+}
+
+void WidgetGrafica::keyPressEvent(QKeyEvent* e) {
+  switch (e->key()) {
+    case Qt::Key_Up: g_.VR_ZoomUP(); break;
+    case Qt::Key_Down: g_.VR_ZoomDown(); break;
+    case Qt::Key_Left: g_.VR_ZoomLeft(); break;
+    case Qt::Key_Right: g_.VR_ZoomRight(); break;
+    case Qt::Key_Plus: g_.VR_ZoomPiu(); break;
+    case Qt::Key_Minus: g_.VR_ZoomMeno(); break;
+    case Qt::Key_Home: g_.VR_ZoomTutto(); break;
+    default: QWidget::keyPressEvent(e); return;
+  }
+  update();
+}
+
+// A click goes to the mouse tag armed on the model: a new point, a mid-point, a contour.
+void WidgetGrafica::mousePressEvent(QMouseEvent* e) {
+  if (e->button() != Qt::LeftButton || g_.TagMouse.empty()) return QWidget::mousePressEvent(e);
+  const QPointF m = Metri(e->position());
+  g_.ClicMouse(s_, m.x(), m.y());
+  update();
+}
+
+void WidgetGrafica::mouseDoubleClickEvent(QMouseEvent* e) {
+  const QPointF m = Metri(e->position());
+  g_.CentraMouse(m.x(), m.y());
+  update();
+}
+
+void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
+  QMenu menu(this);
+  menu.addAction("Zoom Tutto", [this] { g_.VR_ZoomTutto(); update(); });
+  menu.addSeparator();
+  menu.addAction("Salva DXF", [this] { g_.VR_SalvaDXF(s_); });
+  menu.addAction("Stampa", [this] { g_.GeneraStampa(s_); });
+  menu.addAction("Pagina HTML", [this] { g_.GeneraHTML5_CANVAS(s_); });
+  menu.exec(e->globalPos());
+}
+
+}  // namespace varena

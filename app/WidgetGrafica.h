@@ -1,0 +1,35 @@
+// The preview control on screen: a widget that paints a `Grafica` and turns the wheel, the
+// arrow keys and the menu of its right button into the model's operations.
+#pragma once
+
+#include <QWidget>
+
+#include "output/Grafica.h"
+
+namespace varena {
+
+struct Sessione;
+
+class WidgetGrafica : public QWidget {
+ public:
+  WidgetGrafica(Sessione& s, QWidget* padre = nullptr);
+  Grafica& Modello() { return g_; }
+  // The model's point under a pixel of the widget, in metres.
+  QPointF Metri(QPointF pixel) const;
+  QPointF Pixel(double est, double nord) const;
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+  void resizeEvent(QResizeEvent*) override;
+  void wheelEvent(QWheelEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
+  void contextMenuEvent(QContextMenuEvent* e) override;
+
+ private:
+  Sessione& s_;
+  Grafica g_;
+};
+
+}  // namespace varena

@@ -1,0 +1,113 @@
+// `Grafica`: the preview control's content and view, without any widget. A dialog feeds it
+// points, lines and parcel names row by row; it zooms on its own, finds the nearest item,
+// and exports a DXF, a plot stream and an HTML page with a canvas.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varena {
+
+struct Sessione;
+
+class Grafica {
+ public:
+  struct Punto {
+    double Est = 0, Nord = 0;
+    std::string Nome;
+    std::string Tipo;  // one of the kinds of `kTipiPunto`, as "NC"
+    int32_t Colore = 0;
+  };
+  struct Linea {
+    double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
+    int32_t Tipo = 0;  // 0 plain, 1 and 2 the two dashed kinds
+  };
+  struct Nome {
+    double Est = 0, Nord = 0;
+    std::string Testo;
+  };
+  // The nine kinds of a point: the last letter its class (C station, T trig point, P plain
+  // point), the first its group.
+  static constexpr const char* kTipiPunto = "|NC|NT|NP|RC|RT|RP|VC|VT|VP|";
+
+  const std::vector<Punto>& Punti() const { return punti_; }
+  const std::vector<Linea>& Linee() const { return linee_; }
+  const std::vector<Nome>& Nomi() const { return nomi_; }
+  double CentroEst = 0, CentroNord = 0, Altezza = 100;
+  double Rapporto = 1;  // width over height of the control
+  std::vector<std::string> Errori;
+
+  // What the control shows and exports: the points' names, the parcel names, the fiducial
+  // points (named "PF..."). Kept per user as "NOMISINO", "TOPONIMISINO", "PFSINO" in the
+  // section "CONFIGURA_GRAFICA1", "1" or "0".
+  bool MostraNomi = true, MostraToponimi = true, MostraPF = true;
+  void LeggiOpzioni(Sessione& s);
+  void ScriviOpzioni(Sessione& s) const;
+  // A point drawn and exported under the options.
+  bool Visibile(const Punto& p) const;
+
+  void MostraErrore(std::string_view testo) { Errori.emplace_back(testo); }
+  void VR_ZoomTutto();
+  void VR_ZoomPiu() { Altezza /= 2; }
+  void VR_ZoomMeno() { Altezza *= 2; }
+  // A pan of a quarter of the view.
+  void VR_ZoomUP() { CentroNord += Altezza / 4; }
+  void VR_ZoomDown() { CentroNord -= Altezza / 4; }
+  void VR_ZoomLeft() { CentroEst -= Altezza * Rapporto / 4; }
+  void VR_ZoomRight() { CentroEst += Altezza * Rapporto / 4; }
+  void CentraMouse(double est, double nord) { CentroEst = est, CentroNord = nord; }
+
+  // A kind outside the nine is kept as "NP", a plain point.
+  void VR_AggiungiPuntoGraf(double est, double nord, std::string_view nome, std::string_view tipo, int32_t colore);
+  // False (and an error kept) when a name is not among the points.
+  bool VR_AggiungiLineaGraf(std::string_view nome1, std::string_view nome2, int32_t tipo = 0);
+  void VR_AggiungiLineaGraf2Punti(double x1, double y1, double x2, double y2, int32_t tipo = 0);
+  void VR_AggiungiNomeParticella(double est, double nord, std::string_view testo);
+  void VR_Clear();
+
+  // `AggiungiGrafica`: the rows of a list, each split at "|", its first field its kind:
+  // "%" a station, "*" a trig point, "#" a plain point ("%|name|East|North|"); "8" a
+  // field-book coordinate row ("8|name|North|East|", a name starting with "*" a trig point);
+  // "PV" a point kept with the kind "PV"; "@" a parcel name ("@|text|East|North|"); "L" a
+  // line between two named points ("L|name|name|"). Any other row is passed over. A row of a
+  // known kind whose numbers are missing is kept as an error, the others go on. Returns the
+  // rows taken.
+  int AggiungiGrafica(const std::vector<std::string>& righe);
+
+  // The mouse tag armed on the control: "NUOVOPUNTO" adds a point where it is clicked,
+  // "PUNTOMEDIO" the mid-point of the points nearest to two clicks, "CONTORNOROSSO" and
+  // "CONTORNONERO" draw a contour click by click (red, black) and write each of its
+  // corners to TEMP/CONTORNO.TXT of the working root. Empty: clicks do nothing.
+  std::string TagMouse;
+  void ClicMouse(Sessione& s, double est, double nord);
+
+  double DistanzaDuePuntiNuova(size_t a, size_t b) const;
+  Punto PuntoMedio(size_t a, size_t b) const;
+  // The point nearest to (est, nord); none when there are no points.
+  std::optional<size_t> VR_IlPiuVicinoAlMouse(double est, double nord) const;
+
+  // The font of a caption: "Courier New", except "Arial Narrow" for a row of kind "L"
+  // whose text is of kind "T".
+  static std::string FontDidascalia(std::string_view tipoRiga, std::string_view tipoTesto);
+
+  // The exports, as text, and written where the program keeps them.
+  std::string TestoDXF() const;
+  std::string TestoStampa() const;
+  std::string TestoHTML() const;
+  bool VR_SalvaDXF(Sessione& s) const;
+  bool GeneraStampa(Sessione& s) const;
+  bool GeneraHTML5_CANVAS(Sessione& s) const;
+
+ private:
+  std::vector<Punto> punti_;
+  std::vector<Linea> linee_;
+  std::vector<Nome> nomi_;
+  // The click before, for the contours and the mid-point.
+  std::optional<std::pair<double, double>> clicPrima_;
+  std::string tagPrima_;
+};
+
+}  // namespace varena

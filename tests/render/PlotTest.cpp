@@ -1,0 +1,186 @@
+// varena-cli plot: a drawing of one known line and one known text plotted at 1:1000 on A4
+// landscape, the PDF read back with poppler's own tools: the sheet's size, the line's
+// length on paper, the text's place. Then the inputs that must write nothing.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <cmath>
+#include <cstdio>
+#include <sstream>
+
+#include "Comandi.h"
+#include "Plotter.h"
+#include "core/File.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "store/Salva.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+std::string Esegui(const std::string& comando) {
+  std::string uscita;
+  if (FILE* f = popen(comando.c_str(), "r")) {
+    char buf[4096];
+    size_t n;
+    while ((n = fread(buf, 1, sizeof buf, f)) > 0) uscita.append(buf, n);
+    pclose(f);
+  }
+  return uscita;
+}
+
+// A line 100 m long, East from (1000, 2000), in colour 1 (thickness 1: 0.1 mm), and the
+// text "QUOTA" 5 m high with its foot at (1050, 2020).
+void ScriviLavoro(const std::string& base) {
+  Sessione s;
+  s.NomeLavoro = s.NomeOriginale = base;
+  DimensionaLinee(s);
+  s.LineaX1[0] = 1000, s.LineaY1[0] = 2000, s.LineaX2[0] = 1100, s.LineaY2[0] = 2000;
+  s.LineaColore[0] = 1, s.LineaTratteggio[0] = 1, s.LineaPiano[0] = "0";
+  s.ContaEntita[SlotLinee] = 1;
+  DimensionaTesti(s);
+  s.TestoX[0] = 1050, s.TestoY[0] = 2020, s.TestoAltezza[0] = 5, s.TestoRighe[0] = s.TestoColonne[0] = 1;
+  s.TestoColore[0] = 1, s.TestoFont[0] = "Arial", s.TestoTesto[0] = "QUOTA", s.TestoPiano[0] = "0";
+  s.ContaEntita[SlotTesti] = 1;
+  s.Vista.CentroEst = 1050, s.Vista.CentroNord = 2000, s.Vista.AltezzaVista = 100;
+  ASSERT_TRUE(SalvaTutto(s));
+}
+
+struct Plot : ::testing::Test {
+  prova::CartellaTemporanea t;
+  std::string lavoro;
+  void SetUp() override {
+    setenv("VARENA_DOCUMENTI", t.Percorso().c_str(), 1);
+    setenv("VARENA_PROGRAMMA", (t / "prog").c_str(), 1);
+    NuovaCartella(t / "job");
+    lavoro = t / "job/PIANO";
+    ScriviLavoro(lavoro);
+  }
+  void TearDown() override {
+    unsetenv("VARENA_DOCUMENTI");
+    unsetenv("VARENA_PROGRAMMA");
+  }
+};
+
+TEST_F(Plot, ScalaVeraSuA4Orizzontale) {
+  const std::string pdf = t / "piano.pdf";
+  std::ostringstream out, err;
+  ASSERT_EQ(cli::Esegui({"plot", lavoro + ".CFG", pdf, "--scale", "1000", "--paper", "A4", "--landscape", "--window",
+                         "950,1950,1150,2050"},
+                        out, err),
+            0)
+      << err.str();
+  EXPECT_EQ(out.str(), "Scritto " + pdf + " (1 pagina, A4 orizzontale, scala 1:1000)\n");
+  EXPECT_FALSE(EsisteFile(pdf + kSuffissoTemporaneo));
+  // The stream beside it: the page 297 x 210 m around the window's centre (1050, 2000).
+  EXPECT_EQ(prova::LeggiFileProva(t / "piano.vr"),
+            "SCALA,210\r\nL,-50.000,0.000,50.000,0.000,0.1\r\nTT,QUOTA,0.000,20.000,0.000,Arial,5.000,1\r\n");
+
+  // A4 landscape is 297 x 210 mm: 841.89 x 595.28 points of 1/72 inch, which the PDF's
+  // page box holds in whole points (0.04 mm over, 0.1 mm under).
+  const std::string info = Esegui("pdfinfo '" + pdf + "'");
+  auto campo = [&info](const std::string& nome) {
+    const auto p = info.find(nome);
+    return p == std::string::npos ? std::string() : Rifila(info.substr(p + nome.size(), info.find('\n', p) - p - nome.size()));
+  };
+  EXPECT_EQ(campo("Pages:"), "1") << info;
+  EXPECT_EQ(campo("Page size:"), "842 x 595 pts (A4)") << info;
+
+  // The line on paper: the centre of the sheet is (1050, 2000), so it runs from 98.5 to
+  // 198.5 mm across, 105 mm down; its round ends add half its 0.1 mm width at each end.
+  // At 1200 dots per inch a dot is 0.021 mm: the strip of rows 104..106 mm is looked at.
+  const double dpmm = 1200 / 25.4;
+  const int y0 = static_cast<int>(104 * dpmm), alto = static_cast<int>(2 * dpmm);
+  Esegui("pdftoppm -r 1200 -gray -png -singlefile -x 0 -y " + std::to_string(y0) + " -W 14032 -H " +
+         std::to_string(alto) + " '" + pdf + "' '" + (t / "riga") + "'");
+  QImage img(QString::fromStdString(t / "riga.png"));
+  ASSERT_FALSE(img.isNull());
+  int primo = -1, ultimo = -1, riga = -1;
+  for (int y = 0; y < img.height(); ++y)
+    for (int x = 0; x < img.width(); ++x)
+      if (qGray(img.pixel(x, y)) < 128) {
+        if (primo < 0 || x < primo) primo = x;
+        if (x > ultimo) ultimo = x;
+        riga = y;
+      }
+  ASSERT_GE(primo, 0);
+  const double lunghezza = (ultimo - primo + 1) / dpmm;
+  EXPECT_NEAR(lunghezza, 100.1, 0.1);
+  EXPECT_NEAR(primo / dpmm, 98.45, 0.1);
+  EXPECT_NEAR((y0 + riga) / dpmm, 105.05, 0.1);
+
+  // The text: its foot 20 m North of the centre is 20 mm above the middle, at 148.5 mm
+  // across and 85 mm down; its letters 5 mm high stand above that line.
+  const std::string bbox = Esegui("pdftotext -bbox '" + pdf + "' -");
+  const auto w = bbox.find(">QUOTA<");
+  ASSERT_NE(w, std::string::npos) << bbox;
+  const auto riga0 = bbox.rfind("<word", w);
+  auto attributo = [&](const std::string& nome) {
+    const auto p = bbox.find(nome + "=\"", riga0);
+    return Val(bbox.substr(p + nome.size() + 2)) * 25.4 / 72;
+  };
+  EXPECT_NEAR(attributo("xMin"), 148.5, 0.5);
+  EXPECT_LT(attributo("yMin"), 85 - 3);
+  EXPECT_GT(attributo("yMax"), 85);
+  EXPECT_LT(attributo("yMax"), 85 + 2);
+}
+
+TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
+  const std::string pdf = t / "no.pdf";
+  struct Caso {
+    std::vector<std::string> opzioni;
+    const char* messaggio;
+  } casi[] = {
+      {{"--scale", "0"}, "Scala non valida: 0 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      {{"--scale", "-500"}, "Scala non valida: -500 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      {{"--scale", "1e308"}, "Scala non valida: 1e308 (un numero da 0 a 10000000, come 1000 per 1:1000)\n"},
+      // 100 x 100 km at 1:100 on A4: 4762 x 3368 sheets (29.7 x 3367 = 99999.9 m falls short).
+      {{"--scale", "100", "--window", "0,0,100000,100000"},
+       "Troppe pagine: 4762 x 3368 fogli a questa scala (al massimo 1000)\n"},
+      {{"--paper", "B5"}, "Formato carta sconosciuto: B5 (A4, A3, A2, A1, A0)\n"},
+      {{"--window", "10,10,10,50"}, "Finestra di area nulla: 10,10,10,50\n"},
+  };
+  for (const Caso& c : casi) {
+    std::vector<std::string> a = {"plot", lavoro, pdf};
+    a.insert(a.end(), c.opzioni.begin(), c.opzioni.end());
+    std::ostringstream out, err;
+    EXPECT_EQ(cli::Esegui(a, out, err), 64);
+    EXPECT_TRUE(IniziaCon(err.str(), c.messaggio)) << err.str();
+    EXPECT_FALSE(EsisteFile(pdf));
+    EXPECT_FALSE(EsisteFile(t / "no.vr"));
+  }
+  // A folder that cannot be written: a message, and no file half made.
+  std::ostringstream out, err;
+  EXPECT_EQ(cli::Esegui({"plot", lavoro, t / "manca/no.pdf"}, out, err), 1);
+  EXPECT_EQ(err.str(), "Impossibile scrivere " + (t / "manca/no.pdf") + "\n");
+  EXPECT_FALSE(EsisteCartella(t / "manca"));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// The SVG of a page: millimetres of the sheet, the line at its place and thickness, the
+// texts in their twins, the narrow face of the captions in the narrow twin.
+TEST(PlotSvg, PaginaInMillimetri) {
+  OpzioniPlot o;
+  o.Scala = 500;
+  o.Foglio = *FoglioDaNome("a4", false);
+  EXPECT_FALSE(FoglioDaNome("B5", false));
+  EXPECT_EQ(FoglioDaNome("A0", true)->LarghezzaMm, 1189);
+  const std::string svg = SvgPaginaFlusso(
+      LeggiFlussoStampa("SCALA,297\r\nL,-10,0,10,0,0.3\r\nTT,12,0,5,0,Arial Narrow,2,1\r\nPN,7,1,1,Arial,1,1\r\n"), o);
+  EXPECT_NE(svg.find("width=\"210.000mm\" height=\"297.000mm\" viewBox=\"0 0 210.000 297.000\""), std::string::npos);
+  // 10 m at 1:500 is 20 mm each side of the sheet's centre (105, 148.5).
+  EXPECT_NE(svg.find("<line x1=\"85.000\" y1=\"148.500\" x2=\"125.000\" y2=\"148.500\" stroke-width=\"0.300\"/>"),
+            std::string::npos) << svg;
+  EXPECT_NE(svg.find("<text x=\"105.000\" y=\"138.500\" font-family=\"Liberation Sans Narrow\" font-size=\"4.000\""),
+            std::string::npos) << svg;
+  EXPECT_NE(svg.find("font-family=\"Liberation Sans\" font-size=\"2.000\""), std::string::npos) << svg;
+}
+
+}  // namespace
+}  // namespace varena
