@@ -5,6 +5,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "cadastre/Estratto.h"
 #include "core/CodicePagina.h"
 #include "core/Configura.h"
 #include "core/Errori.h"
@@ -256,6 +257,7 @@ constexpr PassoCarica kPassiCarica[] = {
     {Conserva<SlotSezioni>, SlotSezioni},
     {Conserva<SlotEdm>, SlotEdm},
     {Conserva<SlotEstratto>, SlotEstratto},
+    {CaricaEstratto, SlotEstratto},
     {Conserva<SlotPng>, SlotPng},
     {Conserva<SlotSmp>, SlotSmp},
     {Conserva<SlotFot>, SlotFot},
