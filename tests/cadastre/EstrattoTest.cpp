@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "cadastre/Estratto.h"
+#include "commands/Comandi.h"
+#include "store/Cfg.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
 #include "support/Supporto.h"
@@ -276,6 +278,65 @@ TEST(Estratto, IngressiGuasti) {
     EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(1, 1)));
     EXPECT_TRUE(p.s.ElementiEstratto.empty());
   }
+}
+
+
+void Tag(Sessione& s, const std::string& tag) {
+  s.ComandoTag = tag;
+  Esegui_Comando_TAG(s);
+}
+
+TEST(Estratto, OperazioniDelMenu) {
+  {
+    // No extract: the freezes and the colour say so as the dispatcher's table has it, the
+    // other entries with a word of their own; nothing changes.
+    prova::SessioneProva p;
+    for (const char* tag : {"CONGELA_ESTRATTO", "SCONGELA_ESTRATTO", "COLORE_ESTRATTO", "CONFIGURA_ESTRATTO",
+                            "ESPLODI_ESTRATTO"})
+      Tag(p.s, tag);
+    std::vector<std::string> m;
+    for (const auto& x : p.ui.Messaggi) m.push_back("[" + x.Titolo + "] " + x.Testo);
+    const std::string no = "[Estratto Non Associato] Impossibile continuare";
+    EXPECT_EQ(m, (std::vector<std::string>{no, no, no, no, "[Estratto di Mappa] Estratto non Associato"}));
+    EXPECT_EQ(p.s.ContaEntita[SlotLinee], 0);
+    // Associated from elsewhere: the text and its raster come into the folder of extracts,
+    // and the extract is drawn at once.
+    p.s.Imp.Cartella_Estratti = p.cartella / "PREGEO/ESTRATTI";
+    p.s.NomeLavoro = p.Lavoro("NUOVO");
+    prova::ScriviFileProva(p.cartella / "f9.emp", "8|A|0|0|\r\n8|B|0|10|\r\n7|2|A|B|NC|\r\n6|INQUADRAMENTO|0|0|1|");
+    prova::ScriviFileProva(p.cartella / "f9.PNG", Png(10, 10));
+    p.ui.RispondiFile(p.cartella / "f9.emp");
+    Tag(p.s, "ASSOCIA_ESTRATTO");
+    EXPECT_EQ(std::make_pair(p.s.FileEstratto, p.s.FileImmagineEstratto), (std::pair<std::string, std::string>("F9.EMP", "F9.PNG")));
+    EXPECT_TRUE(prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.emp") && prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.PNG"));
+    EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(0, 0)));
+    EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);  // the side and the raster's frame
+  }
+  LavoroConEstratto p(Foglio().Testo(true), Png(400, 280));
+  CaricaLavoro(p.s);
+  RigeneraLista(p.s);
+  Tag(p.s, "CONGELA_ESTRATTO");
+  EXPECT_EQ(p.Record14(), 0);
+  // Kept with the job: the name, the freeze, the raster's name and freeze, the pen, the
+  // origin and the scale, after the fields that belong to others.
+  const std::string cfg = TestoCfg(p.s);
+  EXPECT_NE(cfg.find("\"7|||||||||||||||||F12|1|F12.PNG||1|5|990.25|5300.5|0.25\""), std::string::npos) << cfg;
+  Tag(p.s, "SCONGELA_ESTRATTO");
+  EXPECT_EQ(p.Record14(), static_cast<int64_t>(Attesi().size() + 4));
+  p.ui.RispondiValore("2");
+  Tag(p.s, "COLORE_ESTRATTO");
+  EXPECT_EQ(p.s.ColoreEstratto, 2);
+  EXPECT_EQ(p.s.ElementiEstratto[0].Penna, 2);
+  // Exploded: the sides and the measured distance become lines, the rings circles, the
+  // texts texts; the extract itself is no longer drawn, the raster's frame stays.
+  Tag(p.s, "ESPLODI_ESTRATTO");
+  EXPECT_EQ(p.s.ContaEntita[SlotLinee], 144);
+  EXPECT_EQ(p.s.ContaEntita[SlotCerchi], 3);
+  EXPECT_EQ(p.s.ContaEntita[SlotTesti], 67);
+  EXPECT_EQ(p.s.LineaColore[0], 2);
+  EXPECT_EQ(p.s.EstrattoCongelato, 1);
+  EXPECT_EQ(p.Record14(), 4);
+  EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
 }
 
 }  // namespace

@@ -1,0 +1,21 @@
+// The menu of the map extract: freeze, thaw, colour, explode, and the dialog that shows its
+// settings. Each says so when the job has no extract.
+#pragma once
+
+namespace varena {
+
+struct Sessione;
+
+// An extract is associated when the job names one and its text was found.
+bool EstrattoAssociato(const Sessione& s);
+
+// ASSOCIA_ESTRATTO: an `.EMP` chosen by the user, brought with its `.PNG` into the folder of
+// extracts when it stands elsewhere, becomes the job's extract, unfrozen.
+void AzioneAssociaEstratto(Sessione& s);
+void AzioneCongelaEstratto(Sessione& s);    // CONGELA_ESTRATTO
+void AzioneScongelaEstratto(Sessione& s);   // SCONGELA_ESTRATTO
+void AzioneColoreEstratto(Sessione& s);     // COLORE_ESTRATTO
+void AzioneEsplodiEstratto(Sessione& s);    // ESPLODI_ESTRATTO
+void AzioneConfiguraEstratto(Sessione& s);  // CONFIGURA_ESTRATTO: `FormConfiguraEstratto`
+
+}  // namespace varena
