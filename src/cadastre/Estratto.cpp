@@ -365,10 +365,8 @@ void CaricaEMP(Sessione& s) {
     return;
   }
   Protetto(s, [&] {
+    // The freezes stay as the job's settings, or the association just made, left them.
     s.TestoEstratto = CaricaFileIntero(*percorso);
-    // The freezes the job was left with, which are none for an extract just associated.
-    s.EstrattoCongelato = s.ParametriLetti.Congelato;
-    s.EstrattoImmagineCongelata = s.ParametriLetti.ImmagineCongelata;
     const std::string associa = s.CartellaProgramma + "temp/Associa.EMP";
     if (LunghezzaFile(associa) > 0) s.TestoEstratto += CaricaFileIntero(associa);
   });
