@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QImageReader>
 #include <algorithm>
 #include <cmath>
 #include <list>
@@ -14,6 +15,8 @@ namespace {
 constexpr int kLatoMinimo = 256;
 // Pictures kept at once: a job shows one extract and a few images.
 constexpr size_t kInMemoria = 6;
+// Megabytes a decoded picture may take.
+constexpr int kLimiteMb = 1024;
 
 }  // namespace
 
@@ -65,7 +68,11 @@ std::shared_ptr<const PiramideImmagine> PiramideDi(const QString& file) {
     voci.erase(it);
     break;
   }
-  auto piramide = std::make_shared<const PiramideImmagine>(QImage(file));
+  // A scanned sheet of 10,000 x 7,000 pixels decodes to some 280 MB, past the reader's
+  // default limit: the limit is raised for pictures of that order, not beyond.
+  QImageReader::setAllocationLimit(std::max(QImageReader::allocationLimit(), kLimiteMb));
+  QImageReader lettore(file);
+  auto piramide = std::make_shared<const PiramideImmagine>(lettore.read());
   if (piramide->Nulla()) piramide = nullptr;
   voci.push_front({file, info.size(), info.lastModified(), piramide});
   if (voci.size() > kInMemoria) voci.pop_back();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <filesystem>
 #include <sstream>
@@ -36,6 +37,21 @@ TEST(PiramideImmagine, LivelliEParteInVista) {
     }
     for (int x : {5, 100, 194}) EXPECT_EQ(schermo.pixelColor(x, 50), colore) << sinistra << " " << x;
   }
+}
+
+TEST(PiramideImmagine, UnFoglioOltreIlLimiteDelLettore) {
+  // The reader refuses a picture that decodes past its limit: a scanned sheet does, at the
+  // default of 256 MB. Here the limit is made 1 MB and the picture 2.8 MB.
+  prova::CartellaTemporanea t;
+  QImage img(1000, 700, QImage::Format_RGB32);
+  img.fill(Qt::green);
+  ASSERT_TRUE(img.save(QString::fromStdString(t / "foglio.png")));
+  const int limite = QImageReader::allocationLimit();
+  QImageReader::setAllocationLimit(1);
+  const auto p = PiramideDi(QString::fromStdString(t / "foglio.png"));
+  QImageReader::setAllocationLimit(limite);
+  ASSERT_TRUE(p);
+  EXPECT_EQ(p->Livello(0).size(), QSize(1000, 700));
 }
 
 TEST(ComandoRender, EstrattoSottoIlRilievo) {
