@@ -160,7 +160,16 @@ class Lettore {
         const Campi c(r);
         nomi_.try_emplace(Chiave(c[1]), Vertice{Numero(c[3]), Numero(c[2])});
       }
-    // Pass 2 and 3: the chains into sides, the sides into lines.
+    Lati(righe);
+    Misurate(righe);
+    Fiduciali(righe);
+    Testi(righe);
+    return std::move(esito_);
+  }
+
+ private:
+  // Pass 2 and 3: the chains of rows 7 into sides, the sides into lines.
+  void Lati(const std::vector<std::string>& righe) {
     Catene catene;
     for (const std::string& r : righe)
       if (IniziaCon(r, "7|"))
@@ -170,25 +179,25 @@ class Lettore {
     catene.Chiudi();
     for (const std::string& lato : catene.Lati) {
       const std::vector<std::string> p = Dividi(lato, '|');
-      ElementoEstratto e = LatoDiStile(static_cast<int>(Val(p[0])), colore_, fondo_);
-      Linea(e, p[1], p[2]);
+      Linea(LatoDiStile(static_cast<int>(Val(p[0])), colore_, fondo_), p[1], p[2]);
     }
-    // The measured distances: "6|DISTANZA|a|b|value|", drawn dashed, the value at the middle.
+    esito_.Lati = std::move(catene.Lati);
+  }
+
+  // The measured distances: "6|DISTANZA|a|b|value|", drawn dashed, the value at the middle.
+  void Misurate(const std::vector<std::string>& righe) {
     for (const std::string& r : righe) {
       if (!IniziaCon(r, "6|")) continue;
       const Campi c(r);
       if (Maiuscolo(c[1]).find("DISTANZA") == std::string::npos) continue;
-      ElementoEstratto e = LatoDiStile(0, colore_, fondo_);
-      if (!Linea(e, c[2], c[3]) || c[4].empty()) continue;
+      if (!Linea(LatoDiStile(0, colore_, fondo_), c[2], c[3]) || c[4].empty()) continue;
       const ElementoEstratto& l = esito_.Elementi.back();
-      ElementoEstratto t;
-      t.Primitiva = PrimTesto;
-      t.Penna = colore_;
-      StileTesto("", t);
-      t.Testo = c[4];
-      Testo(t, (l.X1 + l.X2) / 2, (l.Y1 + l.Y2) / 2);
+      Testo(Scritta(c[4], ""), (l.X1 + l.X2) / 2, (l.Y1 + l.Y2) / 2);
     }
-    // The fiducial points: a ring and the name.
+  }
+
+  // The fiducial points: a ring and the name.
+  void Fiduciali(const std::vector<std::string>& righe) {
     for (const std::string& r : righe) {
       if (!IniziaCon(r, "8|")) continue;
       const std::string nome = Chiave(Campi(r)[1]);
@@ -200,24 +209,18 @@ class Lettore {
       o.X1 = o.X2 = v.X, o.Y1 = o.Y2 = v.Y;
       o.Altezza = 1.0f;
       esito_.Elementi.push_back(o);
-      ElementoEstratto t;
-      t.Primitiva = PrimTesto;
-      t.Penna = colore_;
-      StileTesto("", t);
-      t.Testo = nome;
-      Testo(t, v.X + 1.5, v.Y + 1.5);
+      Testo(Scritta(nome, ""), v.X + 1.5, v.Y + 1.5);
     }
-    // The texts of the sheet: "6|text|code|Nord|Est|height|rotation|", or a vertex's name in
-    // place of the two coordinates. A text row with neither is a note, not drawn.
+  }
+
+  // The texts of the sheet: "6|text|code|Nord|Est|height|rotation|", or a vertex's name in
+  // place of the two coordinates. A text row with neither is a note, not drawn.
+  void Testi(const std::vector<std::string>& righe) {
     for (const std::string& r : righe) {
       if (!IniziaCon(r, "6|")) continue;
       const Campi c(r);
       if (c[1].empty() || RigaSpeciale(c[1]) || IniziaCon(c[1], "<")) continue;
-      ElementoEstratto t;
-      t.Primitiva = PrimTesto;
-      t.Penna = colore_;
-      StileTesto(Maiuscolo(c[2]), t);
-      t.Testo = c[1];
+      ElementoEstratto t = Scritta(c[1], Maiuscolo(c[2]));
       if (Numero(c[5]) > 0) t.Altezza = static_cast<float>(Numero(c[5]));
       t.Rotazione = static_cast<float>(Numero(c[6]));
       if (Numerico(c[3]) && Numerico(c[4])) {
@@ -226,11 +229,17 @@ class Lettore {
         if (const Vertice* v = Trova(c[3])) Testo(t, v->X, v->Y);
       }
     }
-    esito_.Lati = std::move(catene.Lati);
-    return std::move(esito_);
   }
 
- private:
+  ElementoEstratto Scritta(const std::string& testo, const std::string& codice) const {
+    ElementoEstratto t;
+    t.Primitiva = PrimTesto;
+    t.Penna = colore_;
+    t.Testo = testo;
+    StileTesto(codice, t);
+    return t;
+  }
+
   const Vertice* Trova(const std::string& nome) {
     const std::string k = Chiave(nome);
     auto it = nomi_.find(k);
