@@ -2,6 +2,7 @@
 
 #include "cadastre/Estratto.h"
 #include "commands/Azioni.h"
+#include "commands/Comandi.h"
 #include "commands/Costruttori.h"
 #include "core/Dialoghi.h"
 #include "core/Errori.h"
@@ -130,6 +131,50 @@ void AzioneEsplodiEstratto(Sessione& s) {
   SegnaModificato(s, SlotCfg);
   RiGeneraEDM(s);
   VR_SalvaUndo(s);
+}
+
+bool ApriSpostaInquadramento(Sessione& s) {
+  if (!EstrattoAssociato(s)) {
+    NonAssociato(s);
+    return false;
+  }
+  Dialogo d;
+  d.Nome = "SpostaInquadramento";
+  d.Titolo = "Inquadramento - Sposta il Disegno";
+  d.AggiungiCampo("Text1", "Passo :", FormatoMaschera(1.0, "#########0.0##"))
+      .AggiungiCampo("Text2", "Angolo (gon) :", "0");
+  // Each button: East and North steps of the move, or the sense of the turn.
+  struct Mossa {
+    const char* Nome;
+    const char* Etichetta;
+    int Est, Nord, Giro;
+  };
+  static constexpr Mossa kMosse[] = {
+      {"Nord", "Nord", 0, 1, 0},        {"Sud", "Sud", 0, -1, 0},          {"Ovest", "Ovest", -1, 0, 0},
+      {"Est", "Est", 1, 0, 0},          {"NordEst", "Nord-Est", 1, 1, 0},  {"NordOvest", "Nord-Ovest", -1, 1, 0},
+      {"SudEst", "Sud-Est", 1, -1, 0},  {"SudOvest", "Sud-Ovest", -1, -1, 0},
+      {"RuotaOraria", "Ruota", 0, 0, 1}, {"RuotaAntioraria", "Ruota Indietro", 0, 0, -1},
+  };
+  for (const Mossa& m : kMosse)
+    d.AggiungiBottone(m.Nome, m.Etichetta, [m](Sessione& x) {
+      const Dialogo* f = TrovaDialogo(x, "SpostaInquadramento");
+      if (!f) return;
+      const double passo = Val(VirgolaInPunto(f->Valore("Text1")));
+      const double angolo = Val(VirgolaInPunto(f->Valore("Text2")));
+      SpostaEstratto(x, m.Est * passo, m.Nord * passo, m.Giro * angolo, x.Vista.CentroEst, x.Vista.CentroNord);
+      SegnaModificato(x, SlotCfg);
+      RigeneraModifiche(x);
+      Ridisegna(x);
+    });
+  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) {
+    ChiudiDialogo(x, "SpostaInquadramento");
+    InterrompiComando(x);
+    VR_SalvaUndo(x);
+  });
+  d.BottoneEsc = "Chiudi";
+  d.DiLavoro = true;
+  ApriDialogo(s, std::move(d));
+  return true;
 }
 
 void AzioneConfiguraEstratto(Sessione& s) {

@@ -17,5 +17,9 @@ void AzioneScongelaEstratto(Sessione& s);   // SCONGELA_ESTRATTO
 void AzioneColoreEstratto(Sessione& s);     // COLORE_ESTRATTO
 void AzioneEsplodiEstratto(Sessione& s);    // ESPLODI_ESTRATTO
 void AzioneConfiguraEstratto(Sessione& s);  // CONFIGURA_ESTRATTO: `FormConfiguraEstratto`
+// The dialog of ESTRATTO_INQUADRAMENTO: moves by the step `Text1` to the four winds and
+// between them, turns about the view's centre by `Text2` gon either way. False, with a word,
+// when there is no extract.
+bool ApriSpostaInquadramento(Sessione& s);
 
 }  // namespace varena

@@ -276,7 +276,8 @@ class Lettore {
 // The frame of the raster: four lines, pen 3, dotted, width 2.
 void DisegnaCornice(const Sessione& s, std::vector<ElementoEstratto>& elementi) {
   if (s.EstrattoImmagineCongelata == 1) return;
-  const double x0 = s.OrigineEstrattoX, y0 = s.OrigineEstrattoY;
+  double x0 = s.OrigineEstrattoX, y0 = s.OrigineEstrattoY;
+  PosizioneSpostata(s, x0, y0);
   const double x1 = x0 + s.ScalaEstratto * s.LarghezzaPixel, y1 = y0 - s.ScalaEstratto * s.AltezzaPixel;
   const double x[5] = {x0, x1, x1, x0, x0}, y[5] = {y0, y0, y1, y1, y0};
   for (int k = 0; k < 4; ++k) {
@@ -325,12 +326,16 @@ enum : size_t {
   kPColore = 22,
   kPOrigineX = 23,
   kPOrigineY = 24,
-  kPScala = 25
+  kPScala = 25,
+  kPSpostamentoX = 26,
+  kPSpostamentoY = 27,
+  kPRotazione = 28
 };
 
 ParametriEstratto ParametriAttuali(const Sessione& s) {
   return {Maiuscolo(Rifila(s.FileEstratto)), Rifila(s.FileImmagineEstratto), s.EstrattoCongelato,
-          s.EstrattoImmagineCongelata, s.ColoreEstratto};
+          s.EstrattoImmagineCongelata, s.ColoreEstratto, s.SpostamentoEstrattoX, s.SpostamentoEstrattoY,
+          s.RotazioneEstratto};
 }
 
 }  // namespace
@@ -423,6 +428,12 @@ void RiGeneraEDM(Sessione& s) {
   if (s.EstrattoCongelato != 1 && Rifila(s.TestoEstratto).size() >= 10) {
     LetturaEstratto l = LeggiEstratto(s.TestoEstratto, s.ColoreEstratto, s.Imp.Colore_Fondo_Default);
     elementi = std::move(l.Elementi);
+    for (ElementoEstratto& e : elementi) {
+      PosizioneSpostata(s, e.X1, e.Y1);
+      PosizioneSpostata(s, e.X2, e.Y2);
+      // Texts turn with the sheet; their angle runs counter-clockwise.
+      if (e.Primitiva == PrimTesto) e.Rotazione = static_cast<float>(e.Rotazione - s.RotazioneEstratto);
+    }
     if (!l.NomiMancanti.empty()) {
       std::string elenco;
       for (size_t k = 0; k < l.NomiMancanti.size() && k < 10; ++k) elenco += (k ? ", " : "") + l.NomiMancanti[k];
@@ -438,6 +449,26 @@ void RiGeneraEDM(Sessione& s) {
   s.ElementiEstratto = std::move(elementi);
   s.ContaEntita[SlotEdm] = static_cast<int32_t>(s.ElementiEstratto.size());
   s.DaRigenerare[SlotEdm].SegnaTutte();
+}
+
+void PosizioneSpostata(const Sessione& s, double& x, double& y) {
+  // Clockwise, as azimuths run.
+  if (s.RotazioneEstratto != 0) {
+    const double a = s.RotazioneEstratto * 3.14159265358979323846 / 200.0, c = std::cos(a), n = std::sin(a);
+    const double x1 = x * c + y * n, y1 = -x * n + y * c;
+    x = x1, y = y1;
+  }
+  x += s.SpostamentoEstrattoX, y += s.SpostamentoEstrattoY;
+}
+
+void SpostaEstratto(Sessione& s, double dx, double dy, double gon, double cx, double cy) {
+  // The new move after the old: p -> R'(R p + t + d - c) + c.
+  const double a = gon * 3.14159265358979323846 / 200.0, c = std::cos(a), n = std::sin(a);
+  const double tx = s.SpostamentoEstrattoX + dx - cx, ty = s.SpostamentoEstrattoY + dy - cy;
+  s.SpostamentoEstrattoX = tx * c + ty * n + cx;
+  s.SpostamentoEstrattoY = -tx * n + ty * c + cy;
+  s.RotazioneEstratto += gon;
+  RiGeneraEDM(s);
 }
 
 void CaricaEstratto(Sessione& s) {
@@ -470,7 +501,9 @@ void RigeneraRigaEstratto(Sessione& s, int32_t riga) {
 
 void DisegnaImmagineEstratto(const Sessione& s, Superficie& sup) {
   if (s.EstrattoImmagineCongelata == 1 || s.PercorsoImmagineEstratto.empty()) return;
-  const double x0 = s.OrigineEstrattoX - s.Vista.CentroEst, y0 = s.OrigineEstrattoY - s.Vista.CentroNord;
+  double x0 = s.OrigineEstrattoX, y0 = s.OrigineEstrattoY;
+  PosizioneSpostata(s, x0, y0);
+  x0 -= s.Vista.CentroEst, y0 -= s.Vista.CentroNord;
   sup.Immagine(s.PercorsoImmagineEstratto, static_cast<float>(x0), static_cast<float>(y0),
                static_cast<float>(x0 + s.ScalaEstratto * s.LarghezzaPixel),
                static_cast<float>(y0 - s.ScalaEstratto * s.AltezzaPixel));
@@ -484,7 +517,11 @@ void LeggiParametriEstratto(Sessione& s) {
   p.Immagine = Rifila(CampoParametri(campi, kPImmagine));
   p.ImmagineCongelata = InteroCorto(Val(CampoParametri(campi, kPImmagineCongelata)));
   p.Colore = InteroLungo(Val(CampoParametri(campi, kPColore)));
+  p.SpostamentoX = Val(CampoParametri(campi, kPSpostamentoX));
+  p.SpostamentoY = Val(CampoParametri(campi, kPSpostamentoY));
+  p.Rotazione = Val(CampoParametri(campi, kPRotazione));
   s.ParametriLetti = p;
+  s.SpostamentoEstrattoX = p.SpostamentoX, s.SpostamentoEstrattoY = p.SpostamentoY, s.RotazioneEstratto = p.Rotazione;
   s.FileEstratto = p.Nome;
   s.FileImmagineEstratto = p.Immagine;
   s.EstrattoCongelato = p.Congelato;
@@ -510,6 +547,9 @@ void ScriviParametriEstratto(Sessione& s) {
   CampoParametri(campi, kPOrigineX) = FormaSemplice(s.OrigineEstrattoX);
   CampoParametri(campi, kPOrigineY) = FormaSemplice(s.OrigineEstrattoY);
   CampoParametri(campi, kPScala) = FormaSemplice(s.ScalaEstratto);
+  CampoParametri(campi, kPSpostamentoX) = FormaSemplice(p.SpostamentoX);
+  CampoParametri(campi, kPSpostamentoY) = FormaSemplice(p.SpostamentoY);
+  CampoParametri(campi, kPRotazione) = FormaSemplice(p.Rotazione);
   testo.clear();
   for (size_t k = 0; k < campi.size(); ++k) testo += (k ? "|" : "") + campi[k];
   s.ParametriLetti = p;

@@ -50,6 +50,12 @@ void DisegnaImmagineEstratto(const Sessione& s, Superficie& sup);
 void LeggiParametriEstratto(Sessione& s);
 void ScriviParametriEstratto(Sessione& s);
 
+// `SpostaInquadramento`: the extract moved by (dx, dy), then turned clockwise by `gon`
+// about (cx, cy), and made again.
+void SpostaEstratto(Sessione& s, double dx, double dy, double gon, double cx, double cy);
+// A point of the sheet where the move puts it.
+void PosizioneSpostata(const Sessione& s, double& x, double& y);
+
 // Where the extract's files are looked for: the folder of extracts and a name in it.
 std::string PercorsoEstratti(const Sessione& s, std::string_view nome);
 

@@ -26,6 +26,7 @@ struct ParametriEstratto {
   std::string Nome, Immagine;
   int16_t Congelato = 0, ImmagineCongelata = 0;
   int32_t Colore = 0;
+  double SpostamentoX = 0, SpostamentoY = 0, Rotazione = 0;
   bool operator==(const ParametriEstratto&) const = default;
 };
 
@@ -36,6 +37,10 @@ struct StatoEstratto {
   double OrigineEstrattoX = 0, OrigineEstrattoY = 0;
   double AltezzaPixel = 0, LarghezzaPixel = 0;
   double ScalaEstratto = 0;
+  // Where the user moved the extract: every point p of the sheet stands at R p + t, R the
+  // turn of `RotazioneEstratto` gon clockwise, t (`SpostamentoEstrattoX`, `...Y`). The
+  // raster cannot turn: its corner follows the move.
+  double SpostamentoEstrattoX = 0, SpostamentoEstrattoY = 0, RotazioneEstratto = 0;
   // The raster as found in the folder of extracts; empty when there is none.
   std::string PercorsoImmagineEstratto;
   // The rows of kind 14; their count is `ContaEntita[14]`.

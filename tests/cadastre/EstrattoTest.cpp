@@ -11,6 +11,7 @@
 
 #include "cadastre/Estratto.h"
 #include "commands/Comandi.h"
+#include "core/Dialoghi.h"
 #include "store/Cfg.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -185,10 +186,11 @@ struct LavoroConEstratto : prova::SessioneProva {
   // A job whose settings name the extract F12, with the given freezes.
   explicit LavoroConEstratto(const std::string& emp, const std::string& png, const std::string& parametri =
                                  "7|||||||||||||||||F12|0|||0|5") {
-    s.Imp.Cartella_Estratti = cartella / "estratti";
+    // The folder the settings give when they name none: a load reads them again.
+    s.Imp.Cartella_Estratti = s.CartellaLavoro + "PREGEO/ESTRATTI";
     std::filesystem::create_directories(s.Imp.Cartella_Estratti);
-    if (!emp.empty()) prova::ScriviFileProva(cartella / "estratti/F12.EMP", emp);
-    if (!png.empty()) prova::ScriviFileProva(cartella / "estratti/F12.PNG", png);
+    if (!emp.empty()) prova::ScriviFileProva(s.Imp.Cartella_Estratti + "/F12.EMP", emp);
+    if (!png.empty()) prova::ScriviFileProva(s.Imp.Cartella_Estratti + "/F12.PNG", png);
     s.NomeLavoro = Lavoro("LAV");
     prova::ScriviFileProva(s.NomeLavoro + ".CFG",
                            prova::CfgManuale("VR2020", "1000,5000,100",
@@ -320,7 +322,7 @@ TEST(Estratto, OperazioniDelMenu) {
   // Kept with the job: the name, the freeze, the raster's name and freeze, the pen, the
   // origin and the scale, after the fields that belong to others.
   const std::string cfg = TestoCfg(p.s);
-  EXPECT_NE(cfg.find("\"7|||||||||||||||||F12|1|F12.PNG||1|5|990.25|5300.5|0.25\""), std::string::npos) << cfg;
+  EXPECT_NE(cfg.find("\"7|||||||||||||||||F12|1|F12.PNG||1|5|990.25|5300.5|0.25|0|0|0\""), std::string::npos) << cfg;
   Tag(p.s, "SCONGELA_ESTRATTO");
   EXPECT_EQ(p.Record14(), static_cast<int64_t>(Attesi().size() + 4));
   p.ui.RispondiValore("2");
@@ -337,6 +339,40 @@ TEST(Estratto, OperazioniDelMenu) {
   EXPECT_EQ(p.s.EstrattoCongelato, 1);
   EXPECT_EQ(p.Record14(), 4);
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
+}
+
+
+TEST(Estratto, SpostaInquadramento) {
+  LavoroConEstratto p("8|A|5000|1000|\r\n8|B|5000|1010|\r\n7|2|A|B|NC|\r\n6|INQUADRAMENTO|5010|990|0.5|\r\n", Png(40, 20));
+  CaricaLavoro(p.s);
+  EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
+  EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);
+  p.s.Vista.CentroEst = 1000, p.s.Vista.CentroNord = 5000;
+  Tag(p.s, "ESTRATTO_INQUADRAMENTO");
+  ASSERT_TRUE(DialogoAperto(p.s, "SpostaInquadramento"));
+  EXPECT_EQ(p.s.Prompt, "Inquadramento - Sposta il Disegno");
+  ScriviCampo(p.s, "SpostaInquadramento", "Text1", "2,5");
+  PremiBottone(p.s, "SpostaInquadramento", "NordEst");
+  using Q = std::vector<double>;
+  auto lato = [&p] {
+    const ElementoEstratto& e = p.s.ElementiEstratto.at(0);
+    return Q{e.X1, e.Y1, e.X2, e.Y2};
+  };
+  EXPECT_EQ(lato(), (Q{1002.5, 5002.5, 1012.5, 5002.5}));
+  // The raster's frame follows its corner.
+  EXPECT_EQ(std::make_pair(p.s.ElementiEstratto.at(1).X1, p.s.ElementiEstratto.at(1).Y1), std::make_pair(992.5, 5012.5));
+  EXPECT_NE(TestoCfg(p.s).find("|F12|0|F12.PNG||0|5|990|5010|0.5|2.5|2.5|0\""), std::string::npos);
+  // A quarter turn clockwise about the view's centre: East becomes South.
+  ScriviCampo(p.s, "SpostaInquadramento", "Text2", "100");
+  PremiBottone(p.s, "SpostaInquadramento", "RuotaOraria");
+  const Q girato = lato(), atteso{1002.5, 4997.5, 1002.5, 4987.5};
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(girato[k], atteso[k], 1e-9) << k;
+  // Kept with the job: read again, the extract stands where it was moved.
+  PremiBottone(p.s, "SpostaInquadramento", "Chiudi");
+  EXPECT_FALSE(DialogoAperto(p.s, "SpostaInquadramento"));
+  CaricaLavoro(p.s);
+  const Q riletto = lato();
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(riletto[k], atteso[k], 1e-9) << k;
 }
 
 }  // namespace
