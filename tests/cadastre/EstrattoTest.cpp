@@ -12,6 +12,7 @@
 #include "cadastre/Estratto.h"
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
+#include "exchange/DxfScrittura.h"
 #include "store/Cfg.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -232,6 +233,16 @@ TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
                                                        {1090.25, 5300.5, 1090.25, 5230.5},
                                                        {1090.25, 5230.5, 990.25, 5230.5},
                                                        {990.25, 5230.5, 990.25, 5300.5}}));
+  // Written with the drawing to DXF on its layer: the 144 lines of the sheet and the 4 of the
+  // frame, the 67 texts (the rings have no entity there).
+  const std::string dxf = TestoDxfOut(p.s, OpzioniDxfOut{});
+  auto conta = [&dxf](const std::string& cosa) {
+    size_t n = 0;
+    for (size_t k = dxf.find(cosa); k != std::string::npos; k = dxf.find(cosa, k + 1)) ++n;
+    return n;
+  };
+  EXPECT_EQ(conta("LINE\r\n 8\r\nESTRATTO\r\n"), 148u);
+  EXPECT_EQ(conta("TEXT\r\n 8\r\nESTRATTO\r\n"), 67u);
 }
 
 TEST(Estratto, CongelatoDaiSettaggiDelLavoro) {
