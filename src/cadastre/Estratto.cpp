@@ -332,6 +332,11 @@ enum : size_t {
   kPRotazione = 28
 };
 
+// A word on the extract, once for each job opened.
+void Avvisa(Sessione& s, const std::string& testo) {
+  if (s.AvvisiEstratto.insert(testo).second) s.Ui->Messaggio(testo, kTitolo, Icona::Avviso);
+}
+
 ParametriEstratto ParametriAttuali(const Sessione& s) {
   return {Maiuscolo(Rifila(s.FileEstratto)), Rifila(s.FileImmagineEstratto), s.EstrattoCongelato,
           s.EstrattoImmagineCongelata, s.ColoreEstratto, s.SpostamentoEstrattoX, s.SpostamentoEstrattoY,
@@ -410,13 +415,13 @@ void CaricaPNG(Sessione& s) {
   const std::optional<DimensioniPixel> d = DimensioniImmagine(t.Testa);
   if (!d || !t.PngIntero) {
     s.EstrattoImmagineCongelata = 1;
-    s.Ui->Messaggio("Immagine dell'estratto non leggibile: " + s.FileImmagineEstratto, kTitolo, Icona::Avviso);
+    Avvisa(s, "Immagine dell'estratto non leggibile: " + s.FileImmagineEstratto);
     return;
   }
   s.LarghezzaPixel = d->Larghezza, s.AltezzaPixel = d->Altezza;
   if (!(q.Scala > 0) || !std::isfinite(q.Scala)) {
     s.EstrattoImmagineCongelata = 1;
-    s.Ui->Messaggio("Inquadramento dell'estratto senza scala: l'immagine non viene disegnata", kTitolo, Icona::Avviso);
+    Avvisa(s, "Inquadramento dell'estratto senza scala: l'immagine non viene disegnata");
     return;
   }
   s.PercorsoImmagineEstratto = *percorso;
@@ -438,8 +443,7 @@ void RiGeneraEDM(Sessione& s) {
       std::string elenco;
       for (size_t k = 0; k < l.NomiMancanti.size() && k < 10; ++k) elenco += (k ? ", " : "") + l.NomiMancanti[k];
       if (l.NomiMancanti.size() > 10) elenco += ", ...";
-      s.Ui->Messaggio("Vertici dell'estratto non definiti (" + std::to_string(l.NomiMancanti.size()) + "): " + elenco,
-                      kTitolo, Icona::Avviso);
+      Avvisa(s, "Vertici dell'estratto non definiti (" + std::to_string(l.NomiMancanti.size()) + "): " + elenco);
     }
   }
   DisegnaCornice(s, elementi);

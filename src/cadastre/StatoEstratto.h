@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,8 @@ struct StatoEstratto {
   // The rows of kind 14; their count is `ContaEntita[14]`.
   std::vector<ElementoEstratto> ElementiEstratto;
   ParametriEstratto ParametriLetti;
+  // What was said of this job's extract: an undo reads it again, and says nothing new.
+  std::set<std::string> AvvisiEstratto;
 };
 
 }  // namespace varena

@@ -261,6 +261,8 @@ TEST(Estratto, IngressiGuasti) {
     // Sides through names no row 8 defines: said once each, and the rest drawn.
     LavoroConEstratto p(base + "7|4|A|B|C|Q|NC|\r\n7|2|Z|A|NC|\r\n7|2|Q|B|NC|\r\n6|INQUADRAMENTO|5000|1000|1|\r\n", "");
     CaricaLavoro(p.s);
+    // Read again, as an undo does: said once only.
+    CaricaEstratto(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Vertici dell'estratto non definiti (2): Q, Z"});
     ASSERT_EQ(p.s.ElementiEstratto.size(), 2u);
     EXPECT_EQ(std::make_pair(p.s.ElementiEstratto[1].X2, p.s.ElementiEstratto[1].Y2), std::make_pair(1010.0, 5010.0));
