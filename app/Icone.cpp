@@ -110,6 +110,7 @@ constexpr IconaDiTag kIcone[] = {
     // Cadastre
     {"LIBRETTO_MISURE", "libretto"}, {"SCHEMA_DA_LIBRETTO", "schema-da-libretto"}, {"CONTORNO_7", "contorno-7"},
     {"ESTRATTI_DI_MAPPA", "estratti"}, {"ESTRATTO_INQUADRAMENTO", "inquadramento-estratto"},
+    {"ASSOCIA_ESTRATTO", "associa-estratto"},
     {"GENERA_AUTOALLESTITO", "genera-autoallestito"}, {"ESPLODI_ESTRATTO", "esplodi-estratto"},
     {"SCALA_MAPPA", "scala-mappa"}, {"CONFIGURA_ESTRATTO", "configura-estratto"},
     {"COLORE_ESTRATTO", "colore-estratto"}, {"CONGELA_ESTRATTO", "congela-estratto"},

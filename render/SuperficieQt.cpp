@@ -4,6 +4,7 @@
 #include <QTransform>
 #include <cmath>
 
+#include "PiramideImmagine.h"
 #include "core/Conversioni.h"
 
 namespace varena {
@@ -166,11 +167,11 @@ void SuperficieQt::Testo(float x, float y, std::string_view testo, float rotazio
 }
 
 bool SuperficieQt::Immagine(const std::string& file, float x1, float y1, float x2, float y2) {
-  const QString nome = Qs(file);
-  auto it = immagini_.find(nome);
-  if (it == immagini_.end()) it = immagini_.insert(nome, QImage(nome));
-  if (it->isNull()) return false;
-  pittore_.drawImage(QRectF(Mappa(x1, y1), Mappa(x2, y2)).normalized(), *it);
+  // A scanned sheet may be tens of millions of pixels: it is drawn from its pyramid, and only
+  // where it is in view.
+  const auto piramide = PiramideDi(Qs(file));
+  if (!piramide) return false;
+  piramide->Dipingi(pittore_, QRectF(Mappa(x1, y1), Mappa(x2, y2)), QRectF(0, 0, larghezza_, altezza_));
   return true;
 }
 

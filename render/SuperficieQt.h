@@ -76,7 +76,6 @@ class SuperficieQt : public Superficie {
   std::string nomeCarattere_;
   double dimensioneCarattere_ = -1;
   double ascesa_ = 0;
-  QHash<QString, QImage> immagini_;
   QHash<quint64, QImage> simboli_;
   // The pen last set, so that a run of lines in one colour sets it once.
   ColoreRGB pennaColore_ = 0xFFFFFFFF;

@@ -74,7 +74,6 @@ void AzioneProgrammaEsterno(Sessione& s) {
 }
 
 void AzioneEstrattoNonAssociato(Sessione& s) {
-  // No extract is associated with a job in this version.
   s.Ui->Messaggio("Impossibile continuare", "Estratto Non Associato", Icona::Nessuna);
 }
 
@@ -132,9 +131,8 @@ void AzioneZoomEstratto(Sessione& s) {
     const auto k = static_cast<size_t>(i);
     if (l.Tipo[k] == 14) estratto.push_back({l.Tipo[k], l.Primitiva[k], l.X1[k], l.Y1[k], l.X2[k], l.Y2[k]});
   }
-  // No extract is associated with a job yet: both names are blank.
-  int16_t congelato = 0, immagineCongelata = 0;
-  EseguiSeguito(s, ZoomEstratto(s, "", "", congelato, immagineCongelata, std::span<const Record>(estratto)));
+  EseguiSeguito(s, ZoomEstratto(s, s.FileEstratto, s.FileImmagineEstratto, s.EstrattoCongelato,
+                                s.EstrattoImmagineCongelata, std::span<const Record>(estratto)));
 }
 
 void AzioneZoomSu(Sessione& s) { EseguiSeguito(s, ZoomPasso(s, PassoZoom::Su)); }

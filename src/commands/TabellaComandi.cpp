@@ -5,6 +5,7 @@
 #include <array>
 
 #include "cadastre/ComandiContorno.h"
+#include "cadastre/ComandiEstratto.h"
 #include "commands/Azioni.h"
 #include "commands/Campitura.h"
 #include "commands/Routine.h"
@@ -115,7 +116,8 @@ constexpr VoceComando kTabella[] = {
     Arma("FOGLIO_INTERO1", 335, {}, V, {}, "Immagine", "Foglio Intero 1"),
     Arma("FOGLIO_INTERO2", 371, {}, V, {}, "Immagine", "Foglio Intero 2"),
     Arma("LINEA_MOSTRA_LUNGHEZZA", 339, "Indica la Linea :", V, "Imputa2", "Cambia", "Mostra Lunghezza Linea"),
-    Arma("ESTRATTO_INQUADRAMENTO", 356, {}, V, "SpostaInquadramento", "Catasto", "Inquadramento Estratto"),
+    Arma("ESTRATTO_INQUADRAMENTO", 356, "Inquadramento - Sposta il Disegno", V, "SpostaInquadramento", "Catasto",
+         "Inquadramento Estratto"),
     Arma("CONTORNODAPUNTOINTERNO", 431, "Indica il Punto Interno al Contorno :", L, {}, "Disegno",
          "Contorno da Punto Interno"),
     Arma("ROTOTRASLAZIONE_SELETTIVA", 192, {}, V, {}, "Cambia", "Rototraslazione Selettiva"),
@@ -274,13 +276,14 @@ constexpr VoceComando kTabella[] = {
     Subito("EDIT_CONFIGURA_TUTTO", nullptr, "FormConfiguraTutto", "Edit", "Configura Tutto"),
     Subito("FINE_CONTORNO", nullptr, "ContornoSette", {}, {}),
     Subito("GENERA_AUTOALLESTITO", nullptr, "GeneraAutoallestito", "Catasto", "Genera Autoallestito"),
-    Subito("ESPLODI_ESTRATTO", nullptr, {}, "Catasto", "Esplodi Estratto"),
+    Subito("ESPLODI_ESTRATTO", AzioneEsplodiEstratto, {}, "Catasto", "Esplodi Estratto"),
     Subito("ESTRATTI_DI_MAPPA", nullptr, "EstrattiDiMappa", "Catasto", "Estratti di Mappa"),
     Subito("SCALA_MAPPA", nullptr, {}, "Catasto", "Scala Mappa"),
-    Subito("CONFIGURA_ESTRATTO", AzioneEstrattoNonAssociato, {}, "Catasto", "Configura Estratto"),
-    Subito("COLORE_ESTRATTO", AzioneEstrattoNonAssociato, {}, "Catasto", "Colore Estratto"),
-    Subito("CONGELA_ESTRATTO", nullptr, {}, "Catasto", "Congela Estratto"),
-    Subito("SCONGELA_ESTRATTO", nullptr, {}, "Catasto", "Scongela Estratto"),
+    Subito("CONFIGURA_ESTRATTO", AzioneConfiguraEstratto, {}, "Catasto", "Configura Estratto"),
+    Subito("COLORE_ESTRATTO", AzioneColoreEstratto, {}, "Catasto", "Colore Estratto"),
+    Subito("ASSOCIA_ESTRATTO", AzioneAssociaEstratto, {}, "Catasto", "Associa Estratto"),
+    Subito("CONGELA_ESTRATTO", AzioneCongelaEstratto, {}, "Catasto", "Congela Estratto"),
+    Subito("SCONGELA_ESTRATTO", AzioneScongelaEstratto, {}, "Catasto", "Scongela Estratto"),
     Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
     Subito("TRIANGOLI", nullptr, "Triangoli", "Strumenti", "Triangoli"),
     Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),

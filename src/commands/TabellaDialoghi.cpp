@@ -2,6 +2,7 @@
 #include "commands/TabellaDialoghi.h"
 
 #include "cadastre/ComandiContorno.h"
+#include "cadastre/ComandiEstratto.h"
 #include "commands/Comandi.h"
 #include "commands/DialoghiDisegno.h"
 #include "commands/DialoghiScelta.h"
@@ -33,6 +34,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"ParametriSerie", ApriParametriSerie},
     {"FormSelezionaContorno", ApriFormSelezionaContorno},
     {"ContornoSette", ApriContornoSette},
+    {"SpostaInquadramento", ApriSpostaInquadramento},
     {"SelezionaContorno7", ApriSelezionaContorno7},
     // The measures of the point constructions, opened at their last click.
     {"PuntoBilatera", ApriPuntoBilatera},

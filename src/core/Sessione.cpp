@@ -12,6 +12,7 @@ void ClearAllTables(Sessione& s) {
   AzzeraTabelle(s);
   s.LibrettoMisure.clear();
   static_cast<StatoLibretto&>(s) = {};
+  static_cast<StatoEstratto&>(s) = {};
   s.Testo126.clear();
   s.TestoCel.clear();
   s.MembriConservati.clear();

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cadastre/StatoEstratto.h"
 #include "cadastre/StatoLibretto.h"
 #include "core/AltreImpostazioni.h"
 #include "core/Codici.h"
@@ -42,7 +43,7 @@ namespace varena {
 // The entity tables and the state of the interaction are its bases, so that their fields
 // read as the routines name them: `s.PuntoX[i]`, `s.PassoComando`, `s.Punto1X`,
 // `s.ValoreSelezione`, `s.FattoreScala`.
-struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, StatoLibretto {
+struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, StatoLibretto, StatoEstratto {
   Sessione();
   Sessione(const Sessione&) = delete;
   Sessione& operator=(const Sessione&) = delete;

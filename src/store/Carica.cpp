@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include "cadastre/CodiciPunto.h"
+#include "cadastre/Estratto.h"
 #include "core/CodicePagina.h"
 #include "core/Configura.h"
 #include "core/Errori.h"
@@ -256,6 +257,7 @@ constexpr PassoCarica kPassiCarica[] = {
     {Conserva<SlotSezioni>, SlotSezioni},
     {Conserva<SlotEdm>, SlotEdm},
     {Conserva<SlotEstratto>, SlotEstratto},
+    {CaricaEstratto, SlotEstratto},
     {Conserva<SlotPng>, SlotPng},
     {Conserva<SlotSmp>, SlotSmp},
     {Conserva<SlotFot>, SlotFot},

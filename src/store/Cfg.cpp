@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "cadastre/Estratto.h"
 #include "core/CodicePagina.h"
 #include "core/Conversioni.h"
 #include "core/Errori.h"
@@ -275,6 +276,7 @@ void CaricaCFGProvvisorio(Sessione& s) {
 
 std::string TestoCfg(Sessione& s) {
   RaccogliBloccoB(s);
+  ScriviParametriEstratto(s);
   IstruzioneLista tag;
   tag.Testo(kEdizioneCorrente);
   return tag.Riga() + ScriviBloccoA(s.Cfg.A) + ScriviBloccoB(s.Cfg.B);

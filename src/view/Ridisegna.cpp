@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "cadastre/Estratto.h"
 #include "core/Conversioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -354,6 +355,7 @@ void Disegna1(Sessione& s, Superficie& sup) {
   for (int32_t r = 0; r < s.ContaEntita[SlotBitmap]; ++r)
     if (r != s.ImmagineInCima) DisegnaImmagine(s, sup, r);
   if (s.ImmagineInCima >= 0 && s.ImmagineInCima < s.ContaEntita[SlotBitmap]) DisegnaImmagine(s, sup, s.ImmagineInCima);
+  DisegnaImmagineEstratto(s, sup);
   RidisegnaLista(s, sup);
   sup.Spessore(1);
   DisegnaPunti(s, sup);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "cadastre/ContornoSette.h"
+#include "cadastre/Estratto.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "survey/Convenzioni.h"
@@ -66,7 +67,8 @@ namespace {
 // The kinds in the order of painting: what comes later lies over what comes before. Kinds
 // that join the list take their place in this table.
 constexpr GenereLista kOrdine[] = {
-    {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations
+    {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},
+    {SlotEdm, RigeneraRigaEstratto, nullptr},  // the map extract; then its stations
     {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},            // then sections
     {SlotCurve, RigeneraCurva, &TabelleEntita::StatoCurva},
     {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},

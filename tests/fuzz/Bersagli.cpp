@@ -42,6 +42,7 @@ constexpr Bersaglio kBersagli[] = {
     {"testopunti", FuzzTestoPunti, true},
     {"vr4", FuzzVr4, true},
     {"flusso", FuzzFlusso, false},
+    {"estratto", FuzzEstratto, true},
 };
 
 }  // namespace

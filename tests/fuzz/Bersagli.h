@@ -55,5 +55,6 @@ void FuzzNuvola(const Ambiente& a, std::string_view byte);
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
 void FuzzVr4(const Ambiente& a, std::string_view byte);
 void FuzzFlusso(const Ambiente& a, std::string_view byte);
+void FuzzEstratto(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

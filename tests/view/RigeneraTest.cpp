@@ -99,11 +99,11 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ContaEntita[SlotFalde] = 1;
   z.s.Ui = &ui;
   RigeneraLista(z.s);
-  // Its progress: images, facets, contour curves, arcs, circles, lines, Contorno-7
+  // Its progress: images, the map extract, facets, contour curves, arcs, circles, lines, Contorno-7
   // structures, texts, the extent's frame, the indexes.
   using A = std::vector<std::pair<int64_t, int64_t>>;
   EXPECT_EQ(ui.Avanzamento,
-            (A{{0, 10}, {1, 10}, {2, 10}, {3, 10}, {4, 10}, {5, 10}, {6, 10}, {7, 10}, {8, 10}, {9, 10}, {10, 10}}));
+            (A{{0, 11}, {1, 11}, {2, 11}, {3, 11}, {4, 11}, {5, 11}, {6, 11}, {7, 11}, {8, 11}, {9, 11}, {10, 11}, {11, 11}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, facet, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
