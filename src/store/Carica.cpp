@@ -15,6 +15,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
+#include "sections/FileSezioni.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
@@ -253,7 +254,7 @@ constexpr PassoCarica kPassiCarica[] = {
     {Carica126, Slot126},
     {CaricaCel, SlotCel},
     {Conserva<SlotDue>, SlotDue},
-    {Conserva<SlotSezioni>, SlotSezioni},
+    {CaricaSezioni, SlotSezioni},
     {Conserva<SlotEdm>, SlotEdm},
     {Conserva<SlotEstratto>, SlotEstratto},
     {Conserva<SlotPng>, SlotPng},

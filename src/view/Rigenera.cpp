@@ -6,6 +6,7 @@
 #include "cadastre/ContornoSette.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/DisegnoSezioni.h"
 #include "survey/Convenzioni.h"
 #include "survey/Primitive.h"
 #include "terrain/DisegnoFalde.h"
@@ -66,7 +67,8 @@ namespace {
 // that join the list take their place in this table.
 constexpr GenereLista kOrdine[] = {
     {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},  // then the map extract and its stations
-    {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},            // then sections
+    {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},
+    {SlotSezioni, RigeneraSezione, &TabelleEntita::StatoSezione},
     {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},
     {SlotCerchi, RigeneraCerchio, &TabelleEntita::StatoCerchio},
     {SlotLinee, RigeneraLineaSingola, &TabelleEntita::StatoLinea},

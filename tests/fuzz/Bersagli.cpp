@@ -32,6 +32,7 @@ constexpr Bersaglio kBersagli[] = {
     {"libretto", FuzzLibretto, true},
     {"dxf", FuzzDxf, true},
     {"mesh", FuzzMesh, false},
+    {"sez", FuzzSez, true},
 };
 
 }  // namespace

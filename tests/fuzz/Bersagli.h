@@ -45,5 +45,6 @@ void FuzzScript(const Ambiente& a, std::string_view byte);
 void FuzzLibretto(const Ambiente& a, std::string_view byte);
 void FuzzDxf(const Ambiente& a, std::string_view byte);
 void FuzzMesh(const Ambiente& a, std::string_view byte);
+void FuzzSez(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
