@@ -99,10 +99,11 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ContaEntita[SlotFalde] = 1;
   z.s.Ui = &ui;
   RigeneraLista(z.s);
-  // Its progress: images, facets, arcs, circles, lines, Contorno-7 structures, texts, the
-  // extent's frame, the indexes.
+  // Its progress: images, facets, sections, arcs, circles, lines, Contorno-7 structures,
+  // texts, the extent's frame, the indexes.
   using A = std::vector<std::pair<int64_t, int64_t>>;
-  EXPECT_EQ(ui.Avanzamento, (A{{0, 9}, {1, 9}, {2, 9}, {3, 9}, {4, 9}, {5, 9}, {6, 9}, {7, 9}, {8, 9}, {9, 9}}));
+  EXPECT_EQ(ui.Avanzamento,
+            (A{{0, 10}, {1, 10}, {2, 10}, {3, 10}, {4, 10}, {5, 10}, {6, 10}, {7, 10}, {8, 10}, {9, 10}, {10, 10}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, facet, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;
