@@ -10,6 +10,7 @@
 #include "commands/Modifica.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/DisegnoSezioni.h"
 #include "sections/FileSezioni.h"
 #include "snap/Vicino.h"
 #include "terrain/Falde.h"
@@ -142,9 +143,9 @@ void FineCatturaSezione(Sessione& s) {
   for (size_t i = 0; i < sp.Conta(); ++i) x = std::max(x, sp.X[i]), y = std::min(y, sp.Y[i]);
   for (int32_t k = 0; k < s.ContaEntita[SlotSezioni]; ++k)
     if (IdentVivo(s.SezioneIdent[static_cast<size_t>(k)])) y = std::min(y, s.SezioneBoxY1[static_cast<size_t>(k)]);
-  const double scala = z.Cfg.ScalaLunghezze / 50;
-  z.OrigineX = x + 4 * scala;
-  z.OrigineY = y - 4 * scala;
+  const double scala = ScalaSezione(z.Cfg.ScalaLunghezze);
+  z.OrigineX = x + 8 * scala;
+  z.OrigineY = y - 8 * scala;
   const int32_t riga = AggiungiSezione(s, std::move(z));
   s.SezioneDati[static_cast<size_t>(riga)].IndiceSezione = std::to_string(riga + 1);
   FineModifica(s);

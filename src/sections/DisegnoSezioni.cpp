@@ -45,7 +45,7 @@ class Disegnatore {
     Includi(x2, y2);
   }
 
-  // `GeneraTestoSezione`: the insertion point is the top left corner of the text.
+  // `GeneraTestoSezione`: the insertion point is the foot of the text, at its left.
   void Testo(const std::string& testo, double h, double rotazioneGon, double x, double y) {
     if (testo.empty()) return;
     RecordDisegno r = Base();
@@ -58,12 +58,12 @@ class Disegnatore {
     r.Font = "Arial";
     r.Testo = testo;
     s_.ListaDisegno.Aggiungi(r);
-    // Its four corners: along the line of writing, and 1.2 heights down from it.
-    const double gx = 1.2 * h * std::sin(a), gy = -1.2 * h * std::cos(a);
-    Includi(r.X1, r.Y1);
-    Includi(r.X2, r.Y2);
-    Includi(r.X1 + gx, r.Y1 + gy);
-    Includi(r.X2 + gx, r.Y2 + gy);
+    // Its corners: from a fifth of its height under the foot (the descenders) to its top.
+    const double ux = -std::sin(a), uy = std::cos(a);
+    for (double k : {-0.2 * h, h}) {
+      Includi(r.X1 + k * ux, r.Y1 + k * uy);
+      Includi(r.X2 + k * ux, r.Y2 + k * uy);
+    }
   }
 
   double* Box() { return box_; }
@@ -104,17 +104,19 @@ void Riga(Disegnatore& d, Fincatura& f, const GruppoSezione& g, const char* suff
   d.Gruppo(suffisso, g.Colore);
   const double R = g.AltezzaFincatura, T = g.AltezzaTesto;
   const double alto = f.Y, basso = f.Y - R;
-  d.Testo(g.Titolo, T, 0, f.XTitoli + 0.2 * T, alto - (R - 1.2 * T) / 2);
+  d.Testo(g.Titolo, T, 0, f.XTitoli + 0.2 * T, alto - R / 2 - T / 2);
   for (double x : xs) {
     d.Linea(x, alto, x, alto - 0.2 * R);
     d.Linea(x, basso, x, basso + 0.2 * R);
   }
   for (size_t i = 0; i < testi.size(); ++i) {
     const double x = xTesti[i];
+    // Upright, the text stands on the lower tick's top, centred on the station; lying, it
+    // hangs from the upper tick's foot.
     if (g.OrientamentoVerticale == 1)
-      d.Testo(testi[i], T, 100, x - 0.6 * T, basso + 0.2 * R);
+      d.Testo(testi[i], T, 100, x + T / 2, basso + 0.2 * R);
     else
-      d.Testo(testi[i], T, 0, x - LunghezzaTesto(testi[i], T) / 2, alto - 0.2 * R);
+      d.Testo(testi[i], T, 0, x - LunghezzaTesto(testi[i], T) / 2, alto - 0.2 * R - T);
   }
   d.Linea(f.XTitoli, basso, f.XFine, basso);
   f.Y = basso;
@@ -130,7 +132,7 @@ void Titolo(Disegnatore& d, const Sezione& z, int32_t riga, double totale) {
   std::string nome = c.NomeSezione.Disegna == 1 ? z.IndiceSezione : "";
   const std::string numero = c.NumeroSezione.Disegna == 1 ? "Sezione N° " + FormatoMaschera(riga + 1, "########0") : "";
   const double h = std::max(c.NomeSezione.AltezzaTesto, c.NumeroSezione.AltezzaTesto);
-  const double y = alto + 1.5 * h + 1.2 * h;
+  const double y = alto + 1.5 * h;
   double x = z.OrigineX;
   const double w = LunghezzaTesto(nome, c.NomeSezione.AltezzaTesto) +
                    (nome.empty() ? 0 : c.NumeroSezione.AltezzaTesto) +
@@ -148,7 +150,7 @@ void Titolo(Disegnatore& d, const Sezione& z, int32_t riga, double totale) {
   const auto& b = z.Stazioni.back();
   const std::string primo = "N= " + FormatoMaschera(a.Y, "##########0.##0") + " E= " + FormatoMaschera(a.X, "##########0.##0");
   const std::string ultimo = "N= " + FormatoMaschera(b.Y, "##########0.##0") + " E= " + FormatoMaschera(b.X, "##########0.##0");
-  const double yc = y - 1.5 * h;
+  const double yc = alto + 0.3 * hc;
   d.Testo(primo, hc, 0, z.OrigineX, yc);
   d.Testo(ultimo, hc, 0, z.OrigineX + totale - LunghezzaTesto(ultimo, hc), yc);
 }
@@ -198,7 +200,7 @@ void Disegna(Sessione& s, int32_t riga) {
     d.Gruppo("_QuotaRif", c.BloccoQuotaRiferimento.Colore);
     const double h = c.BloccoQuotaRiferimento.AltezzaTesto;
     d.Testo("Q.Rif. " + FormatoMaschera(c.QuotaRiferimento, "########0.##0"), h, 0, z.OrigineX - 2 * scala,
-            z.OrigineY + 1.4 * h);
+            z.OrigineY + 0.3 * h);
   }
   Titolo(d, z, riga, totale);
 

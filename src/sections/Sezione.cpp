@@ -7,7 +7,7 @@ namespace varena {
 
 ConfigurazioneSezione ConfigurazioneIniziale() {
   ConfigurazioneSezione c;
-  // Text heights and rows in metres of the sheet: at 1:1000, 2 mm of text is 2 m.
+  // Text heights and rows in metres of the sheet: at 1:200, 2 mm of text is 0.4 m.
   auto riga = [](double fincatura, double testo, int32_t colore, const char* titolo) {
     GruppoSezione g;
     g.AltezzaFincatura = fincatura;
@@ -16,26 +16,26 @@ ConfigurazioneSezione ConfigurazioneIniziale() {
     g.Titolo = titolo;
     return g;
   };
-  c.Terreno = riga(0, 2, 3, "");
+  c.Terreno = riga(0, 0.4, 3, "");
   c.Verticali = riga(0, 0, 9, "");
-  c.NomiPunti = riga(8, 2, 7, "Picchetti");
-  c.DistanzeParziali = riga(8, 2, 7, "Distanze Parziali");
-  c.DistanzeProgressive = riga(8, 2, 7, "Distanze Progressive");
-  c.DistanzeInclinate = riga(8, 2, 7, "Distanze Inclinate");
+  c.NomiPunti = riga(1.6, 0.4, 7, "Picchetti");
+  c.DistanzeParziali = riga(1.6, 0.4, 7, "Distanze Parziali");
+  c.DistanzeProgressive = riga(2.4, 0.4, 7, "Distanze Progressive");
+  c.DistanzeInclinate = riga(1.6, 0.4, 7, "Distanze Inclinate");
   c.DistanzeInclinate.Disegna = 0;
-  c.QuoteTerreno = riga(10, 2, 3, "Quote Terreno");
-  c.QuoteProgetto = riga(10, 2, 1, "Quote Progetto");
+  // The heights are long numbers: written upright, in taller rows.
+  c.QuoteTerreno = riga(2.4, 0.4, 3, "Quote Terreno");
+  c.QuoteProgetto = riga(2.4, 0.4, 1, "Quote Progetto");
   c.QuoteProgetto.Disegna = 0;
   c.LineaInvaso = riga(0, 0, 5, "");
   c.LineaInvaso.Disegna = 0;
-  c.DistanzeParziali.OrientamentoVerticale = 0;
   c.QuoteTerreno.OrientamentoVerticale = 1;
   c.QuoteProgetto.OrientamentoVerticale = 1;
   c.DistanzeProgressive.OrientamentoVerticale = 1;
-  c.NomeSezione = {1, 3, 7};
-  c.NumeroSezione = {1, 3, 7};
-  c.DistanzaPrecedente = {0, 2, 7};
-  c.BloccoQuotaRiferimento = {1, 2, 7};
+  c.NomeSezione = {1, 0.6, 7};
+  c.NumeroSezione = {1, 0.6, 7};
+  c.DistanzaPrecedente = {0, 0.4, 7};
+  c.BloccoQuotaRiferimento = {1, 0.4, 7};
   return c;
 }
 

@@ -39,7 +39,7 @@ struct BloccoCornice {
 };
 
 struct ConfigurazioneSezione {
-  double ScalaLunghezze = 1000, ScalaAltezze = 100;  // denominators of 1:n
+  double ScalaLunghezze = 200, ScalaAltezze = 20;  // denominators of 1:n
   GruppoSezione Terreno;                           // "Profilo del Terreno": text height, colour
   int16_t QuoteRosse = 1;
   GruppoSezione Verticali;                         // "Linee Verticali": switch, colour

@@ -37,10 +37,10 @@ TEST(ComandiSezioni, SezioneDaiPuntiPresiEQuotaDiProgetto) {
   EXPECT_EQ(z.Stazioni[2].Nome, "3");
   EXPECT_EQ(z.IndiceSezione, "1");
   // The datum a metre under the lowest ground, the sheet beside the points: 4 cm of paper
-  // at 1:1000 to the right of the easternmost and under the southernmost.
+  // at 1:200 to the right of the easternmost and under the southernmost.
   EXPECT_EQ(z.Cfg.QuotaRiferimento, 9);
-  EXPECT_EQ(z.OrigineX, 30 + 80);
-  EXPECT_EQ(z.OrigineY, 0 - 80);
+  EXPECT_EQ(z.OrigineX, 30 + 32);
+  EXPECT_EQ(z.OrigineY, 0 - 32);
   int64_t records = 0;
   for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) records += b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni;
   EXPECT_GT(records, 30);
@@ -48,7 +48,7 @@ TEST(ComandiSezioni, SezioneDaiPuntiPresiEQuotaDiProgetto) {
   // The first station's vertical stands at the origin, up to the ground at 10: ten times
   // a metre over the datum.
   b.ui.Accoda("105.5");
-  b.Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 110 -75\n");
+  b.Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 62 -27\n");
   for (const StazioneSezione& p : b.s.SezioneDati[0].Stazioni) EXPECT_EQ(p.QuotaProgetto, 105.5);
   EXPECT_EQ(b.s.SezioneDati[0].Cfg.ProfiloProgetto, 1);
 }

@@ -32,8 +32,8 @@ struct Disegno {
       if (l.Primitiva[static_cast<size_t>(i)] == primitiva && l.Piano(i) == piano) r.push_back(i);
     return r;
   }
-  // Every point of every record of a section inside its stored frame; for a text, its line
-  // and the line 1.2 heights beneath it.
+  // Every point of every record of a section inside its stored frame; for a text, the line
+  // of its foot and the line of its top, a height above.
   void CorniceRacchiude(int32_t riga) const {
     const auto r = static_cast<size_t>(riga);
     const double x0 = s.SezioneBoxX1[r], y0 = s.SezioneBoxY1[r], x1 = s.SezioneBoxX2[r], y1 = s.SezioneBoxY2[r];
@@ -47,9 +47,9 @@ struct Disegno {
       ++quanti;
       std::vector<std::pair<double, double>> punti = {{l.X1[k], l.Y1[k]}, {l.X2[k], l.Y2[k]}};
       if (l.Primitiva[k] == PrimTesto) {
-        const double a = l.Rotazione[k] * M_PI / 200, h = 1.2 * l.Altezza[k];
-        punti.push_back({l.X1[k] + h * std::sin(a), l.Y1[k] - h * std::cos(a)});
-        punti.push_back({l.X2[k] + h * std::sin(a), l.Y2[k] - h * std::cos(a)});
+        const double a = l.Rotazione[k] * M_PI / 200, h = l.Altezza[k];
+        punti.push_back({l.X1[k] - h * std::sin(a), l.Y1[k] + h * std::cos(a)});
+        punti.push_back({l.X2[k] - h * std::sin(a), l.Y2[k] + h * std::cos(a)});
       }
       for (auto [x, y] : punti) {
         EXPECT_GE(x, x0 - 1e-9) << "record " << i << " " << l.Piano(i) << " " << l.Testo(i);
@@ -100,7 +100,7 @@ TEST(DisegnoSezioni, ProfiloLongitudinaleDiCinquantaPunti) {
   EXPECT_EQ(d.Testi("LONG_NomiPunti", "Picchetti"), nomi);
   EXPECT_EQ(d.Testi("LONG_QuotaPro", "Quote Progetto").at(5), "400.25");
 
-  // Heights ten times longer than distances (1:1000 against 1:100), from the datum at 90.
+  // Heights ten times longer than distances (1:200 against 1:20), from the datum at 90.
   const auto terr = d.Record("LONG_ProfRili", PrimLinea);
   ASSERT_EQ(terr.size(), 49u);
   const ElencoDisegno& l = d.s.ListaDisegno;
