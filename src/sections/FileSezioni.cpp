@@ -3,6 +3,8 @@
 // the last statement, a text of fields split at "|" that begins with the version mark.
 #include "sections/FileSezioni.h"
 
+#include <cmath>
+
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
