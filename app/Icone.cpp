@@ -124,6 +124,10 @@ constexpr IconaDiTag kIcone[] = {
     {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
     {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
     {"INVERTI_FALDE", "interseca-falde"},
+    // Sections
+    {"SEZIONI_CATTURA_PUNTI", "cattura-spezzata"}, {"SEZIONI_QUOTA_PROGETTO", "quota"},
+    {"SEZIONI_APPLICA_DEFAULT", "configura-tutto"}, {"SEZIONI_SALVA_DEFAULT", "salva"},
+    {"SEZIONI_CARICA_DEFAULT", "apri"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap
