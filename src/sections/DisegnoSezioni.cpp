@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <string>
 
 #include "core/Errori.h"
@@ -19,6 +20,10 @@ namespace varena {
 double ScalaSezione(double scalaLunghezze) { return scalaLunghezze > 0 ? scalaLunghezze / 50.0 : 20.0; }
 
 namespace {
+
+bool Finiti(std::initializer_list<double> v) {
+  return std::all_of(v.begin(), v.end(), [](double x) { return std::isfinite(x); });
+}
 
 // The width of a text as the list frames it: the same estimate the texts of the drawing use.
 double LunghezzaTesto(const std::string& t, double h) { return 0.6 * h * static_cast<double>(t.size()); }
@@ -36,8 +41,10 @@ class Disegnatore {
     colore_ = colore;
   }
 
-  // `GeneraLineaSezione`.
+  // `GeneraLineaSezione`. Values each finite may still overflow together (a height far off
+  // the datum times a large exaggeration): such an element has no place on the sheet.
   void Linea(double x1, double y1, double x2, double y2) {
+    if (!Finiti({x1, y1, x2, y2})) return;
     RecordDisegno r = Base();
     r.X1 = x1, r.Y1 = y1, r.X2 = x2, r.Y2 = y2;
     s_.ListaDisegno.Aggiungi(r);
@@ -47,7 +54,7 @@ class Disegnatore {
 
   // `GeneraTestoSezione`: the insertion point is the foot of the text, at its left.
   void Testo(const std::string& testo, double h, double rotazioneGon, double x, double y) {
-    if (testo.empty()) return;
+    if (testo.empty() || !Finiti({x, y, h, LunghezzaTesto(testo, h)})) return;
     RecordDisegno r = Base();
     r.Primitiva = PrimTesto;
     const double a = rotazioneGon * GonToRad, l = LunghezzaTesto(testo, h);
@@ -241,6 +248,7 @@ void Disegna(Sessione& s, int32_t riga) {
   b[1] -= scala;
   b[2] += 3 * std::max(c.DistanzeParziali.AltezzaFincatura, 0.0);
   b[3] += 6 * std::max(c.Terreno.AltezzaTesto, 0.0);
+  if (!Finiti({b[0], b[1], b[2], b[3]})) b[0] = b[1] = b[2] = b[3] = 0;
   s.SezioneBoxX1[r] = b[0], s.SezioneBoxY1[r] = b[1], s.SezioneBoxX2[r] = b[2], s.SezioneBoxY2[r] = b[3];
   const double x0 = b[0], y0 = b[1], x1 = b[2], y1 = b[3];
   d.Gruppo("_CORNICE", 30);

@@ -188,6 +188,19 @@ TEST(DisegnoSezioni, SenzaDuePuntiNullaECongelataNulla) {
   const auto righe = e.Record("SEZ_QuotaTer", PrimLinea);
   ASSERT_FALSE(righe.empty());
   EXPECT_DOUBLE_EQ(e.s.ListaDisegno.Y1[static_cast<size_t>(righe[0])], 0);  // ticks from the datum line down
+
+  // Values each a number that together overflow: what would stand at infinity is left out.
+  Disegno f;
+  z.Cfg.ScalaLunghezze = 1e300, z.Cfg.ScalaAltezze = 1;
+  z.Stazioni[1].QuotaTerreno = 1e300;
+  AggiungiSezione(f.s, z);
+  RigeneraLista(f.s);
+  const ElencoDisegno& l = f.s.ListaDisegno;
+  ASSERT_GT(l.Conta(), 0);
+  for (int64_t i = 0; i < l.Conta(); ++i) {
+    const auto k = static_cast<size_t>(i);
+    for (double v : {l.X1[k], l.Y1[k], l.X2[k], l.Y2[k]}) EXPECT_TRUE(std::isfinite(v)) << i << " " << l.Piano(i);
+  }
 }
 
 }  // namespace
