@@ -131,6 +131,10 @@ constexpr IconaDiTag kIcone[] = {
     {"INVERTI_FALDE", "interseca-falde"}, {"VOLUMI_FALDE", "volumi"}, {"GENERA_CURVE", "curve-livello"},
     {"SPLINE_CURVE", "curve-livello"}, {"COLORA_CURVE", "colore"}, {"ESPLODI_CURVE_LIVELLO", "esplodi-linea"},
     {"ELIMINA_CURVE_ESPLOSE", "elimina"},
+    // Sections
+    {"SEZIONI_CATTURA_PUNTI", "cattura-spezzata"}, {"SEZIONI_QUOTA_PROGETTO", "quota"},
+    {"SEZIONI_APPLICA_DEFAULT", "configura-tutto"}, {"SEZIONI_SALVA_DEFAULT", "salva"},
+    {"SEZIONI_CARICA_DEFAULT", "apri"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

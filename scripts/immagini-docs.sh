@@ -1,8 +1,9 @@
 #!/bin/sh
 # Makes every picture of docs/ again, from the example job and the programs as built: the
 # desktop window at 1280x800 and at 1920x1080, in the light and in the dark theme
-# (docs/finestra*.png), the job as varena-cli render paints it (docs/esempio.png), and the
-# drawing commands of examples/disegno-comandi.txt (docs/disegno-comandi.png). Run it after
+# (docs/finestra*.png), the job as varena-cli render paints it (docs/esempio.png), the
+# drawing commands of examples/disegno-comandi.txt (docs/disegno-comandi.png) and the
+# sections of examples/sezioni.txt (docs/sezioni.png). Run it after
 # any change that shows in them; this is the only way the pictures are made, so they never
 # lag behind the program.
 set -eu
@@ -48,14 +49,18 @@ finestra finestra-1920 1920 1080 chiaro "$tmp/selezione.txt"
 finestra finestra-1920-scura 1920 1080 scuro "$tmp/selezione.txt"
 
 export VARENA_DOCUMENTI="$tmp/documenti" VARENA_PROGRAMMA="$tmp/programma"
-mkdir -p "$tmp/esempio" "$tmp/disegno"
+mkdir -p "$tmp/esempio" "$tmp/disegno" "$tmp/sezioni"
 cp examples/RILIEVO.* "$tmp/esempio/"
 cp examples/RILIEVO.* "$tmp/disegno/"
+cp examples/RILIEVO.* "$tmp/sezioni/"
 ./build/cli/varena-cli render "$tmp/esempio/RILIEVO.CFG" docs/esempio.png --size 1600x1000
 
 ./build/cli/varena-cli script "$tmp/disegno/RILIEVO" examples/disegno-comandi.txt --rigoroso >/dev/null
 ./build/cli/varena-cli render "$tmp/disegno/RILIEVO" docs/disegno-comandi.png --size 1200x800 \
   --view 1725317,5031204,62
 
+./build/cli/varena-cli script "$tmp/sezioni/RILIEVO" examples/sezioni.txt --rigoroso >/dev/null
+./build/cli/varena-cli render "$tmp/sezioni/RILIEVO" docs/sezioni.png --size 1200x800 --view 1725357,5031114,60
+
 echo "Immagini rifatte: docs/finestra.png docs/finestra-scura.png docs/finestra-1920.png" \
-  "docs/finestra-1920-scura.png docs/esempio.png docs/disegno-comandi.png"
+  "docs/finestra-1920-scura.png docs/esempio.png docs/disegno-comandi.png docs/sezioni.png"

@@ -10,6 +10,7 @@
 #include "commands/TabellaDialoghi.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
+#include "sections/ComandiSezioni.h"
 #include "core/Testo.h"
 #include "snap/Snap.h"
 #include "snap/Vicino.h"
@@ -90,6 +91,10 @@ void PulsanteDestro(Sessione& s) {
   }
   if (c == 432) {
     ApriDialogoDiTabella(s, "ProprietaImmagine");
+    return;
+  }
+  if (c == 373) {
+    FineCatturaSezione(s);
     return;
   }
   InterrompiComando(s);

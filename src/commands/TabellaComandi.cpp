@@ -19,6 +19,7 @@
 #include "exchange/Importatori.h"
 #include "exchange/ImportaPunti.h"
 #include "output/FlussoStampa.h"
+#include "sections/ComandiSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -182,6 +183,8 @@ constexpr VoceComando kTabella[] = {
     Arma("LIVELLAZIONE_RAGGIANTE", 299, "Livellazione Raggiante - Stazione :", P, {}, "Catasto",
          "Livellazione Raggiante"),
     Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
+    Arma("SEZIONI_CATTURA_PUNTI", 373, "Sezione - Primo Punto :", P, {}, "Terreno", "Sezioni Cattura Punti"),
+    Arma("SEZIONI_QUOTA_PROGETTO", 374, "Indica la sezione :", L, {}, "Terreno", "Quota Progetto Sezione"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -356,6 +359,9 @@ constexpr VoceComando kTabella[] = {
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
     Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
     Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
+    Subito("SEZIONI_APPLICA_DEFAULT", AzioneApplicaDefaultSezioni, {}, "Terreno", "Applica Default a tutte le Sezioni"),
+    Subito("SEZIONI_SALVA_DEFAULT", AzioneSalvaDefaultSezioni, {}, "Terreno", "Salva Default Sezioni"),
+    Subito("SEZIONI_CARICA_DEFAULT", AzioneCaricaDefaultSezioni, {}, "Terreno", "Carica Default Sezioni"),
     Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),
     Subito("VOLUMI_FALDE", nullptr, "VolumiFalde", "Terreno", "Volumi"),
     Subito("GENERA_CURVE", AzioneGeneraCurve, {}, "Terreno", "Curve di Livello"),
@@ -466,6 +472,8 @@ constexpr SchedaCodice kSchede[] = {
     {191, nullptr, Li, nullptr},
     // The survey structures: a vertex a click, until the right button.
     {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
+    {373, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
+    {374, subQuotaProgettoSezione, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

@@ -53,6 +53,7 @@ void AzzeraTabelle(TabelleEntita& t) {
   Iniziale<TabellaSette>(t);
   Iniziale<TabellaCurve>(t);
   Iniziale<TabellaBitmap>(t);
+  Iniziale<TabellaSezioni>(t);
   t.ContaEntita.fill(0);
   SegnaTuttoModificato(t);
 }
@@ -95,6 +96,12 @@ void DimensionaBitmap(TabelleEntita& t) {
   Cresci<TabellaBitmap>(t, t.BitmapIdent, t.ContaEntita[SlotBitmap], 0);
 }
 
+// Sections are large rows: they grow by a margin of 5.
+void DimensionaSezioni(TabelleEntita& t) {
+  SegnaRiga(t, SlotSezioni, t.ContaEntita[SlotSezioni]);
+  Cresci<TabellaSezioni>(t, t.SezioneIdent, t.ContaEntita[SlotSezioni], 5);
+}
+
 void PreparaRighe(TabelleEntita& t, int slot, int64_t righe) {
   SegnaRighe(t, slot, t.ContaEntita[static_cast<size_t>(slot)], righe - 1);
   const auto n = static_cast<size_t>(std::max<int64_t>(righe, 0) + 11);
@@ -125,6 +132,7 @@ const Colonna<int16_t>* ColonnaIdent(const TabelleEntita& t, int slot) {
     case SlotFalde: return &t.FaldaIdent;
     case SlotSette: return &t.SetteIdent;
     case SlotBitmap: return &t.BitmapIdent;
+    case SlotSezioni: return &t.SezioneIdent;
     default: return nullptr;  // kinds without a deletion field
   }
 }

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "sections/Sezione.h"
+
 namespace varena {
 
 template <class T>
@@ -214,6 +216,21 @@ struct TabellaBitmap {
   }
 };
 
+// Sections and profiles, slot 12: a row is a whole section with its stations and layout.
+// The frame is the box the last drawing gave the section, for picking; it is in no file.
+struct TabellaSezioni {
+  Colonna<int16_t> SezioneIdent;
+  Colonna<Sezione> SezioneDati;
+  Colonna<double> SezioneBoxX1, SezioneBoxY1, SezioneBoxX2, SezioneBoxY2;
+  Colonna<uint8_t> StatoSezione;
+
+  template <class F>
+  void PerOgniColonna(F&& f) {
+    f(SezioneIdent), f(SezioneDati), f(SezioneBoxX1), f(SezioneBoxY1), f(SezioneBoxX2), f(SezioneBoxY2);
+    f(StatoSezione);
+  }
+};
+
 // The rows of one slot changed since some moment: runs of rows, first and last included, in
 // the order they were marked, or the whole slot. Many scattered runs are worth no more than
 // the whole slot, and become it.
@@ -248,7 +265,8 @@ struct TabelleEntita : TabellaPunti,
                        TabellaFalde,
                        TabellaSette,
                        TabellaCurve,
-                       TabellaBitmap {
+                       TabellaBitmap,
+                       TabellaSezioni {
   std::array<int32_t, NumeroSlot> ContaEntita{};
   std::array<bool, NumeroSlot> SlotModificato{};
   // Grows at every change marked: a script tells by it whether a click changed a row.
@@ -312,6 +330,7 @@ void DimensionaFalde(TabelleEntita& t);
 void DimensionaSette(TabelleEntita& t);
 void DimensionaCurve(TabelleEntita& t);
 void DimensionaBitmap(TabelleEntita& t);
+void DimensionaSezioni(TabelleEntita& t);
 
 // Makes room at once for `righe` rows of a kind, as a long run of grow calls would.
 void PreparaRighe(TabelleEntita& t, int slot, int64_t righe);

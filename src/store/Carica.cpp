@@ -16,7 +16,9 @@
 #include "core/Riparazioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Importatori.h"
 #include "exchange/TafLettura.h"
+#include "sections/FileSezioni.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
@@ -254,7 +256,7 @@ constexpr PassoCarica kPassiCarica[] = {
     {Carica126, Slot126},
     {CaricaCel, SlotCel},
     {Conserva<SlotDue>, SlotDue},
-    {Conserva<SlotSezioni>, SlotSezioni},
+    {CaricaSezioni, SlotSezioni},
     {Conserva<SlotEdm>, SlotEdm},
     {Conserva<SlotEstratto>, SlotEstratto},
     {CaricaEstratto, SlotEstratto},

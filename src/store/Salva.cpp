@@ -14,6 +14,7 @@
 #include "core/Record.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/FileSezioni.h"
 #include "store/Cfg.h"
 #include "store/Slot.h"
 
@@ -189,9 +190,7 @@ void SalvaInf(Passata& p) {
 
 void SalvaSezioni(Passata& p) {
   p.s.RoutineCorrente = "Salva Sezioni";
-  // The section tables are kept as read until their editor exists: written back whole.
-  const auto it = p.s.MembriConservati.find(SlotSezioni);
-  if (it != p.s.MembriConservati.end()) Scrivi(p, SlotSezioni, it->second);
+  Deponi(p, SlotSezioni, ByteSezioni(p.s), nullptr);
 }
 
 void SalvaBitmap(Passata& p) {

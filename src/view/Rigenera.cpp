@@ -7,6 +7,7 @@
 #include "cadastre/Estratto.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/DisegnoSezioni.h"
 #include "survey/Convenzioni.h"
 #include "survey/Primitive.h"
 #include "terrain/Curve.h"
@@ -69,7 +70,8 @@ namespace {
 constexpr GenereLista kOrdine[] = {
     {SlotBitmap, RigeneraBitMapSingola, &TabelleEntita::StatoBitmap},
     {SlotEdm, RigeneraRigaEstratto, nullptr},  // the map extract; then its stations
-    {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},            // then sections
+    {SlotFalde, RigeneraFalda, &TabelleEntita::StatoFalda},
+    {SlotSezioni, RigeneraSezione, &TabelleEntita::StatoSezione},
     {SlotCurve, RigeneraCurva, &TabelleEntita::StatoCurva},
     {SlotArchi, RigeneraArco, &TabelleEntita::StatoArco},
     {SlotCerchi, RigeneraCerchio, &TabelleEntita::StatoCerchio},

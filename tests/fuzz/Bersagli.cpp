@@ -43,6 +43,7 @@ constexpr Bersaglio kBersagli[] = {
     {"vr4", FuzzVr4, true},
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
+    {"sez", FuzzSez, true},
 };
 
 }  // namespace

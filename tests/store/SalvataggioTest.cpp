@@ -319,8 +319,13 @@ TEST_F(Salvataggio, CaricaSalvaCaricaConservaOgniValoreDiOgniMembro) {
   Scrivi(".PIA", "0|0|1|0|1|Arial|0|0|0\r\nSTRADE|0|8|2|3|Courier New|0|0|0\r\n");
   Scrivi(".L", "vecchia lista");
   const std::string binario("\x00\x01\x02\xFF\r\n\x1A fine", 11);
-  for (const char* est : {".VRZ", ".DUE", ".SEZ", ".EDM", ".EMP", ".PNG", ".SMP", ".XVR", ".FOT"})
+  for (const char* est : {".VRZ", ".DUE", ".EDM", ".EMP", ".PNG", ".SMP", ".XVR", ".FOT"})
     Scrivi(est, binario + est);
+  Scrivi(".SEZ",
+         "\"<INIZIO SEZIONE>\"\r\n500,50\r\n1.5,1,3\r\n1,9\r\n7\r\n1,6,1.5,7,1,\"Picchetti\"\r\n0,12.5\r\n"
+         "1,6,1.5,7,0,\"Parziali\"\r\n1,1.5,7,0,\"Progressive\"\r\n0,6,1.5,7,0,0,0\r\n1,1.5,3,\"Quote\"\r\n"
+         "0,5,0\r\n\"FOSSO\",0\r\n1,2,7\r\n1,2,7,1\r\n0,2,7\r\n1,2,7\r\n\"7|1|1|0.0|0.0|0.0|0|1|0|0.0|6.0|6.0|0|6.0|1.5|1|Progetto|Inclinate|2|0.0|0.0|0|0|0|0|0|1|1|1|0|\"\r\n"
+         "\"F1\",10,-20\r\n2\r\n\"A\",1,2,13.5,13.5\r\n\"B \xE8\",4,6,12.75,12\r\n\"<FINE SEZIONE>\"\r\n");
   const auto fissati = MembriDi(base);
   ASSERT_EQ(fissati.size(), 25u);
 

@@ -11,6 +11,7 @@
 
 #include "cadastre/ContornoSette.h"
 #include "core/Sessione.h"
+#include "sections/FileSezioni.h"
 #include "store/Carica.h"
 #include "store/LavoroProva.h"
 #include "store/Undo.h"
@@ -169,9 +170,19 @@ class RigeneraModifiche : public ::testing::Test {
     s.BitmapPiano[r] = "FOTO";
   }
 
+  void NuovaSezione() {
+    Sezione z;
+    z.Cfg = ConfigurazioneIniziale();
+    z.OrigineX = X(), z.OrigineY = Y();
+    z.Cfg.QuotaRiferimento = 100;
+    for (int k = 0, n = 1 + Intero(8); k < n; ++k) z.Stazioni.push_back({"S", Caso(0, 50), Caso(0, 50), Caso(95, 110), Caso(95, 110)});
+    AggiungiSezione(s, z);
+  }
+
   // One edit, as the commands make them: the rows changed marked, or the slot.
   void Modifica() {
-    const int slot = std::array{SlotLinee, SlotLinee, SlotCerchi, SlotArchi, SlotTesti, SlotBitmap, SlotPunti}[Intero(7)];
+    const int slot = std::array{SlotLinee, SlotLinee, SlotCerchi, SlotArchi, SlotTesti, SlotBitmap, SlotPunti,
+                                SlotSezioni}[Intero(8)];
     const int32_t n = s.ContaEntita[static_cast<size_t>(slot)];
     const auto r = static_cast<size_t>(n > 0 ? Intero(n) : 0);
     switch (n == 0 ? 0 : Intero(6)) {
@@ -186,6 +197,7 @@ class RigeneraModifiche : public ::testing::Test {
           case SlotArchi: NuovoArco(); break;
           case SlotTesti: NuovoTesto(); break;
           case SlotBitmap: NuovaImmagine(); break;
+          case SlotSezioni: NuovaSezione(); break;
           default: break;
         }
         return;
@@ -196,6 +208,7 @@ class RigeneraModifiche : public ::testing::Test {
         if (slot == SlotTesti) s.TestoTesto[r] = std::string(static_cast<size_t>(Intero(9)), 'B');
         if (slot == SlotBitmap) s.BitmapX[r] = X();
         if (slot == SlotPunti) s.PuntoX[r] = X(), s.PuntoSpoY[r] = Caso(-2, 2);
+        if (slot == SlotSezioni) s.SezioneDati[r].Stazioni.front().QuotaTerreno = Caso(90, 120);
         break;
       case 2:  // deleted
         if (slot == SlotLinee) s.LineaIdent[r] = -1;
@@ -203,12 +216,14 @@ class RigeneraModifiche : public ::testing::Test {
         if (slot == SlotArchi) s.ArcoIdent[r] = -1;
         if (slot == SlotTesti) s.TestoIdent[r] = -1;
         if (slot == SlotBitmap) s.BitmapIdent[r] = -1;
+        if (slot == SlotSezioni) s.SezioneIdent[r] = -1;
         break;
       case 3:  // frozen or thawed, or a new line type that changes the number of records
         if (slot == SlotLinee) s.LineaTratteggio[r] = static_cast<int16_t>(Intero(4));
         if (slot == SlotCerchi) s.CerchioCongela[r] = static_cast<int16_t>(1 - s.CerchioCongela[r]);
         if (slot == SlotArchi) s.ArcoTratteggio[r] = static_cast<int16_t>(Intero(4));
         if (slot == SlotTesti) s.TestoCongela[r] = static_cast<int16_t>(1 - s.TestoCongela[r]);
+        if (slot == SlotSezioni) s.SezioneDati[r].Cfg.Congela = static_cast<int16_t>(-1 - s.SezioneDati[r].Cfg.Congela);
         break;
       case 4:  // a whole kind changed at once, as a command that does not say which rows
         if (slot == SlotLinee)
@@ -218,6 +233,7 @@ class RigeneraModifiche : public ::testing::Test {
       case 5:  // selected: the byte changes, no row is marked
         if (slot == SlotLinee) s.StatoLinea[r] = static_cast<uint8_t>(1 - s.StatoLinea[r]);
         if (slot == SlotArchi) s.StatoArco[r] = static_cast<uint8_t>(1 - s.StatoArco[r]);
+        if (slot == SlotSezioni) s.StatoSezione[r] = static_cast<uint8_t>(1 - s.StatoSezione[r]);
         return;
     }
     SegnaRiga(s, slot, static_cast<int64_t>(r));
@@ -236,6 +252,9 @@ class RigeneraModifiche : public ::testing::Test {
     EXPECT_EQ(RigaDiversa<TabellaArchi>(s, q.s, SlotArchi), -1) << passo;
     EXPECT_EQ(RigaDiversa<TabellaTesti>(s, q.s, SlotTesti), -1) << passo;
     EXPECT_EQ(RigaDiversa<TabellaBitmap>(s, q.s, SlotBitmap), -1) << passo;
+    // A section's frame is the box its last drawing gave it.
+    RigeneraLista(q.s);
+    EXPECT_EQ(RigaDiversa<TabellaSezioni>(s, q.s, SlotSezioni), -1) << passo;
     EXPECT_EQ(s.LibrettoMisure, q.s.LibrettoMisure) << passo;
   }
 
@@ -270,6 +289,7 @@ class RigeneraModifiche : public ::testing::Test {
 TEST_F(RigeneraModifiche, LaListaFattaRigaPerRigaELaListaFattaTutta) {
   for (int k = 0; k < 6; ++k) NuovoCerchio(), NuovoArco(), NuovoTesto(), NuovaLinea();
   NuovaImmagine();
+  NuovaSezione();
   ASSERT_TRUE(VR_SalvaUndo(s));
   Confronta("dopo le prime righe");
   int undo = 0, redo = 0, snapshot = 0, parziali = 0;

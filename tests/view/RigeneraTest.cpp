@@ -99,11 +99,11 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   z.s.ContaEntita[SlotFalde] = 1;
   z.s.Ui = &ui;
   RigeneraLista(z.s);
-  // Its progress: images, the map extract, facets, contour curves, arcs, circles, lines, Contorno-7
-  // structures, texts, the extent's frame, the indexes.
+  // Its progress: images, the map extract, facets, sections, contour curves, arcs, circles,
+  // lines, Contorno-7 structures, texts, the extent's frame, the indexes.
   using A = std::vector<std::pair<int64_t, int64_t>>;
-  EXPECT_EQ(ui.Avanzamento,
-            (A{{0, 11}, {1, 11}, {2, 11}, {3, 11}, {4, 11}, {5, 11}, {6, 11}, {7, 11}, {8, 11}, {9, 11}, {10, 11}, {11, 11}}));
+  EXPECT_EQ(ui.Avanzamento, (A{{0, 12}, {1, 12}, {2, 12}, {3, 12}, {4, 12}, {5, 12}, {6, 12}, {7, 12}, {8, 12},
+                               {9, 12}, {10, 12}, {11, 12}, {12, 12}}));
   const ElencoDisegno& l = z.s.ListaDisegno;
   // Image frame, facet, arc, circle, line, text: the order of painting.
   std::vector<int> tipi;

@@ -1,0 +1,36 @@
+// The section commands: a section captured from picked points (through the terrain model
+// when it has facets), the project height of a section, and the default layout applied,
+// loaded and saved.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "sections/Sezione.h"
+
+namespace varena {
+
+struct Sessione;
+
+// The clicks of code 373 (SEZIONI_CATTURA_PUNTI): a vertex each; the right button ends it.
+void subSezioniCatturaPunti(Sessione& s);
+void FineCatturaSezione(Sessione& s);
+// The click of code 374 (SEZIONI_QUOTA_PROGETTO) on a section: its project height asked.
+void subQuotaProgettoSezione(Sessione& s);
+
+// The stations of a section along a polyline through the facets: one at each vertex and one
+// where the line crosses a side, each with the height of the facet it lies on. Stations
+// outside every facet are left out.
+std::vector<StazioneSezione> StazioniSuFalde(const Sessione& s, const std::vector<double>& x,
+                                             const std::vector<double>& y);
+
+// The working copy of a section, and its return to the table with the regeneration and the
+// undo snapshot every finished edit takes.
+Sezione ScompattaSezione(const Sessione& s, int32_t riga);
+void CompattaSezione(Sessione& s, int32_t riga, Sezione z);
+
+void AzioneApplicaDefaultSezioni(Sessione& s);
+void AzioneSalvaDefaultSezioni(Sessione& s);
+void AzioneCaricaDefaultSezioni(Sessione& s);
+
+}  // namespace varena
