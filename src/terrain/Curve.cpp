@@ -558,7 +558,9 @@ void RigeneraCurva(Sessione& s, int32_t riga) {
     b.Font = "Arial";
     const std::string maschera =
         t.DecimaliCurve <= 0 ? std::string("#########0") : "#########0." + std::string(static_cast<size_t>(std::min(t.DecimaliCurve, 9)), '0');
-    b.Testo = FormatoMaschera(s.CurvaX[r], maschera);
+    // The record only points at its text: the label must outlive the adding.
+    const std::string etichetta = FormatoMaschera(s.CurvaX[r], maschera);
+    b.Testo = etichetta;
     s.ListaDisegno.Aggiungi(b);
   }
 }
