@@ -1,11 +1,11 @@
 // plot: the job plotted at a true scale on sheets of paper, as a PDF or an SVG, with the
 // plot stream of its pages beside it.
-#include <QGuiApplication>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <optional>
 
+#include "ApplicazioneRender.h"
 #include "Comandi.h"
 #include "Plotter.h"
 #include "Terminale.h"
@@ -24,15 +24,6 @@ namespace {
 const char* kUsoPlot =
     "uso: varena-cli plot LAVORO[.CFG] USCITA.pdf|USCITA.svg --scale N --paper A4|A3|A2|A1|A0 [--landscape] "
     "[--window X1,Y1,X2,Y2]\n";
-
-void AssicuraApplicazione() {
-  if (QGuiApplication::instance()) return;
-  setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  static int argc = 1;
-  static char nome[] = "varena-cli";
-  static char* argv[] = {nome, nullptr};
-  static QGuiApplication app(argc, argv);
-}
 
 // The options read and checked before anything is loaded or written.
 struct RichiestaPlot {

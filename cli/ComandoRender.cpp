@@ -1,10 +1,10 @@
 // render: the job painted as the program paints it, into a PNG or an SVG file.
-#include <QGuiApplication>
 #include <QImage>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
 
+#include "ApplicazioneRender.h"
 #include "Comandi.h"
 #include "SuperficieQt.h"
 #include "SuperficieSvg.h"
@@ -18,16 +18,6 @@
 namespace varena::cli {
 
 namespace {
-
-// Fonts need an application; a command line has no screen, so it paints offscreen.
-void AssicuraApplicazione() {
-  if (QGuiApplication::instance()) return;
-  setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  static int argc = 1;
-  static char nome[] = "varena-cli";
-  static char* argv[] = {nome, nullptr};
-  static QGuiApplication app(argc, argv);
-}
 
 bool LeggiDimensioni(const std::string& testo, int& l, int& a) {
   const auto x = testo.find_first_of("xX");
