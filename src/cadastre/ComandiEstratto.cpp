@@ -141,8 +141,9 @@ bool ApriSpostaInquadramento(Sessione& s) {
   Dialogo d;
   d.Nome = "SpostaInquadramento";
   d.Titolo = "Inquadramento - Sposta il Disegno";
-  d.AggiungiCampo("Text1", "Passo :", FormatoMaschera(1.0, "#########0.0##"))
-      .AggiungiCampo("Text2", "Angolo (gon) :", "0");
+  // The steps offered are those of Setup Inquadramento.
+  d.AggiungiCampo("Text1", "Passo :", FormatoMaschera(s.Calcoli.PassoSpostamentoInquadramento, "#########0.0##"))
+      .AggiungiCampo("Text2", "Angolo (gon) :", FormatoMaschera(s.Calcoli.PassoAngoloInquadramento, "###0.####"));
   // Each button: East and North steps of the move, or the sense of the turn.
   struct Mossa {
     const char* Nome;

@@ -361,9 +361,16 @@ TEST(Estratto, SpostaInquadramento) {
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
   EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);
   p.s.Vista.CentroEst = 1000, p.s.Vista.CentroNord = 5000;
+  // The steps come from Setup Inquadramento.
+  Tag(p.s, "SETUP_INQUADRAMENTO");
+  ScriviCampo(p.s, "SetupInquadramento", "Angolo", "0,5");
+  ScriviCampo(p.s, "SetupInquadramento", "Spostamento", "0.25");
+  PremiBottone(p.s, "SetupInquadramento", "OK");
   Tag(p.s, "ESTRATTO_INQUADRAMENTO");
   ASSERT_TRUE(DialogoAperto(p.s, "SpostaInquadramento"));
   EXPECT_EQ(p.s.Prompt, "Inquadramento - Sposta il Disegno");
+  EXPECT_EQ(TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text1"), "0.25");
+  EXPECT_EQ(TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text2"), "0.5");
   ScriviCampo(p.s, "SpostaInquadramento", "Text1", "2,5");
   PremiBottone(p.s, "SpostaInquadramento", "NordEst");
   using Q = std::vector<double>;
