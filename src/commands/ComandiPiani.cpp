@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 
 #include "commands/Modifica.h"
 #include "core/Sessione.h"
@@ -81,14 +82,21 @@ bool CambiaPiano(Sessione& s, std::string_view piano, Fai fai) {
 
 std::vector<VocePiano> ElencoPiani(const Sessione& s) {
   std::vector<VocePiano> elenco;
-  auto trova = [&elenco](std::string_view nome) -> VocePiano* {
-    for (VocePiano& v : elenco)
-      if (StessoPiano(v.Nome, nome)) return &v;
-    return nullptr;
+  // Each layer by the form in which names compare, so that a sheet of thousands of layers
+  // is listed in one pass; the first entry of a name keeps it.
+  std::unordered_map<std::string, size_t> posto;
+  auto chiave = [](std::string_view nome) { return Maiuscolo(Rifila(nome)); };
+  auto trova = [&](std::string_view nome) -> VocePiano* {
+    const auto it = posto.find(chiave(nome));
+    return it == posto.end() ? nullptr : &elenco[it->second];
+  };
+  auto aggiungi = [&](VocePiano v) {
+    posto.emplace(chiave(v.Nome), elenco.size());
+    elenco.push_back(std::move(v));
   };
   for (const Piano& p : s.Piani) {
     if (trova(p.Nome)) continue;
-    elenco.push_back({Rifila(p.Nome), p.Colore, 0, 0, false, true});
+    aggiungi({Rifila(p.Nome), p.Colore, 0, 0, false, true});
   }
   // Rows of one layer mostly follow one another: the layer of the row before is tried first.
   std::string ultimo;
@@ -97,7 +105,7 @@ std::vector<VocePiano> ElencoPiani(const Sessione& s) {
     if (elenco.empty() || p != ultimo) {
       VocePiano* v = trova(p);
       if (!v) {
-        elenco.push_back({Rifila(p).empty() ? "0" : Rifila(p), 1, 0, 0, false, false});
+        aggiungi({Rifila(p).empty() ? "0" : Rifila(p), 1, 0, 0, false, false});
         v = &elenco.back();
       }
       indice = static_cast<size_t>(v - elenco.data());
