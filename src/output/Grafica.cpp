@@ -11,6 +11,7 @@
 #include "core/ImpostazioniUtente.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/DxfScrittura.h"
 #include "output/FlussoStampa.h"
 
 namespace varena {
@@ -292,9 +293,8 @@ bool Grafica::VR_SalvaDXF(Sessione& s) const {
     return false;
   s.Ui->Messaggio("Salvato il file " + percorso, "Salva in DXF", Icona::Informazione);
   if (s.Ui->Domanda("Aprire il file DXF ?", "Apertura file DXF ", Bottoni::SiNo, Icona::Domanda, Risposta::No) ==
-          Risposta::Si &&
-      s.Proc)
-    s.Proc->Esegui("xdg-open", {percorso}, s.CartellaLavoro);
+      Risposta::Si)
+    ApriDxF(s, percorso);
   return true;
 }
 
