@@ -71,7 +71,13 @@ void AzioneAssociaEstratto(Sessione& s) {
     // The raster of the same name beside it, when there is one.
     const std::string foglia = Foglia(emp);
     const std::string base = Cartella(emp) + "/" + foglia.substr(0, std::min(foglia.rfind('.'), foglia.size()));
-    if (const auto png = TrovaFile(base + ".PNG"); png && !NellaCartella(s, *png)) return;
+    const auto png = TrovaFile(base + ".PNG");
+    if (png && !NellaCartella(s, *png)) return;
+    // The job carries its own copy, the members <job>.EMP and <job>.PNG that travel with it.
+    if (!s.SolaLettura && !s.NomeLavoro.empty()) {
+      CopiaFile(emp, s.NomeLavoro + ".EMP");
+      if (png) CopiaFile(*png, s.NomeLavoro + ".PNG");
+    }
     s.FileEstratto = Maiuscolo(Foglia(emp));
     s.FileImmagineEstratto.clear();
     s.EstrattoCongelato = s.EstrattoImmagineCongelata = 0;

@@ -247,15 +247,18 @@ class Lettore {
     if (mancanti_.insert(k).second) esito_.NomiMancanti.push_back(k);
     return nullptr;
   }
-  // A side between two named vertices; none when either is not defined.
+  // A side between two named vertices. An end whose name no row 8 defines keeps the
+  // coordinates that end had in the side before, as the extracts already drawn by the
+  // surveyors' jobs have it; false then, so that nothing is written along it.
   bool Linea(ElementoEstratto e, const std::string& a, const std::string& b) {
     const Vertice* va = Trova(a);
     const Vertice* vb = Trova(b);
-    if (!va || !vb) return false;
+    if (va) inizio_ = *va;
+    if (vb) fine_ = *vb;
     e.Primitiva = PrimLinea;
-    e.X1 = va->X, e.Y1 = va->Y, e.X2 = vb->X, e.Y2 = vb->Y;
+    e.X1 = inizio_.X, e.Y1 = inizio_.Y, e.X2 = fine_.X, e.Y2 = fine_.Y;
     esito_.Elementi.push_back(std::move(e));
-    return true;
+    return va && vb;
   }
   // The second point closes the line of the text, roughly, so that it is found and framed
   // where it stands.
@@ -269,6 +272,7 @@ class Lettore {
   static constexpr double GonInRad = 3.14159265358979323846 / 200.0;
   int32_t colore_, fondo_;
   std::unordered_map<std::string, Vertice> nomi_;
+  Vertice inizio_{}, fine_{};  // the ends of the side before
   std::unordered_set<std::string> mancanti_, fiduciali_;
   LetturaEstratto esito_;
 };
@@ -386,7 +390,7 @@ void CaricaEMP(Sessione& s) {
   Protetto(s, [&] {
     // The freezes stay as the job's settings, or the association just made, left them.
     s.TestoEstratto = CaricaFileIntero(*percorso);
-    const std::string associa = s.CartellaProgramma + "temp/Associa.EMP";
+    const std::string associa = FileProgramma(s, "temp/Associa.EMP");
     if (LunghezzaFile(associa) > 0) s.TestoEstratto += CaricaFileIntero(associa);
   });
 }

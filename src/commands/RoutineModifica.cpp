@@ -136,7 +136,7 @@ std::string Colonna(const std::string& testo, size_t larghezza) {
 }
 
 void ScriviReportRotoTraslazione(Sessione& s) {
-  if (s.CartellaProgramma.empty() || s.SolaLettura) return;
+  if (!ScriveNelProgramma(s)) return;
   const GrigliaRT g = Griglia(s);
   static constexpr const char* kTesta[] = {"", "Nome", "Nord", "Est", "Quota", "Azimut", "Distanza"};
   std::string csv = "Rootraslazione\r\n\r\n", txt = "Rototraslazione\r\n";

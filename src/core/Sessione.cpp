@@ -8,6 +8,12 @@ namespace varena {
 
 Sessione::Sessione() : Ui(&uiMuta_), Clip(&clipInterni_) { AzzeraTabelle(*this); }
 
+std::string FileProgramma(const Sessione& s, std::string_view nome) {
+  return s.CartellaProgramma + "/" + std::string(nome);
+}
+
+bool ScriveNelProgramma(const Sessione& s) { return !s.SolaLettura && !s.CartellaProgramma.empty(); }
+
 void ClearAllTables(Sessione& s) {
   AzzeraTabelle(s);
   s.LibrettoMisure.clear();

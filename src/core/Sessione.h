@@ -156,6 +156,12 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   AppuntiInterni clipInterni_;
 };
 
+// A file of the program's own folder, by its name there ("temp/Associa.EMP").
+std::string FileProgramma(const Sessione& s, std::string_view nome);
+// Whether the program's folder may be written: not in a read-only run, and not by a session
+// that has none (a bare job in a test or a benchmark, whose files would land at the root).
+bool ScriveNelProgramma(const Sessione& s);
+
 // `ClearAllTables`: every table back to its initial capacity, every count 0, the job-level
 // texts empty. Memory only, no file: cheap for the loaders and the tests.
 void ClearAllTables(Sessione& s);

@@ -611,8 +611,8 @@ bool ImportaDxf(Sessione& s, const std::string& percorso, const OpzioniDxfIn& o,
       s.Ui->Messaggio(errore + ":\n" + percorso, "Importa Da DXF ", Icona::Avviso);
       return;
     }
-    if (!s.SolaLettura) {
-      NuovaCartella(s.CartellaProgramma + "/temp");
+    if (ScriveNelProgramma(s)) {
+      NuovaCartella(FileProgramma(s, "temp"));
       ScriviByte(PercorsoFileLavoroDxf(s), f->Testo);
     }
     const EsitoDxfIn e = CaricaEntitaDxf(s, *f, o, avanzamento);
@@ -641,8 +641,8 @@ void RicostruisciPianiDxf(Sessione& s) {
     }
   }
   for (const Piano& p : s.Piani) nomi += p.Nome + "|";
-  if (!s.SolaLettura)
-    ScriviByte(s.CartellaProgramma + "/PIANI.INI", "\"" + Utf8InCp1252(nomi) + "\"\r\n");
+  if (ScriveNelProgramma(s))
+    ScriviByte(FileProgramma(s, "PIANI.INI"), "\"" + Utf8InCp1252(nomi) + "\"\r\n");
 }
 
 }  // namespace varena

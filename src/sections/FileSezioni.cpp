@@ -344,7 +344,7 @@ std::optional<std::string> ByteSezioni(const Sessione& s) {
   return Utf8InCp1252(TestoSezioni(s));
 }
 
-std::string PercorsoConfigurazioneDefault(const Sessione& s) { return s.CartellaProgramma + "glainalploz.ini"; }
+std::string PercorsoConfigurazioneDefault(const Sessione& s) { return FileProgramma(s, "glainalploz.ini"); }
 
 ConfigurazioneSezione CaricaConfigurazione(Sessione& s, const std::string& percorso) {
   s.RoutineCorrente = "Carica Configurazione Sezioni";

@@ -156,7 +156,7 @@ void Calcola(Sessione& s) {
   }
   CalcolaTracciamento(t);
   const bool quote = Rifila(d->Valore("Quote")) == "1";
-  if (!s.CartellaProgramma.empty() && !s.SolaLettura) {
+  if (ScriveNelProgramma(s)) {
     const std::string base = Base(s);
     AggiungiTesto(base + ".TXT", RelazioneTracciamento(t, Rifila(d->Valore("Titolo")), Data(s), quote));
     AggiungiTesto(base + ".CSV", CsvTracciamento(t, quote));

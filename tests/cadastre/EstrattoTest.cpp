@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <ostream>
 #include <set>
@@ -258,14 +259,21 @@ TEST(Estratto, CongelatoDaiSettaggiDelLavoro) {
 TEST(Estratto, IngressiGuasti) {
   const std::string base = "8|A|5000|1000|\r\n8|B|5000|1010|\r\n8|C|5010|1010|\r\n";
   {
-    // Sides through names no row 8 defines: said once each, and the rest drawn.
+    // Sides through names no row 8 defines: said once each, the end keeping the coordinates
+    // of the same end of the side before (C-Q, then A-Z and B-Q end at C).
     LavoroConEstratto p(base + "7|4|A|B|C|Q|NC|\r\n7|2|Z|A|NC|\r\n7|2|Q|B|NC|\r\n6|INQUADRAMENTO|5000|1000|1|\r\n", "");
     CaricaLavoro(p.s);
     // Read again, as an undo does: said once only.
     CaricaEstratto(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Vertici dell'estratto non definiti (2): Q, Z"});
-    ASSERT_EQ(p.s.ElementiEstratto.size(), 2u);
-    EXPECT_EQ(std::make_pair(p.s.ElementiEstratto[1].X2, p.s.ElementiEstratto[1].Y2), std::make_pair(1010.0, 5010.0));
+    ASSERT_EQ(p.s.ElementiEstratto.size(), 5u);
+    const std::vector<std::array<double, 4>> attesi{{1000, 5000, 1010, 5000}, {1010, 5000, 1010, 5010},
+                                                    {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
+                                                    {1010, 5000, 1010, 5010}};
+    for (size_t k = 0; k < attesi.size(); ++k) {
+      const ElementoEstratto& e = p.s.ElementiEstratto[k];
+      EXPECT_EQ((std::array<double, 4>{e.X1, e.Y1, e.X2, e.Y2}), attesi[k]) << k;
+    }
   }
   {
     // A zero scale: the raster is not drawn, the lines are.
@@ -314,8 +322,8 @@ TEST(Estratto, OperazioniDelMenu) {
     const std::string no = "[Estratto Non Associato] Impossibile continuare";
     EXPECT_EQ(m, (std::vector<std::string>{no, no, no, no, "[Estratto di Mappa] Estratto non Associato"}));
     EXPECT_EQ(p.s.ContaEntita[SlotLinee], 0);
-    // Associated from elsewhere: the text and its raster come into the folder of extracts,
-    // and the extract is drawn at once.
+    // Associated from elsewhere: the text and its raster come into the folder of extracts
+    // and beside the job as its members, and the extract is drawn at once.
     p.s.Imp.Cartella_Estratti = p.cartella / "PREGEO/ESTRATTI";
     p.s.NomeLavoro = p.Lavoro("NUOVO");
     prova::ScriviFileProva(p.cartella / "f9.emp", "8|A|0|0|\r\n8|B|0|10|\r\n7|2|A|B|NC|\r\n6|INQUADRAMENTO|0|0|1|");
@@ -324,6 +332,8 @@ TEST(Estratto, OperazioniDelMenu) {
     Tag(p.s, "ASSOCIA_ESTRATTO");
     EXPECT_EQ(std::make_pair(p.s.FileEstratto, p.s.FileImmagineEstratto), (std::pair<std::string, std::string>("F9.EMP", "F9.PNG")));
     EXPECT_TRUE(prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.emp") && prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.PNG"));
+    EXPECT_EQ(prova::LeggiFileProva(p.s.NomeLavoro + ".EMP"), prova::LeggiFileProva(p.cartella / "f9.emp"));
+    EXPECT_EQ(prova::LeggiFileProva(p.s.NomeLavoro + ".PNG"), Png(10, 10));
     EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(0, 0)));
     EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);  // the side and the raster's frame
   }
