@@ -160,11 +160,5 @@ TEST(Lista, CasiLimiteDelLettore) {
   EXPECT_EQ(righe.LeggiRiga(), "seconda");
 }
 
-TEST(ErroreComune, TestoDelBox) {
-  EXPECT_EQ(TestoErroreComune("Input past end of file", "CaricaPunti"),
-            "Si è verificato questo errore : Input past end of file o il file potrebbe essere di sola lettura!\n"
-            "Nella Routine CaricaPunti");
-}
-
 }  // namespace
 }  // namespace varena
