@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "core/Sessione.h"
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "support/Supporto.h"
