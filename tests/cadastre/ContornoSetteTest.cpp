@@ -7,7 +7,6 @@
 #include "cadastre/ContornoSette.h"
 #include "cadastre/Libretto.h"
 #include "core/Dialoghi.h"
-#include "core/Sessione.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {

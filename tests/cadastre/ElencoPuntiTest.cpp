@@ -4,8 +4,6 @@
 
 #include "cadastre/ElencoPunti.h"
 #include "cadastre/OperazioniElenco.h"
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {
@@ -31,10 +29,9 @@ class Elenco : public ::testing::Test {
 TEST_F(Elenco, RigheCelleEOrdine) {
   std::vector<int32_t> r = RigheElencoPunti(s);
   EXPECT_EQ(r, (std::vector<int32_t>{0, 1, 3}));
-  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaNord), "5000.500");
-  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaEst), "1500.250");
-  EXPECT_EQ(CellaElencoPunti(s, r, 1, ColonnaEst), "-1.000");
-  EXPECT_EQ(CellaElencoPunti(s, r, 2, ColonnaIdx), "3");
+  EXPECT_EQ(std::make_tuple(CellaElencoPunti(s, r, 0, ColonnaNord), CellaElencoPunti(s, r, 0, ColonnaEst),
+                            CellaElencoPunti(s, r, 1, ColonnaEst), CellaElencoPunti(s, r, 2, ColonnaIdx)),
+            std::make_tuple("5000.500", "1500.250", "-1.000", "3"));
   // Names sort as texts, coordinates as numbers; the progressive follows the new order.
   OrdinaElencoPunti(s, r, ColonnaNome, true);
   EXPECT_EQ(r, (std::vector<int32_t>{3, 0, 1}));
@@ -47,8 +44,8 @@ TEST_F(Elenco, DomandaNoENessunaSelezioneNonCambianoNulla) {
   EXPECT_FALSE(Esegui("PV", {}));
   EXPECT_TRUE(ui.Domande.empty());
   EXPECT_FALSE(Esegui("PV", {0}));  // the default answer is No
-  EXPECT_EQ(ui.Domande.back().Testo, "Assegnare il codice <PV> \nai Punti Selezionati ??");
-  EXPECT_EQ(ui.Domande.back().Titolo, "Assegna <PV> ai Punti");
+  EXPECT_EQ(std::tie(ui.Domande.back().Testo, ui.Domande.back().Titolo),
+            std::make_tuple("Assegnare il codice <PV> \nai Punti Selezionati ??", "Assegna <PV> ai Punti"));
   EXPECT_EQ(s.PuntoDescrizione[0], "");
 }
 
@@ -61,12 +58,10 @@ TEST_F(Elenco, CodiciQuoteENomi) {
   // A height given to a plan point makes it a height point; a raise passes it by.
   ui.RispondiValore("10,5");
   EXPECT_TRUE(Esegui("INCREMENTA_QUOTA", {0, 1}));
-  EXPECT_EQ(s.PuntoZ[0], 13.75);
-  EXPECT_EQ(s.PuntoZ[1], 0);
+  EXPECT_EQ(std::tie(s.PuntoZ[0], s.PuntoZ[1]), std::make_tuple(13.75, 0.0));
   ui.RispondiValore("2.125");
   EXPECT_TRUE(Esegui("QUOTA", {1}));
-  EXPECT_EQ(s.PuntoZ[1], 2.125);
-  EXPECT_EQ(s.PuntoDescrizione[1], "fosso");
+  EXPECT_EQ(std::tie(s.PuntoZ[1], s.PuntoDescrizione[1]), std::make_tuple(2.125, "fosso"));
   EXPECT_TRUE(Esegui("MAIUSCOLE", {0}));
   EXPECT_EQ(s.PuntoDescrizione[0], "<PD>MURO");
   ui.RispondiValore("casa");
@@ -88,11 +83,8 @@ TEST_F(Elenco, RinumeraAncheNelLibrettoENeiContorni) {
   ui.RispondiValore("PF07");
   // In the order of the list: 100 first, then 12.
   EXPECT_TRUE(Esegui("RINUMERA", {3, 0}));
-  EXPECT_EQ(s.PuntoNome[3], "PF07");
-  EXPECT_EQ(s.PuntoNome[0], "PF08");
-  EXPECT_EQ(s.SetteContorno[0], "PF08|3|PF07|PF08|");
-  EXPECT_EQ(s.LibrettoMisure[1], "1|PF08|1.5|");
-  EXPECT_EQ(ui.Richieste.back(), "Primo Nome :");
+  EXPECT_EQ(std::tie(s.PuntoNome[3], s.PuntoNome[0], s.SetteContorno[0], s.LibrettoMisure[1], ui.Richieste.back()),
+            std::make_tuple("PF07", "PF08", "PF08|3|PF07|PF08|", "1|PF08|1.5|", "Primo Nome :"));
 }
 
 TEST_F(Elenco, PlanimetriciConLeRigheBreviNelLibretto) {

@@ -7,17 +7,13 @@
 #include <cstdio>
 #include <ostream>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "cadastre/Estratto.h"
+#include "commands/Attese.h"
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
 #include "exchange/DxfScrittura.h"
 #include "store/Cfg.h"
-#include "core/Sessione.h"
-#include "store/Carica.h"
-#include "support/Supporto.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -184,6 +180,13 @@ std::string Png(uint32_t w, uint32_t h, bool intero = true) {
   return p;
 }
 
+// The boxes shown, "[title] text".
+std::vector<std::string> MessaggiDi(const InterfacciaRegistrata& ui) {
+  std::vector<std::string> m;
+  for (const auto& x : ui.Messaggi) m.push_back("[" + x.Titolo + "] " + x.Testo);
+  return m;
+}
+
 struct LavoroConEstratto : prova::SessioneProva {
   // A job whose settings name the extract F12, with the given freezes.
   explicit LavoroConEstratto(const std::string& emp, const std::string& png, const std::string& parametri =
@@ -198,17 +201,9 @@ struct LavoroConEstratto : prova::SessioneProva {
                            prova::CfgManuale("VR2020", "1000,5000,100",
                                              "1,1,1,1,1,1,\"x\"\r\n1\r\n1\r\n\"0\"\r\n1\r\n\"" + parametri + "\"\r\n\"\"\r\n"));
   }
-  std::vector<std::string> Messaggi() const {
-    std::vector<std::string> m;
-    for (const auto& x : ui.Messaggi) m.push_back("[" + x.Titolo + "] " + x.Testo);
-    return m;
-  }
+  std::vector<std::string> Messaggi() const { return MessaggiDi(ui); }
   // The records of kind 14 in the list.
-  int64_t Record14() const {
-    int64_t n = 0;
-    for (int64_t k = 0; k < s.ListaDisegno.Conta(); ++k) n += s.ListaDisegno.Tipo[static_cast<size_t>(k)] == 14;
-    return n;
-  }
+  int64_t Record14() const { return prova::InLista(s, 14); }
 };
 
 TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
@@ -217,9 +212,8 @@ TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
   CaricaLavoro(p.s);
   RigeneraLista(p.s);
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
-  EXPECT_EQ(p.s.EstrattoCongelato, 0);
-  EXPECT_EQ(p.s.EstrattoImmagineCongelata, 0);
-  EXPECT_EQ(p.s.FileImmagineEstratto, "F12.PNG");
+  EXPECT_EQ(std::tie(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata, p.s.FileImmagineEstratto),
+            std::make_tuple(0, 0, "F12.PNG"));
   const size_t n = Attesi().size();
   ASSERT_EQ(p.s.ElementiEstratto.size(), n + 4);
   EXPECT_EQ(p.Record14(), static_cast<int64_t>(n + 4));
@@ -281,16 +275,14 @@ TEST(Estratto, IngressiGuasti) {
     CaricaLavoro(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{
                                 "[Estratto di Mappa] Inquadramento dell'estratto senza scala: l'immagine non viene disegnata"});
-    EXPECT_EQ(p.s.EstrattoImmagineCongelata, 1);
-    EXPECT_EQ(p.s.ElementiEstratto.size(), 1u);
+    EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
   }
   for (const std::string& png : {Png(10, 10, false), std::string("GIF? not a picture at all"), Png(10, 10).substr(0, 20)}) {
     // A raster cut short, or no picture at all.
     LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|1|\r\n", png);
     CaricaLavoro(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Immagine dell'estratto non leggibile: F12.PNG"});
-    EXPECT_EQ(p.s.EstrattoImmagineCongelata, 1);
-    EXPECT_EQ(p.s.ElementiEstratto.size(), 1u);
+    EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
   }
   {
     // No folder of extracts at all: frozen, without a word.
@@ -303,12 +295,6 @@ TEST(Estratto, IngressiGuasti) {
   }
 }
 
-
-void Tag(Sessione& s, const std::string& tag) {
-  s.ComandoTag = tag;
-  Esegui_Comando_TAG(s);
-}
-
 TEST(Estratto, OperazioniDelMenu) {
   {
     // No extract: the freezes and the colour say so as the dispatcher's table has it, the
@@ -316,11 +302,9 @@ TEST(Estratto, OperazioniDelMenu) {
     prova::SessioneProva p;
     for (const char* tag : {"CONGELA_ESTRATTO", "SCONGELA_ESTRATTO", "COLORE_ESTRATTO", "CONFIGURA_ESTRATTO",
                             "ESPLODI_ESTRATTO"})
-      Tag(p.s, tag);
-    std::vector<std::string> m;
-    for (const auto& x : p.ui.Messaggi) m.push_back("[" + x.Titolo + "] " + x.Testo);
+      EseguiTag(p.s, tag);
     const std::string no = "[Estratto Non Associato] Impossibile continuare";
-    EXPECT_EQ(m, (std::vector<std::string>{no, no, no, no, "[Estratto di Mappa] Estratto non Associato"}));
+    EXPECT_EQ(MessaggiDi(p.ui), (std::vector<std::string>{no, no, no, no, "[Estratto di Mappa] Estratto non Associato"}));
     EXPECT_EQ(p.s.ContaEntita[SlotLinee], 0);
     // Associated from elsewhere: the text and its raster come into the folder of extracts
     // and beside the job as its members, and the extract is drawn at once.
@@ -329,7 +313,7 @@ TEST(Estratto, OperazioniDelMenu) {
     prova::ScriviFileProva(p.cartella / "f9.emp", "8|A|0|0|\r\n8|B|0|10|\r\n7|2|A|B|NC|\r\n6|INQUADRAMENTO|0|0|1|");
     prova::ScriviFileProva(p.cartella / "f9.PNG", Png(10, 10));
     p.ui.RispondiFile(p.cartella / "f9.emp");
-    Tag(p.s, "ASSOCIA_ESTRATTO");
+    EseguiTag(p.s, "ASSOCIA_ESTRATTO");
     EXPECT_EQ(std::make_pair(p.s.FileEstratto, p.s.FileImmagineEstratto), (std::pair<std::string, std::string>("F9.EMP", "F9.PNG")));
     EXPECT_TRUE(prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.emp") && prova::Esiste(p.cartella / "PREGEO/ESTRATTI/f9.PNG"));
     EXPECT_EQ(prova::LeggiFileProva(p.s.NomeLavoro + ".EMP"), prova::LeggiFileProva(p.cartella / "f9.emp"));
@@ -340,30 +324,25 @@ TEST(Estratto, OperazioniDelMenu) {
   LavoroConEstratto p(Foglio().Testo(true), Png(400, 280));
   CaricaLavoro(p.s);
   RigeneraLista(p.s);
-  Tag(p.s, "CONGELA_ESTRATTO");
+  EseguiTag(p.s, "CONGELA_ESTRATTO");
   EXPECT_EQ(p.Record14(), 0);
   // Kept with the job: the name, the freeze, the raster's name and freeze, the pen, the
   // origin and the scale, after the fields that belong to others.
   const std::string cfg = TestoCfg(p.s);
   EXPECT_NE(cfg.find("\"7|||||||||||||||||F12|1|F12.PNG||1|5|990.25|5300.5|0.25|0|0|0\""), std::string::npos) << cfg;
-  Tag(p.s, "SCONGELA_ESTRATTO");
+  EseguiTag(p.s, "SCONGELA_ESTRATTO");
   EXPECT_EQ(p.Record14(), static_cast<int64_t>(Attesi().size() + 4));
   p.ui.RispondiValore("2");
-  Tag(p.s, "COLORE_ESTRATTO");
-  EXPECT_EQ(p.s.ColoreEstratto, 2);
-  EXPECT_EQ(p.s.ElementiEstratto[0].Penna, 2);
+  EseguiTag(p.s, "COLORE_ESTRATTO");
+  EXPECT_EQ(std::tie(p.s.ColoreEstratto, p.s.ElementiEstratto[0].Penna), std::make_tuple(2, 2));
   // Exploded: the sides and the measured distance become lines, the rings circles, the
   // texts texts; the extract itself is no longer drawn, the raster's frame stays.
-  Tag(p.s, "ESPLODI_ESTRATTO");
-  EXPECT_EQ(p.s.ContaEntita[SlotLinee], 144);
-  EXPECT_EQ(p.s.ContaEntita[SlotCerchi], 3);
-  EXPECT_EQ(p.s.ContaEntita[SlotTesti], 67);
-  EXPECT_EQ(p.s.LineaColore[0], 2);
-  EXPECT_EQ(p.s.EstrattoCongelato, 1);
-  EXPECT_EQ(p.Record14(), 4);
+  EseguiTag(p.s, "ESPLODI_ESTRATTO");
+  EXPECT_EQ(std::tie(p.s.ContaEntita[SlotLinee], p.s.ContaEntita[SlotCerchi], p.s.ContaEntita[SlotTesti]),
+            std::make_tuple(144, 3, 67));
+  EXPECT_EQ(std::make_tuple(p.s.LineaColore[0], p.s.EstrattoCongelato, p.Record14()), std::make_tuple(2, 1, 4));
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
 }
-
 
 TEST(Estratto, SpostaInquadramento) {
   LavoroConEstratto p("8|A|5000|1000|\r\n8|B|5000|1010|\r\n7|2|A|B|NC|\r\n6|INQUADRAMENTO|5010|990|0.5|\r\n", Png(40, 20));
@@ -372,15 +351,15 @@ TEST(Estratto, SpostaInquadramento) {
   EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);
   p.s.Vista.CentroEst = 1000, p.s.Vista.CentroNord = 5000;
   // The steps come from Setup Inquadramento.
-  Tag(p.s, "SETUP_INQUADRAMENTO");
+  EseguiTag(p.s, "SETUP_INQUADRAMENTO");
   ScriviCampo(p.s, "SetupInquadramento", "Angolo", "0,5");
   ScriviCampo(p.s, "SetupInquadramento", "Spostamento", "0.25");
   PremiBottone(p.s, "SetupInquadramento", "OK");
-  Tag(p.s, "ESTRATTO_INQUADRAMENTO");
+  EseguiTag(p.s, "ESTRATTO_INQUADRAMENTO");
   ASSERT_TRUE(DialogoAperto(p.s, "SpostaInquadramento"));
-  EXPECT_EQ(p.s.Prompt, "Inquadramento - Sposta il Disegno");
-  EXPECT_EQ(TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text1"), "0.25");
-  EXPECT_EQ(TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text2"), "0.5");
+  EXPECT_EQ(std::make_tuple(p.s.Prompt, TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text1"),
+                            TrovaDialogo(p.s, "SpostaInquadramento")->Valore("Text2")),
+            std::make_tuple("Inquadramento - Sposta il Disegno", "0.25", "0.5"));
   ScriviCampo(p.s, "SpostaInquadramento", "Text1", "2,5");
   PremiBottone(p.s, "SpostaInquadramento", "NordEst");
   using Q = std::vector<double>;

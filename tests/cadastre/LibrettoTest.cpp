@@ -3,18 +3,13 @@
 // written by tests/data/libretto/genera.py, from the intent of each row.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDisegno.h"
 #include "core/Errori.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "support/ProvaComandi.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -134,12 +129,10 @@ TEST(CampiRiga, IlTaglioLeNoteLungheEIVerticiDelleRigheSette) {
   CampiRiga("6|" + std::string(36, 'a') + "à|", c);
   EXPECT_EQ(c.Campo[1], std::string(36, 'a') + "à");
   // Rows 7: the vertices end before the line code, a zero, or nothing.
-  CampiRiga("7|5|101|12A|103|NC|", c);
-  EXPECT_EQ(c.NumeroVerticiRiga, 4);
-  CampiRiga("7|5|101|0|103|", c);
-  EXPECT_EQ(c.NumeroVerticiRiga, 2);
-  CampiRiga("2|5|101|0|103|", c);
-  EXPECT_EQ(c.NumeroVerticiRiga, 0);
+  for (const auto& [riga, vertici] : {std::pair{"7|5|101|12A|103|NC|", 4}, {"7|5|101|0|103|", 2}, {"2|5|101|0|103|", 0}}) {
+    CampiRiga(riga, c);
+    EXPECT_EQ(c.NumeroVerticiRiga, vertici) << riga;
+  }
   CampiRiga("   ", c);
   EXPECT_EQ(std::tie(c.Campo[0], c.UltimoCampo), std::make_tuple("", 0));
   // 301 fields are the most; the 302nd is an error, trailing separator or not.
@@ -149,9 +142,7 @@ TEST(CampiRiga, IlTaglioLeNoteLungheEIVerticiDelleRigheSette) {
   EXPECT_EQ(std::tie(c.Campo[300], c.UltimoCampo), std::make_tuple("300", 300));
   EXPECT_THROW(CampiRiga(riga + "|301", c), ErroreVarena);
   EXPECT_THROW(CampiRiga(riga + "||", c), ErroreVarena);
-  EXPECT_EQ(TipoRiga("X|a|"), 0);
-  EXPECT_EQ(TipoRiga("12|a|"), -1);
-  EXPECT_EQ(TipoRiga("7|0|"), 7);
+  EXPECT_EQ(std::make_tuple(TipoRiga("X|a|"), TipoRiga("12|a|"), TipoRiga("7|0|")), std::make_tuple(0, -1, 7));
 }
 
 TEST_F(Libretto, RigaZeroCortaSostituitaEAnnoDiDueCifre) {

@@ -1,10 +1,7 @@
 // varena-cli info and dump on jobs built byte by byte.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -26,10 +23,9 @@ std::string Elenco(const std::string& cartella) {
 class CliInfo : public ::testing::Test {
  protected:
   prova::CartellaTemporanea dir, casa;
+  prova::CartelleDelProgramma cartelle{casa.Percorso(), casa / "prog"};
   std::string base;
   void SetUp() override {
-    setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", (casa / "prog").c_str(), 1);
     base = dir / "Rossi";
     // A .CFG of edition VR2000 with no stored view: the job is framed at load, lines
     // included (the deleted point and the zero-length line are not).
@@ -45,10 +41,6 @@ class CliInfo : public ::testing::Test {
     l2.I16(0, 0).F64(2, 1).F64(10, 1).F64(18, 0).F64(26, 1).F64(34, 1).F64(42, 5);
     ScriviFileProva(base + ".LIN", l1.Byte() + l2.Byte());
     ScriviFileProva(base + ".HAT", "0,\"101|PF01/0010/G693\",\"COGO\",\"12\",4,1\r\n");
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
   }
 };
 
@@ -78,9 +70,8 @@ TEST_F(CliInfo, DumpDeiCampi) {
             "\"Colore\":135,\"Tratteggio\":0,\"Congela\":0,\"quoted\":0,\"label offset\":0,\"Piano\":\"0\",\"Tronca\":0}");
   EXPECT_NE(e.out.find("{\"riga\":1,\"Ident\":-1,"), std::string::npos);
   e = Cli({"dump", base, "1"});
-  EXPECT_NE(e.out.find("\"Nome\":\"PF01/0010/G693\""), std::string::npos);
-  EXPECT_NE(e.out.find("\"Colore Simbolo\":1,"), std::string::npos);
-  EXPECT_NE(e.out.find("\"Attendibilita\":12,"), std::string::npos);
+  for (const char* campo : {"\"Nome\":\"PF01/0010/G693\"", "\"Colore Simbolo\":1,", "\"Attendibilita\":12,"})
+    EXPECT_NE(e.out.find(campo), std::string::npos) << campo;
 }
 
 TEST_F(CliInfo, LibrettoConICampiComeLoLeggeLaGrammatica) {
@@ -114,12 +105,10 @@ TEST_F(CliInfo, LibrettoConICampiComeLoLeggeLaGrammatica) {
 
 TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
   Esito e = Cli({"info", dir / "manca"});
-  EXPECT_EQ(e.stato, 1);
-  EXPECT_EQ(e.err, "Lavoro non trovato: " + (dir / "manca") + "\n");
-  EXPECT_EQ(Cli({"dump", base, "8"}).stato, 64);
-  EXPECT_EQ(Cli({"dump", base, "-1"}).stato, 64);
-  EXPECT_EQ(Cli({"volare"}).stato, 64);
-  EXPECT_EQ(Cli({}).stato, 64);
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + (dir / "manca") + "\n"));
+  using Uso = std::vector<std::string>;
+  for (const Uso& uso : std::vector<Uso>{{"dump", base, "8"}, {"dump", base, "-1"}, {"volare"}, {}})
+    EXPECT_EQ(Cli(uso).stato, 64) << uso.size();
   // A garbage point file: the rows read stay, the box goes to stderr, the status says so.
   ScriviFileProva(base + ".CFG", "\"VR2020\"\r\n\"\",1\r\n");
   e = Cli({"info", base});

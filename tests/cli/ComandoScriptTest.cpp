@@ -2,11 +2,7 @@
 // until SAVE, what SAVE writes, and the errors of a script.
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <filesystem>
-
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -26,10 +22,9 @@ double F64(const std::string& byte, size_t off) {
 class CliScript : public ::testing::Test {
  protected:
   prova::CartellaTemporanea dir, casa;
+  prova::CartelleDelProgramma cartelle{casa.Percorso(), casa / "prog"};
   std::string base, script;
   void SetUp() override {
-    setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", (casa / "prog").c_str(), 1);
     base = dir / "ROSSI";
     ScriviFileProva(base + ".CFG", prova::CfgManuale("VR2020", "0,0,100"));
     ScriviFileProva(base + ".LLL", prova::RecordPuntoBase("1", 0, 0, 10).Byte() +
@@ -42,10 +37,6 @@ class CliScript : public ::testing::Test {
                     "CLICK left 1 1\r\n"
                     "KEY P\r\n"
                     "CLICK left 29 41\r\n");
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
   }
 };
 
@@ -89,14 +80,11 @@ TEST_F(CliScript, SalvaComeRigorosoEPreferenzeDellaCorsa) {
   Esito e = Cli({"script", base, script, "--rigoroso"});
   ASSERT_EQ(e.stato, 0) << e.err;
   EXPECT_TRUE(prova::Esiste(dir / "BIANCHI.CFG"));
-  EXPECT_FALSE(prova::Esiste(base + ".LIN"));
-  EXPECT_FALSE(prova::Esiste(casa / "prog/ImpostazioniUtente.ini"));
-  EXPECT_FALSE(prova::Esiste(dir / "ROSSI.uls"));
-  EXPECT_FALSE(prova::Esiste(dir / "BIANCHI.uls"));
+  for (const std::string& f : {base + ".LIN", casa / "prog/ImpostazioniUtente.ini", dir / "ROSSI.uls", dir / "BIANCHI.uls"})
+    EXPECT_FALSE(prova::Esiste(f)) << f;
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nEXPECT prompt Disegno Linea 2P - Primo Punto:\n");
   e = Cli({"script", base, script, "--rigoroso"});
-  EXPECT_EQ(e.stato, 1);
-  EXPECT_EQ(e.err, script + ", riga 3: EXPECT prompt: prompt \"Disegno Linea - Al Punto:\"\n");
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, script + ", riga 3: EXPECT prompt: prompt \"Disegno Linea - Al Punto:\"\n"));
 }
 
 // The dialogs a script can fill, with their fields and buttons: a dialog that opens only
@@ -116,24 +104,16 @@ TEST_F(CliScript, ElencoDeiDialoghi) {
 
 TEST_F(CliScript, ErroriDelloScript) {
   Esito e = Cli({"script", base, dir / "manca.txt"});
-  EXPECT_EQ(e.stato, 1);
-  EXPECT_EQ(e.err, "Script non trovato: " + (dir / "manca.txt") + "\n");
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Script non trovato: " + (dir / "manca.txt") + "\n"));
   e = Cli({"script", dir / "manca", script});
-  EXPECT_EQ(e.stato, 1);
-  EXPECT_EQ(e.err, "Lavoro non trovato: " + (dir / "manca") + "\n");
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + (dir / "manca") + "\n"));
   EXPECT_EQ(Cli({"script", base}).stato, 64);
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nVOLA 1 2\nCLICK left 0 0\n");
   e = Cli({"script", base, script});
-  EXPECT_EQ(e.stato, 64);
-  EXPECT_EQ(e.out, "> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> VOLA 1 2\n");
-  EXPECT_EQ(e.err, script + ", riga 2: azione sconosciuta: VOLA\n");
+  EXPECT_EQ(std::tie(e.stato, e.out, e.err),
+            std::make_tuple(64, "> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> VOLA 1 2\n",
+                            script + ", riga 2: azione sconosciuta: VOLA\n"));
 }
-
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
 
 // The office computations through varena-cli: a triangle solved into its boxes, and a
 // resection on the dangerous circle refused with its message and no point.

@@ -2,11 +2,7 @@
 // writing anything.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena::cli {
 namespace {
@@ -19,14 +15,7 @@ class ComandoSettings : public ::testing::Test {
   prova::CartellaTemporanea radice;
   std::string lavoro = radice / "doc/VR2000/";
   std::string programma = radice / "prog";
-  void SetUp() override {
-    setenv("VARENA_DOCUMENTI", (radice / "doc").c_str(), 1);
-    setenv("VARENA_PROGRAMMA", programma.c_str(), 1);
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
-  }
+  prova::CartelleDelProgramma cartelle{radice / "doc", programma};
   std::vector<std::string> FileNellAlbero() {
     std::vector<std::string> file;
     for (const auto& v : std::filesystem::recursive_directory_iterator(radice.Percorso()))
@@ -38,12 +27,12 @@ class ComandoSettings : public ::testing::Test {
 TEST_F(ComandoSettings, MacchinaNuovaPredefinitiSenzaScrivere) {
   const prova::EsitoCli e = prova::Cli({"settings"});
   ASSERT_EQ(e.stato, 0) << e.err;
-  const std::string& t = e.out;
-  EXPECT_NE(t.find("Cartella di lavoro: " + lavoro + "\n"), std::string::npos);
-  EXPECT_NE(t.find("  Configurazione_Ambiente,FATTORE_DI_ZOOM,50\n"), std::string::npos);
-  EXPECT_NE(t.find("  Cartelle,Cartella_Archivio_Pregeo," + lavoro + "PREGEO/ARCH\n"), std::string::npos);
-  EXPECT_NE(t.find("COLORI.ini             assente  " + programma + "/COLORI.ini\n"), std::string::npos);
-  EXPECT_NE(t.find("  colori: 9\n  spessori: 0\n  tratteggi: 18\n  codici: 13\n"), std::string::npos);
+  for (const std::string& riga :
+       {"Cartella di lavoro: " + lavoro + "\n", std::string("  Configurazione_Ambiente,FATTORE_DI_ZOOM,50\n"),
+        "  Cartelle,Cartella_Archivio_Pregeo," + lavoro + "PREGEO/ARCH\n",
+        "COLORI.ini             assente  " + programma + "/COLORI.ini\n",
+        std::string("  colori: 9\n  spessori: 0\n  tratteggi: 18\n  codici: 13\n")})
+    EXPECT_NE(e.out.find(riga), std::string::npos) << riga;
   EXPECT_TRUE(FileNellAlbero().empty());
   EXPECT_FALSE(std::filesystem::exists(lavoro));
 }
@@ -59,15 +48,14 @@ TEST_F(ComandoSettings, JsonConIFileLettiEGliErrori) {
   EXPECT_NE(e.err.find("Rilevato errore"), std::string::npos);
   const std::string& j = e.out;
   EXPECT_EQ(j.rfind("{\"cartellaLavoro\":\"" + lavoro + "\",\"cartellaProgramma\":\"" + programma + "\"", 0), 0u);
-  EXPECT_NE(j.find("\"FontTestoDefault\":\"Courier New\""), std::string::npos);
-  EXPECT_NE(j.find("\"FATTORE_DI_ZOOM\":1,"), std::string::npos);
-  EXPECT_NE(j.find("\"DIMENSIONEUNICAPUNTO\":0,"), std::string::npos);
-  EXPECT_NE(j.find("{\"nome\":\"Configura.ini\",\"percorso\":\"" + lavoro + "Configura.ini\",\"stato\":\"letto\"}"),
-            std::string::npos);
-  EXPECT_NE(j.find("{\"nome\":\"COLORI.ini\",\"percorso\":\"" + programma + "/colori.ini\",\"stato\":\"errato\"}"),
-            std::string::npos);
-  EXPECT_NE(j.find("\"colori\":9,"), std::string::npos);  // the defaults stand
-  EXPECT_NE(j.find("\"paginazione\":{\"attiva\":true,\"colonne\":\"2\",\"righe\":\"3\"}}\n"), std::string::npos);
+  // The colours' defaults stand.
+  for (const std::string& pezzo :
+       {std::string("\"FontTestoDefault\":\"Courier New\""), std::string("\"FATTORE_DI_ZOOM\":1,"),
+        std::string("\"DIMENSIONEUNICAPUNTO\":0,"),
+        "{\"nome\":\"Configura.ini\",\"percorso\":\"" + lavoro + "Configura.ini\",\"stato\":\"letto\"}",
+        "{\"nome\":\"COLORI.ini\",\"percorso\":\"" + programma + "/colori.ini\",\"stato\":\"errato\"}",
+        std::string("\"colori\":9,"), std::string("\"paginazione\":{\"attiva\":true,\"colonne\":\"2\",\"righe\":\"3\"}}\n")})
+    EXPECT_NE(j.find(pezzo), std::string::npos) << pezzo;
   EXPECT_EQ(FileNellAlbero().size(), 3u);  // still only the three written here
 }
 

@@ -1,14 +1,7 @@
 // varena-cli dxf-in and dxf-out on a job written by hand.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-
-#include "core/CodicePagina.h"
-#include "core/Sessione.h"
-#include "store/Cfg.h"
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -17,15 +10,10 @@ using prova::Cli;
 using prova::LeggiFileProva;
 
 TEST(DxfCli, DentroEFuori) {
-  prova::CartellaTemporanea radice;
-  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
-  const std::string lavori = radice / "lavori/";
-  std::filesystem::create_directories(lavori);
-  {
-    Sessione s;
-    prova::ScriviFileProva(lavori + "ROSSI.CFG", Utf8InCp1252(TestoCfg(s)));
-  }
+  const prova::RadiceCli r;
+  const prova::CartellaTemporanea& radice = r.radice;
+  const std::string& lavori = r.lavori;
+  prova::ScriviFileProva(lavori + "ROSSI.CFG", prova::CfgNuovo());
   const std::string dxf = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nSTRADE\n10\n1\n20\n2\n11\n3\n21\n4\n"
                           "0\nCIRCLE\n8\nVERDE\n10\n5\n20\n6\n40\n1.5\n0\nTEXT\n8\nSTRADE\n10\n0\n20\n0\n40\n1\n1\nVia\n"
                           "0\nENDSEC\n0\nEOF\n";
@@ -52,8 +40,6 @@ TEST(DxfCli, DentroEFuori) {
   const std::string b = LeggiFileProva(radice / "b.dxf");
   EXPECT_EQ(b.substr(0, 70), " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nLINE\r\n 8\r\n1000\r\n62\r\n1\r\n 10\r\n1\r\n 20\r\n2\r\n");
   EXPECT_EQ(b.substr(b.size() - 23), "  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
-  ::unsetenv("VARENA_DOCUMENTI");
-  ::unsetenv("VARENA_PROGRAMMA");
 }
 
 }  // namespace

@@ -2,33 +2,19 @@
 // PF in batch, the residuals printed; a PF the archive lacks leaves the job as it was.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <sstream>
-
 #include "Terminale.h"
-#include "core/CodicePagina.h"
-#include "core/Sessione.h"
-#include "store/Cfg.h"
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
 
 using prova::Cli;
 
-class InquadraCli : public ::testing::Test {
+class InquadraCli : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea radice;
-  std::string lavoro, archivio;
+  std::string lavoro = lavori + "rossi.cfg", archivio;
   void SetUp() override {
-    Sessione s;
-    ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-    ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
-    std::filesystem::create_directories(radice / "lavori");
-    lavoro = radice / "lavori/rossi.cfg";
-    prova::ScriviFileProva(lavoro, Utf8InCp1252(TestoCfg(s)));
+    prova::ScriviFileProva(lavoro, prova::CfgNuovo());
     // Official = survey turned by 100 gon and carried by (1000, 2000).
     prova::ScriviFileProva(radice / "lavori/rossi.lll",
                            prova::RecordPuntoBase("PF01/0120/A123", 0, 0, 0).Byte() +
@@ -38,20 +24,7 @@ class InquadraCli : public ::testing::Test {
     archivio = radice / "fid";
     std::filesystem::create_directories(archivio + "/dati");
     prova::ScriviFileProva(archivio + "/dati/A123.taf",
-                           Riga(1, "    2000.000", "    1000.000") + Riga(2, "    1900.000", "    1000.000"));
-  }
-  void TearDown() override {
-    ::unsetenv("VARENA_DOCUMENTI");
-    ::unsetenv("VARENA_PROGRAMMA");
-  }
-  static std::string Riga(int n, const std::string& nord, const std::string& est) {
-    std::string r(130, ' ');
-    r.replace(0, 4, "A123");
-    r.replace(8, 2, "12");
-    r.replace(16, 1, std::to_string(n));
-    r.replace(101, 12, nord);
-    r.replace(114, 12, est);
-    return r + "\r\n";
+                           prova::RigaFiduciale(1) + "\r\n" + prova::RigaFiduciale(2, "    1900.000") + "\r\n");
   }
   std::pair<double, double> Punto(const std::string& nome) {
     Sessione s;

@@ -1,14 +1,7 @@
 // varena-cli import and punti on a job written by hand.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-
-#include "core/CodicePagina.h"
-#include "core/Sessione.h"
-#include "store/Cfg.h"
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -16,15 +9,10 @@ namespace {
 using prova::Cli;
 
 TEST(PuntiCli, ImportEElenco) {
-  prova::CartellaTemporanea radice;
-  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
-  const std::string lavori = radice / "lavori/";
-  std::filesystem::create_directories(lavori);
-  {
-    Sessione s;
-    prova::ScriviFileProva(lavori + "ROSSI.CFG", Utf8InCp1252(TestoCfg(s)));
-  }
+  const prova::RadiceCli r;
+  const prova::CartellaTemporanea& radice = r.radice;
+  const std::string& lavori = r.lavori;
+  prova::ScriviFileProva(lavori + "ROSSI.CFG", prova::CfgNuovo());
   EXPECT_EQ(Cli({"import", lavori + "ROSSI", radice / "x", "--format", "dwg"}).stato, 64);
   prova::ScriviFileProva(radice / "a.ril", "5=7\r\n4=muro, nuovo\r\n37=20.5\r\n38=10.25\r\n39=3\r\nrotta\r\n5=8\r\n");
   auto e = Cli({"import", lavori + "ROSSI", radice / "a.ril", "--format", "RIL"});
@@ -48,8 +36,6 @@ TEST(PuntiCli, ImportEElenco) {
             "          1  7       20.500   10.250      3.000  muro, nuovo    0.000  RIL      0\n"
             "          2  8        0.000    0.000      0.000                 0.000  RIL      1\n"
             "          3  PF1      5.000    6.000      7.000                 0.000  0        2\n");
-  ::unsetenv("VARENA_DOCUMENTI");
-  ::unsetenv("VARENA_PROGRAMMA");
 }
 
 }  // namespace

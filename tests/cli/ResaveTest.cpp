@@ -3,13 +3,7 @@
 
 #include <sys/stat.h>
 
-#include <cstdlib>
-
-#include "core/CodicePagina.h"
-#include "core/File.h"
-#include "store/Cfg.h"
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -19,24 +13,12 @@ using prova::Esiste;
 using Esito = prova::EsitoCli;
 using prova::LeggiFileProva;
 
-class Resave : public ::testing::Test {
+class Resave : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea radice;
-  std::string lavori;
-  std::string cfg;
+  const std::string cfg = prova::CfgNuovo();
   void SetUp() override {
-    Sessione s;
-    cfg = Utf8InCp1252(TestoCfg(s));
-    ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-    ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
-    lavori = radice / "lavori/";
-    std::filesystem::create_directories(lavori);
     prova::ScriviFileProva(lavori + "rossi.cfg", cfg);
     prova::ScriviFileProva(lavori + "rossi.lll", prova::RecordPuntoBase("101", 1725000, 5031000, 14).Byte());
-  }
-  void TearDown() override {
-    ::unsetenv("VARENA_DOCUMENTI");
-    ::unsetenv("VARENA_PROGRAMMA");
   }
 };
 
@@ -192,15 +174,13 @@ TEST_F(Resave, ErroriDUso) {
   EXPECT_EQ(Cli({"resave"}).stato, 64);
   EXPECT_EQ(Cli({"resave", lavori + "rossi", "--as"}).stato, 64);
   Esito e = Cli({"resave", lavori + "manca.cfg"});
-  EXPECT_EQ(e.stato, 1);
-  EXPECT_NE(e.err.find("Lavoro non trovato: " + lavori + "manca.cfg"), std::string::npos);
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + lavori + "manca.cfg\n"));
   // The default job is only saved under a name.
   std::filesystem::create_directories(radice / "VR2000/LAVORI/NUOVO");
   prova::ScriviFileProva(radice / "VR2000/LAVORI/NUOVO/NUOVO.CFG", cfg);
   e = Cli({"resave", radice / "VR2000/LAVORI/NUOVO/NUOVO.CFG"});
-  EXPECT_EQ(e.stato, 2);
   EXPECT_NE(e.err.find("Nulla salvato"), std::string::npos);
-  EXPECT_EQ(e.out, "");
+  EXPECT_EQ(std::tie(e.stato, e.out), std::make_tuple(2, ""));
 }
 
 }  // namespace

@@ -4,10 +4,7 @@
 
 #include <cstdlib>
 
-#include "core/CodicePagina.h"
-#include "store/Cfg.h"
 #include "support/ProvaCli.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -20,15 +17,11 @@ constexpr bool kMeshCostruito = false;
 
 TEST(Terreno, FaldeSalvateNelLavoroESommate) {
   if (!kMeshCostruito) GTEST_SKIP() << "varena-mesh non costruito in questo albero";
-  prova::CartellaTemporanea radice;
-  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
+  const prova::RadiceCli r;
+  const std::string& lavori = r.lavori;
   const std::string path = std::getenv("PATH");
   ::setenv("PATH", (std::string(VARENA_BINARI) + "/tools/varena-mesh:" + path).c_str(), 1);
-  const std::string lavori = radice / "lavori/";
-  std::filesystem::create_directories(lavori);
-  Sessione s;
-  prova::ScriviFileProva(lavori + "rossi.cfg", Utf8InCp1252(TestoCfg(s)));
+  prova::ScriviFileProva(lavori + "rossi.cfg", prova::CfgNuovo());
   // A square of side 10 rising from 10 to 20 northwards, a deleted point under it that must
   // not count.
   std::string punti;
@@ -49,8 +42,6 @@ TEST(Terreno, FaldeSalvateNelLavoroESommate) {
   EXPECT_EQ(prova::Cli({"terreno"}).stato, 64);
 
   ::setenv("PATH", path.c_str(), 1);
-  ::unsetenv("VARENA_DOCUMENTI");
-  ::unsetenv("VARENA_PROGRAMMA");
 }
 
 }  // namespace

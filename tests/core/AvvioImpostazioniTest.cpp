@@ -6,7 +6,6 @@
 #include "core/Avvio.h"
 #include "core/FileTabella.h"
 #include "core/Salvaini.h"
-#include "core/Sessione.h"
 #include "store/Cfg.h"
 #include "support/ProvaTabelle.h"
 
@@ -26,14 +25,9 @@ const char* const kBloccoBScritto =
     "\"7\"\r\n\"\"\r\n";
 
 TEST_F(AvvioImpostazioni, SalvainiScrittiQuandoSiAzzeraIlLavoro) {
-  s.Imp.FATTORE_DI_ZOOM = 12.5;
-  s.Imp.Colore_Default = 3;
-  s.Imp.TIPODISTANZA = 2;
-  s.Imp.MostraDescrizione = 0;
+  s.Imp.FATTORE_DI_ZOOM = 12.5, s.Imp.Colore_Default = 3, s.Imp.TIPODISTANZA = 2, s.Imp.MostraDescrizione = 0;
   s.PianoCorrente = "STRADE";
-  s.Vista.CentroEst = 1725000.5;
-  s.Vista.CentroNord = 5031000.25;
-  s.Vista.AltezzaVista = 80;
+  s.Vista.CentroEst = 1725000.5, s.Vista.CentroNord = 5031000.25, s.Vista.AltezzaVista = 80;
   s.ContaEntita[1] = 4;
   ClearAllTables(s);
   EXPECT_FALSE(Esiste(Lavoro("SALVAINI.INI")));  // the plain clear touches no file
@@ -78,14 +72,11 @@ TEST_F(AvvioImpostazioni, SalvainiLettiAMano) {
   ScriviFileProva(Lavoro("SALVAINI5.INI"), a);
   CaricaSalvaini(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Imp.FATTORE_DI_ZOOM, 1.0);  // below 1 becomes 1
-  EXPECT_EQ(s.Imp.Colore_Default, 9);
-  EXPECT_EQ(s.PianoCorrente, "CONFINI");
-  EXPECT_EQ(s.Vista.RapportoVista, 1.6);
-  EXPECT_EQ(s.Vista.AltezzaVista, 0);
-  EXPECT_EQ(s.Cfg.VB(B_Parametri, 0).Testo, "7");
-  EXPECT_EQ(s.Cfg.A(0, 0).Numero, 4);
-  EXPECT_EQ(s.Cfg.A(151, 0).Testo, "s");
+  // A zoom step below 1 becomes 1.
+  EXPECT_EQ(std::tie(s.Imp.FATTORE_DI_ZOOM, s.Imp.Colore_Default, s.PianoCorrente, s.Vista.RapportoVista),
+            std::make_tuple(1.0, 9, "CONFINI", 1.6));
+  EXPECT_EQ(std::tie(s.Vista.AltezzaVista, s.Cfg.VB(B_Parametri, 0).Testo, s.Cfg.A(0, 0).Numero, s.Cfg.A(151, 0).Testo),
+            std::make_tuple(0.0, "7", 4.0, "s"));
   EXPECT_EQ(TrovaOrigine(s, "SALVAINI5.INI")->Stato, StatoFile::Letto);
 
   // A block A that breaks off: the box, and block A stays as it was.
@@ -97,9 +88,7 @@ TEST_F(AvvioImpostazioni, SalvainiLettiAMano) {
   EXPECT_NE(q.ui.Messaggi[0].Testo.find("Invalid file format"), std::string::npos);
   EXPECT_NE(q.ui.Messaggi[1].Testo.find("Input past end of file"), std::string::npos);
   EXPECT_NE(q.ui.Messaggi[1].Testo.find("Nella Routine CaricaSalvaini"), std::string::npos);
-  EXPECT_EQ(q.s.Cfg.A(0, 0).Numero, 0);
-  EXPECT_EQ(q.s.Imp.FATTORE_DI_ZOOM, 50);
-  EXPECT_EQ(q.s.Vista.AltezzaVista, 100);
+  EXPECT_EQ(std::tie(q.s.Cfg.A(0, 0).Numero, q.s.Imp.FATTORE_DI_ZOOM, q.s.Vista.AltezzaVista), std::make_tuple(0.0, 50.0, 100.0));
 }
 
 TEST_F(AvvioImpostazioni, ToolbarBottoni) {
@@ -147,9 +136,7 @@ TEST_F(AvvioImpostazioni, StampaPaginato) {
   EXPECT_FALSE(Esiste(Lavoro("StampaPaginato.ini")));
   ScriviFileProva(Lavoro("StampaPaginato.ini"), "-1,\"3\",\"2\"\r\n");
   LeggiStampaPaginato(s);
-  EXPECT_TRUE(s.Paginato.Attiva());
-  EXPECT_EQ(s.Paginato.Colonne, "3");
-  EXPECT_EQ(s.Paginato.Righe, "2");
+  EXPECT_EQ(std::make_tuple(s.Paginato.Attiva(), s.Paginato.Colonne, s.Paginato.Righe), std::make_tuple(true, "3", "2"));
   ScriviFileProva(Lavoro("StampaPaginato.ini"), "1,\"3\",\"2\"\r\n");
   LeggiStampaPaginato(s);
   EXPECT_FALSE(s.Paginato.Attiva());
@@ -167,9 +154,7 @@ TEST_F(AvvioImpostazioni, InizializzaDefaultCreaLeTabelleNelLoroOrdine) {
   ScriviFileProva(Lavoro("vecchio.uls"), "x");
   InizializzaDefault(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Imp.Colore_Default, 3);
-  EXPECT_EQ(s.PianoCorrente, "EDIFICI");
-  EXPECT_EQ(s.Toolbar.NumeroColonne, 16);
+  EXPECT_EQ(std::tie(s.Imp.Colore_Default, s.PianoCorrente, s.Toolbar.NumeroColonne), std::make_tuple(3, "EDIFICI", 16));
   EXPECT_FALSE(Esiste(Lavoro("vecchio.uls")));
   for (const char* f : {"VRPUNTI.COD", "ArchivioNote.ini", "ConfiguraPUNTI.CPP"}) EXPECT_TRUE(Esiste(Lavoro(f))) << f;
   for (const char* f : {"COLORI.ini", "linee.ini"}) EXPECT_TRUE(Esiste(Programma(f))) << f;
@@ -190,9 +175,8 @@ TEST_F(AvvioImpostazioni, InizializzaDefaultInSolaLetturaNonToccaNulla) {
   for (const auto& voce : std::filesystem::recursive_directory_iterator(p.cartella.Percorso()))
     file += voce.is_regular_file();
   EXPECT_EQ(file, 1u);
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(s.Tratteggi.Stili[18].NomeTratteggio, "TRATT8");
-  EXPECT_EQ(s.ConfiguraPunti.Classi[ClassePunti].Simbolo, 35);
+  EXPECT_EQ(std::tie(s.Colori.NumeroColori, s.Tratteggi.Stili[18].NomeTratteggio, s.ConfiguraPunti.Classi[ClassePunti].Simbolo),
+            std::make_tuple(9, "TRATT8", 35));
   EXPECT_EQ(TrovaOrigine(s, "COLORI.ini")->Stato, StatoFile::Assente);
 }
 

@@ -2,11 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
 
 #include "core/Avvio.h"
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
 #include "support/Supporto.h"
 
@@ -14,29 +11,18 @@ namespace varena {
 namespace {
 
 namespace fs = std::filesystem;
+using prova::CopiaEsempio;
 using prova::ScriviFileProva;
 
 class Avvio : public ::testing::Test {
  protected:
   prova::CartellaTemporanea doc, prog, utente;
+  prova::CartelleDelProgramma cartelle{doc.Percorso(), prog.Percorso()};
   InterfacciaRegistrata ui;
   Sessione s;
   void SetUp() override {
-    setenv("VARENA_DOCUMENTI", doc.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", prog.Percorso().c_str(), 1);
     s.Ui = &ui;
     s.Orologio = prova::OrologioFisso;
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
-  }
-  // The example job copied into the user's folder `cartella` as RILIEVO.*
-  std::string CopiaEsempio(const std::string& cartella) {
-    fs::create_directories(cartella);
-    for (const auto& f : fs::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
-      if (f.path().stem() == "RILIEVO") fs::copy_file(f.path(), cartella + "/" + f.path().filename().string());
-    return cartella + "/RILIEVO";
   }
   std::string Comune() const { return doc.Percorso() + "/VR2000/COMMON.CFG"; }
 };
@@ -78,39 +64,29 @@ TEST_F(Avvio, RigaDiComandoRelativa) {
 
 TEST_F(Avvio, DividiNomeComune) {
   auto n = DividiNomeComune("/home/x/my.jobs/rilievo.v2.cfg");
-  EXPECT_EQ(n.Nome, "/HOME/X/MY.JOBS/RILIEVO.V2");
-  EXPECT_EQ(n.Estensione, "CFG");
+  EXPECT_EQ(std::tie(n.Nome, n.Estensione), std::make_tuple("/HOME/X/MY.JOBS/RILIEVO.V2", "CFG"));
   n = DividiNomeComune("senzapunto");
-  EXPECT_EQ(n.Nome, "");
-  EXPECT_EQ(n.Estensione, "SENZAPUNTO");
+  EXPECT_EQ(std::tie(n.Nome, n.Estensione), std::make_tuple("", "SENZAPUNTO"));
 }
 
 TEST_F(Avvio, EstensioneMinuscolaDiImportazione) {
-  // One point of the fiducial archive: number 1 of sheet 12, municipality A123.
-  std::string riga(130, ' ');
-  riga.replace(0, 4, "A123").replace(8, 2, "12").replace(16, 1, "1");
-  riga.replace(101, 12, "    2000.000").replace(114, 12, "    1000.000");
-  ScriviFileProva(utente / "punti.taf", riga + "\r\n");
+  ScriviFileProva(utente / "punti.taf", prova::RigaFiduciale(1) + "\r\n");
   VarenaLoad(s, utente / "punti.taf");
   EXPECT_TRUE(ui.Messaggi.empty());
-  EXPECT_EQ(s.TipoFile, "TAF");
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
-  EXPECT_EQ(s.PuntoPiano[0], "TAF");
+  EXPECT_EQ(std::tie(s.TipoFile, s.PuntoNome[0], s.PuntoPiano[0]), std::make_tuple("TAF", "PF01/0120/A123", "TAF"));
   // A map sheet opens the same way through its reader.
   ScriviFileProva(utente / "foglio.cxf", "A123\r\n1\r\n0\r\nFIDUCIALE,3,\"PF3\",10.5,20.25\r\nEOF\r\n");
   VarenaLoad(s, utente / "foglio.cxf");
-  EXPECT_EQ(s.TipoFile, "CXF");
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(s.PuntoNome[0], "PF3");
-  EXPECT_EQ(s.PuntoFont[0], "Courier New");
-  EXPECT_EQ(s.PuntoX[0], 10.5);
+  EXPECT_EQ(std::tie(s.TipoFile, s.PuntoNome[0], s.PuntoFont[0], s.PuntoX[0]),
+            std::make_tuple("CXF", "PF3", "Courier New", 10.5));
   // A file with no point in it says so.
   ScriviFileProva(utente / "vuoto.taf", "");
   VarenaLoad(s, utente / "vuoto.taf");
   ASSERT_EQ(ui.Messaggi.size(), 1u);
-  EXPECT_EQ(ui.Messaggi[0].Titolo, "File TAF");
-  EXPECT_EQ(ui.Messaggi[0].Testo, "Nessun punto letto:\n" + (utente / "VUOTO.TAF"));
+  EXPECT_EQ(std::tie(ui.Messaggi[0].Titolo, ui.Messaggi[0].Testo),
+            std::make_tuple("File TAF", "Nessun punto letto:\n" + (utente / "VUOTO.TAF")));
 }
 
 TEST_F(Avvio, RiapriUltimoLavoro) {

@@ -4,7 +4,6 @@
 
 #include "core/Configura.h"
 #include "core/FileTabella.h"
-#include "core/Sessione.h"
 #include "support/ProvaTabelle.h"
 
 namespace varena {
@@ -179,8 +178,7 @@ TEST_F(Configura, FattoreDiZoomSottoUnoDiventaUno) {
 }
 
 TEST_F(Configura, FileGuastiDannoIlBoxEIPredefiniti) {
-  std::string guasto = "Testo,AltezzaTestoDefault,9\r\n";
-  for (int i = 0; i < 6000; ++i) guasto.push_back(static_cast<char>((i * 131 + 7) % 256));
+  const std::string guasto = "Testo,AltezzaTestoDefault,9\r\n" + prova::Spazzatura(6000);
   ScriviFileProva(File(), guasto);
   ConfiguraLeggi(s);
   AttesoErrore("ConfiguraLeggi", "Invalid file format");

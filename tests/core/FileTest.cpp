@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include "core/Errori.h"
-#include "core/File.h"
 #include "support/Supporto.h"
 
 namespace varena {
@@ -18,13 +17,11 @@ TEST(File, LeScrittureSostituisconoSenzaToccareGliAltriNomiDelFile) {
   ScriviFileProva(a, "vecchio");
   ASSERT_EQ(::link(a.c_str(), b.c_str()), 0);
   ScriviByte(a, "nuovo");
-  EXPECT_EQ(LeggiFileProva(a), "nuovo");
-  EXPECT_EQ(LeggiFileProva(b), "vecchio");
+  EXPECT_EQ(std::make_tuple(LeggiFileProva(a), LeggiFileProva(b)), std::make_tuple("nuovo", "vecchio"));
   // A copy over a shared name, and text through the code page, behave the same.
   ASSERT_EQ(::link(a.c_str(), (c / "C.LLL").c_str()), 0);
   CopiaFile(b, a);
-  EXPECT_EQ(LeggiFileProva(a), "vecchio");
-  EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "nuovo");
+  EXPECT_EQ(std::make_tuple(LeggiFileProva(a), LeggiFileProva(c / "C.LLL")), std::make_tuple("vecchio", "nuovo"));
   ScriviTesto(c / "C.LLL", "è");
   EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "\xE8");
   AggiungiTesto(c / "C.LLL", "à\r\n");
@@ -38,8 +35,7 @@ TEST(File, CollegamentiEdEliminazioneEsatta) {
   ScriviFileProva(a, "uno");
   ScriviFileProva(b, "due");
   EXPECT_TRUE(CollegaFile(a, b));  // b stood: replaced by a second name of a
-  EXPECT_TRUE(StessoFile(a, b));
-  EXPECT_EQ(LeggiFileProva(b), "uno");
+  EXPECT_EQ(std::make_tuple(StessoFile(a, b), LeggiFileProva(b)), std::make_tuple(true, "uno"));
   EXPECT_TRUE(CollegaFile(a, c / "C.TXT"));
   EXPECT_FALSE(CollegaFile(c / "MANCA.TXT", c / "D.TXT"));
   EXPECT_FALSE(StessoFile(a, c / "MANCA.TXT"));
@@ -89,8 +85,7 @@ TEST(File, UnNomeConUnNulNonNominaNessunFile) {
   const std::string rossi = c / "ROSSI", nul = rossi + std::string(1, '\0');
   ScriviFileProva(rossi, "un file dell'utente");
   EXPECT_FALSE(LeggiByte(nul + ".LLL"));
-  EXPECT_FALSE(EsisteFile(nul + ".LLL"));
-  EXPECT_EQ(LunghezzaFile(nul + ".LLL"), -1);
+  EXPECT_EQ(std::make_tuple(EsisteFile(nul + ".LLL"), LunghezzaFile(nul + ".LLL")), std::make_tuple(false, -1));
   try {
     ScriviByte(nul + ".LIN", "membro");
     ADD_FAILURE() << "scritto";
@@ -98,9 +93,8 @@ TEST(File, UnNomeConUnNulNonNominaNessunFile) {
     EXPECT_STREQ(e.what(), "Bad file name or number");
   }
   EXPECT_THROW(CopiaFile(rossi, nul + ".CER"), ErroreVarena);
-  EXPECT_FALSE(CollegaFile(rossi, nul + ".ARC"));
-  EXPECT_FALSE(EliminaFileEsatto(nul + ".TES"));
-  EXPECT_FALSE(NuovaCartella(nul + "/PROVVISO"));
+  EXPECT_EQ(std::make_tuple(CollegaFile(rossi, nul + ".ARC"), EliminaFileEsatto(nul + ".TES"), NuovaCartella(nul + "/PROVVISO")),
+            std::make_tuple(false, false, false));
   EXPECT_EQ(LeggiFileProva(rossi), "un file dell'utente");
   EXPECT_EQ(prova::NomiIn(c.Percorso()), std::vector<std::string>{"ROSSI"});
 }

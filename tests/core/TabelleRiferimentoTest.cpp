@@ -6,7 +6,6 @@
 #include "core/Comuni.h"
 #include "core/FileTabella.h"
 #include "core/Piani.h"
-#include "core/Sessione.h"
 #include "core/Tratteggi.h"
 #include "support/ProvaTabelle.h"
 
@@ -32,12 +31,7 @@ std::vector<double> Elementi(const Tratteggio& t) {
   return {t.Elementi.begin() + 1, t.Elementi.begin() + 1 + t.NumeroElementi()};
 }
 
-// Bytes that no text table holds: NUL, control bytes, high bytes, commas and line ends.
-std::string Spazzatura(size_t n) {
-  std::string g;
-  for (size_t i = 0; i < n; ++i) g.push_back(static_cast<char>((i * 7919 + 13) % 256));
-  return g;
-}
+using prova::Spazzatura;
 
 TEST_F(TabelleRiferimento, ColoriCreatiEConfezionati) {
   CaricaColori(s, PercorsoColori(s));
@@ -55,11 +49,9 @@ TEST_F(TabelleRiferimento, ColoriCreatiEConfezionati) {
   ScriviFileProva(Programma("colori.INI"), "1,2,3,4\r\n\r\n 16 , 32 ,48\r\n300,-5,255,7,99\r\n");
   CaricaColori(s, PercorsoColori(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Colori.NumeroColori, 3);  // the blank line is no row
-  EXPECT_EQ(s.Colori[1], 0x010203u);
-  EXPECT_EQ(s.Colori[2], 0x102030u);
-  EXPECT_EQ(s.Colori.Quarto[2], 0);
-  EXPECT_EQ(s.Colori[3], 0xFF00FFu);  // components out of range go to the nearer end
+  // The blank line is no row; components out of range go to the nearer end.
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[1], s.Colori[2], s.Colori.Quarto[2], s.Colori[3]),
+            std::make_tuple(3, 0x010203u, 0x102030u, 0, 0xFF00FFu));
   EXPECT_FALSE(Esiste(Programma("COLORI.ini")));  // nothing written beside the user's file
 }
 
@@ -68,9 +60,8 @@ TEST_F(TabelleRiferimento, ColoriOltreIlLimiteTengonoLePrime257) {
   for (int i = 1; i <= 260; ++i) righe += std::to_string(i % 256) + ",0,0," + std::to_string(i) + "\r\n";
   Colori(righe);
   AttesoErrore("CaricaColori", "Subscript out of range");
-  EXPECT_EQ(s.Colori.NumeroColori, 257);
-  EXPECT_EQ(s.Colori[257], 0x010000u);  // 257 % 256
-  EXPECT_EQ(s.Colori.Quarto[257], 257);
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[257], s.Colori.Quarto[257]),
+            std::make_tuple(257, 0x010000u, 257));  // 257 % 256
   EXPECT_EQ(TrovaOrigine(s, "COLORI.ini")->Stato, StatoFile::Errato);
 }
 
@@ -78,15 +69,13 @@ TEST_F(TabelleRiferimento, ColoriGuastiDannoIlBoxEIPredefiniti) {
   const std::string guasto = Spazzatura(4000);
   Colori(guasto);
   AttesoErrore("CaricaColori", "Invalid file format");
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(s.Colori[7], 0xFFFFFFu);
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[7]), std::make_tuple(9, 0xFFFFFFu));
   EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")), guasto);  // the user's file untouched
 
   // A row that is not numbers after good rows: the good rows stay.
   Colori("10,20,30,1\r\nrosso,0,0,2\r\n");
   AttesoErrore("CaricaColori", "Type mismatch");
-  EXPECT_EQ(s.Colori.NumeroColori, 1);
-  EXPECT_EQ(s.Colori[1], 0x0A141Eu);
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[1]), std::make_tuple(1, 0x0A141Eu));
 
   // One enormous line of text: no row at all, so the defaults.
   Colori(std::string(3'000'000, 'x') + "\r\n");
@@ -111,13 +100,12 @@ TEST_F(TabelleRiferimento, SpessoriDaUnoEDalFile) {
   for (int i = 1; i <= 300; ++i) molte += std::to_string(i) + "\r\n";
   Spessori(molte);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Spessori.Letti, 256);
-  EXPECT_EQ(s.Spessori.Spessore[256], 256.0f);
+  EXPECT_EQ(std::make_tuple(s.Spessori.Letti, s.Spessori.Spessore[256]), std::make_tuple(256, 256.0f));
 
   Spessori("3\r\nX\r\n");
   AttesoErrore("CaricaSpessori", "Type mismatch");
-  EXPECT_EQ(s.Spessori.Spessore[1], 3.0f);
-  EXPECT_EQ(s.Spessori.Spessore[2], 1.0f);  // the rest stays as it was
+  // The rest stays as it was.
+  EXPECT_EQ(std::make_tuple(s.Spessori.Spessore[1], s.Spessori.Spessore[2]), std::make_tuple(3.0f, 1.0f));
 }
 
 // The file as it must reach the disk when it is missing, typed from the table of styles.
@@ -148,15 +136,12 @@ TEST_F(TabelleRiferimento, TratteggiCreatiELetti) {
   const TabellaTratteggi& t = s.Tratteggi;
   EXPECT_EQ(t.NumeroTratteggi, 18);
   EXPECT_EQ(t.Stili[0].NumeroElementi(), 0);  // no style: the plain line
-  EXPECT_EQ(t.Stili[1].NomeTratteggio, "CONTINUA");
-  EXPECT_EQ(t.Stili[1].DisegnoTratteggio, "__ __ __ __ ");
+  EXPECT_EQ(std::tie(t.Stili[1].NomeTratteggio, t.Stili[1].DisegnoTratteggio), std::make_tuple("CONTINUA", "__ __ __ __ "));
   EXPECT_EQ(Elementi(t.Stili[5]), (std::vector<double>{12.5, -25, 25, -25, 25, -25}));
   EXPECT_EQ(t.Stili[5].ScalaElemento, 0.0);
   const Tratteggio& t7 = t.Stili[17];
-  EXPECT_EQ(t7.NomeTratteggio, "TRATT7");
-  EXPECT_EQ(t7.DisegnoTratteggio, "100,1 __ __ . __ __ . __ ");
-  EXPECT_EQ(t7.ScalaElemento, 100.0);
-  EXPECT_EQ(t7.AngoloElemento, 1.0);
+  EXPECT_EQ(std::tie(t7.NomeTratteggio, t7.DisegnoTratteggio, t7.ScalaElemento, t7.AngoloElemento),
+            std::make_tuple("TRATT7", "100,1 __ __ . __ __ . __ ", 100.0, 1.0));
   EXPECT_EQ(Elementi(t7), (std::vector<double>{50, -25, 50, -25, 0, -25}));
 }
 
@@ -172,24 +157,21 @@ TEST_F(TabelleRiferimento, TratteggiGuastiEFuoriLimite) {
   ASSERT_EQ(t.NumeroTratteggi, 4);
   EXPECT_EQ(t.Stili[1].NumeroElementi(), 0);
   EXPECT_EQ(Elementi(t.Stili[2]), (std::vector<double>{2, -2}));
-  EXPECT_EQ(t.Stili[3].NomeTratteggio, "TRE");
-  EXPECT_EQ(t.Stili[3].DisegnoTratteggio, "");
-  EXPECT_EQ(t.Stili[3].NumeroElementi(), 0);
-  EXPECT_EQ(t.Stili[4].NumeroElementi(), 20);  // at most twenty
-  EXPECT_EQ(t.Stili[4].Elementi[20], 20.0);
+  EXPECT_EQ(std::make_tuple(t.Stili[3].NomeTratteggio, t.Stili[3].DisegnoTratteggio, t.Stili[3].NumeroElementi()),
+            std::make_tuple("TRE", "", 0));
+  // At most twenty.
+  EXPECT_EQ(std::make_tuple(t.Stili[4].NumeroElementi(), t.Stili[4].Elementi[20]), std::make_tuple(20, 20.0));
 
   std::string molti;
   for (int i = 1; i <= 52; ++i) molti += "*S" + std::to_string(i) + ",_\r\nA, " + std::to_string(i) + "\r\n";
   Tratteggi(molti);
   AttesoErrore("cARICAtRATTEGGI", "Subscript out of range");
-  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 50);
-  EXPECT_EQ(s.Tratteggi.Stili[50].NomeTratteggio, "S50");
+  EXPECT_EQ(std::make_tuple(s.Tratteggi.NumeroTratteggi, s.Tratteggi.Stili[50].NomeTratteggio), std::make_tuple(50, "S50"));
   EXPECT_EQ(Elementi(s.Tratteggi.Stili[50]), std::vector<double>{50});
 
   Tratteggi(Spazzatura(2000));
   AttesoErrore("cARICAtRATTEGGI", "Invalid file format");
-  EXPECT_EQ(s.Tratteggi.NumeroTratteggi, 18);
-  EXPECT_EQ(s.Tratteggi.Stili[1].NomeTratteggio, "CONTINUA");
+  EXPECT_EQ(std::make_tuple(s.Tratteggi.NumeroTratteggi, s.Tratteggi.Stili[1].NomeTratteggio), std::make_tuple(18, "CONTINUA"));
 }
 
 TEST_F(TabelleRiferimento, TratteggiSalvatiERiletti) {
@@ -227,8 +209,7 @@ TEST_F(TabelleRiferimento, CodiciCreatiELetti) {
   std::filesystem::remove(Lavoro("VRPUNTI.COD"));
   CaricaCodici(s, PercorsoCodici(s));
   ASSERT_EQ(s.Codici.Righe.size(), 2u);
-  EXPECT_EQ(s.Codici.Righe[0].Descrizione, "CASSETTA CITT\u00C0");
-  EXPECT_EQ(s.Codici.Righe[1].Codice, "20");
+  EXPECT_EQ(std::tie(s.Codici.Righe[0].Descrizione, s.Codici.Righe[1].Codice), std::make_tuple("CASSETTA CITT\u00C0", "20"));
 }
 
 TEST_F(TabelleRiferimento, CodiciOltreIlLimiteETroncati) {
@@ -260,9 +241,9 @@ TEST_F(TabelleRiferimento, ArchivioNoteCreatoELetto) {
 TEST_F(TabelleRiferimento, ComuniDaArchivioPregeo) {
   s.Imp.Cartella_Archivio_Pregeo = s.CartellaLavoro + "pregeo/arch";
   CaricaComuni(s);
-  EXPECT_EQ(s.Comuni.NumeroComuni(), 0);  // absent: empty, quiet, not created
-  EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(TrovaOrigine(s, "comunt.dat")->Stato, StatoFile::Assente);
+  // Absent: empty, quiet, not created.
+  EXPECT_EQ(std::make_tuple(s.Comuni.NumeroComuni(), p.ui.Messaggi.size(), TrovaOrigine(s, "comunt.dat")->Stato),
+            std::make_tuple(0, 0u, StatoFile::Assente));
 
   std::filesystem::create_directories(s.CartellaLavoro + "PREGEO/ARCH");
   ScriviFileProva(s.CartellaLavoro + "PREGEO/ARCH/COMUNT.DAT",
@@ -303,8 +284,7 @@ TEST_F(TabelleRiferimento, PianiDelLavoroGuastiOVuoti) {
   CaricaPiani(s);
   AttesoErrore("Carica Piani", "Invalid file format");
   ASSERT_EQ(s.Piani.size(), 1u);
-  EXPECT_EQ(s.Piani[0].Nome, "0");
-  EXPECT_EQ(s.Piani[0].Font, "Arial");
+  EXPECT_EQ(std::tie(s.Piani[0].Nome, s.Piani[0].Font), std::make_tuple("0", "Arial"));
   EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".PIA"), guasto);
   // A member read in place for a report is never created.
   std::filesystem::remove(s.NomeLavoro + ".PIA");

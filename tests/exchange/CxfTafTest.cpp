@@ -3,12 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 #include "core/Errori.h"
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "exchange/CxfLettura.h"
 #include "exchange/TafLettura.h"
 #include "support/Supporto.h"
@@ -60,14 +56,10 @@ std::string Foglio() {
 
 class Cxf : public ::testing::Test {
  protected:
-  prova::CartellaTemporanea dir;
-  InterfacciaRegistrata ui;
-  Sessione s;
-  void SetUp() override {
-    s.Ui = &ui;
-    s.CartellaProgramma = dir / "prog";
-    std::filesystem::create_directory(s.CartellaProgramma);
-  }
+  prova::SessioneProva p;
+  prova::CartellaTemporanea& dir = p.cartella;
+  InterfacciaRegistrata& ui = p.ui;
+  Sessione& s = p.s;
   std::string Scrivi(const std::string& nome, const std::string& byte) {
     std::ofstream(dir / nome, std::ios::binary) << byte;
     return dir / nome;
@@ -83,45 +75,30 @@ TEST_F(Cxf, IlFoglioCompletoDiventaTestiPuntiELinee) {
   EXPECT_EQ(e.Testi, 1);
   EXPECT_EQ(e.Punti, 12);
   EXPECT_EQ(e.Linee, 4 + 3 + 2 + 3 + 299);
+  // Every value below is a sum of quarters, which a double holds exactly.
   ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(s.TestoTesto[0], "45");
-  EXPECT_EQ(s.TestoPiano[0], "BORDO");
-  EXPECT_DOUBLE_EQ(s.TestoX[0], 512.5);
-  EXPECT_DOUBLE_EQ(s.TestoY[0], 620.25);
-  EXPECT_DOUBLE_EQ(s.TestoAltezza[0], 2.5);
-  EXPECT_DOUBLE_EQ(s.TestoRotazione[0], 100);
+  EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoPiano[0], s.TestoX[0], s.TestoY[0], s.TestoAltezza[0], s.TestoRotazione[0]),
+            std::make_tuple("45", "BORDO", 512.5, 620.25, 2.5, 100.0));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 12);
   for (int i = 1; i <= 12; ++i) {
     const auto k = static_cast<size_t>(i - 1);
-    EXPECT_EQ(s.PuntoNome[k], "PF" + std::to_string(i));
-    EXPECT_EQ(s.PuntoFont[k], "Courier New");
-    EXPECT_EQ(s.PuntoPiano[k], "FIDUCIALE");
-    EXPECT_DOUBLE_EQ(s.PuntoX[k], EstPF(i));
-    EXPECT_DOUBLE_EQ(s.PuntoY[k], NordPF(i));
+    EXPECT_EQ(std::tie(s.PuntoNome[k], s.PuntoFont[k], s.PuntoPiano[k], s.PuntoX[k], s.PuntoY[k]),
+              std::make_tuple("PF" + std::to_string(i), "Courier New", "FIDUCIALE", EstPF(i), NordPF(i)));
   }
   ASSERT_EQ(s.ContaEntita[SlotLinee], 311);
   // The rings close on themselves and never join one another.
   EXPECT_EQ(s.LineaPiano[0], "A123_001200.45");
-  EXPECT_DOUBLE_EQ(s.LineaX1[3], 500);
-  EXPECT_DOUBLE_EQ(s.LineaY1[3], 640);
-  EXPECT_DOUBLE_EQ(s.LineaX2[3], 500);
-  EXPECT_DOUBLE_EQ(s.LineaY2[3], 600);
-  EXPECT_DOUBLE_EQ(s.LineaX1[4], 510);
-  EXPECT_DOUBLE_EQ(s.LineaY1[4], 610);
-  EXPECT_DOUBLE_EQ(s.LineaX2[6], 510);
-  EXPECT_DOUBLE_EQ(s.LineaY2[6], 610);
-  EXPECT_DOUBLE_EQ(s.LineaX1[7], 525);
-  EXPECT_DOUBLE_EQ(s.LineaY1[7], 625);
-  EXPECT_DOUBLE_EQ(s.LineaX2[8], 525);
-  EXPECT_DOUBLE_EQ(s.LineaY2[8], 625);
+  using Q = std::vector<double>;
+  auto linea = [&s = s](size_t k) { return Q{s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; };
+  EXPECT_EQ(linea(3), (Q{500, 640, 500, 600}));
+  EXPECT_EQ(std::make_pair(s.LineaX1[4], s.LineaY1[4]), std::make_pair(510.0, 610.0));
+  EXPECT_EQ(std::make_pair(s.LineaX2[6], s.LineaY2[6]), std::make_pair(510.0, 610.0));
+  EXPECT_EQ(std::make_pair(s.LineaX1[7], s.LineaY1[7]), std::make_pair(525.0, 625.0));
+  EXPECT_EQ(std::make_pair(s.LineaX2[8], s.LineaY2[8]), std::make_pair(525.0, 625.0));
   // Each line keeps its object's layer, with the colour in force.
-  EXPECT_EQ(s.LineaPiano[9], "STRADA");
-  EXPECT_EQ(s.LineaPiano[12], "ACQUA");
-  EXPECT_EQ(s.LineaPiano[13], "FABBR");
-  EXPECT_EQ(s.LineaPiano[310], "FABBR");
-  EXPECT_DOUBLE_EQ(s.LineaX1[310], 299);
-  EXPECT_DOUBLE_EQ(s.LineaY2[310], 5);
-  EXPECT_EQ(s.LineaColore[310], 7);
+  EXPECT_EQ(std::tie(s.LineaPiano[9], s.LineaPiano[12], s.LineaPiano[13]), std::make_tuple("STRADA", "ACQUA", "FABBR"));
+  EXPECT_EQ(std::tie(s.LineaPiano[310], s.LineaX1[310], s.LineaY2[310], s.LineaColore[310]),
+            std::make_tuple("FABBR", 299.0, 5.0, 7));
   // The layers of the sheet join the job's table.
   std::vector<std::string> piani;
   for (const Piano& p : s.Piani) piani.push_back(p.Nome);
@@ -198,13 +175,9 @@ TEST_F(Cxf, LArchivioTafDelloStessoFoglio) {
   EXPECT_EQ(s.PuntoNome[11], "PF12/0120/A123");
   for (size_t k = 0; k < 13; ++k) {
     const int n = static_cast<int>(k) + 1;
-    EXPECT_EQ(s.PuntoPiano[k], "TAF");
-    EXPECT_EQ(s.PuntoFont[k], "Arial");
-    EXPECT_EQ(s.PuntoAttendibilita[k], 2);
-    EXPECT_EQ(s.PuntoDescrizione[k], "Spigolo fabbricato");
-    EXPECT_DOUBLE_EQ(s.PuntoX[k], EstPF(n));
-    EXPECT_DOUBLE_EQ(s.PuntoY[k], NordPF(n));
-    EXPECT_DOUBLE_EQ(s.PuntoZ[k], n == 13 ? 0 : 100.0 + n);
+    EXPECT_EQ(std::tie(s.PuntoPiano[k], s.PuntoFont[k], s.PuntoAttendibilita[k], s.PuntoDescrizione[k], s.PuntoX[k],
+                       s.PuntoY[k], s.PuntoZ[k]),
+              std::make_tuple("TAF", "Arial", 2, "Spigolo fabbricato", EstPF(n), NordPF(n), n == 13 ? 0 : 100.0 + n));
   }
 }
 
@@ -219,12 +192,10 @@ TEST_F(Cxf, IlPFCercatoPerNomeNellArchivioDelComune) {
 
   const auto p = CercaPFInArchivio(s, "PF03/0120/A123");
   ASSERT_TRUE(p);
-  EXPECT_DOUBLE_EQ(p->Est, EstPF(3));
-  EXPECT_DOUBLE_EQ(p->Nord, NordPF(3));
+  EXPECT_EQ(std::make_pair(p->Est, p->Nord), std::make_pair(EstPF(3), NordPF(3)));
   const auto a = CercaPFInArchivio(s, "pf07/012A/a123");
   ASSERT_TRUE(a);
-  EXPECT_EQ(a->Nome, "PF07/012A/A123");
-  EXPECT_DOUBLE_EQ(a->Nord, 10);
+  EXPECT_EQ(std::tie(a->Nome, a->Nord), std::make_tuple("PF07/012A/A123", 10.0));
   bool corta = true;
   EXPECT_FALSE(CercaPFInArchivio(s, "PF09/0120/A123", &corta));
   EXPECT_FALSE(corta);

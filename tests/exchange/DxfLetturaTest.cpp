@@ -2,21 +2,12 @@
 // keeps; damaged files.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
 #include "exchange/DxfTestiInPunto.h"
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
 #include "commands/Attese.h"
-#include "support/ProvaComandi.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -41,14 +32,10 @@ std::string Entita(const std::string& corpo) { return Coppie("0|SECTION|2|ENTITI
 
 class DxfIn : public ::testing::Test {
  protected:
-  prova::CartellaTemporanea dir;
-  InterfacciaRegistrata ui;
-  Sessione s;
-  void SetUp() override {
-    s.Ui = &ui;
-    s.CartellaProgramma = dir / "prog";
-    std::filesystem::create_directory(s.CartellaProgramma);
-  }
+  prova::SessioneProva p;
+  prova::CartellaTemporanea& dir = p.cartella;
+  InterfacciaRegistrata& ui = p.ui;
+  Sessione& s = p.s;
   EsitoDxfIn Leggi(const std::string& byte, const OpzioniDxfIn& o = Tutto()) {
     std::string errore;
     const auto f = RiduciDxf(byte, errore);
@@ -127,9 +114,8 @@ TEST_F(DxfIn, FileDiLavoroEPiani) {
   prova::ScriviFileProva(dir / "a.dxf", dxf);
   ASSERT_TRUE(ImportaDxf(s, dir / "a.dxf", Tutto())) << ui.Messaggi.back().Testo;
   EXPECT_EQ(prova::LeggiFileProva(PercorsoFileLavoroDxf(s)), f->Testo);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(prova::LeggiFileProva(dir / "prog/PIANI.INI"), "\"STRADE|B|\"\r\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.ContaEntita[SlotTesti]), std::make_tuple(1, 1));
+  EXPECT_EQ(prova::LeggiFileProva(dir / "programma/PIANI.INI"), "\"STRADE|B|\"\r\n");
 }
 
 TEST_F(DxfIn, StranezzeConservate) {
@@ -167,10 +153,8 @@ TEST_F(DxfIn, StranezzeConservate) {
   EXPECT_EQ(r[6], L(100, 100, 7, 3, 4, 7, "PIANO_MO"));
   EXPECT_EQ(r[7], (std::vector<std::string>{"T", "1.000000", "1.000000", "3.000000", "300.000000", "T", "due"}));
   EXPECT_EQ(r[8], (std::vector<std::string>{"C", "1.000000", "2.000000", "3.000000", "4.000000", "T"}));
-  EXPECT_EQ(s.LineaTratteggio[0], 1);
-  EXPECT_EQ(s.LineaColore[6], 5);
-  EXPECT_EQ(s.TestoColore[0], 5);
-  EXPECT_EQ(s.CerchioTratteggio[0], 3);
+  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.LineaColore[6], s.TestoColore[0], s.CerchioTratteggio[0]),
+            std::make_tuple(1, 5, 5, 3));
   EXPECT_TRUE(s.SlotModificato[SlotLinee]);
 }
 
@@ -181,12 +165,8 @@ TEST_F(DxfIn, PuntiNumerati) {
   o.Passo = 1;
   Leggi(Entita("0|POINT|10|1|20|2|30|3|0|POINT|10|4|0|POINT|0|LINE|10|1|11|2|"), o);
   ASSERT_EQ(s.ContaEntita[SlotPunti], 3);
-  EXPECT_EQ(s.PuntoNome[0], "A98b");
-  EXPECT_EQ(s.PuntoNome[1], "A99b");
-  EXPECT_EQ(s.PuntoNome[2], "A100b");
-  EXPECT_EQ(s.PuntoX[2], 4);
-  EXPECT_EQ(s.PuntoY[2], 2);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoNome[1], s.PuntoNome[2]), std::make_tuple("A98b", "A99b", "A100b"));
+  EXPECT_EQ(std::tie(s.PuntoX[2], s.PuntoY[2], s.ContaEntita[SlotLinee]), std::make_tuple(4.0, 2.0, 0));
   o.Check[DxfNumeraPunti] = false;
   Leggi(Entita("0|POINT|10|1|20|2|0|ENDSEC|"), o);
   EXPECT_EQ(s.PuntoNome[3], "");
@@ -224,13 +204,10 @@ TEST_F(DxfIn, FileGuasti) {
   Leggi(strano);
   ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
   EXPECT_EQ(s.TestoTesto[0].size(), grande.size());
-  EXPECT_EQ(s.TestoX[0], std::numeric_limits<double>::max());
-  EXPECT_EQ(s.TestoY[0], 0);
-  EXPECT_EQ(s.TestoAltezza[0], 4);
-  EXPECT_EQ(s.TestoPiano[0], std::string("A\0B", 3));
+  EXPECT_EQ(std::tie(s.TestoX[0], s.TestoY[0], s.TestoAltezza[0], s.TestoPiano[0]),
+            std::make_tuple(std::numeric_limits<double>::max(), 0.0, 4.0, std::string("A\0B", 3)));
   ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(s.LineaX1[0], 0);
-  EXPECT_EQ(s.LineaY1[0], 0);
+  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0]), std::make_tuple(0.0, 0.0));
 
   // Nothing read: the job is as it was, and the user is told.
   ClearAllTables(s);
@@ -249,27 +226,20 @@ TEST_F(DxfIn, InterrottoLasciaIlLavoro) {
   // Stopped after the first pass: the line it added goes again.
   EXPECT_FALSE(ImportaDxf(s, dir / "c.dxf", Tutto(), &e, [&](int64_t, int64_t) { return ++chiamate < 3; }));
   EXPECT_TRUE(e.Interrotto);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);
-  EXPECT_EQ(s.ContaEntita[SlotCerchi], 0);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.ContaEntita[SlotCerchi]), std::make_tuple(0, 0));
 }
 
 TEST_F(DxfIn, CheckDaDadxfUnaVolta) {
-  prova::ScriviFileProva(dir / "prog/Dadxf.ini", "1\r\n0,1\r\n0\r\n0\r\n1\r\n");
+  prova::ScriviFileProva(dir / "programma/Dadxf.ini", "1\r\n0,1\r\n0\r\n0\r\n1\r\n");
   s.CartellaUtente = dir / "utente";
   std::array<bool, NumeroCheckDxf> atteso{true, false, true, false, false, true, false, false, false};
   EXPECT_EQ(LeggiCheckDxf(s), atteso);
-  EXPECT_FALSE(prova::Esiste(dir / "prog/Dadxf.ini"));
+  EXPECT_FALSE(prova::Esiste(dir / "programma/Dadxf.ini"));
   atteso = {};
   atteso[DxfTesti] = atteso[DxfTestiInPunto] = true;
   ScriviCheckDxf(s, atteso);
   EXPECT_EQ(LeggiCheckDxf(s), atteso);
 }
-
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
 
 TEST(DxfTestiInPunto, CoincidentiPoiIlPiuVicino) {
   Sessione s;
@@ -296,36 +266,17 @@ TEST(DxfTestiInPunto, CoincidentiPoiIlPiuVicino) {
   OpzioniTestiInPunto o;
   o.EliminaLinee = true;
   EXPECT_EQ(ElaboraTestiInPunto(s, o), 6);
-  EXPECT_EQ(s.PuntoNome[p0], "103");
-  EXPECT_EQ(s.PuntoNome[p1], "102");
-  EXPECT_EQ(s.PuntoNome[altro], "");
-  EXPECT_EQ(s.PuntoDescrizione[p0], "spigolo");
-  EXPECT_EQ(s.PuntoDescrizione[p1], "");
-  EXPECT_EQ(s.PuntoZ[p0], 12.25);
-  EXPECT_EQ(s.PuntoZ[p1], 14);  // the comma ends the number
-  for (size_t t = 0; t < 6; ++t) EXPECT_EQ(s.TestoIdent[t], -1) << t;
-  EXPECT_EQ(s.TestoIdent[6], 0);
-  EXPECT_EQ(s.LineaIdent[0], 0);
-  EXPECT_EQ(s.LineaIdent[1], 0);
-  EXPECT_EQ(s.LineaIdent[2], -1);
+  EXPECT_EQ(std::tie(s.PuntoNome[p0], s.PuntoNome[p1], s.PuntoNome[altro]), std::make_tuple("103", "102", ""));
+  EXPECT_EQ(std::tie(s.PuntoDescrizione[p0], s.PuntoDescrizione[p1]), std::make_tuple("spigolo", ""));
+  EXPECT_EQ(std::tie(s.PuntoZ[p0], s.PuntoZ[p1]), std::make_tuple(12.25, 14.0));  // the comma ends the number
+  EXPECT_EQ(std::vector<int16_t>(s.TestoIdent.begin(), s.TestoIdent.begin() + 7), (std::vector<int16_t>{-1, -1, -1, -1, -1, -1, 0}));
+  EXPECT_EQ(std::tie(s.LineaIdent[0], s.LineaIdent[1], s.LineaIdent[2]), std::make_tuple(0, 0, -1));
 }
-
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
 
 // The two dialogs as the user goes through them: a drawing of a point with its name comes in,
 // the name goes onto the point, and the job goes out again.
-TEST(DxfDialoghi, ImportaPoiEsporta) {
-  prova::CartellaTemporanea dir;
-  InterfacciaRegistrata ui;
-  Sessione s;
-  s.Ui = &ui;
-  s.CartellaProgramma = dir / "prog";
-  s.CartellaUtente = dir / "prog";
-  std::filesystem::create_directory(s.CartellaProgramma);
+TEST_F(DxfIn, ImportaPoiEsporta) {
+  s.CartellaUtente = s.CartellaProgramma;
   s.NomeOriginale = s.NomeLavoro = dir / "LAVORO";
   s.ConfiguraPunti.Classi[ClassePunti].DimNome = 1.5;  // points come in drawn as the class says
   prova::ScriviFileProva(dir / "a.dxf", Coppie("0|SECTION|2|ENTITIES|0|POINT|8|PUNTI|10|5|20|6|30|7|"
@@ -342,13 +293,11 @@ TEST(DxfDialoghi, ImportaPoiEsporta) {
   ASSERT_TRUE(ScriviCampo(s, "FormDaDxf", "Piani", "NOMI|PUNTI"));
   ASSERT_TRUE(PremiBottone(s, "FormDaDxf", "Carica"));
   EXPECT_FALSE(DialogoAperto(s, "FormDaDxf"));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 0);  // its layer was left out
+  // The line's layer was left out.
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ContaEntita[SlotTesti], s.ContaEntita[SlotLinee]), std::make_tuple(1, 1, 0));
   EXPECT_FALSE(ui.Avanzamento.empty());
   ASSERT_TRUE(PremiBottone(s, "FormConvertiAutomatico", "OK"));
-  EXPECT_EQ(s.PuntoNome[0], "P12");
-  EXPECT_EQ(s.TestoIdent[0], -1);
+  EXPECT_EQ(std::tie(s.PuntoNome[0], s.TestoIdent[0]), std::make_tuple("P12", -1));
   // The checks are kept for the next import.
   EXPECT_EQ(LeggiCheckDxf(s)[DxfTestiInPunto], true);
 
@@ -362,20 +311,14 @@ TEST(DxfDialoghi, ImportaPoiEsporta) {
   ui.Rispondi(Risposta::No);  // do not open it
   ASSERT_TRUE(PremiBottone(s, "EsportaDxf", "OK"));
   ASSERT_EQ(ui.Domande.size(), 2u);
-  EXPECT_EQ(ui.Domande[0].Testo, "Il File\n" + (dir / "b.dxf") + "\nè esistente!\nSostituire con il nuovo?");
-  EXPECT_EQ(ui.Domande[0].Titolo, "File Esistente!!");
+  EXPECT_EQ(std::tie(ui.Domande[0].Testo, ui.Domande[0].Titolo),
+            std::make_tuple("Il File\n" + (dir / "b.dxf") + "\nè esistente!\nSostituire con il nuovo?", "File Esistente!!"));
   EXPECT_EQ(ui.Domande[1].Titolo, "Apertura file DXF ");
   EXPECT_EQ(prova::LeggiFileProva(dir / "b.dxf"),
             " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nTEXT\r\n 8\r\nPUNTI_N\r\n62\r\n1\r\n 10\r\n5\r\n 20\r\n6\r\n"
             " 40\r\n1.5\r\n 1\r\n P12\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
-  EXPECT_TRUE(prova::Esiste(dir / "prog/CFGDXF2000.ini"));
+  EXPECT_TRUE(prova::Esiste(dir / "programma/CFGDXF2000.ini"));
 }
-
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
 
 // The pairing by hand: a text picked, then its point, into the field the dialog names.
 TEST(DxfDialoghi, TestoInPuntoAMano) {
@@ -388,11 +331,9 @@ TEST(DxfDialoghi, TestoInPuntoAMano) {
   b.Script("TAG TESTO_IN_PUNTO\nFIELD FormTestoInPunto.Campo Descrizione\nCLICK left 19 2\n"
            "EXPECT prompt Testo in Punto - Punto :\nCLICK left 20 0\n"
            "FIELD FormTestoInPunto.Campo Quota\nCLICK left 1 2\nCLICK left 0 0\n");
-  EXPECT_EQ(b.s.PuntoDescrizione[1], "CIGLIO");
-  EXPECT_EQ(b.s.PuntoDescrizione[0], "");
+  EXPECT_EQ(std::tie(b.s.PuntoDescrizione[1], b.s.PuntoDescrizione[0]), std::make_tuple("CIGLIO", ""));
   EXPECT_EQ(b.s.PuntoZ[0], 12);  // the comma ends the number
-  EXPECT_EQ(b.s.TestoIdent[0], -1);
-  EXPECT_EQ(b.s.TestoIdent[1], -1);
+  EXPECT_EQ(std::tie(b.s.TestoIdent[0], b.s.TestoIdent[1]), std::make_tuple(-1, -1));
 }
 
 }  // namespace

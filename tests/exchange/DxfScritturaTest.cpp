@@ -2,16 +2,11 @@
 // symbol strokes, the options file.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfScrittura.h"
 #include "support/ProvaComandi.h"
 #include "view/ListaDisegno.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -208,12 +203,9 @@ TEST_F(DxfOutTest, OpzioniNelFile) {
             "\"\"\r\n\"/tmp/Citt\xE0.DXF\"\r\n1\r\n\"Arial\"\r\n1\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n"
             "\"DA FILE\"\r\n\"CURVE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n");
   const OpzioniDxfOut letto = LeggiOpzioniDxfOut(s);
-  EXPECT_TRUE(letto.TreD && letto.Nomi && letto.LineeSenzaQuota);
-  EXPECT_FALSE(letto.Quote);
-  EXPECT_EQ(letto.Percorso, 5);
-  EXPECT_EQ(letto.FileName, "/tmp/Città.DXF");
-  EXPECT_EQ(letto.Text1[4], "CURVE");
-  EXPECT_EQ(letto.Font, "Arial");
+  EXPECT_EQ(std::tie(letto.TreD, letto.Nomi, letto.LineeSenzaQuota, letto.Quote), std::make_tuple(true, true, true, false));
+  EXPECT_EQ(std::tie(letto.Percorso, letto.FileName, letto.Text1[4], letto.Font),
+            std::make_tuple(5, "/tmp/Città.DXF", "CURVE", "Arial"));
 
   // The fonts: the system's the first time, kept in elencofont.ini, then read from there.
   ui.Font = {"Arial", "DejaVu Sans"};

@@ -3,11 +3,7 @@
 // tables; damaged lines named, and nothing of a file that did not come in left behind.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "core/Avvio.h"
-#include "core/InterfacciaRegistrata.h"
-#include "core/Sessione.h"
 #include "exchange/ImportaPunti.h"
 #include "exchange/PuntiFile.h"
 #include "support/Supporto.h"
@@ -142,28 +138,21 @@ TEST(LeggiPunti, TantiDanniContatiENominatiIPrimi) {
 
 class ImportaPuntiProva : public ::testing::Test {
  protected:
-  prova::CartellaTemporanea dir;
-  InterfacciaRegistrata ui;
-  Sessione s;
-  void SetUp() override {
-    s.Ui = &ui;
-    s.CartellaProgramma = dir / "prog";
-    std::filesystem::create_directory(s.CartellaProgramma);
-    s.SolaLettura = true;  // no PIANI.INI written beside the tests
-  }
+  prova::SessioneProva p;
+  prova::CartellaTemporanea& dir = p.cartella;
+  InterfacciaRegistrata& ui = p.ui;
+  Sessione& s = p.s;
+  void SetUp() override { s.SolaLettura = true; }  // no PIANI.INI written beside the tests
 };
 
 TEST_F(ImportaPuntiProva, RigaDanneggiataInMezzo) {
   prova::ScriviFileProva(dir / "a.ril", "5=1\r\n38=10\r\n37=20\r\n\x7f\x01garbage\r\n5=2\r\n38=30\r\n37=40\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Ril, dir / "a.ril", {}));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(s.PuntoNome[1], "2");
-  EXPECT_EQ(s.PuntoX[1], 30);
-  EXPECT_EQ(s.PuntoPiano[0], "RIL");
-  EXPECT_EQ(s.PuntoFont[0], "Arial");
+  EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoPiano[0], s.PuntoFont[0]), std::make_tuple("2", 30.0, "RIL", "Arial"));
   ASSERT_EQ(ui.Messaggi.size(), 1u);
-  EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 4\n" + (dir / "a.ril"));
-  EXPECT_EQ(ui.Messaggi[0].Titolo, "CaricaPuntiRil");
+  EXPECT_EQ(std::tie(ui.Messaggi[0].Testo, ui.Messaggi[0].Titolo),
+            std::make_tuple("Riga non letta: 4\n" + (dir / "a.ril"), "CaricaPuntiRil"));
 }
 
 TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "core/Sessione.h"
 #include "store/Carica.h"
 #include "store/Salva.h"
 #include "support/Supporto.h"
@@ -65,9 +64,8 @@ TEST_F(CaricaRecord, RigheDegeneriCancellateMaContate) {
   EXPECT_EQ(Identi(s.CerchioIdent, s.ContaEntita[SlotCerchi]), "0 -1 ");  // a radius of exactly 0.001 stays
   EXPECT_EQ(Identi(s.ArcoIdent, s.ContaEntita[SlotArchi]), "0 -1 -1 ");
   EXPECT_EQ(Identi(s.TestoIdent, s.ContaEntita[SlotTesti]), "0 -1 ");     // blanks alone
-  EXPECT_EQ(s.LineaColore[0], 0);
-  EXPECT_EQ(s.TestoFont[0], "Arial");  // an empty font
-  EXPECT_EQ(s.FaldaColore[0], 0);
+  // An empty font is Arial.
+  EXPECT_EQ(std::tie(s.LineaColore[0], s.TestoFont[0], s.FaldaColore[0]), std::make_tuple(0, "Arial", 0));
 }
 
 TEST_F(CaricaRecord, ValoriNonNumericiScartatiEDetti) {
@@ -83,9 +81,9 @@ TEST_F(CaricaRecord, ValoriNonNumericiScartatiEDetti) {
   EXPECT_EQ(Identi(s.ArcoIdent, s.ContaEntita[SlotArchi]), "-1 0 ");
   EXPECT_EQ(Identi(s.BitmapIdent, s.ContaEntita[SlotBitmap]), "-1 0 ");
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo, "Righe scartate perché con valori non numerici o infiniti:\n.LIN: 1\n.ARC: 1\n.BTM: 1");
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Caricamento Lavoro");
-  EXPECT_EQ(p.ui.Messaggi[0].Tipo, Icona::Avviso);
+  EXPECT_EQ(std::tie(p.ui.Messaggi[0].Testo, p.ui.Messaggi[0].Titolo, p.ui.Messaggi[0].Tipo),
+            std::make_tuple("Righe scartate perché con valori non numerici o infiniti:\n.LIN: 1\n.ARC: 1\n.BTM: 1",
+                            "Caricamento Lavoro", Icona::Avviso));
 }
 
 TEST_F(CaricaRecord, VecchiaTavolozzaSoloPerVR2000) {
@@ -116,15 +114,11 @@ TEST_F(CaricaRecord, CodaParzialeContataAllaPariConIByteDelRecordPrecedente) {
   };
   // One and a half records: 1.5 rounds to 2; the half record takes the rest of the first.
   ASSERT_EQ(carica(a + b.substr(0, 128)), 2);
-  EXPECT_EQ(s.PuntoNome[1], "B");
-  EXPECT_EQ(s.PuntoX[1], 11);
-  EXPECT_EQ(s.PuntoPiano[1], "0");
-  EXPECT_EQ(s.PuntoFont[1], "Arial");
+  EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoPiano[1], s.PuntoFont[1]), std::make_tuple("B", 11.0, "0", "Arial"));
   EXPECT_EQ(carica(a + b + a.substr(0, 128)), 2);  // 2.5 rounds to 2: the tail is not read
   // A lone half record of the first row is completed with zeros.
   ASSERT_EQ(carica(a.substr(0, 129)), 1);
-  EXPECT_EQ(s.PuntoX[0], 10);
-  EXPECT_EQ(s.PuntoFont[0], "Courier New");
+  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoFont[0]), std::make_tuple(10.0, "Courier New"));
   EXPECT_EQ(carica(a.substr(0, 127)), 0);  // less than half a record is none
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }

@@ -3,7 +3,6 @@
 
 #include "core/Lista.h"
 #include "core/Piani.h"
-#include "core/Sessione.h"
 #include "store/Carica.h"
 #include "store/Cfg.h"
 #include "store/Salva.h"
@@ -32,37 +31,28 @@ TEST_F(CaricaTesti, CfgBloccoAConsumatoEBloccoBLetto) {
   Cfg("1725000.5,5031000.25,80",
       "1,2,3,4,5,6,\"L\"\r\n0\r\n7\r\n\"CORRENTE\"\r\n0\r\n\"7|1|2\"\r\n\"A.TAF|B.CFG|\"\r\n");
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.Vista.CentroEst, 1725000.5);
-  EXPECT_EQ(s.Vista.CentroNord, 5031000.25);
-  EXPECT_EQ(s.Vista.AltezzaVista, 80);
-  EXPECT_EQ(s.Imp.Colore_Default, 3);
-  EXPECT_EQ(s.Imp.TIPODISTANZA, 2);
-  EXPECT_EQ(s.Imp.MostraDescrizione, 0);
-  EXPECT_EQ(s.Cfg.VB(B_Parametri, 0).Testo, "7|1|2");
-  EXPECT_EQ(s.Cfg.VB(B_FileAssociati, 0).Testo, "A.TAF|B.CFG|");
+  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista), std::make_tuple(1725000.5, 5031000.25, 80.0));
+  EXPECT_EQ(std::tie(s.Imp.Colore_Default, s.Imp.TIPODISTANZA, s.Imp.MostraDescrizione), std::make_tuple(3, 2, 0));
+  EXPECT_EQ(std::tie(s.Cfg.VB(B_Parametri, 0).Testo, s.Cfg.VB(B_FileAssociati, 0).Testo), std::make_tuple("7|1|2", "A.TAF|B.CFG|"));
   EXPECT_EQ(s.Cfg.A(151, 0).Testo, "x");  // the last statement of block A
 
   // Ended after statement 17: the later statements keep what they held.
   s.Cfg.VB(B_Parametri, 0).Testo = "PRIMA";
   s.Cfg.VB(B_MostraDescrizione, 0).Numero = 1;
   Cfg("1,2,3");
-  EXPECT_EQ(s.Vista.AltezzaVista, 3);
-  EXPECT_EQ(s.Cfg.VB(B_Parametri, 0).Testo, "PRIMA");
-  EXPECT_EQ(s.Imp.MostraDescrizione, 1);
+  EXPECT_EQ(std::tie(s.Vista.AltezzaVista, s.Cfg.VB(B_Parametri, 0).Testo, s.Imp.MostraDescrizione), std::make_tuple(3.0, "PRIMA", 1));
 
   // Block A joined on one line: items, not lines, are counted.
   std::string unito = prova::CfgManuale("VR2020", "10,20,30");
   for (size_t k = 0; k < 152; ++k) unito.replace(unito.find("\r\n"), 2, ",");
   Scrivi(".CFG", unito);
   CaricaCFGProvvisorio(s);
-  EXPECT_EQ(s.Vista.CentroEst, 10);
-  EXPECT_EQ(s.Vista.AltezzaVista, 30);
+  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.Vista.AltezzaVista), std::make_tuple(10.0, 30.0));
 
   // Another edition: block B is not read.
   Scrivi(".CFG", prova::CfgManuale("VR1999", "7,8,9"));
   CaricaCFGProvvisorio(s);
-  EXPECT_EQ(s.Edizione, "VR1999");
-  EXPECT_EQ(s.Vista.AltezzaVista, 30);
+  EXPECT_EQ(std::tie(s.Edizione, s.Vista.AltezzaVista), std::make_tuple("VR1999", 30.0));
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
 
@@ -76,10 +66,8 @@ TEST_F(CaricaTesti, CfgTroncatoOSporcoDaIlBoxENonRompe) {
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
   EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Input past end of file"));
   EXPECT_EQ(s.Cfg.A(1, 0).Numero, 2);  // what the file had is taken
-  std::string sporco;
-  for (int i = 0; i < 5000; ++i) sporco.push_back(static_cast<char>((i * 7919) % 256));
   p.ui.Messaggi.clear();
-  Scrivi(".CFG", sporco);
+  Scrivi(".CFG", prova::Spazzatura(5000));
   CaricaCFGProvvisorio(s);
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
   EXPECT_EQ(p.ui.Messaggi[0].Testo.rfind("Si è verificato questo errore : Type mismatch: riga ", 0), 0u);
@@ -98,8 +86,7 @@ TEST_F(CaricaTesti, CfgTroncatoOSporcoDaIlBoxENonRompe) {
     CaricaCFGProvvisorio(s);
     ASSERT_EQ(p.ui.Messaggi.size(), 1u);
     EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Type mismatch: riga " + std::to_string(riga)));
-    EXPECT_EQ(s.Vista.AltezzaVista, 55);
-    EXPECT_EQ(s.Cfg.A(1, 0).Numero, 2);
+    EXPECT_EQ(std::tie(s.Vista.AltezzaVista, s.Cfg.A(1, 0).Numero), std::make_tuple(55.0, 2.0));
   }
   Cfg("10,20,30");  // mended, it is read
   EXPECT_EQ(s.Vista.AltezzaVista, 30);
@@ -154,9 +141,8 @@ TEST_F(CaricaTesti, InfTesti126ECelConLeRigheChiuse) {
   Scrivi(".CEL", "\xE8\n");
   CaricaInf(s);
   CaricaTesto126Cel(s);
-  EXPECT_EQ(s.NomeOriginale, "/home/geometra/LAVORI/ROSSI");
-  EXPECT_EQ(s.Testo126, "riga uno\r\nriga due\r\n");
-  EXPECT_EQ(s.TestoCel, "è\r\n");
+  EXPECT_EQ(std::tie(s.NomeOriginale, s.Testo126, s.TestoCel),
+            std::make_tuple("/home/geometra/LAVORI/ROSSI", "riga uno\r\nriga due\r\n", "è\r\n"));
 }
 
 TEST_F(CaricaTesti, LibrettoSenzaRiguardoAlleMaiuscoleODiRipiego) {
@@ -196,11 +182,8 @@ TEST_F(CaricaTesti, PuntiPDPVDaContornoSette) {
                      prova::RecordPuntoBase("102", 1, 2, 3).Car(42, 40, "<PV>ALBERO").Byte());
   Scrivi(".HAT", "0,\"101|x\",\"PD\",\"\",1,1\r\n0,\"102\",\"PV\",\"\",1,1\r\n0,\"101\",\"COGO\",\"\",1,1\r\n");
   CaricaLavoro(s);
-  EXPECT_EQ(s.PuntoDescrizione[0], "<PD>");
-  EXPECT_EQ(s.PuntoDescrizione[1], "<PV>ALBERO");
-  EXPECT_EQ(s.SetteIdent[0], -1);
-  EXPECT_EQ(s.SetteIdent[1], -1);
-  EXPECT_EQ(s.SetteIdent[2], 0);
+  EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1]), std::make_tuple("<PD>", "<PV>ALBERO"));
+  EXPECT_EQ(std::tie(s.SetteIdent[0], s.SetteIdent[1], s.SetteIdent[2]), std::make_tuple(-1, -1, 0));
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 // The archive of jobs, the recent list, the provisional copies left behind, inclusion.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "core/Sessione.h"
 #include "store/Registro.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
@@ -16,13 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using prova::ScriviFileProva;
 
-// The example job copied under `cartella` as RILIEVO.*.
-std::string CopiaEsempio(const std::string& cartella) {
-  fs::create_directories(cartella);
-  for (const auto& f : fs::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
-    if (f.path().stem() == "RILIEVO") fs::copy_file(f.path(), cartella + "/" + f.path().filename().string());
-  return cartella + "/RILIEVO";
-}
+using prova::CopiaEsempio;
 
 TEST(Registro, ArchivioConVirgoleNellaDescrizione) {
   prova::SessioneProva p;
@@ -31,13 +22,11 @@ TEST(Registro, ArchivioConVirgoleNellaDescrizione) {
                   "/home/g/LAVORI/BIANCHI,Rilievo, casa e orto,01/02/2022\r\n\r\n");
   const auto righe = CaricaGriglia(p.s);
   ASSERT_EQ(righe.size(), 2u);
-  EXPECT_EQ(righe[0].Percorso, "C:\\LAVORI\\ROSSI.CFG");
-  EXPECT_EQ(righe[0].Nome, "ROSSI");
-  EXPECT_EQ(righe[0].Descrizione, "Frazionamento");
-  EXPECT_EQ(righe[0].Data, "12/03/2021");
-  EXPECT_EQ(righe[1].Percorso, "/home/g/LAVORI/BIANCHI.CFG");  // ".CFG" added
-  EXPECT_EQ(righe[1].Descrizione, "Rilievo");
-  EXPECT_EQ(righe[1].Data, "casa e orto");  // the comma pushed the date along
+  EXPECT_EQ(std::tie(righe[0].Percorso, righe[0].Nome, righe[0].Descrizione, righe[0].Data),
+            std::make_tuple("C:\\LAVORI\\ROSSI.CFG", "ROSSI", "Frazionamento", "12/03/2021"));
+  // ".CFG" added; the comma pushed the date along.
+  EXPECT_EQ(std::tie(righe[1].Percorso, righe[1].Descrizione, righe[1].Data),
+            std::make_tuple("/home/g/LAVORI/BIANCHI.CFG", "Rilievo", "casa e orto"));
 }
 
 TEST(Registro, LavoriRecentiESvuotamento) {
@@ -46,8 +35,8 @@ TEST(Registro, LavoriRecentiESvuotamento) {
   EXPECT_EQ(LavoriRecenti(p.s), (std::vector<std::string>{"/a/UNO.CFG", "/b/DUE.CFG"}));
   p.ui.Rispondi(Risposta::No);
   EXPECT_FALSE(SvuotaLavoriRecenti(p.s));
-  EXPECT_EQ(p.ui.Domande.back().Testo, "Eliminare Lavori Recenti ?? ");
-  EXPECT_EQ(p.ui.Domande.back().Titolo, "Eliminazione Lavori Recenti");
+  EXPECT_EQ(std::tie(p.ui.Domande.back().Testo, p.ui.Domande.back().Titolo),
+            std::make_tuple("Eliminare Lavori Recenti ?? ", "Eliminazione Lavori Recenti"));
   p.ui.Rispondi(Risposta::Si);
   EXPECT_TRUE(SvuotaLavoriRecenti(p.s));
   EXPECT_TRUE(LavoriRecenti(p.s).empty());
@@ -71,9 +60,8 @@ TEST(Registro, CopiaProvvisoriaRecuperataDopoUnaChiusuraMancata) {
   EXPECT_FALSE(RecuperaLavoroAperto(dopo.s, ""));
   EXPECT_EQ(dopo.ui.Messaggi.back().Testo, "Selezionare una riga!");
   ASSERT_TRUE(RecuperaLavoroAperto(dopo.s, aperti[0].Voce));
-  EXPECT_EQ(dopo.s.NomeOriginale, base);
-  EXPECT_EQ(dopo.s.PuntoNome[0], "PF99/0010/G693");
-  EXPECT_EQ(dopo.s.ContaEntita[SlotPunti], 20);
+  EXPECT_EQ(std::tie(dopo.s.NomeOriginale, dopo.s.PuntoNome[0], dopo.s.ContaEntita[SlotPunti]),
+            std::make_tuple(base, "PF99/0010/G693", 20));
   // Saved to its original: the user's job now has the edit, the copy is gone.
   ASSERT_TRUE(SalvaLavoroAperto(dopo.s, aperti[0].Voce));
   EXPECT_TRUE(ElencaLavoriAperti(dopo.s).empty());
@@ -89,8 +77,8 @@ TEST(Registro, EliminaLavoroETuttiIProvvisori) {
   ScriviFileProva(p.cartella / "lavori/RILIEVO2.CFG", "");
   p.ui.Rispondi(Risposta::Si);
   ASSERT_TRUE(EliminaLavoro(p.s, base + ".CFG"));
-  EXPECT_EQ(p.ui.Domande.back().Testo, "Eliminare definitivamente il Lavoro RILIEVO");
-  EXPECT_EQ(p.ui.Domande.back().Titolo, "Elimina Lavoro");
+  EXPECT_EQ(std::tie(p.ui.Domande.back().Testo, p.ui.Domande.back().Titolo),
+            std::make_tuple("Eliminare definitivamente il Lavoro RILIEVO", "Elimina Lavoro"));
   EXPECT_FALSE(prova::Esiste(base + ".LLL"));
   EXPECT_TRUE(prova::Esiste(p.cartella / "lavori/RILIEVO2.CFG"));  // another job's name
   ScriviFileProva(p.s.CartellaLavoro + "PROVVISO/X_1.CFG", "");
@@ -103,18 +91,14 @@ TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   const std::string base = CopiaEsempio(p.cartella / "lavori");
   ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".CFG"));
   const size_t prima = p.ui.Messaggi.size();
-  std::string riga(130, ' ');
-  riga.replace(0, 4, "A123").replace(8, 2, "12").replace(16, 1, "1");
-  riga.replace(101, 12, "    2000.000").replace(114, 12, "    1000.000");
   const std::string taf = p.cartella / "FIDUCIALI.TAF";
-  ScriviFileProva(taf, riga + "\r\n");
+  ScriviFileProva(taf, prova::RigaFiduciale(1) + "\r\n");
   ASSERT_TRUE(IncludiDisegno(p.s, {taf, "/dati/MANCANTE.TAF"}));
   EXPECT_EQ(p.s.Cfg.VB(B_FileAssociati, 0).Testo, taf + "|/dati/MANCANTE.TAF|");
   // The table's point comes on INCLUSI; a table gone since is passed over in silence.
   EXPECT_EQ(p.ui.Messaggi.size(), prima);
   ASSERT_EQ(p.s.ContaEntita[SlotPunti], 21);
-  EXPECT_EQ(p.s.PuntoNome[20], "PF01/0120/A123");
-  EXPECT_EQ(p.s.PuntoPiano[20], "INCLUSI");
+  EXPECT_EQ(std::tie(p.s.PuntoNome[20], p.s.PuntoPiano[20]), std::make_tuple("PF01/0120/A123", "INCLUSI"));
 }
 
 }  // namespace

@@ -3,14 +3,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "core/File.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
-#include "store/Carica.h"
 #include "store/Cfg.h"
-#include "store/Salva.h"
 #include "store/LavoroProva.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -104,12 +99,10 @@ TEST_F(Salvataggi, LineeCerchiArchiTestiFaldeEVertici) {
     s.CurvaFlag[r] = static_cast<uint8_t>(k == 0 ? 1 : 0), s.CurvaX[r] = 10.5 + k, s.CurvaY[r] = -3;
   }
   SalvaTutto(s, true);
-  EXPECT_EQ(File(".LIN"), prova::RecordLinea());
-  EXPECT_EQ(File(".CER"), RecordCerchio(7));
-  EXPECT_EQ(File(".ARC"), prova::RecordArco());
-  EXPECT_EQ(File(".TES"), prova::RecordTesto());
-  EXPECT_EQ(File(".EQU"), prova::RecordFalda());
-  EXPECT_EQ(File(".CUV"), Vertice(1, 10.5) + Vertice(0, 11.5));
+  EXPECT_EQ(std::make_tuple(File(".LIN"), File(".CER"), File(".ARC")),
+            std::make_tuple(prova::RecordLinea(), RecordCerchio(7), prova::RecordArco()));
+  EXPECT_EQ(std::make_tuple(File(".TES"), File(".EQU"), File(".CUV")),
+            std::make_tuple(prova::RecordTesto(), prova::RecordFalda(), Vertice(1, 10.5) + Vertice(0, 11.5)));
 }
 
 TEST_F(Salvataggi, MembriDiTesto) {

@@ -2,17 +2,13 @@
 // question, and a job with every member through load, save and load again.
 #include <gtest/gtest.h>
 
-#include "core/File.h"
 #include "core/Record.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
-#include "store/Carica.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
 #include "store/LavoroProva.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -163,9 +159,9 @@ TEST_F(Salvataggio, UnMembroLettoConErroreNonVieneRiscrittoNeRuotato) {
   EXPECT_EQ(LeggiFileProva(base + ".HAK"), buono);
   EXPECT_EQ(MembriDi(base).at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Salva Lavoro");
-  EXPECT_EQ(p.ui.Messaggi[0].Testo,
-            "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:\nROSSI.HAT");
+  EXPECT_EQ(std::tie(p.ui.Messaggi[0].Titolo, p.ui.Messaggi[0].Testo),
+            std::make_tuple("Salva Lavoro",
+                            "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:\nROSSI.HAT"));
 }
 
 TEST_F(Salvataggio, LeRigheCancellateRestanoFinoAllaRiapertura) {
@@ -175,8 +171,7 @@ TEST_F(Salvataggio, LeRigheCancellateRestanoFinoAllaRiapertura) {
   ASSERT_TRUE(Salva(s));
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
   Apri();
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(s.LineaPiano[0], "FABBRIC");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaPiano[0]), std::make_tuple(1, "FABBRIC"));
 }
 
 TEST_F(Salvataggio, IlLavoroNuovoPassaSempreDalSalvaConNome) {
@@ -195,8 +190,8 @@ TEST_F(Salvataggio, IlLavoroNuovoPassaSempreDalSalvaConNome) {
   const std::string vecchioProvvisorio = s.NomeLavoro;
   p.ui.RispondiFile(lavori + "bianchi.cfg");
   ASSERT_TRUE(Salva(s));
-  EXPECT_EQ(s.NomeOriginale, lavori + "BIANCHI");
-  EXPECT_EQ(s.NomeLavoro, s.CartellaLavoro + "PROVVISO/BIANCHI_20262111103015");
+  EXPECT_EQ(std::tie(s.NomeOriginale, s.NomeLavoro),
+            std::make_tuple(lavori + "BIANCHI", s.CartellaLavoro + "PROVVISO/BIANCHI_20262111103015"));
   EXPECT_EQ(LeggiFileProva(PercorsoDiario(s)), " 1 \r\n 1 \r\n");
   EXPECT_EQ(LeggiFileProva(lavori + "BIANCHI.TES").size(), 256u);
   EXPECT_TRUE(MembriDi(vecchioProvvisorio).empty());
@@ -213,15 +208,14 @@ TEST_F(Salvataggio, SalvaConNomeChiedePrimaDiSovrascrivere) {
   p.ui.Rispondi(Risposta::No);
   EXPECT_FALSE(VR_SalvaConNome(s));
   ASSERT_EQ(p.ui.Domande.size(), 1u);
-  EXPECT_EQ(p.ui.Domande[0].Testo, "Il file :\r\n" + lavori + "VERDI\r\nè esistente!\r\nSalvare ugualmente?");
-  EXPECT_EQ(p.ui.Domande[0].Tipo, Icona::Avviso);
+  EXPECT_EQ(std::tie(p.ui.Domande[0].Testo, p.ui.Domande[0].Tipo),
+            std::make_tuple("Il file :\r\n" + lavori + "VERDI\r\nè esistente!\r\nSalvare ugualmente?", Icona::Avviso));
   EXPECT_EQ(LeggiFileProva(lavori + "VERDI.CFG"), "\"VR2020\"\r\n");
 
   p.ui.RispondiFile(lavori + "VERDI.CFG");
   p.ui.Rispondi(Risposta::Si);
   ASSERT_TRUE(VR_SalvaConNome(s));
-  EXPECT_EQ(s.NomeOriginale, lavori + "VERDI");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(std::tie(s.NomeOriginale, s.ContaEntita[SlotLinee]), std::make_tuple(lavori + "VERDI", 1));
   EXPECT_EQ(MembriDi(lavori + "ROSSI"), rossi);  // the old job is left as it was
   // The old set was copied over the new name first: it is what the backups hold now, and a
   // member only the overwritten job had became a backup too.
@@ -235,11 +229,10 @@ TEST_F(Salvataggio, NuovoLavoroVuotoConLeImpostazioniDelPrecedente) {
   s.Vista.AltezzaVista = 321;
   p.ui.RispondiFile(lavori + "Vuoto.CFG");
   ASSERT_TRUE(VR_CreaNuovoLavoroVuoto(s));
-  EXPECT_EQ(s.NomeOriginale, lavori + "Vuoto");
-  EXPECT_EQ(s.NomeLavoro, s.CartellaLavoro + "PROVVISO/Vuoto_20262111103015");
-  EXPECT_EQ(s.ContaEntita[SlotPunti] + s.ContaEntita[SlotLinee], 0);
-  EXPECT_EQ(s.Vista.AltezzaVista, 321);
-  EXPECT_EQ(s.PianoCorrente, "EDIFICI");
+  EXPECT_EQ(std::tie(s.NomeOriginale, s.NomeLavoro),
+            std::make_tuple(lavori + "Vuoto", s.CartellaLavoro + "PROVVISO/Vuoto_20262111103015"));
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotPunti] + s.ContaEntita[SlotLinee], s.Vista.AltezzaVista, s.PianoCorrente),
+            std::make_tuple(0, 321.0, "EDIFICI"));
   EXPECT_EQ(s.Cfg.A(151, 0).Testo, "v264");  // block A of the previous job, to its last value
   EXPECT_EQ(LeggiFileProva(PercorsoDiario(s)), " 1 \r\n 1 \r\n");
 }
@@ -251,16 +244,15 @@ TEST_F(Salvataggio, LaDomandaDiChiusura) {
   p.ui.Rispondi(Risposta::Annulla);
   EXPECT_FALSE(ChiusuraLavoro(s, true));
   ASSERT_EQ(p.ui.Domande.size(), 1u);
-  EXPECT_EQ(p.ui.Domande[0].Titolo, "Chiusura Programma");
-  EXPECT_EQ(p.ui.Domande[0].Testo, "Salvare il Lavoro?");
+  EXPECT_EQ(std::tie(p.ui.Domande[0].Titolo, p.ui.Domande[0].Testo), std::make_tuple("Chiusura Programma", "Salvare il Lavoro?"));
   EXPECT_FALSE(MembriDi(s.NomeLavoro).empty());
 
   ScriviFileProva(FileLibrettoPredefinito(s), s.NomeLavoro + ".TXT\r\n");
   p.ui.Rispondi(Risposta::No);
   EXPECT_TRUE(ChiusuraLavoro(s, false));
   EXPECT_FALSE(Esiste(FileLibrettoPredefinito(s)));
-  EXPECT_EQ(p.ui.Domande[1].Titolo, "Chiusura Lavoro Aperto");
-  EXPECT_EQ(p.ui.Domande[1].Testo, "Salvare le modifiche al Lavoro Attuale?");
+  EXPECT_EQ(std::tie(p.ui.Domande[1].Titolo, p.ui.Domande[1].Testo),
+            std::make_tuple("Chiusura Lavoro Aperto", "Salvare le modifiche al Lavoro Attuale?"));
   EXPECT_TRUE(prova::NomiIn(s.CartellaLavoro + "PROVVISO").empty());
   EXPECT_EQ(MembriDi(base), prima);
 
@@ -349,9 +341,8 @@ TEST_F(Salvataggio, CaricaSalvaCaricaConservaOgniValoreDiOgniMembro) {
   VR_ApriLavoro(q.s);
   StessoLavoro(s, q.s);
   // The environment's settings are read over those the job carries, which the file keeps.
-  EXPECT_EQ(q.s.Cfg.VB(B_FattoreZoom, 0).Numero, 0.5);
-  EXPECT_EQ(q.s.Cfg.VB(B_ColoreDefault, 0).Numero, 3);
-  EXPECT_EQ(q.s.Imp.FATTORE_DI_ZOOM, 50);
+  EXPECT_EQ(std::tie(q.s.Cfg.VB(B_FattoreZoom, 0).Numero, q.s.Cfg.VB(B_ColoreDefault, 0).Numero, q.s.Imp.FATTORE_DI_ZOOM),
+            std::make_tuple(0.5, 3.0, 50.0));
   EXPECT_EQ(q.s.TestoTesto[0], "VIA À");
 }
 

@@ -1,17 +1,9 @@
 // Snapshots, the journal, undo and redo, and the sharing of members between generations.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <map>
-
-#include "core/File.h"
-#include "core/Sessione.h"
 #include "core/Testo.h"
-#include "store/Carica.h"
-#include "store/Salva.h"
 #include "store/Undo.h"
 #include "store/LavoroProva.h"
-#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -48,8 +40,7 @@ TEST_P(Undo, LAperturaFaLaPrimaGenerazioneEUndoNonFaNulla) {
   // An edit not yet committed: undo with one generation neither reloads nor clears.
   s.LineaIdent[1] = -1;
   EXPECT_FALSE(VR_UNDO(s));
-  EXPECT_EQ(s.LineaIdent[1], -1);
-  EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
+  EXPECT_EQ(std::make_tuple(s.LineaIdent[1], Diario()), std::make_tuple(-1, " 1 \r\n 1 \r\n"));
   EXPECT_FALSE(VR_REDO(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
@@ -67,10 +58,9 @@ TEST_P(Undo, LAperturaNonRiscriveIMembriCheLeTabelleRestituiscono) {
     VR_ApriLavoro(s);
   }
   const std::string foglia = Foglia(s.NomeLavoro);
-  EXPECT_EQ(scritture[foglia + ".LIN"], 1);
-  EXPECT_EQ(scritture[foglia + ".TES"], 1);
   // The points of this job are read with their zero sizes made good: written again.
-  EXPECT_EQ(scritture[foglia + ".LLL"], 2);
+  EXPECT_EQ(std::make_tuple(scritture[foglia + ".LIN"], scritture[foglia + ".TES"], scritture[foglia + ".LLL"]),
+            std::make_tuple(1, 1, 2));
   EXPECT_EQ(MembriDi(Gen(1, "")), MembriDi(s.NomeLavoro));
   EXPECT_EQ(Diario(), " 1 \r\n 1 \r\n");
 }
@@ -83,15 +73,12 @@ TEST_P(Undo, RigheCancellateCompattateAllaRiletturaEDopoLUndo) {
   EXPECT_EQ(s.ContaEntita[SlotLinee], 4);  // still counted until a reload
 
   ASSERT_TRUE(VR_UNDO(s));
-  EXPECT_EQ(Diario(), " 1 \r\n 2 \r\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 4);
-  EXPECT_EQ(s.LineaIdent[1], 0);
-  EXPECT_EQ(s.LineaX1[2], 1725020);
+  EXPECT_EQ(std::make_tuple(Diario(), s.ContaEntita[SlotLinee], s.LineaIdent[1], s.LineaX1[2]),
+            std::make_tuple(" 1 \r\n 2 \r\n", 4, 0, 1725020.0));
 
   ASSERT_TRUE(VR_REDO(s));
-  EXPECT_EQ(Diario(), " 2 \r\n 2 \r\n");
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(s.LineaX1[1], 1725020);  // the row after the deleted one took its number
+  // The row after the deleted one took its number.
+  EXPECT_EQ(std::make_tuple(Diario(), s.ContaEntita[SlotLinee], s.LineaX1[1]), std::make_tuple(" 2 \r\n 2 \r\n", 3, 1725020.0));
   EXPECT_FALSE(VR_REDO(s));
 }
 
@@ -116,21 +103,19 @@ TEST_P(Undo, UnMembroAssenteNellaGenerazioneEAssenteDopoIlRipristino) {
   // A stray copy of another letter case counts as the member too.
   prova::ScriviFileProva(s.NomeLavoro + ".cer", "estraneo");
   ASSERT_TRUE(VR_UNDO(s));
-  EXPECT_EQ(s.ContaEntita[SlotCerchi], 0);
-  EXPECT_EQ(s.Testo126, "");
-  EXPECT_FALSE(EsisteFile(s.NomeLavoro + ".CER"));
-  EXPECT_FALSE(EsisteFile(s.NomeLavoro + ".126"));
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotCerchi], s.Testo126, EsisteFile(s.NomeLavoro + ".CER"),
+                            EsisteFile(s.NomeLavoro + ".126")),
+            std::make_tuple(0, "", false, false));
   ASSERT_TRUE(VR_REDO(s));
-  EXPECT_EQ(s.ContaEntita[SlotCerchi], 1);
-  EXPECT_EQ(s.Testo126, "nota\r\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotCerchi], s.Testo126), std::make_tuple(1, "nota\r\n"));
 }
 
 TEST_P(Undo, OgniGenerazioneRipristinaEsattamenteIlSuoInsiemeDiFile) {
   std::vector<std::map<std::string, std::string>> insiemi{MembriDi(s.NomeLavoro)};
   s.Vista.BordoSinistro = -3, s.Vista.RapportoVista = 1.25;
   SpostaLinea(3, 1725100);
-  EXPECT_EQ(s.Vista.BordoSinistro, -3);  // a snapshot leaves the view as it stands
-  EXPECT_EQ(s.Vista.RapportoVista, 1.25);
+  // A snapshot leaves the view as it stands.
+  EXPECT_EQ(std::tie(s.Vista.BordoSinistro, s.Vista.RapportoVista), std::make_tuple(-3.0, 1.25));
   insiemi.push_back(MembriDi(s.NomeLavoro));
   s.PuntoX[2] = 1;
   SegnaModificato(s, SlotPunti);

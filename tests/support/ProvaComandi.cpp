@@ -1,7 +1,5 @@
 #include "support/ProvaComandi.h"
 
-#include <filesystem>
-
 #include "store/Carica.h"
 #include "store/Undo.h"
 #include "view/Rigenera.h"
@@ -12,14 +10,10 @@ int32_t MettiPunto(Sessione& s, const std::string& nome, double x, double y, dou
   DimensionaPunti(s);
   const int32_t r = s.ContaEntita[SlotPunti]++;
   const auto k = static_cast<size_t>(r);
-  s.PuntoIdent[k] = 0;
-  s.PuntoNome[k] = nome;
-  s.PuntoX[k] = x, s.PuntoY[k] = y, s.PuntoZ[k] = z;
-  s.PuntoDimensioneSimbolo[k] = s.PuntoDimensioneNome[k] = s.PuntoDimensioneQuota[k] = 1;
-  s.PuntoDimensioneDescrizione[k] = 1;
+  s.PuntoIdent[k] = 0, s.PuntoNome[k] = nome, s.PuntoX[k] = x, s.PuntoY[k] = y, s.PuntoZ[k] = z;
+  s.PuntoDimensioneSimbolo[k] = s.PuntoDimensioneNome[k] = s.PuntoDimensioneQuota[k] = s.PuntoDimensioneDescrizione[k] = 1;
   s.PuntoColoreSimbolo[k] = s.PuntoColoreNome[k] = s.PuntoColoreQuota[k] = s.PuntoColoreDescrizione[k] = 1;
-  s.PuntoPiano[k] = "0";
-  s.PuntoFont[k] = "Arial";
+  s.PuntoPiano[k] = "0", s.PuntoFont[k] = "Arial";
   return r;
 }
 
@@ -27,12 +21,9 @@ int32_t MettiLinea(Sessione& s, double x1, double y1, double x2, double y2, doub
   DimensionaLinee(s);
   const int32_t r = s.ContaEntita[SlotLinee]++;
   const auto k = static_cast<size_t>(r);
-  s.LineaIdent[k] = 0;
-  s.LineaX1[k] = x1, s.LineaY1[k] = y1, s.LineaZ1[k] = z1;
+  s.LineaIdent[k] = 0, s.LineaX1[k] = x1, s.LineaY1[k] = y1, s.LineaZ1[k] = z1;
   s.LineaX2[k] = x2, s.LineaY2[k] = y2, s.LineaZ2[k] = z2;
-  s.LineaColore[k] = 1;
-  s.LineaTratteggio[k] = 1;
-  s.LineaPiano[k] = "0";
+  s.LineaColore[k] = s.LineaTratteggio[k] = 1, s.LineaPiano[k] = "0";
   return r;
 }
 
@@ -40,11 +31,8 @@ int32_t MettiCerchio(Sessione& s, double x, double y, double raggio, double z) {
   DimensionaCerchi(s);
   const int32_t r = s.ContaEntita[SlotCerchi]++;
   const auto k = static_cast<size_t>(r);
-  s.CerchioIdent[k] = 0;
-  s.CerchioX[k] = x, s.CerchioY[k] = y, s.CerchioZ[k] = z, s.CerchioRaggio[k] = raggio;
-  s.CerchioColore[k] = 1;
-  s.CerchioTratteggio[k] = 1;
-  s.CerchioPiano[k] = "0";
+  s.CerchioIdent[k] = 0, s.CerchioX[k] = x, s.CerchioY[k] = y, s.CerchioZ[k] = z, s.CerchioRaggio[k] = raggio;
+  s.CerchioColore[k] = s.CerchioTratteggio[k] = 1, s.CerchioPiano[k] = "0";
   return r;
 }
 
@@ -53,13 +41,9 @@ int32_t MettiArco(Sessione& s, double x, double y, double raggio, double inizio,
   DimensionaArchi(s);
   const int32_t r = s.ContaEntita[SlotArchi]++;
   const auto k = static_cast<size_t>(r);
-  s.ArcoIdent[k] = 0;
-  s.ArcoX[k] = x, s.ArcoY[k] = y, s.ArcoRaggio[k] = raggio;
-  s.ArcoInizio[k] = inizio, s.ArcoFine[k] = ampiezza;
-  s.ArcoQuotaInizio[k] = z0, s.ArcoQuotaFinale[k] = z1;
-  s.ArcoColore[k] = 1;
-  s.ArcoTratteggio[k] = 1;
-  s.ArcoPiano[k] = "0";
+  s.ArcoIdent[k] = 0, s.ArcoX[k] = x, s.ArcoY[k] = y, s.ArcoRaggio[k] = raggio;
+  s.ArcoInizio[k] = inizio, s.ArcoFine[k] = ampiezza, s.ArcoQuotaInizio[k] = z0, s.ArcoQuotaFinale[k] = z1;
+  s.ArcoColore[k] = s.ArcoTratteggio[k] = 1, s.ArcoPiano[k] = "0";
   return r;
 }
 
@@ -67,12 +51,8 @@ int32_t MettiTesto(Sessione& s, double x, double y, const std::string& testo) {
   DimensionaTesti(s);
   const int32_t r = s.ContaEntita[SlotTesti]++;
   const auto k = static_cast<size_t>(r);
-  s.TestoIdent[k] = 0;
-  s.TestoX[k] = x, s.TestoY[k] = y;
-  s.TestoAltezza[k] = 1;
-  s.TestoColore[k] = 1;
-  s.TestoTesto[k] = testo;
-  s.TestoPiano[k] = "0";
+  s.TestoIdent[k] = 0, s.TestoX[k] = x, s.TestoY[k] = y, s.TestoAltezza[k] = 1, s.TestoColore[k] = 1;
+  s.TestoTesto[k] = testo, s.TestoPiano[k] = "0";
   return r;
 }
 
@@ -80,40 +60,26 @@ int32_t MettiImmagine(Sessione& s, double x, double y, double larghezza, double 
   DimensionaBitmap(s);
   const int32_t r = s.ContaEntita[SlotBitmap]++;
   const auto k = static_cast<size_t>(r);
-  s.BitmapIdent[k] = 0;
-  s.BitmapNomeFile[k] = "FOGLIO.PNG";
-  s.BitmapX[k] = x, s.BitmapY[k] = y;
-  s.BitmapLarghezza[k] = larghezza, s.BitmapAltezza[k] = altezza;
-  s.BitmapScalaLar[k] = s.BitmapScalaAlt[k] = scala;
+  s.BitmapIdent[k] = 0, s.BitmapNomeFile[k] = "FOGLIO.PNG", s.BitmapX[k] = x, s.BitmapY[k] = y;
+  s.BitmapLarghezza[k] = larghezza, s.BitmapAltezza[k] = altezza, s.BitmapScalaLar[k] = s.BitmapScalaAlt[k] = scala;
   s.BitmapPiano[k] = "0";
   return r;
 }
 
 int64_t MettiRecordLista(Sessione& s, uint8_t tipo, int32_t riga, double x1, double y1, double x2, double y2) {
   RecordDisegno r;
-  r.Tipo = tipo;
-  r.Riga = riga;
-  r.X1 = x1, r.Y1 = y1, r.X2 = x2, r.Y2 = y2;
-  r.Colore = 1;
+  r.Tipo = tipo, r.Riga = riga, r.X1 = x1, r.Y1 = y1, r.X2 = x2, r.Y2 = y2, r.Colore = 1;
   return s.ListaDisegno.Aggiungi(r);
 }
 
 Banco::Banco() {
-  s.Ui = &ui;
-  s.Orologio = OrologioFisso;
-  s.CartellaDocumenti = cartella.Percorso();
-  s.CartellaLavoro = cartella.Percorso() + "/VR2000/";
-  s.CartellaProgramma = cartella.Percorso() + "/programma";
-  std::filesystem::create_directories(s.CartellaLavoro + "PROVVISO");
-  std::filesystem::create_directories(s.CartellaProgramma);
+  PreparaSessione(s, ui, cartella);
   // The right button repeats, as most users have it; a test that wants the menu says so.
   s.Imp.MenuMouse = 0;
 }
 
 void Banco::Pronto(double est, double nord, double altezza) {
-  s.Vista.CentroEst = est;
-  s.Vista.CentroNord = nord;
-  s.Vista.AltezzaVista = altezza;
+  s.Vista.CentroEst = est, s.Vista.CentroNord = nord, s.Vista.AltezzaVista = altezza;
   RigeneraLista(s);
 }
 

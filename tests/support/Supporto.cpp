@@ -64,14 +64,38 @@ std::string CfgManuale(const std::string& edizione, const std::string& vista, co
 
 std::time_t OrologioFisso() {
   std::tm tm{};
-  tm.tm_year = 2026 - 1900;
-  tm.tm_mon = 10;
-  tm.tm_mday = 21;
-  tm.tm_hour = 10;
-  tm.tm_min = 30;
-  tm.tm_sec = 15;
+  tm.tm_year = 2026 - 1900, tm.tm_mon = 10, tm.tm_mday = 21, tm.tm_hour = 10, tm.tm_min = 30, tm.tm_sec = 15;
   tm.tm_isdst = -1;
   return std::mktime(&tm);
+}
+
+CartelleDelProgramma::CartelleDelProgramma(const std::string& documenti, const std::string& programma) {
+  setenv("VARENA_DOCUMENTI", documenti.c_str(), 1);
+  setenv("VARENA_PROGRAMMA", programma.c_str(), 1);
+}
+
+CartelleDelProgramma::~CartelleDelProgramma() {
+  unsetenv("VARENA_DOCUMENTI");
+  unsetenv("VARENA_PROGRAMMA");
+}
+
+std::string CopiaEsempio(const std::string& cartella) {
+  fs::create_directories(cartella);
+  for (const auto& f : fs::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
+    if (f.path().stem() == "RILIEVO") fs::copy_file(f.path(), cartella + "/" + f.path().filename().string());
+  return cartella + "/RILIEVO";
+}
+
+std::string RigaFiduciale(int numero, const std::string& nord, const std::string& est) {
+  std::string r(130, ' ');
+  r.replace(0, 4, "A123").replace(8, 2, "12").replace(16, 1, std::to_string(numero));
+  return r.replace(101, 12, nord).replace(114, 12, est);
+}
+
+std::string Spazzatura(size_t n) {
+  std::string g;
+  for (size_t i = 0; i < n; ++i) g.push_back(static_cast<char>((i * 7919 + 13) % 256));
+  return g;
 }
 
 namespace {
@@ -95,7 +119,7 @@ std::vector<std::string> NomiIn(const std::string& cartella) {
   return nomi;
 }
 
-SessioneProva::SessioneProva() {
+void PreparaSessione(Sessione& s, Interfaccia& ui, const CartellaTemporanea& cartella) {
   s.Ui = &ui;
   s.Orologio = OrologioFisso;
   s.CartellaDocumenti = cartella.Percorso();
@@ -104,5 +128,7 @@ SessioneProva::SessioneProva() {
   fs::create_directories(s.CartellaLavoro + "PROVVISO");
   fs::create_directories(s.CartellaProgramma);
 }
+
+SessioneProva::SessioneProva() { PreparaSessione(s, ui, cartella); }
 
 }  // namespace varena::prova

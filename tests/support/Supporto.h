@@ -60,8 +60,11 @@ bool Esiste(const std::string& percorso);
 // A point record with the usual values, for tests that change one field.
 Record RecordPuntoBase(const std::string& nome, double x, double y, double z);
 
-// A session over a temporary working root, with a recording interface and a fixed clock
+// `s` over the working root `cartella`, speaking through `ui`, with a fixed clock
 // (21 November 2026, 10:30:15 local time).
+void PreparaSessione(Sessione& s, Interfaccia& ui, const CartellaTemporanea& cartella);
+
+// A session over a temporary working root, with a recording interface.
 struct SessioneProva {
   CartellaTemporanea cartella;
   InterfacciaRegistrata ui;
@@ -88,6 +91,25 @@ struct SondaProva {
   SondaProva(const SondaProva&) = delete;
   SondaProva& operator=(const SondaProva&) = delete;
 };
+
+// The documents' and the program's folders the command line and the start-up find, pointed
+// at the given ones for the life of the object.
+struct CartelleDelProgramma {
+  CartelleDelProgramma(const std::string& documenti, const std::string& programma);
+  ~CartelleDelProgramma();
+  CartelleDelProgramma(const CartelleDelProgramma&) = delete;
+  CartelleDelProgramma& operator=(const CartelleDelProgramma&) = delete;
+};
+
+// The example job copied under `cartella` as RILIEVO.*; its path without extension.
+std::string CopiaEsempio(const std::string& cartella);
+
+// `n` bytes no text table holds: NUL, control and high bytes, commas and line ends.
+std::string Spazzatura(size_t n);
+
+// A line of the fiducial archive, the columns its reader takes: PF `numero` of sheet 12 of
+// municipality A123, at the given North and East (12 wide), without its line end.
+std::string RigaFiduciale(int numero, const std::string& nord = "    2000.000", const std::string& est = "    1000.000");
 
 // A `.CFG` written by hand: the tag, block A with its 152 statements (each with its empty
 // label, strings "x", numbers 1), block B up to statement 17 with `vista` as statement 15
