@@ -98,7 +98,8 @@ bool ApriInCopia(Sessione& s, const std::string& base) {
 
 bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& err) {
   auto base = TrovaLavoro(argomento, err);
-  if (base && Archivio(*base)) base = EspandiArchivio(*base, err);
+  const std::string archivio = base && Archivio(*base) ? *base : std::string();
+  if (!archivio.empty()) base = EspandiArchivio(archivio, err);
   if (!base) return false;
   s.SolaLettura = true;
   // The settings and tables in force, read where they stand or taken as defaults: colours,
@@ -109,6 +110,8 @@ bool CaricaInLettura(Sessione& s, const std::string& argomento, std::ostream& er
   // A save cut short is only reported here: the files are read as they stand.
   Protetto(s, [&] { RiprendiSalvataggio(s); });
   CaricaLavoro(s);
+  // Reports name the archive the user gave, not the folder it was expanded to.
+  if (!archivio.empty()) s.NomeOriginale = archivio.substr(0, archivio.size() - 4);
   return true;
 }
 
