@@ -4,6 +4,9 @@
 #include <utime.h>
 #include <zlib.h>
 
+#include "commands/Comandi.h"
+#include "core/Configura.h"
+#include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/Testo.h"
 #include "store/Provvisorio.h"
@@ -117,6 +120,18 @@ TEST(Archivio, OgniSalvataggioLoRifaELaCopiaPrecedenteVaInVrk) {
   membri.erase(".VRZ");
   EXPECT_EQ(nelloZip, membri);
   EliminaProvviso(s);
+}
+
+TEST(Archivio, LImpostazioneSiCambiaNelDialogoDelleImpostazioni) {
+  prova::SessioneProva p;
+  p.s.ComandoTag = "edit_configura_tutto";
+  Esegui_Comando_TAG(p.s);
+  ASSERT_TRUE(ScriviCampo(p.s, "FormConfiguraTutto", "SalvaUnaCopiaZip", "1"));
+  ASSERT_TRUE(PremiBottone(p.s, "FormConfiguraTutto", "OK"));
+  EXPECT_EQ(p.s.Imp.SalvaUnaCopiaZip, 1);
+  EXPECT_FALSE(DialogoAperto(p.s, "FormConfiguraTutto"));
+  EXPECT_NE(prova::LeggiFileProva(PercorsoConfigura(p.s)).find("Configurazione_Ambiente,SalvaUnaCopiaZip,1\r\n"),
+            std::string::npos);
 }
 
 // An archive of two members built by the writer, then damaged by hand.
