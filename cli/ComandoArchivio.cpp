@@ -15,41 +15,37 @@ namespace varena::cli {
 
 namespace {
 
-// The output is written whole beside its place and renamed there; a failure says why.
-int Scrivi(Sessione& s, const InterfacciaTerminale& ui, const std::string& destinazione, auto&& scrivi,
-           std::ostream& out) {
-  if (!Protetto(s, scrivi)) return 2;
+// The job read where it stands, then `scrivi` makes the output, written whole beside its
+// place and renamed there; a failure says why.
+int Esporta(const Argomenti& a, std::ostream& out, std::ostream& err, const char* uso,
+            void (*scrivi)(Sessione&, const std::string&)) {
+  if (a.Posizionali.size() != 2) {
+    err << uso;
+    return 64;
+  }
+  Sessione s;
+  InterfacciaTerminale ui(err);
+  s.Ui = &ui;
+  if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
+  const std::string destinazione = PercorsoAssoluto(a.Posizionali[1]);
+  if (!Protetto(s, [&] { scrivi(s, destinazione); })) return 2;
   out << destinazione << " (" << LunghezzaFile(destinazione) << " byte)\n";
   return ui.Errori == 0 ? 0 : 2;
 }
 
 int ComandoArchivia(const Argomenti& a, std::ostream& out, std::ostream& err) {
-  if (a.Posizionali.size() != 2) {
-    err << "uso: varena-cli archivia LAVORO.CFG ARCHIVIO.VRZ\n";
-    return 64;
-  }
-  Sessione s;
-  InterfacciaTerminale ui(err);
-  s.Ui = &ui;
-  if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
-  const std::string destinazione = PercorsoAssoluto(a.Posizionali[1]);
-  s.RoutineCorrente = "ZipFile";
-  return Scrivi(
-      s, ui, destinazione, [&] { ScriviArchivioLavoro(s.NomeLavoro, Foglia(s.NomeLavoro), destinazione); }, out);
+  return Esporta(a, out, err, "uso: varena-cli archivia LAVORO.CFG ARCHIVIO.VRZ\n",
+                 [](Sessione& s, const std::string& destinazione) {
+                   s.RoutineCorrente = "ZipFile";
+                   ScriviArchivioLavoro(s.NomeLavoro, Foglia(s.NomeLavoro), destinazione);
+                 });
 }
 
 int ComandoXvr(const Argomenti& a, std::ostream& out, std::ostream& err) {
-  if (a.Posizionali.size() != 2) {
-    err << "uso: varena-cli xvr LAVORO.CFG TESTO.XVR\n";
-    return 64;
-  }
-  Sessione s;
-  InterfacciaTerminale ui(err);
-  s.Ui = &ui;
-  if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
-  const std::string destinazione = PercorsoAssoluto(a.Posizionali[1]);
-  return Scrivi(
-      s, ui, destinazione, [&] { ScriviByte(destinazione, Utf8InCp1252(TestoTuttoIla7(s))); }, out);
+  return Esporta(a, out, err, "uso: varena-cli xvr LAVORO.CFG TESTO.XVR\n",
+                 [](Sessione& s, const std::string& destinazione) {
+                   ScriviByte(destinazione, Utf8InCp1252(TestoTuttoIla7(s)));
+                 });
 }
 
 const RegistraComando kArchivia("archivia", "archivia LAVORO.CFG ARCHIVIO.VRZ", ComandoArchivia);

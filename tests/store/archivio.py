@@ -64,11 +64,12 @@ if not info[0] or info[0] != info[1]:
 cattivo = os.path.join(tmp, "CATTIVO.VRZ")
 with zipfile.ZipFile(cattivo, "w") as z:
     z.writestr("../../FUORI.LLL", b"x" * 256)
-prima = sorted(os.listdir(tmp)) + sorted(os.listdir(os.path.dirname(tmp)))
+prima = sorted(os.listdir(tmp))
 rc, _, err = esegui("info", cattivo)
 if rc == 0 or "../../FUORI.LLL esce dalla cartella del Lavoro" not in err:
     errori.append("archivio cattivo accettato: %d %s" % (rc, err))
-if sorted(os.listdir(tmp)) + sorted(os.listdir(os.path.dirname(tmp))) != prima:
+fuori = [os.path.join(tmp, *[".."] * k, "FUORI.LLL") for k in range(4)]
+if sorted(os.listdir(tmp)) != prima or any(os.path.exists(f) for f in fuori):
     errori.append("l'archivio cattivo ha scritto qualcosa")
 
 shutil.rmtree(tmp)
