@@ -68,7 +68,7 @@ prima = sorted(os.listdir(tmp))
 rc, _, err = esegui("info", cattivo)
 if rc == 0 or "../../FUORI.LLL esce dalla cartella del Lavoro" not in err:
     errori.append("archivio cattivo accettato: %d %s" % (rc, err))
-fuori = [os.path.join(tmp, *[".."] * k, "FUORI.LLL") for k in range(4)]
+fuori = [os.path.join(d, *[".."] * k, "FUORI.LLL") for d in (tmp, tempfile.gettempdir()) for k in range(4)]
 if sorted(os.listdir(tmp)) != prima or any(os.path.exists(f) for f in fuori):
     errori.append("l'archivio cattivo ha scritto qualcosa")
 
