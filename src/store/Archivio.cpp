@@ -109,7 +109,9 @@ uint32_t Misura32(size_t n) {
 uint16_t DataDos(std::time_t t) {
   std::tm tm{};
   localtime_r(&t, &tm);
-  return static_cast<uint16_t>(tm.tm_mday + 32 * (tm.tm_mon + 1) + 512 * (tm.tm_year + 1900 - 1980));
+  // Seven bits of years from 1980: a file dated outside them gets the nearest year they hold.
+  const int anni = std::clamp(tm.tm_year + 1900 - 1980, 0, 127);
+  return static_cast<uint16_t>(tm.tm_mday + 32 * (tm.tm_mon + 1) + 512 * anni);
 }
 
 uint16_t OraDos(std::time_t t) {
