@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include "commands/Comandi.h"
+#include "core/Avvio.h"
 #include "core/Configura.h"
 #include "core/Dialoghi.h"
 #include "core/File.h"
@@ -183,10 +184,10 @@ TEST(Archivio, GuastoSiRifiutaConUnMessaggioENullaCambia) {
     EXPECT_EQ(prova::NomiIn(p.cartella.Percorso()), prima) << c.Nome;
     EXPECT_TRUE(prova::NomiIn(p.s.CartellaLavoro + "PROVVISO").empty()) << c.Nome;
   }
-  // Unharmed, it opens as the job it holds, named after the archive.
-  prova::ScriviFileProva(p.Lavoro("CONFINE.VRZ"), buono);
-  ASSERT_TRUE(Esplodi_VRZ(p.s, p.Lavoro("CONFINE.VRZ")));
-  EXPECT_EQ(p.s.NomeOriginale, p.Lavoro("CONFINE"));
+  // Unharmed, given on the command line, it opens as the job it holds, named after it.
+  prova::ScriviFileProva(p.Lavoro("confine.vrz"), buono);
+  ApriLavoroIniziale(p.s, p.Lavoro("confine.vrz"));
+  EXPECT_EQ(p.s.NomeOriginale, p.Lavoro("confine"));
   EXPECT_EQ(p.s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(p.s.PuntoX[0], 1725000);
   EliminaProvviso(p.s);
