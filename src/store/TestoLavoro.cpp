@@ -7,6 +7,7 @@
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Lista.h"
+#include "core/Riparazioni.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "sections/FileSezioni.h"
@@ -232,6 +233,9 @@ void AggiungiPunto(Sessione& s, const Campi& c) {
   s.PuntoHPrisma[k] = static_cast<float>(c.D(25));
   s.StatoPunto[k] = 0;
   ++s.ContaEntita[SlotPunti];
+  // What a text can hold that no drawing can (a size past any screen, no font) is set right
+  // as at the reading of the job's own members.
+  RiparaPunto(s, static_cast<int64_t>(k), false);
 }
 
 void AggiungiLinea(Sessione& s, const Campi& c) {
@@ -246,6 +250,7 @@ void AggiungiLinea(Sessione& s, const Campi& c) {
   s.LineaTronca[k] = c.D(11);
   s.StatoLinea[k] = 0;
   ++s.ContaEntita[SlotLinee];
+  RiparaLinea(s, static_cast<int64_t>(k), false);
 }
 
 }  // namespace

@@ -66,13 +66,14 @@ TEST(TestoLavoro, IlSalvataggioLoScriveELImportazioneSpostaICampiDelPunto) {
   EXPECT_EQ(prova::LeggiFileProva(base + ".XVK"), prova::LeggiFileProva(base + ".XVR"));
 
   // Read back: the lines as written, the point one field early and with no name; the job's
-  // text then says what came in (0.75 read as a whole number gives 1).
+  // text then says what came in (0.75 read as a whole number gives 1), after the repairs of a
+  // load: a positive freeze flag is 0, a size 0 is 1.
   prova::SessioneProva q;
   AggiungiRigaLibretto(q.s, "0|21112026|");
   EXPECT_EQ(LeggiTuttoIla7(q.s, Cp1252InUtf8(prova::LeggiFileProva(base + ".XVR"))), 3);
   const std::string letto = TestoTuttoIla7(q.s);
   EXPECT_EQ(letto.substr(letto.find("\"<PUNTO>\"")),
-            "\"<PUNTO>\",\"\",7,3,0,\"1.5\",0,4,-1,1.25,1725000.5,5031465.25,14.75,0.5,-0.25,0,2,5,0,1,6,0,1,\"1\","
+            "\"<PUNTO>\",\"\",7,0,1,\"1.5\",0,0,-1,1.25,1725000.5,5031465.25,14.75,0.5,-0.25,0,2,0,1,1,0,1,1,\"1\","
             "\"PUNTI\",0,0.00999999977648258\r\n" +
                 attese[1] + "\r\n" + attese[2] + "\r\n" + attese[4] + "\r\n" + attese[5] + "\r\n");
   EliminaProvviso(s);
