@@ -54,7 +54,8 @@ FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
   for (int k = 1; k < cartelle->columnCount(); ++k) albero->hideColumn(k);
   auto* file = new QFileSystemModel(this);
   file->setFilter(QDir::Files);
-  file->setNameFilters({"*.CFG", "*.cfg", "*.Cfg"});
+  // Jobs, and jobs kept as one archive.
+  file->setNameFilters({"*.CFG", "*.cfg", "*.Cfg", "*.VRZ", "*.vrz", "*.Vrz"});
   file->setNameFilterDisables(false);
   auto* elenco = new QTreeView(divisore);
   elenco->setObjectName("File");

@@ -30,7 +30,7 @@ constexpr IconaDiTag kIcone[] = {
     {"SALVA_CON_NOME", "salva-nome"}, {"COPIA_IN_FILE", "copia-in-file"}, {"INCOLLA_DA_FILE", "incolla-da-file"},
     {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"},
     {"CARICA_CXF", "importa-cxf"}, {"CARICA_TAF", "importa-taf"}, {"CARICA_PUNTI_RIL", "importa-punti"}, {"CARICA_PUNTI_SHO", "importa-punti"},
-    {"CARICA_PUNTI_GSI", "importa-punti"}, {"CARICA_PUNTI_TXT", "importa-punti"}, {"IMPORTA_NUVOLA", "importa-nuvola"}, {"CARICA_VR4", "importa-punti"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
+    {"CARICA_PUNTI_GSI", "importa-punti"}, {"CARICA_PUNTI_TXT", "importa-punti"}, {"IMPORTA_NUVOLA", "importa-nuvola"}, {"CARICA_VR4", "importa-punti"}, {"IMPORTA_XVR", "importa-punti"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
     {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"SPESSORI_STAMPA", "spessori-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
     {"CONFIGURAZIONE", "configurazione"}, {"ORIGINE_FOGLIO", "origine-foglio"},
     // Edit

@@ -26,7 +26,8 @@ class InterfacciaTerminale : public InterfacciaMuta {
 };
 
 // The job's base path from a name given with or without ".CFG", in any letter case: absolute,
-// as the files on disk spell it.
+// as the files on disk spell it. An archive ".VRZ" stands for its job: its path is kept whole,
+// and `ApriInCopia` and `CaricaInLettura` open it as the job it holds.
 std::optional<std::string> BaseLavoro(const std::string& argomento);
 
 // `BaseLavoro`, and the message when the job is not there.

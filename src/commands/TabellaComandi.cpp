@@ -18,6 +18,7 @@
 #include "exchange/DxfTestiInPunto.h"
 #include "exchange/Importatori.h"
 #include "exchange/ImportaPunti.h"
+#include "store/TestoLavoro.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
 #include "terrain/ComandiTerreno.h"
@@ -344,6 +345,7 @@ constexpr VoceComando kTabella[] = {
     Subito("CARICA_PUNTI_TXT", CaricaPuntiCXF, {}, "File", "Importa Punti da Testo"),
     Subito("IMPORTA_NUVOLA", ImportaNuvola, {}, "File", "Importa Nuvola di Punti"),
     Subito("CARICA_VR4", CaricaVR4, {}, "File", "Importa Punti VR4"),
+    Subito("IMPORTA_XVR", AzioneImportaXvr, {}, "File", "Importa XVR"),
     Arma("TESTO_IN_PUNTO", 397, "Testo in Punto - Testo :", L, "FormTestoInPunto", "File", "Testo in Punto"),
     Subito("INFO_ELENCO_PUNTI_TUTTI", nullptr, "ElencoPunti", "Info", "Elenco Punti"),
     Subito("ALTEZZA_NOME", nullptr, "DN", "Punto", "Altezza Nome"),

@@ -10,6 +10,7 @@
 #include "commands/DialoghiSelezione.h"
 #include "commands/RoutineModifica.h"
 #include "core/Dialoghi.h"
+#include "core/DialogoConfigura.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfDialoghi.h"
@@ -27,6 +28,7 @@ namespace {
 
 constexpr SchedaDialogo kDialoghi[] = {
     {"NuovoPunto", ApriNuovoPunto},
+    {"FormConfiguraTutto", ApriFormConfiguraTutto},
     {"ZoomScala", ApriZoomScala},
     {"ProprietaTesto", ApriProprietaTesto},
     {"FormSelezionaImmagine", ApriFormSelezionaImmagine},

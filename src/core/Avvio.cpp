@@ -13,6 +13,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
+#include "store/Archivio.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
@@ -162,10 +163,19 @@ void ApriLavoroIniziale(Sessione& s, const std::string& rigaComando) {
   bool importato = false;
   Protetto(s, [&] {
     if (!EsisteFile(comune)) return;
-    const NomeConEstensione n = NomeDaComune(LeggiComune(comune));
+    const std::string letto = LeggiComune(comune);
+    const NomeConEstensione n = NomeDaComune(letto);
     s.NomeOriginale = n.Nome;
     s.RoutineCorrente = "DOPOCARICACOMUNI2";
     if (n.Estensione.empty()) return;
+    if (n.Estensione == "VRZ") {
+      // A job kept as one archive opens as the job it holds; its name as the disk spells it.
+      const std::string archivio = PercorsoAssoluto(letto);
+      EliminaFile(comune);
+      importato = true;
+      if (!Esplodi_VRZ(s, TrovaFile(archivio).value_or(archivio))) s.NomeOriginale.clear();
+      return;
+    }
     if (const auto tipo = TipoDaEstensione(n.Estensione)) {
       s.TipoFile = NomeTipo(*tipo);
       ImportaFile(s, *tipo, n.Nome + "." + n.Estensione);

@@ -436,6 +436,10 @@ void VR_ApriLavoro(Sessione& s) {
       }))
     return;
   CaricaLavoro(s);
+  FineApertura(s);
+}
+
+void FineApertura(Sessione& s) {
   VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
     const auto r = static_cast<size_t>(p);

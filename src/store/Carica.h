@@ -43,6 +43,9 @@ bool RicaricaLavoro(Sessione& s, const std::array<bool, NumeroSlot>& cambiati);
 // `VR_ApriLavoro` for a job file: clear, provisional copy, load, the first undo generation,
 // name fixes, view.
 void VR_ApriLavoro(Sessione& s);
+// What every opening does once the job is loaded: the first undo generation, the name
+// fixes, the view.
+void FineApertura(Sessione& s);
 
 // The default-name routine: the empty job NUOVO under the working root.
 std::string NomeLavoroNuovo(const Sessione& s);

@@ -10,6 +10,7 @@
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "store/Archivio.h"
 #include "store/Carica.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
@@ -157,6 +158,7 @@ bool EliminaLavoro(Sessione& s, const std::string& percorsoCfg) {
 
 bool ApriLavoroScelto(Sessione& s, const std::string& percorso) {
   const std::string n = PercorsoAssoluto(percorso);
+  if (FinisceCon(Maiuscolo(n), ".VRZ")) return Esplodi_VRZ(s, n);
   if (!FinisceCon(Maiuscolo(n), ".CFG")) {
     s.Ui->Messaggio("Formato non riconosciuto:\n" + n, "Apri Lavoro", Icona::Avviso);
     return false;

@@ -9,12 +9,14 @@
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "store/Archivio.h"
 #include "store/Carica.h"
 #include "store/Cfg.h"
 #include "store/Provvisorio.h"
 #include "store/Salva.h"
 #include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
+#include "store/TestoLavoro.h"
 #include "store/Undo.h"
 
 namespace varena {
@@ -197,6 +199,11 @@ bool VR_DaProvvisoAOriginale(Sessione& s) {
   const bool salvato = Protetto(s, [&] {
     if (!NuovaCartella(Cartella(s.NomeOriginale))) throw ErroreVarena(kErrorePercorso);
     const std::string base = BaseSuDisco(s.NomeOriginale);
+    // The text and the archive are members of the provisional copy like the others, so that
+    // they reach the job's folder through the same journalled renames.
+    SalvaTuttoIla7(s);
+    if (s.Imp.SalvaUnaCopiaZip != 0) SalvaZippatoInProvvisorio(s);
+    s.RoutineCorrente = "VR_DaProvvisoAOriginale";
     const std::array<std::string, NumeroSlot> pronti = CopieAccanto(s, base);
     conservati = NomiConservati(s, base);
     SostituisciMembri(base, VociDelSalvataggio(s, base, pronti));

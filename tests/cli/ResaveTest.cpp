@@ -37,7 +37,8 @@ TEST_F(Resave, SalvaAlSuoPostoEDiceCosaHaScritto) {
   const std::string b = lavori + "rossi";
   EXPECT_EQ(e.out, b + ".LLL (256 byte)\n" + b + ".CFG (" + std::to_string(LeggiFileProva(b + ".CFG").size()) +
                            " byte)\n" + b + ".INF (" + std::to_string(b.size() + 4) + " byte)\n" + b +
-                           ".TXT (106 byte)\n" + b + ".PIA (23 byte)\n");
+                           ".TXT (106 byte)\n" + b + ".XVR (" + std::to_string(LeggiFileProva(b + ".XVR").size()) +
+                           " byte)\n" + b + ".PIA (23 byte)\n");
   EXPECT_EQ(LeggiFileProva(b + ".CFK"), cfg);
   EXPECT_TRUE(Esiste(b + ".LLK"));
   EXPECT_FALSE(Esiste(lavori + "rossi.lll"));

@@ -44,6 +44,8 @@ constexpr Bersaglio kBersagli[] = {
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
+    {"vrz", FuzzVrz, true},
+    {"xvr", FuzzXvr, true},
 };
 
 }  // namespace

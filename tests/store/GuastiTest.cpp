@@ -12,11 +12,13 @@
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "store/Archivio.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salva.h"
 #include "store/Salvataggio.h"
 #include "store/Slot.h"
+#include "store/TestoLavoro.h"
 #include "store/Undo.h"
 #include "store/LavoroProva.h"
 #include "support/Supporto.h"
@@ -83,6 +85,7 @@ class Guasti : public ::testing::Test {
   void ApriEModifica() {
     s.NomeOriginale = base;
     VR_ApriLavoro(s);
+    s.Imp.SalvaUnaCopiaZip = 1;
     s.PuntoX[0] = 1;
     SegnaModificato(s, SlotPunti);
     s.LineaIdent[1] = -1;
@@ -160,8 +163,11 @@ TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
   s.PuntoX[0] = 1;
   SegnaModificato(s, SlotPunti);
   ASSERT_TRUE(VR_SalvaUndo(s));
+  s.Imp.SalvaUnaCopiaZip = 1;
+  SalvaTuttoIla7(s);
+  SalvaZippatoInProvvisorio(s);
   const Insieme membri = MembriDi(s.NomeLavoro);
-  ASSERT_EQ(membri.size(), 7u);  // all but the empty texts
+  ASSERT_EQ(membri.size(), 9u);  // all but the empty texts, with the whole-job text and the archive
   for (const auto& [est, byte] : membri) {
     p.ui.Messaggi.clear();
     {
@@ -202,13 +208,25 @@ TEST_F(Guasti, ProcessoUccisoInOgniPassoDelSalvataggio) {
     ++(salvato ? completati : annullati);
     ASSERT_LT(passo, 500);
   }
-  // The save makes 8 members (points, lines, circles, settings, .INF, field book, point list,
-  // layers) over 8 (the same but circles, and the empty texts) and their 2 older backups.
-  // Before the journal stands: the start and the middle of each copy, and the journal's own
-  // write. After: the 2 older backups go, 8 originals become backups, 8 copies take their
-  // places, the journal goes.
-  EXPECT_EQ(annullati, 2 * 8 + 1);
-  EXPECT_EQ(completati, 2 + 8 + 8 + 1);
+  // The save makes 10 members (points, lines, circles, settings, .INF, field book, point list,
+  // layers, the whole-job text and the archive) over 8 (the same but circles, text and
+  // archive, and the empty texts) and their 2 older backups. Before the journal stands: the
+  // start and the middle of each copy, and the journal's own write. After: the 2 older
+  // backups go, 8 originals become backups, 10 copies take their places, the journal goes.
+  EXPECT_EQ(annullati, 2 * 10 + 1);
+  EXPECT_EQ(completati, 2 + 8 + 10 + 1);
+  // What the save left is the job: the archive holds its members, the text its points.
+  std::map<std::string, std::string> archiviati;
+  for (const MembroArchivio& m : LeggiArchivio(dopo.at("ROSSI.VRZ"))) archiviati[m.Nome] = m.Byte;
+  Insieme attesi;
+  for (int slot = 1; slot < NumeroSlot; ++slot) {
+    const std::string nome = "ROSSI" + std::string(EstensioneFile(slot));
+    if (EstensioneFile(slot)[0] != '\0' && dopo.count(nome)) attesi[nome] = dopo.at(nome);
+  }
+  EXPECT_EQ(archiviati, attesi);
+  size_t punti = 0;
+  for (size_t k = 0; (k = dopo.at("ROSSI.XVR").find("\"<PUNTO>\"", k)) != std::string::npos; ++k) ++punti;
+  EXPECT_EQ(punti, 10000u);
 }
 
 TEST_F(Guasti, RipresaUccisaInOgniPasso) {
