@@ -100,30 +100,18 @@ TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
   b.s.Imp.Colore_Default = 6;
   b.s.PianoCorrente = "CAMPITURA";
   const int64_t prima = LeggiDiario(b.s)->Passo;
-  EXPECT_EQ(b.Script("TAG DISEGNA_CAMPITURA\nFIELD Imputa2.Angolo_Campitura 45\nFIELD Distanza_Campitura 1\n"
-                     "PRESS Imputa2.OK\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\nCLICK left 0 10\n"
-                     "CLICK right 0 0\n"),
-            "> TAG DISEGNA_CAMPITURA\n"
-            "DIALOGO + Imputa2 [Campitura] Angolo_Campitura=\"45\" Distanza_Campitura=\"1\" (OK, Annulla)\n"
-            "PROMPT Seleziona Contorno - Primo Punto\n"
-            "> FIELD Imputa2.Angolo_Campitura 45\n"
-            "> FIELD Distanza_Campitura 1\n"
-            "> PRESS Imputa2.OK\n"
-            "DIALOGO - Imputa2\n"
-            "> KEY P\n"
-            "> CLICK left 0 1\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 10 0\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 10 10\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 0 10\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK right 0 0\n"
-            "DIALOGO + FormSelezionaContorno [Seleziona Contorno] Contorno=\"Progr\tNome\tNord\tEst\tQuota | "
-            "1\t1\t0.000\t0.000\t10.000 | 2\t*\t0.000\t10.000\t0.000 | 3\t*\t10.000\t10.000\t0.000 | "
-            "4\t*\t10.000\t0.000\t0.000\" (Chiudi)\n"
-            "PROMPT Seleziona Contorno - Primo Punto\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_CAMPITURA\n"
+                        "DIALOGO + Imputa2 [Campitura] Angolo_Campitura=\"45\" Distanza_Campitura=\"1\" (OK, Annulla)\n"
+                        "PROMPT Seleziona Contorno - Primo Punto\n> FIELD Imputa2.Angolo_Campitura 45\n"
+                        "> FIELD Distanza_Campitura 1\n> PRESS Imputa2.OK\nDIALOGO - Imputa2\n> KEY P\n"
+                        "> CLICK left 0 1\nPROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 10 0\n"
+                        "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 10 10\n"
+                        "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 0 10\n"
+                        "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK right 0 0\n"
+                        "DIALOGO + FormSelezionaContorno [Seleziona Contorno] "
+                        "Contorno=\"Progr\tNome\tNord\tEst\tQuota | 1\t1\t0.000\t0.000\t10.000 | "
+                        "2\t*\t0.000\t10.000\t0.000 | 3\t*\t10.000\t10.000\t0.000 | 4\t*\t10.000\t0.000\t0.000\" "
+                        "(Chiudi)\nPROMPT Seleziona Contorno - Primo Punto\n"));
   // 45 gon is 40.5°: the square is 10 (cos + sin) = 14.098 wide across the hatch, 14 lines.
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 14);
   std::vector<SegmentoCampitura> righe;

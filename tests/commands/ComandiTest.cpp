@@ -25,7 +25,7 @@ TEST(Esegui_Comando_TAG, UnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
   b.Pronto();
   b.Script("TAG DISEGNA_PUNTO\nKEY F\n");
   ASSERT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  EXPECT_EQ(b.Script("TAG snap_xyz\n"), "> TAG snap_xyz\n");
+  EXPECT_TRUE(Stampa(b, "> TAG snap_xyz\n"));
   EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
   EXPECT_EQ(b.s.ComandoCorrente, 1);
   EXPECT_EQ(b.s.ModoSnap, 5);
@@ -49,8 +49,7 @@ TEST(Esegui_Comando_TAG, ColoreRapidoEColoreEstratto) {
   EXPECT_EQ(b.s.Imp.Colore_Default, 12);
   EXPECT_EQ(b.s.ComandoCorrente, 22);  // a command armed stays
 
-  EXPECT_EQ(b.Script("TAG COLORE_ESTRATTO\n"),
-            "> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n");
+  EXPECT_TRUE(Stampa(b, "> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n"));
   EXPECT_EQ(b.s.Imp.Colore_Default, 12);
   b.Script("TAG COLORE_12345\n");  // eleven characters: not a quick colour, and no tag
   EXPECT_EQ(b.s.Imp.Colore_Default, 12);
@@ -76,8 +75,7 @@ TEST(Esegui_Comando_TAG, UnoZoomAMetaComandoLoLasciaComEra) {
 TEST(ArmaComando, IlValoreChiestoPrimaAnnullatoNonArma) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PARALLELA\n"),
-            "> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n"));
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   // The prompt and its question are pinned by the parallel's own test; F4 arms it again.
   b.Script("ANSWER 2,5\nKEY F4\n");
@@ -284,12 +282,11 @@ TEST(Esegui_Comando_TAG, MenuLettereEPassiDiDimensione) {
   b.s.PuntoDimensioneNome[0] = -2;
   b.s.PuntoDimensioneSimbolo[0] = 4;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG c\nTAG MENU_TESTO\n"), "> TAG c\nMENU MENU_CAMBIA\n> TAG MENU_TESTO\nMENU MENU_TESTO\n");
+  EXPECT_TRUE(Stampa(b, "> TAG c\nMENU MENU_CAMBIA\n> TAG MENU_TESTO\nMENU MENU_TESTO\n"));
   b.Script("TAG DN+\nTAG DS-\n");
   EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneNome[0], -2.2);
   EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneSimbolo[0], 4 / 1.1);
-  EXPECT_EQ(b.Script("TAG CALCOLATRICE\n"),
-            "> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n"));
 }
 
 TEST(InvioCasella, CentraSulPuntoNominato) {

@@ -58,19 +58,16 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
   Banco b;
   // The base runs North for 5 m and climbs 10 m. With 3 from A and 4 from B the angle at the
   // new point is right: its foot is 3²/5 = 1.8 from A, its offset 3·4/5 = 2.4.
-  MettiPunto(b.s, "A", 100, 200, 10);
-  MettiPunto(b.s, "B", 100, 205, 20);
+  MettiPunti(b.s, {{"A", 100, 200, 10}, {"B", 100, 205, 20}});
   b.s.PianoCorrente = "RILIEVO";
   b.Pronto(100, 200, 50);
-  EXPECT_EQ(b.Script("TAG PUNTO_BILATERA\nCLICK left 100 200\nCLICK left 100 205.2\n"),
-            "> TAG PUNTO_BILATERA\n"
-            "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"B1\" Descrizione=\"\" Piano=\"RILIEVO\" Automatico=\"1\" "
-            "Passo=\"1\" (Prendi, Annulla)\n"
-            "PROMPT Punto Bilatera - Primo Punto:\n> CLICK left 100 200\n"
-            "PROMPT Punto Bilatera - Secondo Punto:\n> CLICK left 100 205.2\n"
-            "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0000\" Base=\"5.000\" "
-            "Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
-            "PROMPT Punto Bilatera - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG PUNTO_BILATERA\n"
+                        "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"B1\" Descrizione=\"\" Piano=\"RILIEVO\" "
+                        "Automatico=\"1\" Passo=\"1\" (Prendi, Annulla)\nPROMPT Punto Bilatera - Primo Punto:\n"
+                        "> CLICK left 100 200\nPROMPT Punto Bilatera - Secondo Punto:\n> CLICK left 100 205.2\n"
+                        "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0000\" "
+                        "Base=\"5.000\" Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
+                        "PROMPT Punto Bilatera - Primo Punto:\n"));
   EXPECT_EQ(Etichette(b.s, "PuntoBilatera", "Primo Azimut Base Distanza1 Distanza2"),
             "Punto Bilatera|Primo Punto   : |Azimut   : |Distanza : |Distanza da A :|Distanza da B :");
   b.Script("FIELD NuovoPunto.Descrizione spigolo\nFIELD Distanza1 3\nFIELD Distanza2 4\nPRESS OK\n");
@@ -88,9 +85,8 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
   EXPECT_TRUE(In(b.s, "B2", 97.6, 201.8, 13.6));
 
   // 1 + 1 cannot reach across 5: the box, the command ends, nothing is made.
-  const std::string uscita =
-      b.Script("CLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 1\nFIELD Distanza2 1\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(b.Script("CLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 1\nFIELD Distanza2 1\nPRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto Bilatera] Distanze non ammissibili!\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoBilatera\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
@@ -99,8 +95,7 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
 
 TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 10);
-  MettiPunto(b.s, "B", 100, 0, 10);
+  MettiPunti(b.s, {{"A", 0, 0, 10}, {"B", 100, 0, 10}});
   b.Pronto(50, 0, 200);
   b.Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 300\nCLICK left 0 0\nCLICK left 100 0\n");
   EXPECT_EQ(Etichette(b.s, "StazioneLibera", "Lettura1 Lettura2"),
@@ -109,9 +104,9 @@ TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) 
   // 0.40916 longer than the true one. Laid centred on the true base, each end moves out by
   // half of it, and the station stands c/2 = 71/√2 = 50.20458 square off the middle, to the
   // right of A to B (South). The readings carry any orientation of the instrument.
-  const std::string uscita = b.Script(
-      "FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(b.Script("FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\n"
+                        "PRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 100.4092 | "
             "Differenza = -0.4092\nDIALOGO - StazioneLibera\nPROMPT Punto StazioneLibera - Primo Punto:\n");
   EXPECT_TRUE(In(b.s, "300", 50, -50.20458146424487, 10));
@@ -126,12 +121,10 @@ TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) 
   EXPECT_TRUE(In(b.s, "401", 70, 0, 10));
 
   // Equal sights with no angle make no triangle: the report, then the failure.
-  const std::string fallita =
-      b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n");
-  EXPECT_NE(fallita.find("MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
-                         "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"),
-            std::string::npos)
-      << fallita;
+  EXPECT_TRUE(Contiene(
+      b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n"),
+      "MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
+      "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"));
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
 }
@@ -178,10 +171,10 @@ TEST(Irraggiamento, UnVentaglioDiTrePuntiConLeAltezze) {
   EXPECT_TRUE(In(b.s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
 }
 
-TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
+// The construction dialogs end as the user leaves them: Esc, another tag, a new click.
+TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestraEIDialoghiSiChiudono) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 0);
+  MettiPunti(b.s, {{"A", 0, 0}, {"B", 10, 0}});
   b.Pronto(5, 0, 40);
   b.Script("TAG PUNTO_IN_AVANTI\nFIELD NuovoPunto.Nome 20\nCLICK left 0 0\nCLICK left 10 0\n");
   EXPECT_EQ(Etichette(b.s, "PuntoInAvanti", "Angolo1 Angolo2"), "Punto In Avanti|Primo Angolo :|Secondo Angolo :");
@@ -191,19 +184,40 @@ TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
   EXPECT_TRUE(In(b.s, "20", 5, -5, 0));
   EXPECT_FALSE(DialogoAperto(b.s, "PuntoInAvanti"));
   // Angles that add up to a half turn never meet: the box, no point, the command ends.
-  const std::string uscita =
-      b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto In Avanti] Punto Non Trovato\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoInAvanti\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
   EXPECT_EQ(b.s.ComandoCorrente, 0);
+
+  // Esc on the dialog presses its second button: no point, the command ends.
+  b.Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
+  ASSERT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->BottoneEsc, "Chiudi");
+  b.Script("PRESS Chiudi\n");
+  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
+  EXPECT_TRUE(b.s.Dialoghi.empty());
+  // Another tag closes the dialog of the command it replaces.
+  b.Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
+  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
+  // A click while the dialog is up starts the construction again from that point.
+  b.Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
+  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
+  EXPECT_EQ(b.s.PassoComando, 1);
+  b.Script("CLICK left 0 0\n");
+  EXPECT_EQ(Valori(b.s, "PuntoBilatera", "Primo"), "B");
+  // The end of the command by the keyboard closes it too.
+  b.Script("KEY ESC\n");
+  EXPECT_TRUE(b.s.Dialoghi.empty());
 }
 
-TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
+// Squadro, Apertura and Irraggiamento turn a typed "," into "." at the key press and read
+// the text as it stands; the other dialogs read a "," as a point whatever way it came.
+TEST(PuntoSquadro, DueLatiAdAngoloRettoUnPrimoLatoNegativoELaVirgola) {
   Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 0);
+  MettiPunti(b.s, {{"O", 0, 0}, {"N", 0, 10}});
   b.Pronto(0, 5, 40);
   b.Script("TAG PUNTO_SQUADRO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
   EXPECT_EQ(Valori(b.s, "PuntoSquadro", "Angolo"), "0");
@@ -215,35 +229,26 @@ TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
   EXPECT_TRUE(In(b.s, "1", 4, 3, 0));
   EXPECT_TRUE(In(b.s, "2", -4, -3, 0));
   // A negative first leg: the box, and nothing happens; the dialog waits.
-  EXPECT_EQ(b.Script("FIELD Lato1 -1\nPRESS OK\n"),
-            "> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n");
+  EXPECT_TRUE(Stampa(b, "> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n"));
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
   EXPECT_TRUE(DialogoAperto(b.s, "PuntoSquadro"));
   EXPECT_EQ(b.s.ComandoCorrente, 161);
-}
 
-// Squadro, Apertura and Irraggiamento turn a typed "," into "." at the key press and read
-// the text as it stands; the other dialogs read a "," as a point whatever way it came.
-TEST(VirgolaDecimale, AlTastoOppureAllaLettura) {
-  Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 0);
-  b.Pronto(0, 5, 40);
   // Typed: the comma became a point as the key went down. A quarter turn from North.
-  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\nPRESS 100\n"
+  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 5\nCLICK left 0 0\nCLICK left 0 10\nPRESS 100\n"
            "FIELD Distanza 5,5\n");
   EXPECT_EQ(Valori(b.s, "PuntoApertura", "Distanza"), "5.5");
   b.Script("PRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 5.5, 0, 0));
+  EXPECT_TRUE(In(b.s, "5", 5.5, 0, 0));
   // Pasted: no key press saw it, and the comma ends the number.
   b.Script("PRESS 200\nPASTE Distanza 5,5\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "2", 0, -5, 0));
+  EXPECT_TRUE(In(b.s, "6", 0, -5, 0));
   // The bilateration reads a comma as a point, typed or pasted: 6 and 8 on a base of 10.
-  b.Script("TAG PUNTO_BILATERA\nFIELD NuovoPunto.Nome 3\nCLICK left 0 0\nCLICK left 0 10\n"
+  b.Script("TAG PUNTO_BILATERA\nFIELD NuovoPunto.Nome 7\nCLICK left 0 0\nCLICK left 0 10\n"
            "PASTE Distanza1 6,0\nFIELD Distanza2 8,0\n");
   EXPECT_EQ(Valori(b.s, "PuntoBilatera", "Distanza2"), "8,0");
   b.Script("PRESS OK\n");
-  EXPECT_TRUE(In(b.s, "3", 4.8, 3.6, 0));
+  EXPECT_TRUE(In(b.s, "7", 4.8, 3.6, 0));
   // A value the dialog only shows takes no typing.
   b.Script("CLICK left 0 0\nCLICK left 0 10\nFIELD Base 3\n");
   EXPECT_EQ(b.UltimoEsito.Codice, 2);
@@ -251,8 +256,7 @@ TEST(VirgolaDecimale, AlTastoOppureAllaLettura) {
 
 TEST(PuntoApertura, AngoloDAperturaDallOrientamentoEQuotaDelPiede) {
   Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 10);
+  MettiPunti(b.s, {{"O", 0, 0}, {"N", 0, 10, 10}});
   b.Pronto(0, 5, 40);
   // Half a right angle off North, 4√2 away: (4, 4), whose foot (0, 4) is 0.4 up the slope;
   // then a button sets the angle, the dialog still up.
@@ -265,18 +269,14 @@ TEST(PuntoApertura, AngoloDAperturaDallOrientamentoEQuotaDelPiede) {
 
 TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 10);
-  MettiPunto(b.s, "P", 4, 3, 0);
+  MettiPunti(b.s, {{"A", 0, 0}, {"B", 10, 0, 10}, {"P", 4, 3}});
   b.Pronto(0, 0, 40);
-  const std::string uscita =
-      b.Script("TAG PUNTO_PIEDE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 4 3\n");
-  EXPECT_NE(uscita.find("PROMPT Punto Piede - Primo Punto :\n> FIELD NuovoPunto.Nome 1\n> CLICK left 0 0\n"
-                        "PROMPT Punto Piede - Secondo Punto:\n> CLICK left 10 0\n"
-                        "PROMPT Punto Piede - Punto da Proiettare:\n> CLICK left 4 3\n"
-                        "DIALOGO + PuntoPiede [Punto Piede]"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(b.Script("TAG PUNTO_PIEDE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 0\n"
+                                "CLICK left 4 3\n"),
+                       "PROMPT Punto Piede - Primo Punto :\n> FIELD NuovoPunto.Nome 1\n> CLICK left 0 0\n"
+                       "PROMPT Punto Piede - Secondo Punto:\n> CLICK left 10 0\n"
+                       "PROMPT Punto Piede - Punto da Proiettare:\n> CLICK left 4 3\n"
+                       "DIALOGO + PuntoPiede [Punto Piede]"));
   // The foot of (4, 3) on the line running East is (4, 0), 0.4 up the slope; the point lies
   // left of the line.
   EXPECT_TRUE(In(b.s, "1", 4, 0, 4));
@@ -291,23 +291,15 @@ TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
 
 TEST(PuntoIncrocio, DueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 10, 10);
-  MettiPunto(b.s, "C", 0, 10, 0);
-  MettiPunto(b.s, "D", 10, 0, 0);
-  MettiPunto(b.s, "E", 0, 20, 7);
-  MettiPunto(b.s, "F", 10, 20, 7);
-  MettiPunto(b.s, "G", 0, 30, 7);
-  MettiPunto(b.s, "H", 10, 30, 7);
+  MettiPunti(b.s, {{"A", 0, 0}, {"B", 10, 10, 10}, {"C", 0, 10}, {"D", 10, 0}, {"E", 0, 20, 7}, {"F", 10, 20, 7},
+                   {"G", 0, 30, 7}, {"H", 10, 30, 7}});
   b.Pronto(5, 15, 60);
-  const std::string uscita = b.Script("TAG PUNTO_INCROCIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\n"
-                                      "CLICK left 10 10\nCLICK left 0 10\nCLICK left 10 0\n");
-  EXPECT_NE(uscita.find("PROMPT Punto Incrocio - Secondo Punto:\n> CLICK left 10 10\n"
-                        "PROMPT Punto Incrocio - Terzo Punto:\n> CLICK left 0 10\n"
-                        "PROMPT Punto Incrocio - Quarto Punto:\n> CLICK left 10 0\n"
-                        "PROMPT Punto Incrocio - Primo Punto:\n"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(b.Script("TAG PUNTO_INCROCIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\n"
+                                "CLICK left 10 10\nCLICK left 0 10\nCLICK left 10 0\n"),
+                       "PROMPT Punto Incrocio - Secondo Punto:\n> CLICK left 10 10\n"
+                       "PROMPT Punto Incrocio - Terzo Punto:\n> CLICK left 0 10\n"
+                       "PROMPT Punto Incrocio - Quarto Punto:\n> CLICK left 10 0\n"
+                       "PROMPT Punto Incrocio - Primo Punto:\n"));
   // The diagonals of the square meet in its middle, half way up A-B.
   EXPECT_TRUE(In(b.s, "1", 5, 5, 5));
   // Two parallel lines: the point made before is made again, with the height of the first
@@ -318,8 +310,7 @@ TEST(PuntoIncrocio, DueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
 
 TEST(PuntoMedioETangente, IlMezzoDiDuePuntiEIlTangenteDaUnPuntoAUnCerchio) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 3);
-  MettiPunto(b.s, "B", 10, 20, 4);
+  MettiPunti(b.s, {{"A", 0, 0, 3}, {"B", 10, 20, 4}});
   MettiCerchio(b.s, 10, 0, 5);
   b.Pronto(5, 5, 60);
   b.Script("TAG PUNTO_MEDIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 20\n");
@@ -352,12 +343,9 @@ TEST(PolariCartesiane, AzimutEDistanzaDaUnOrigine) {
 
 TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 10, 0);
-  MettiPunto(b.s, "B", 20, 10, 0);
-  const int32_t st = MettiPunto(b.s, "S", 5, 0, 100);
-  MettiPunto(b.s, "O", 5, 50, 0);
-  b.s.PuntoHPrisma[static_cast<size_t>(st)] = 1.5f;
-  b.s.PuntoErroreOrientamento[static_cast<size_t>(st)] = 10;
+  MettiPunti(b.s, {{"A", 0, 10}, {"B", 20, 10}, {"S", 5, 0, 100}, {"O", 5, 50}});
+  b.s.PuntoHPrisma[2] = 1.5f;
+  b.s.PuntoErroreOrientamento[2] = 10;
   b.Pronto(5, 10, 60);
   b.Script("TAG INTERSECA_DIREZIONE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\n");
   EXPECT_EQ(Valori(b.s, "IntersecaDirezione", "Stazione AltezzaStrumento LetturaOrientamento Orientamento"),
@@ -365,9 +353,8 @@ TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
   EXPECT_EQ(Etichette(b.s, "IntersecaDirezione", "Azimutale Zenitale"),
             "Interseca Direzione|Lettura Azimutale : |Lettura Zenitale :");
   // An orientation no point bears: the box, nothing made, the name can be typed again.
-  EXPECT_EQ(b.Script("FIELD Orientamento Q\nFIELD Azimutale 10\nPRESS OK\n"),
-            "> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
-            "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n");
+  EXPECT_TRUE(Stampa(b, "> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
+                        "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n"));
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
   EXPECT_TRUE(DialogoAperto(b.s, "IntersecaDirezione"));
   // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
@@ -376,19 +363,16 @@ TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
   EXPECT_TRUE(In(b.s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
   EXPECT_FALSE(DialogoAperto(b.s, "IntersecaDirezione"));
   // A reading of 110 looks East, along the line: no crossing, the box, the command ends.
-  const std::string uscita =
-      b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\nFIELD Azimutale 110\n"
-               "PRESS OK\n");
-  EXPECT_NE(uscita.find("> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"), std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\n"
+                                "FIELD Azimutale 110\nPRESS OK\n"),
+                       "> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"));
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
   EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
 TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
   Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 0, 30, 6);
+  MettiPunti(b.s, {{"A", 0, 0}, {"B", 0, 30, 6}});
   b.Pronto(0, 15, 60);
   b.Script("TAG PUNTO_DISTANZA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 30\n");
   EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Distanza Dislivello"), "30.|6.000");
@@ -399,33 +383,6 @@ TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
   EXPECT_TRUE(In(b.s, "2", 0, 20, 4));
   EXPECT_TRUE(In(b.s, "3", 0, 30, 6));
   EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Primo Base"), "3|0.000");
-}
-
-TEST(DialoghiDiCostruzione, EscUnAltroTagOUnNuovoClicLiChiudono) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 0);
-  b.Pronto(5, 0, 40);
-  // Esc on the dialog presses its second button: no point, the command ends.
-  b.Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
-  ASSERT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->BottoneEsc, "Chiudi");
-  b.Script("PRESS Chiudi\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 2);
-  EXPECT_TRUE(b.s.Dialoghi.empty());
-  // Another tag closes the dialog of the command it replaces.
-  b.Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
-  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  // A click while the dialog is up starts the construction again from that point.
-  b.Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
-  EXPECT_EQ(b.s.PassoComando, 1);
-  b.Script("CLICK left 0 0\n");
-  EXPECT_EQ(Valori(b.s, "PuntoBilatera", "Primo"), "B");
-  // The end of the command by the keyboard closes it too.
-  b.Script("KEY ESC\n");
-  EXPECT_TRUE(b.s.Dialoghi.empty());
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
@@ -38,14 +38,13 @@ TEST(CerchioTrePunti, CentroDalleBisettriciPuntiAllineatiNessunCerchio) {
   b.s.Imp.Colore_Default = 4;
   b.s.PianoCorrente = "POZZI";
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_CERCHIO_3_P\nCLICK left 0 0\nCLICK left 1 1\nCLICK left 2 2\n"),
-            "> TAG DISEGNA_CERCHIO_3_P\nPROMPT Cerchio Tre Punti - Indicare il Primo:\n> CLICK left 0 0\n"
-            "PROMPT Cerchio Tre Punti - Secondo Punto:\n> CLICK left 1 1\nPROMPT Cerchio Tre Punti - Terzo Punto:\n"
-            "> CLICK left 2 2\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_CERCHIO_3_P\nPROMPT Cerchio Tre Punti - Indicare il Primo:\n> CLICK left 0 0\n"
+                        "PROMPT Cerchio Tre Punti - Secondo Punto:\n> CLICK left 1 1\n"
+                        "PROMPT Cerchio Tre Punti - Terzo Punto:\n> CLICK left 2 2\n"));
   // Three points in a row: no circle, and the third point is awaited still.
   EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 0);
   EXPECT_EQ(b.s.PassoComando, 2);
-  EXPECT_EQ(b.Script("CLICK left 0 2\n"), "> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n");
+  EXPECT_TRUE(Stampa(b, "> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n"));
   // Through (0, 0), (1, 1), (0, 2): centre (0, 1), radius 1.
   AttesoCerchio(b.s, 0, 0, 1, 1);
   EXPECT_EQ(std::tie(b.s.CerchioColore[0], b.s.CerchioPiano[0]), std::make_tuple(4, "POZZI"));
@@ -65,18 +64,17 @@ TEST(Cerchi, DiametroCentroRaggioCentroTangenteInscritto) {
   AttesoCerchio(b.s, 3, 20, 10, 2.5);
   // Tangent to a line: the distance of the centre from it; to a circle, from outside: the
   // gap between the two curves on the line of the centres.
-  EXPECT_EQ(b.Script("TAG CERCHIO_CENTRO_TANGENTE\nCLICK left 10 -45\nCLICK left 20 -49.5\n"),
-            "> TAG CERCHIO_CENTRO_TANGENTE\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n> CLICK left 10 -45\n"
-            "PROMPT Cerchio Centro Tangente - Entita per Tangente:\n> CLICK left 20 -49.5\n"
-            "PROMPT Cerchio Centro Tangente - Centro Cerchio:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CERCHIO_CENTRO_TANGENTE\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n"
+                        "> CLICK left 10 -45\nPROMPT Cerchio Centro Tangente - Entita per Tangente:\n"
+                        "> CLICK left 20 -49.5\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n"));
   AttesoCerchio(b.s, 4, 10, -45, 5);
   b.Script("CLICK left 50 60\nCLICK left 50 53.2\n");
   AttesoCerchio(b.s, 5, 50, 60, 7);
   // The 3-4-5 triangle: the inscribed radius is (3 + 4 - 5) / 2.
-  EXPECT_EQ(b.Script("TAG CERCHIO_INSCRITTO\nCLICK left 0 0\nCLICK left 4 0\nCLICK left 0 3\n"),
-            "> TAG CERCHIO_INSCRITTO\nPROMPT Cerchio Inscritto - Primo Punto:\n> CLICK left 0 0\n"
-            "PROMPT Cerchio Inscritto - Secondo Punto:\n> CLICK left 4 0\nPROMPT Cerchio Inscritto - Terzo Punto:\n"
-            "> CLICK left 0 3\nPROMPT Cerchio Inscritto - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CERCHIO_INSCRITTO\nPROMPT Cerchio Inscritto - Primo Punto:\n> CLICK left 0 0\n"
+                        "PROMPT Cerchio Inscritto - Secondo Punto:\n> CLICK left 4 0\n"
+                        "PROMPT Cerchio Inscritto - Terzo Punto:\n> CLICK left 0 3\n"
+                        "PROMPT Cerchio Inscritto - Primo Punto:\n"));
   AttesoCerchio(b.s, 6, 1, 1, 1);
 }
 
@@ -103,10 +101,10 @@ TEST(ArcoTrePunti, InizioEAmpiezzaPositivaInGon) {
 TEST(ArcoDuePunti, DalCentroInSensoOrarioFinoAllaDirezione) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG ARCO_CENTRO_INIZIO_FINE\nCLICK left 0 0\nCLICK left 5 0\nCLICK left 0 3\n"),
-            "> TAG ARCO_CENTRO_INIZIO_FINE\nPROMPT Arco Due Punti - Centro Arco:\n> CLICK left 0 0\n"
-            "PROMPT Arco Due Punti - Punto Inizio:\n> CLICK left 5 0\nPROMPT Arco Due Punti - Punto Per Angolo\n"
-            "> CLICK left 0 3\nPROMPT Arco Due Punti - Centro Arco:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG ARCO_CENTRO_INIZIO_FINE\nPROMPT Arco Due Punti - Centro Arco:\n> CLICK left 0 0\n"
+                        "PROMPT Arco Due Punti - Punto Inizio:\n> CLICK left 5 0\n"
+                        "PROMPT Arco Due Punti - Punto Per Angolo\n> CLICK left 0 3\n"
+                        "PROMPT Arco Due Punti - Centro Arco:\n"));
   // From East (100) to North (0): -100 made positive by a turn.
   AttesoArco(b.s, 0, 0, 0, 5, 100, 300);
   // The angle point on the start's own direction gives no arc.
@@ -118,9 +116,8 @@ TEST(ArcoDuePunti, DalCentroInSensoOrarioFinoAllaDirezione) {
 TEST(subArcoInCerchio, LArcoDiventaIlCerchioIntero) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG ARCO_IN_CERCHIO\nCLICK left 1 1\n"),
-            "> TAG ARCO_IN_CERCHIO\nPROMPT Arco In Cerchio - Indicare un Arco:\n> CLICK left 1 1\n"
-            "MESSAGGIO [Arco non Trovato] Nessun Arco nel Disegno!\n");
+  EXPECT_TRUE(Stampa(b, "> TAG ARCO_IN_CERCHIO\nPROMPT Arco In Cerchio - Indicare un Arco:\n> CLICK left 1 1\n"
+                        "MESSAGGIO [Arco non Trovato] Nessun Arco nel Disegno!\n"));
   MettiArco(b.s, 10, 20, 4, 50, 100);
   b.s.ArcoColore[0] = 3;
   b.s.ArcoTratteggio[0] = 5;

@@ -33,11 +33,10 @@ TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
   EXPECT_EQ(b.s.PassoComando, 1);
   // The breakline goes on from each point reached, on its own layer, with the heights of
   // the points snapped.
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_DISCONTINUITA\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\n"),
-            "> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
-            "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 0\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 10\nPROMPT Disegno Linea Discontinuità - Al Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
+                        "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 0\n"
+                        "PROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 10\n"
+                        "PROMPT Disegno Linea Discontinuità - Al Punto:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 10, 0}, 0);
   AttesaLinea(b.s, 2, {10, 0, 10, 10}, 0);
@@ -50,9 +49,8 @@ TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
   Banco b;
   MettiLinea(b.s, 0, 0, 30, 40, 1, 2);
   b.Pronto();
-  EXPECT_EQ(b.Script("ANSWER 5\nTAG DISEGNA_LINEA_ALLUNGA\nCLICK left 29 39\n"),
-            "> ANSWER 5\n> TAG DISEGNA_LINEA_ALLUNGA\nIMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n"
-            "> CLICK left 29 39\n");
+  EXPECT_TRUE(Stampa(b, "> ANSWER 5\n> TAG DISEGNA_LINEA_ALLUNGA\n"
+                        "IMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n> CLICK left 29 39\n"));
   // 5 more along the 3-4-5 direction: the far end moves by (3, 4).
   AttesaLinea(b.s, 0, {0, 0, 33, 44});
   EXPECT_EQ(b.s.LineaZ2[0], 2);
@@ -80,10 +78,9 @@ TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_ESTREMO\nCLICK left 9 1\nCLICK left 10 10\nCLICK left 0 10\n"),
-            "> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n"
-            "> CLICK left 9 1\nPROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
-            "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n> CLICK left 9 1\n"
+                        "PROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
+                        "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {10, 0, 10, 10}, 0);
   EXPECT_EQ(b.s.LineaZ1[1], 2);
@@ -94,9 +91,8 @@ TEST(subLineaProietta, DalPuntoAlSuoPiedeSullaLinea) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0, 0, 10);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PROIETTA\nCLICK left 5 0.2\nCLICK left 3 7\n"),
-            "> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
-            "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
+                        "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 1, {3, 7, 3, 0});
   // The foot takes the height of the line where it falls.
@@ -108,12 +104,11 @@ TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
   MettiLinea(b.s, 0, 0, 10, 0);
   MettiCerchio(b.s, 100, 0, 5);
   b.Pronto(50, 0, 200);
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PERPENDA\nCLICK left 5 0.2\nANSWER 3\nCLICK left 4 0\nCLICK left 6 -5\n"),
-            "> TAG DISEGNA_LINEA_PERPENDA\nPROMPT Disegno Perpen.. Da ...- Indica Entità:\n> CLICK left 5 0.2\n"
-            "PROMPT Perpen .. Da .. - Punto di Attacco\n> ANSWER 3\n> CLICK left 4 0\n"
-            "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
-            "PROMPT Perpen Da ... - Da quale parte\n> CLICK left 6 -5\n"
-            "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_PERPENDA\nPROMPT Disegno Perpen.. Da ...- Indica Entità:\n"
+                        "> CLICK left 5 0.2\nPROMPT Perpen .. Da .. - Punto di Attacco\n> ANSWER 3\n> CLICK left 4 0\n"
+                        "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
+                        "PROMPT Perpen Da ... - Da quale parte\n> CLICK left 6 -5\n"
+                        "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n"));
   AttesaLinea(b.s, 1, {4, 0, 4, -3});
   // On the circle at (103, 4), the click outside: along the radius, outwards.
   b.Script("CLICK left 100 5.1\nANSWER 5\nCLICK left 103 4\nCLICK left 106 8\n");
@@ -129,11 +124,10 @@ TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG ESTREMI_LINEA\nANSWER 2\nCLICK left 5 0.1\nCLICK left 5 3\n"),
-            "> TAG ESTREMI_LINEA\nPROMPT Disegno Ortogonali - Indicare Linea:\n> ANSWER 2\n> CLICK left 5 0.1\n"
-            "IMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
-            "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
-            "PROMPT Disegno Ortogonali - Indicare Linea:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG ESTREMI_LINEA\nPROMPT Disegno Ortogonali - Indicare Linea:\n> ANSWER 2\n"
+                        "> CLICK left 5 0.1\nIMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
+                        "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
+                        "PROMPT Disegno Ortogonali - Indicare Linea:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 0, 2});
   AttesaLinea(b.s, 2, {10, 0, 10, 2});
@@ -157,10 +151,9 @@ TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
   MettiArco(b.s, 100, 0, 5, 50, 100);
   b.s.ArcoPiano[0] = "CIGLIO";
   b.Pronto(50, 0, 200);
-  EXPECT_EQ(b.Script("ANSWER 2\nTAG DISEGNA_PARALLELA\nCLICK left 5 0.1\n"),
-            "> ANSWER 2\n> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> 2\n"
-            "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
-            "PROMPT Disegno parallela - Da quale parte\n");
+  EXPECT_TRUE(Stampa(b, "> ANSWER 2\n> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> 2\n"
+                        "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
+                        "PROMPT Disegno parallela - Da quale parte\n"));
   // The line picked is shown highlighted until the side is given.
   EXPECT_GT(InLista(b.s, SlotLinee, true), 0);
   b.Script("CLICK left 5 7\n");
@@ -188,9 +181,9 @@ TEST(subParallelaPerPunto, LaStessaLunghezzaPerIlPunto) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG PARALLELA_PER_PUNTO\nCLICK left 5 0.1\nCLICK left 3 4\n"),
-            "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 5 0.1\n"
-            "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\nPROMPT Parallelaperpunto - Indica Linea :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 5 0.1\n"
+                        "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\n"
+                        "PROMPT Parallelaperpunto - Indica Linea :\n"));
   AttesaLinea(b.s, 1, {0, 4, 10, 4});
 }
 
@@ -200,24 +193,21 @@ TEST(subVerificaParallele, AzimutEDifferenza) {
   MettiLinea(b.s, 20, 0, 29, 10);
   b.Pronto();
   // atan2(9, 10) from North: 46.65246 gon; the first line is 50 gon.
-  EXPECT_EQ(b.Script("TAG VERIFICA_PARALLELE\nCLICK left 5 5\nCLICK left 24.5 5\n"),
-            "> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
-            "> CLICK left 24.5 5\n"
-            "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
-            "PROMPT Prima Linea :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
+                        "> CLICK left 24.5 5\n"
+                        "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
+                        "PROMPT Prima Linea :\n"));
 }
 
 TEST(subDisegnoPercorso, LatiDaAzimutEDistanzaFinoAlTastoDestro) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PERCORSO\nANSWER 100\nANSWER 10\nCLICK left 0 0\nANSWER 150\nANSWER 5\n"
-                     "CLICK left 99 99\nCLICK right 0 0\n"),
-            "> TAG DISEGNA_PERCORSO\nPROMPT Disegno Percorso - Punto Partenza:\n> ANSWER 100\n> ANSWER 10\n"
-            "> CLICK left 0 0\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 10\nPROMPT Disegno Percorso - Prossimo Lato:\n"
-            "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 150\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 5\nPROMPT Disegno Percorso - Prossimo Lato:\n"
-            "> CLICK right 0 0\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_PERCORSO\nPROMPT Disegno Percorso - Punto Partenza:\n> ANSWER 100\n> ANSWER 10\n"
+                        "> CLICK left 0 0\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
+                        "IMPUTA [Disegno Percorso] Distanza : -> 10\nPROMPT Disegno Percorso - Prossimo Lato:\n"
+                        "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\n"
+                        "IMPUTA [Disegno Percorso] Azimut (gon) : -> 150\nIMPUTA [Disegno Percorso] Distanza : -> 5\n"
+                        "PROMPT Disegno Percorso - Prossimo Lato:\n> CLICK right 0 0\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   AttesaLinea(b.s, 0, {0, 0, 10, 0});
   // 150 gon is South-East: 5 along it is (5/√2, -5/√2) further.
@@ -232,11 +222,10 @@ TEST(RettangoloESquadrato, IlTerzoPuntoDaLaProfondita) {
   b.Pronto();
   // A third point on the first side: no depth, no figure, the third point still awaited.
   b.Opzioni.Rigoroso = false;
-  EXPECT_EQ(b.Script("TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\nCLICK left 3 4\n"),
-            "> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
-            "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
-            "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
-            "PROMPT Disegno Rettangolo - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
+                        "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
+                        "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
+                        "PROMPT Disegno Rettangolo - Primo Punto:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
   AttesaLinea(b.s, 0, {0, 0, 10, 0}, 0);
   AttesaLinea(b.s, 1, {10, 0, 10, 4}, 0);
@@ -254,10 +243,10 @@ TEST(subArcoRaccordo, TagliaLeLineeEScriveLArco) {
   MettiLinea(b.s, -10, 0, 10, 0, 1, 1);
   MettiLinea(b.s, 0, -10, 0, 10);
   b.Pronto();
-  EXPECT_EQ(b.Script("ANSWER 2\nTAG ARCO_RACCORDO\nCLICK left -5 0.1\nCLICK left 0.1 5\n"),
-            "> ANSWER 2\n> TAG ARCO_RACCORDO\nIMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
-            "PROMPT Arco Raccorda - Prima Linea:\n> CLICK left -5 0.1\nPROMPT Arco Raccorda - Seconda Linea:\n"
-            "> CLICK left 0.1 5\nPROMPT Arco Raccorda - Prima Linea:\n");
+  EXPECT_TRUE(Stampa(b, "> ANSWER 2\n> TAG ARCO_RACCORDO\nIMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
+                        "PROMPT Arco Raccorda - Prima Linea:\n> CLICK left -5 0.1\n"
+                        "PROMPT Arco Raccorda - Seconda Linea:\n> CLICK left 0.1 5\n"
+                        "PROMPT Arco Raccorda - Prima Linea:\n"));
   // The corner between the West and the North arms: centre (-2, 2), feet (-2, 0), (0, 2).
   AttesaLinea(b.s, 0, {-10, 0, -2, 0});
   AttesaLinea(b.s, 1, {0, 2, 0, 10});

@@ -24,11 +24,10 @@ TEST(ProprietaTesto, IDefaultDelleImpostazioniEUnTestoAOgniClic) {
   b.s.Imp.FontTestoDefault = "Times New Roman";
   b.s.PianoCorrente = "TESTI";
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_TESTO\n"),
-            "> TAG DISEGNA_TESTO\n"
-            "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"2.5\" Angolo=\"10\" Colore=\"3\" "
-            "Font=\"Times New Roman\" (OK, Annulla)\n"
-            "PROMPT Indicare posizione inizio testo :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_TESTO\n"
+                        "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"2.5\" Angolo=\"10\" "
+                        "Colore=\"3\" Font=\"Times New Roman\" (OK, Annulla)\n"
+                        "PROMPT Indicare posizione inizio testo :\n"));
   // No text typed: the click writes nothing.
   b.Script("CLICK left 1 1\n");
   EXPECT_EQ(b.s.ContaEntita[SlotTesti], 0);
@@ -49,12 +48,11 @@ TEST(ProprietaTesto, IDefaultDelleImpostazioniEUnTestoAOgniClic) {
 TEST(subTestodistanza, LaDistanzaAMetaLungoLaLinea) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG TESTO_DISTANZA\nFIELD Altezza 2\nCLICK left 0 0\nCLICK left 30 40\n"),
-            "> TAG TESTO_DISTANZA\n"
-            "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"5\" Angolo=\"0\" Colore=\"1\" "
-            "Font=\"Arial\" (OK, Annulla)\n"
-            "PROMPT Testo Distanza - Dal Punto :\n> FIELD Altezza 2\n> CLICK left 0 0\n"
-            "PROMPT Testo Distanza - Al Punto :\n> CLICK left 30 40\nPROMPT Testo Distanza - Dal Punto :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG TESTO_DISTANZA\n"
+                        "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"5\" Angolo=\"0\" "
+                        "Colore=\"1\" Font=\"Arial\" (OK, Annulla)\nPROMPT Testo Distanza - Dal Punto :\n"
+                        "> FIELD Altezza 2\n> CLICK left 0 0\nPROMPT Testo Distanza - Al Punto :\n> CLICK left 30 40\n"
+                        "PROMPT Testo Distanza - Dal Punto :\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotTesti], 1);
   EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoX[0], b.s.TestoY[0], b.s.TestoAltezza[0]),
             std::make_tuple("50", 15, 20, 2));
@@ -116,10 +114,9 @@ TEST(subTestoAllinea, LaRotazioneSegueIDuePunti) {
   Banco b;
   MettiTesto(b.s, 0, 0, "FOSSO");
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG TESTO_ALLINEA\nCLICK left 0.5 0.5\nCLICK left 0 0\nCLICK left 0 10\n"),
-            "> TAG TESTO_ALLINEA\nPROMPT Allinea Testo - Indica il Testo\n> CLICK left 0.5 0.5\n"
-            "PROMPT Allinea Testo - Primo Punto:\n> CLICK left 0 0\nPROMPT Allinea Testo - Secondo Punto:\n"
-            "> CLICK left 0 10\nPROMPT Allinea Testo - Indica il Testo\n");
+  EXPECT_TRUE(Stampa(b, "> TAG TESTO_ALLINEA\nPROMPT Allinea Testo - Indica il Testo\n> CLICK left 0.5 0.5\n"
+                        "PROMPT Allinea Testo - Primo Punto:\n> CLICK left 0 0\nPROMPT Allinea Testo - Secondo Punto:\n"
+                        "> CLICK left 0 10\nPROMPT Allinea Testo - Indica il Testo\n"));
   EXPECT_NEAR(b.s.TestoRotazione[0], 100, 1e-9);
 }
 
@@ -149,14 +146,12 @@ TEST(subDisegnaFumetto, NuvolettaDiLineeColTesto) {
 TEST(Serie, NumeroPuntiZeroNonScriveNulla) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG SERIE_LINEARE\nFIELD ParametriSerie.Numero_Punti 0\nFIELD Distanza 2\n"
-                     "PRESS ParametriSerie.OK\nCLICK left 0 0\nCLICK left 10 0\n"),
-            "> TAG SERIE_LINEARE\n"
-            "DIALOGO + ParametriSerie [Parametri Serie] Numero_Punti=\"0\" Distanza=\"0\" Numero_Righe=\"0\" "
-            "Numero_Colonne=\"0\" (OK, Annulla)\n"
-            "PROMPT Serie Lineare - Primo Punto:\n> FIELD ParametriSerie.Numero_Punti 0\n> FIELD Distanza 2\n"
-            "> PRESS ParametriSerie.OK\nDIALOGO - ParametriSerie\n"
-            "> CLICK left 0 0\nPROMPT Serie Lineare - Secondo Punto:\n> CLICK left 10 0\n");
+  EXPECT_TRUE(Stampa(b, "> TAG SERIE_LINEARE\n"
+                        "DIALOGO + ParametriSerie [Parametri Serie] Numero_Punti=\"0\" Distanza=\"0\" "
+                        "Numero_Righe=\"0\" Numero_Colonne=\"0\" (OK, Annulla)\nPROMPT Serie Lineare - Primo Punto:\n"
+                        "> FIELD ParametriSerie.Numero_Punti 0\n> FIELD Distanza 2\n> PRESS ParametriSerie.OK\n"
+                        "DIALOGO - ParametriSerie\n> CLICK left 0 0\nPROMPT Serie Lineare - Secondo Punto:\n"
+                        "> CLICK left 10 0\n"));
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 0);
   // The settings confirmed are kept for the next start.
   EXPECT_NE(LeggiFileProva(b.s.CartellaLavoro + "Configura.ini").find("Distanza,2"), std::string::npos);

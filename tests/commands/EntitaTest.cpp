@@ -29,9 +29,9 @@ TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
   MettiLinea(b.s, 0, 5, 10, 5);
   b.Pronto(5, 2, 30);
   const int64_t prima = PassoUndo(b.s);
-  EXPECT_EQ(b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 2 5.1\n"),
-            "> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
-            "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\nPROMPT Cambia Rifila - Prima Entita:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
+                        "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\n"
+                        "PROMPT Cambia Rifila - Prima Entita:\n"));
   Linea(b.s, 0, 0, 0, 10, 0);
   Linea(b.s, 1, 0, 5, 10, 5);
   EXPECT_EQ(PassoUndo(b.s), prima);
@@ -87,9 +87,8 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   MettiLinea(s, 0, 1, 10, 1);
   b.Pronto(5, 0, 30);
   const int64_t prima = PassoUndo(s);
-  EXPECT_EQ(b.Script("TAG CAMBIA_TAGLIA\nCLICK left 5 2\n"),
-            "> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
-            "PROMPT Cambia Taglia - Parte da Tagliare:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
+                        "PROMPT Cambia Taglia - Parte da Tagliare:\n"));
   // The reference is shown selected.
   EXPECT_EQ(s.StatoCerchio[0], 1);
   EXPECT_GT(InLista(s, SlotCerchi, true), 0);
@@ -160,9 +159,8 @@ TEST(Allunga, LEstremoPiuVicinoVaAlConfine) {
   MettiLinea(s, 10, -5, 10, 5);
   MettiLinea(s, 0, 0, 4, 0, 0, 4);
   b.Pronto(5, 0, 30);
-  EXPECT_EQ(b.Script("TAG CAMBIA_ALLUNGA\nCLICK left 10.1 2\nCLICK left 2 0.1\n"),
-            "> TAG CAMBIA_ALLUNGA\nPROMPT Cambia Allunga - Entità Riferimento:\n> CLICK left 10.1 2\n"
-            "PROMPT Cambia Allunga - Entità da Allungare:\n> CLICK left 2 0.1\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CAMBIA_ALLUNGA\nPROMPT Cambia Allunga - Entità Riferimento:\n> CLICK left 10.1 2\n"
+                        "PROMPT Cambia Allunga - Entità da Allungare:\n> CLICK left 2 0.1\n"));
   Linea(s, 1, 0, 0, 10, 0);
   EXPECT_NEAR(s.LineaZ2[1], 10, 1e-12);
   EXPECT_EQ(s.StatoLinea[0], 1);
@@ -185,8 +183,7 @@ TEST(Divide, AlPiedeDelPuntoInDueRighe) {
   MettiCerchio(s, 30, 0, 2);
   MettiArco(s, 20, 20, 5, 0, 100);
   b.Pronto(15, 10, 60);
-  EXPECT_EQ(b.Script("TAG CAMBIA_DIVIDE\nCLICK left 30 2.1\n"),
-            "> TAG CAMBIA_DIVIDE\nPROMPT Cambia Divide - Entità da Dividere:\n> CLICK left 30 2.1\n");
+  EXPECT_TRUE(Stampa(b, "> TAG CAMBIA_DIVIDE\nPROMPT Cambia Divide - Entità da Dividere:\n> CLICK left 30 2.1\n"));
   EXPECT_EQ(s.PassoComando, 0);  // a circle is refused
   b.Script("CLICK left 5 0.1\nCLICK left 12 3\n");
   EXPECT_EQ(s.PassoComando, 1);  // a point beyond the end divides nothing
@@ -244,9 +241,8 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   b.Script("CLICK left 30 0.1\n");
   ASSERT_TRUE(DialogoAperto(s, "formEditaPunto"));
   EXPECT_EQ(TrovaDialogo(s, "formEditaPunto")->Valore("Quota"), "5.000");
-  EXPECT_EQ(b.Script("FIELD Nome B\nANSWER no\nPRESS OK\n"),
-            "> FIELD Nome B\n> ANSWER no\n> PRESS OK\n"
-            "DOMANDA [Nome esistente] Nome Punto B esistente!! Procedere ugualmente ?  -> NO\n");
+  EXPECT_TRUE(Stampa(b, "> FIELD Nome B\n> ANSWER no\n> PRESS OK\n"
+                        "DOMANDA [Nome esistente] Nome Punto B esistente!! Procedere ugualmente ?  -> NO\n"));
   EXPECT_EQ(s.PuntoNome[0], "A");
   EXPECT_TRUE(DialogoAperto(s, "formEditaPunto"));
   b.Script("ANSWER yes\nPRESS OK\n");

@@ -4,7 +4,7 @@
 
 #include <tuple>
 
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
@@ -16,9 +16,9 @@ TEST(subNomeScambio, DueNomiSiScambiano) {
   MettiPunto(b.s, "A", 0, 0);
   MettiPunto(b.s, "B", 10, 0);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG NOME_SCAMBIO\nCLICK left 1 0\nCLICK left 9 1\n"),
-            "> TAG NOME_SCAMBIO\nPROMPT Nome Scambio - Primo Punto:\n> CLICK left 1 0\n"
-            "PROMPT Nome Scambio - A - Secondo Punto:\n> CLICK left 9 1\nPROMPT Nome Scambio - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG NOME_SCAMBIO\nPROMPT Nome Scambio - Primo Punto:\n> CLICK left 1 0\n"
+                        "PROMPT Nome Scambio - A - Secondo Punto:\n> CLICK left 9 1\n"
+                        "PROMPT Nome Scambio - Primo Punto:\n"));
   EXPECT_EQ(std::tie(b.s.PuntoNome[0], b.s.PuntoNome[1]), std::make_tuple("B", "A"));
   // The same point twice changes nothing and waits for another.
   b.Script("CLICK left 0 0\nCLICK left 0 1\n");
@@ -30,10 +30,9 @@ TEST(subEditNomeSposta, IlNomeVaDoveSiClicca) {
   Banco b;
   MettiPunto(b.s, "7", 100, 200);
   b.Pronto(100, 200, 50);
-  EXPECT_EQ(b.Script("TAG EDIT_SPOSTA_NOME\nCLICK left 101 201\nCLICK left 103 196\n"),
-            "> TAG EDIT_SPOSTA_NOME\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK left 101 201\n"
-            "PROMPT Nome Sposta - Indica Punto : 7 - Nuova Posizione:\n> CLICK left 103 196\n"
-            "PROMPT Nome Sposta - Indicare il Punto :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG EDIT_SPOSTA_NOME\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK left 101 201\n"
+                        "PROMPT Nome Sposta - Indica Punto : 7 - Nuova Posizione:\n> CLICK left 103 196\n"
+                        "PROMPT Nome Sposta - Indicare il Punto :\n"));
   EXPECT_EQ(b.s.PuntoSpoX[0], 3);
   EXPECT_EQ(b.s.PuntoSpoY[0], -4);
   EXPECT_EQ(b.s.ModoSnap, 1);  // armed again on points
@@ -49,11 +48,10 @@ TEST(CopiaQuota, UnaQuotaCopiataEIncollataSuAltriPunti) {
   MettiPunto(b.s, "B", 10, 0, 3);
   MettiPunto(b.s, "C", 20, 0, 4);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG COPIA_QUOTA\nCLICK left 0 1\nCLICK left 10 1\nCLICK left 20 1\n"),
-            "> TAG COPIA_QUOTA\nPROMPT Copia Quota - Indica il Punto :\n> CLICK left 0 1\n"
-            "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 10 1\n"
-            "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 20 1\n"
-            "PROMPT Quota del Punto A Copiata = 12.500\n");
+  EXPECT_TRUE(Stampa(b, "> TAG COPIA_QUOTA\nPROMPT Copia Quota - Indica il Punto :\n> CLICK left 0 1\n"
+                        "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 10 1\n"
+                        "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 20 1\n"
+                        "PROMPT Quota del Punto A Copiata = 12.500\n"));
   EXPECT_EQ(b.s.PuntoZ[1], 12.5);
   EXPECT_EQ(b.s.PuntoZ[2], 12.5);
   EXPECT_EQ(b.s.ComandoCorrente, 321);
@@ -92,21 +90,19 @@ TEST(subInfoDistanza, DistanzaAzimutEDislivello) {
             "Dislivello = 4.000 | Distanza Inclinata = 50.160\n"
             "PROMPT Info Distanza - Primo Punto:\n");
   // Between two free places: no names, and due West.
-  EXPECT_EQ(b.Script("TAG INFO_DISTANZA_2P\nCLICK left 5 5\nCLICK left 2 5\n"),
-            "> TAG INFO_DISTANZA_2P\nPROMPT Info Distanza 2P - Primo Punto:\n> CLICK left 5 5\n"
-            "PROMPT Info Distanza 2P - Secondo Punto:\n> CLICK left 2 5\n"
-            "MESSAGGIO [Info Distanza] Distanza = 3.000 | Azimut = 300.0000 | Dislivello = 0.000 | "
-            "Distanza Inclinata = 3.000\n"
-            "PROMPT Info Distanza 2P - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG INFO_DISTANZA_2P\nPROMPT Info Distanza 2P - Primo Punto:\n> CLICK left 5 5\n"
+                        "PROMPT Info Distanza 2P - Secondo Punto:\n> CLICK left 2 5\n"
+                        "MESSAGGIO [Info Distanza] Distanza = 3.000 | Azimut = 300.0000 | Dislivello = 0.000 | "
+                        "Distanza Inclinata = 3.000\nPROMPT Info Distanza 2P - Primo Punto:\n"));
 }
 
 TEST(subInfoAngolo, DallInizioAllaFineInSensoOrario) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG INFO_ANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 0 10\n"),
-            "> TAG INFO_ANGOLO\nPROMPT Info Angolo - Vertice Angolo :\n> CLICK left 0 0\n"
-            "PROMPT Info Angolo - Fine Angolo :\n> CLICK left 10 0\nPROMPT INFO Angolo - Inizio Angolo :\n"
-            "> CLICK left 0 10\nMESSAGGIO [Info Angolo] Angolo = 100.0000\nPROMPT Info Angolo - Vertice Angolo :\n");
+  EXPECT_TRUE(Stampa(b, "> TAG INFO_ANGOLO\nPROMPT Info Angolo - Vertice Angolo :\n> CLICK left 0 0\n"
+                        "PROMPT Info Angolo - Fine Angolo :\n> CLICK left 10 0\nPROMPT INFO Angolo - Inizio Angolo :\n"
+                        "> CLICK left 0 10\nMESSAGGIO [Info Angolo] Angolo = 100.0000\n"
+                        "PROMPT Info Angolo - Vertice Angolo :\n"));
   // From East round to North: three quarters of a turn.
   const std::string uscita = b.Script("CLICK left 0 0\nCLICK left 0 10\nCLICK left 10 0\n");
   EXPECT_EQ(uscita.substr(uscita.find("MESSAGGIO")),

@@ -3,7 +3,7 @@
 // kinds, frozen lines, and the question of a point placed on another.
 #include <gtest/gtest.h>
 
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -44,21 +44,12 @@ TEST(Script, LineaDuePuntiRipetutaConEscEFinitaColDestro) {
 TEST(Script, UnTagAMetaComandoLoLasciaSenzaDomande) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PUNTO\n"
-                     "TAG DISEGNA_LINEA_2_P\n"
-                     "CLICK left 0 0\n"
-                     "TAG INFO_DISTANZA\n"),
-            "> TAG DISEGNA_PUNTO\n"
-            "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"1\" Descrizione=\"\" Piano=\"0\" Automatico=\"1\" Passo=\"1\" "
-            "(Prendi, Annulla)\n"
-            "PROMPT Indicare la posizione del nuovo punto\n"
-            "> TAG DISEGNA_LINEA_2_P\n"
-            "DIALOGO - NuovoPunto\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> TAG INFO_DISTANZA\n"
-            "PROMPT Info Distanza - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_PUNTO\n"
+                        "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"1\" Descrizione=\"\" Piano=\"0\" Automatico=\"1\" "
+                        "Passo=\"1\" (Prendi, Annulla)\nPROMPT Indicare la posizione del nuovo punto\n"
+                        "> TAG DISEGNA_LINEA_2_P\nDIALOGO - NuovoPunto\nPROMPT Disegno Linea 2P - Primo Punto:\n"
+                        "> CLICK left 0 0\nPROMPT Disegno Linea - Al Punto:\n> TAG INFO_DISTANZA\n"
+                        "PROMPT Info Distanza - Primo Punto:\n"));
   EXPECT_EQ(b.s.ComandoCorrente, 28);
   EXPECT_EQ(b.s.PassoComando, 0);
   EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
@@ -80,15 +71,12 @@ TEST(Script, IlDestroLasciaPrimaLoSnapPoiFinisceARiposoRipete) {
   // At rest the right button repeats; a command that sets the point snap itself then loses
   // it to the second, and the third ends it.
   b.Script("TAG EDIT_SPOSTA_NOME\nKEY ESC\n");
-  EXPECT_EQ(b.Script("CLICK right 1 1\nCLICK right 1 1\nCLICK right 1 1\n"),
-            "> CLICK right 1 1\n"
-            "PROMPT Nome Sposta - Indicare il Punto :\n"
-            "> CLICK right 1 1\n"
-            "> CLICK right 1 1\n");
+  EXPECT_TRUE(Stampa(b, "> CLICK right 1 1\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK right 1 1\n"
+                        "> CLICK right 1 1\n"));
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   // With the menu setting on, the right button at rest shows the edit menu instead.
   b.s.Imp.MenuMouse = 1;
-  EXPECT_EQ(b.Script("CLICK right 1 1\n"), "> CLICK right 1 1\nMENU MENU_EDIT\n");
+  EXPECT_TRUE(Stampa(b, "> CLICK right 1 1\nMENU MENU_EDIT\n"));
   EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
@@ -174,19 +162,12 @@ TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
   Banco b;
   MettiPunto(b.s, "5", 10, 10, 4);
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PUNTO\n"
-                     "FIELD Nome 77\n"
-                     "ANSWER yes\n"
-                     "CLICK left 10.0004 10\n"),
-            "> TAG DISEGNA_PUNTO\n"
-            "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"6\" Descrizione=\"\" Piano=\"0\" Automatico=\"1\" Passo=\"1\" "
-            "(Prendi, Annulla)\n"
-            "PROMPT Indicare la posizione del nuovo punto\n"
-            "> FIELD Nome 77\n"
-            "> ANSWER yes\n"
-            "> CLICK left 10.0004 10\n"
-            "DOMANDA [Punto Esistente] Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
-            "Cambiare il Nome al Punto Esistente -> SI\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_PUNTO\n"
+                        "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"6\" Descrizione=\"\" Piano=\"0\" Automatico=\"1\" "
+                        "Passo=\"1\" (Prendi, Annulla)\nPROMPT Indicare la posizione del nuovo punto\n> FIELD Nome 77\n"
+                        "> ANSWER yes\n> CLICK left 10.0004 10\n"
+                        "DOMANDA [Punto Esistente] Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
+                        "Cambiare il Nome al Punto Esistente -> SI\n"));
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(b.s.PuntoNome[0], "77");
   EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "78");
@@ -195,8 +176,7 @@ TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(b.s.PuntoNome[0], "77");
   // Beyond a millimetre is another place: a new point, and the next name offered.
-  EXPECT_EQ(b.Script("CLICK left 10 10.0011\n"),
-            "> CLICK left 10 10.0011\nPROMPT 79 - Indicare la posizione del nuovo punto\n");
+  EXPECT_TRUE(Stampa(b, "> CLICK left 10 10.0011\nPROMPT 79 - Indicare la posizione del nuovo punto\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotPunti], 2);
   EXPECT_EQ(b.s.PuntoNome[1], "78");
   EXPECT_EQ(b.s.PuntoY[1], 10.0011);

@@ -9,7 +9,7 @@
 #include "store/Carica.h"
 #include "selection/EsportaSelezione.h"
 #include "selection/Selezione.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "view/Ridisegna.h"
 #include "view/SuperficieRegistrata.h"
 
@@ -255,12 +255,10 @@ TEST(SelezPunti, FiltriFinestraFileEdEliminazione) {
   MettiPunto(b.s, "12", 30, 0);
   MettiPunto(b.s, "pf2", 40, 0);
   b.Pronto(20, 0, 100);
-  EXPECT_EQ(b.Script("TAG PUNTO_ELIMINA\nPRESS OK\n"),
-            "> TAG PUNTO_ELIMINA\n"
-            "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" "
-            "(Finestra, Tutti, PF, Stazioni, Salva, Carica, AggiungiTogli, OK, Annulla)\n"
-            "> PRESS OK\n"
-            "MESSAGGIO [Selezione Punti] Attenzione!! Nessun Punto Selezionato\n");
+  EXPECT_TRUE(Stampa(b, "> TAG PUNTO_ELIMINA\n"
+                        "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" (Finestra, Tutti, "
+                        "PF, Stazioni, Salva, Carica, AggiungiTogli, OK, Annulla)\n> PRESS OK\n"
+                        "MESSAGGIO [Selezione Punti] Attenzione!! Nessun Punto Selezionato\n"));
   b.Script("PRESS PF\n");
   EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "1");
   b.Script("PRESS Stazioni\n");

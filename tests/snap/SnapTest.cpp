@@ -7,7 +7,7 @@
 
 #include "snap/Incrocio.h"
 #include "snap/Vicino.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
@@ -123,22 +123,10 @@ TEST(SnapTesto, InserimentoDelTestoAllaQuotaDiRiferimento) {
 TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_LIBERA\n"
-                     "KEY N\n"
-                     "FIELD Nord 100\n"
-                     "FIELD SnapNEQ.Est 200,5\n"
-                     "FIELD Quota 5\n"
-                     "PRESS OK\n"),
-            "> TAG DISEGNA_LINEA_LIBERA\n"
-            "PROMPT Disegno Linea - Dal Punto:\n"
-            "> KEY N\n"
-            "DIALOGO + SnapNEQ [Coordinate del Punto] Nord=\"\" Est=\"\" Quota=\"\" (OK, Annulla)\n"
-            "> FIELD Nord 100\n"
-            "> FIELD SnapNEQ.Est 200,5\n"
-            "> FIELD Quota 5\n"
-            "> PRESS OK\n"
-            "DIALOGO - SnapNEQ\n"
-            "PROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_LIBERA\nPROMPT Disegno Linea - Dal Punto:\n> KEY N\n"
+                        "DIALOGO + SnapNEQ [Coordinate del Punto] Nord=\"\" Est=\"\" Quota=\"\" (OK, Annulla)\n"
+                        "> FIELD Nord 100\n> FIELD SnapNEQ.Est 200,5\n> FIELD Quota 5\n> PRESS OK\nDIALOGO - SnapNEQ\n"
+                        "PROMPT Disegno Linea - Al Punto:\n"));
   EXPECT_EQ(b.s.Punto1X, 200.5);
   EXPECT_EQ(b.s.Punto1Y, 100);
   EXPECT_EQ(b.s.Punto1Z, 5);
@@ -164,28 +152,13 @@ TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
 TEST(MemoPunti, MemorizzatoAMetaComandoERichiamatoPiuTardi) {
   Banco b;
   b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_2_P\n"
-                     "CLICK left 0 0\n"
-                     "TAG MEMO_PUNTO\n"
-                     "ANSWER casa\n"
-                     "CLICK left 7 8\n"
-                     "KEY H\n"
-                     "PRESS casa\n"),
-            "> TAG DISEGNA_LINEA_2_P\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> CLICK left 0 0\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> TAG MEMO_PUNTO\n"
-            "PROMPT Indicare il Punto da memorizzare :\n"
-            "> ANSWER casa\n"
-            "> CLICK left 7 8\n"
-            "IMPUTA [Memorizza Punto] Nome del Punto da memorizzare : -> casa\n"
-            "PROMPT Disegno Linea - Al Punto:\n"
-            "> KEY H\n"
-            "DIALOGO + VR_MemoPuntiSnap [Punti Memorizzati] (casa, Annulla)\n"
-            "> PRESS casa\n"
-            "DIALOGO - VR_MemoPuntiSnap\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n");
+  EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> CLICK left 0 0\n"
+                        "PROMPT Disegno Linea - Al Punto:\n> TAG MEMO_PUNTO\n"
+                        "PROMPT Indicare il Punto da memorizzare :\n> ANSWER casa\n> CLICK left 7 8\n"
+                        "IMPUTA [Memorizza Punto] Nome del Punto da memorizzare : -> casa\n"
+                        "PROMPT Disegno Linea - Al Punto:\n> KEY H\n"
+                        "DIALOGO + VR_MemoPuntiSnap [Punti Memorizzati] (casa, Annulla)\n> PRESS casa\n"
+                        "DIALOGO - VR_MemoPuntiSnap\nPROMPT Disegno Linea 2P - Primo Punto:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
   EXPECT_EQ(b.s.LineaX2[0], 7);
   EXPECT_EQ(b.s.LineaY2[0], 8);
