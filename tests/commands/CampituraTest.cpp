@@ -121,12 +121,10 @@ TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
   }
   Uguali(righe, QuadratoAtteso(45, 1));
   // One generation for the whole fill, and the contour cleared for the next.
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 1);
-  EXPECT_EQ(b.s.SpezzataTemporanea.Conta(), 0u);
-  EXPECT_EQ(b.s.ComandoCorrente, 196);
+  EXPECT_EQ(std::make_tuple(LeggiDiario(b.s)->Passo, b.s.SpezzataTemporanea.Conta(), b.s.ComandoCorrente),
+            std::make_tuple(prima + 1, 0u, 196));
   b.Script("KEY F9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima);
+  EXPECT_EQ(std::make_tuple(b.s.ContaEntita[SlotLinee], LeggiDiario(b.s)->Passo), std::make_tuple(0, prima));
   // The settings went to `Configura.ini`; a spacing of 0 ends the command.
   EXPECT_NE(LeggiFileProva(b.s.CartellaLavoro + "Configura.ini").find("Angolo_Campitura,45"), std::string::npos);
   b.Script("TAG G\nFIELD Distanza_Campitura 0\nPRESS Imputa2.OK\n");

@@ -27,8 +27,7 @@ TEST(Esegui_Comando_TAG, UnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
   ASSERT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
   EXPECT_TRUE(Stampa(b, "> TAG snap_xyz\n"));
   EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  EXPECT_EQ(b.s.ComandoCorrente, 1);
-  EXPECT_EQ(b.s.ModoSnap, 5);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.ModoSnap), std::make_tuple(1, 5));
   EXPECT_EQ(b.s.ComandoTag, "SNAP_XYZ");  // upper case on entry
   // A tag of no snap, known or not, closes the working dialogs before the chain.
   b.Script("TAG PIPPO\n");
@@ -62,14 +61,12 @@ TEST(Esegui_Comando_TAG, UnoZoomAMetaComandoLoLasciaComEra) {
   EXPECT_EQ((std::vector<double>{b.s.Vista.CentroEst, b.s.Vista.CentroNord, b.s.Vista.AltezzaVista}),
             (std::vector<double>{20, 15, 20}));
   EXPECT_EQ(Comando(b.s), (I{22, 1}));
-  EXPECT_EQ(b.s.Prompt, "Disegno Linea - Al Punto:");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(std::tie(b.s.Prompt, b.s.ContaEntita[SlotLinee]), std::make_tuple("Disegno Linea - Al Punto:", 0));
   // The right button takes a zoom back, and only the zoom.
   b.Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
   EXPECT_EQ(b.s.Vista.CentroEst, 20);
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(b.s.LineaX2[0], 5);
-  EXPECT_EQ(b.s.Prompt, "Disegno Linea 2P - Primo Punto:");
+  EXPECT_EQ(std::tie(b.s.LineaX2[0], b.s.Prompt), std::make_tuple(5, "Disegno Linea 2P - Primo Punto:"));
 }
 
 TEST(ArmaComando, IlValoreChiestoPrimaAnnullatoNonArma) {
@@ -79,8 +76,7 @@ TEST(ArmaComando, IlValoreChiestoPrimaAnnullatoNonArma) {
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   // The prompt and its question are pinned by the parallel's own test; F4 arms it again.
   b.Script("ANSWER 2,5\nKEY F4\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 136);
-  EXPECT_EQ(b.s.ValoreImputato, "2,5");
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.ValoreImputato), std::make_tuple(136, "2,5"));
 }
 
 TEST(ArmaComando, LoSnapDelComandoPrecedenteOQuelloDelComando) {
@@ -130,14 +126,12 @@ TEST(Tastiera, LettereDiSnapSoloConUnComandoArmato) {
   EXPECT_EQ(b.s.ModoSnap, 5);
   // One click, one snap.
   b.Script("CLICK left 9 1\n");
-  EXPECT_EQ(b.s.Punto1X, 10);
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  EXPECT_EQ(std::tie(b.s.Punto1X, b.s.ModoSnap), std::make_tuple(10, 16));
   // A snap that finds nothing leaves the mode for the next try.
   MettiTesto(b.s, 0, 0, "x");
   b.s.TestoIdent[0] = -1;
   b.Script("KEY B\nCLICK left 3 3\n");
-  EXPECT_EQ(b.s.ModoSnap, 10);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(std::tie(b.s.ModoSnap, b.s.PassoComando), std::make_tuple(10, 1));
   // The text box with the focus takes the letters, not Esc.
   EXPECT_FALSE(TastoGiu(b.s, {Tasto::Carattere, 'V'}, true));
   EXPECT_EQ(b.s.ModoSnap, 10);
@@ -271,8 +265,7 @@ TEST(Visualizza, UnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
   EXPECT_EQ(lll.substr(128, 2), std::string("\xff\xff", 2));  // Congela Nome -1
   // Undone, the name is shown again, and the command in progress starts over.
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
-  EXPECT_EQ(b.s.PuntoCongelaNome[0], 0);
-  EXPECT_EQ(PassoUndo(b.s), prima);
+  EXPECT_EQ(std::make_tuple(b.s.PuntoCongelaNome[0], PassoUndo(b.s)), std::make_tuple(0, prima));
   EXPECT_EQ(Comando(b.s), (I{22, 0}));
 }
 
@@ -294,8 +287,7 @@ TEST(InvioCasella, CentraSulPuntoNominato) {
   MettiPunto(b.s, "12", 40, 60);
   b.Pronto();
   b.Script("TYPE 12\n");
-  EXPECT_EQ(b.s.Vista.CentroEst, 40);
-  EXPECT_EQ(b.s.Vista.CentroNord, 60);
+  EXPECT_EQ(std::tie(b.s.Vista.CentroEst, b.s.Vista.CentroNord), std::make_tuple(40, 60));
 }
 
 }  // namespace

@@ -74,11 +74,9 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
   // Right of A to B, which runs North: East. The height of the foot, 1.8 of 5 up the slope.
   EXPECT_TRUE(In(b.s, "B1", 102.4, 201.8, 13.6));
   const auto k = static_cast<size_t>(Riga(b.s, "B1"));
-  EXPECT_EQ(b.s.PuntoPiano[k], "RILIEVO");
-  EXPECT_EQ(b.s.PuntoDescrizione[k], "spigolo");
+  EXPECT_EQ(std::tie(b.s.PuntoPiano[k], b.s.PuntoDescrizione[k]), std::make_tuple("RILIEVO", "spigolo"));
   EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
-  EXPECT_EQ(Valori(b.s, "NuovoPunto", "Nome"), "B2");
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(std::make_tuple(Valori(b.s, "NuovoPunto", "Nome"), b.s.PassoComando), std::make_tuple("B2", 0));
 
   // The other side: from B to A, 4 from B and 3 from A, right of South is West.
   b.Script("CLICK left 100 205\nCLICK left 100 200\nFIELD Distanza1 4\nFIELD Distanza2 3\nPRESS OK\n");
@@ -89,8 +87,7 @@ TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
                "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto Bilatera] Distanze non ammissibili!\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoBilatera\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotPunti], b.s.ComandoCorrente), std::make_tuple(4, 0));
 }
 
 TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) {
@@ -125,8 +122,7 @@ TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) 
       b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n"),
       "MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
       "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"));
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.ContaEntita[SlotPunti]), std::make_tuple(0, 4));
 }
 
 // Three points from one station, the dialog left up, each point one generation of undo.
@@ -162,9 +158,8 @@ TEST(Irraggiamento, UnVentaglioDiTrePuntiConLeAltezze) {
   // Closed by its second button: the command ends and nothing more is made.
   b.Script("PRESS Irraggiamento.Chiudi\n");
   EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 3);
+  EXPECT_EQ(std::make_tuple(b.s.ComandoCorrente, b.s.ContaEntita[SlotPunti], LeggiDiario(b.s)->Passo),
+            std::make_tuple(0, 5, prima + 3));
   // One undo takes back the last point only.
   b.Script("KEY F9\n");
   EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
@@ -188,15 +183,13 @@ TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestraEIDialoghiSiChiud
                "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto In Avanti] Punto Non Trovato\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoInAvanti\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotPunti], b.s.ComandoCorrente), std::make_tuple(3, 0));
 
   // Esc on the dialog presses its second button: no point, the command ends.
   b.Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
   ASSERT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->BottoneEsc, "Chiudi");
   b.Script("PRESS Chiudi\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.ContaEntita[SlotPunti]), std::make_tuple(0, 3));
   EXPECT_TRUE(b.s.Dialoghi.empty());
   // Another tag closes the dialog of the command it replaces.
   b.Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
@@ -285,8 +278,7 @@ TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
   // The first button starts again at the first point.
   b.Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
   EXPECT_FALSE(DialogoAperto(b.s, "PuntoPiede"));
-  EXPECT_EQ(b.s.PassoComando, 0);
-  EXPECT_EQ(b.s.Prompt, "Punto Piede - Primo Punto :");
+  EXPECT_EQ(std::tie(b.s.PassoComando, b.s.Prompt), std::make_tuple(0, "Punto Piede - Primo Punto :"));
 }
 
 TEST(PuntoIncrocio, DueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
@@ -319,12 +311,10 @@ TEST(PuntoMedioETangente, IlMezzoDiDuePuntiEIlTangenteDaUnPuntoAUnCerchio) {
   // From A, 10 from the centre of a circle of radius 5: the tangent is √75 long, 30° off
   // the line of centres, so it touches at (7.5, ±4.33013), at the height of A.
   b.Script("TAG PUNTO_TANGENTE\nFIELD NuovoPunto.Nome 2\nCLICK left 0 0\n");
-  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Indica Entità:");
-  EXPECT_EQ(b.s.ModoSnap, 8);
+  EXPECT_EQ(std::tie(b.s.Prompt, b.s.ModoSnap), std::make_tuple("Punto Tangente - Indica Entità:", 8));
   b.Script("CLICK left 7.6 4.5\n");
   EXPECT_TRUE(In(b.s, "2", 7.5, 4.330127018922193, 3));
-  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Dal Punto:");
-  EXPECT_EQ(b.s.ModoSnap, 1);
+  EXPECT_EQ(std::tie(b.s.Prompt, b.s.ModoSnap), std::make_tuple("Punto Tangente - Dal Punto:", 1));
 }
 
 TEST(PolariCartesiane, AzimutEDistanzaDaUnOrigine) {
@@ -366,8 +356,7 @@ TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
   EXPECT_TRUE(Contiene(b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\n"
                                 "FIELD Azimutale 110\nPRESS OK\n"),
                        "> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"));
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotPunti], b.s.ComandoCorrente), std::make_tuple(5, 0));
 }
 
 TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {

@@ -42,8 +42,7 @@ TEST(CerchioTrePunti, CentroDalleBisettriciPuntiAllineatiNessunCerchio) {
                         "PROMPT Cerchio Tre Punti - Secondo Punto:\n> CLICK left 1 1\n"
                         "PROMPT Cerchio Tre Punti - Terzo Punto:\n> CLICK left 2 2\n"));
   // Three points in a row: no circle, and the third point is awaited still.
-  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 0);
-  EXPECT_EQ(b.s.PassoComando, 2);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotCerchi], b.s.PassoComando), std::make_tuple(0, 2));
   EXPECT_TRUE(Stampa(b, "> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n"));
   // Through (0, 0), (1, 1), (0, 2): centre (0, 1), radius 1.
   AttesoCerchio(b.s, 0, 0, 1, 1);
@@ -109,8 +108,7 @@ TEST(ArcoDuePunti, DalCentroInSensoOrarioFinoAllaDirezione) {
   AttesoArco(b.s, 0, 0, 0, 5, 100, 300);
   // The angle point on the start's own direction gives no arc.
   b.Script("CLICK left 0 0\nCLICK left 0 5\nCLICK left 0 9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 1);
-  EXPECT_EQ(b.s.PassoComando, 2);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotArchi], b.s.PassoComando), std::make_tuple(1, 2));
 }
 
 TEST(subArcoInCerchio, LArcoDiventaIlCerchioIntero) {

@@ -29,8 +29,7 @@ TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
   EXPECT_EQ(b.s.LineaPiano[0], "RECINTO");
   // Twice the same point of the table: nothing, and the second point is still awaited.
   b.Script("KEY P\nCLICK left 0 1\nKEY P\nCLICK left 0 1\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotLinee], b.s.PassoComando), std::make_tuple(1, 1));
   // The breakline goes on from each point reached, on its own layer, with the heights of
   // the points snapped.
   EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
@@ -40,12 +39,10 @@ TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 10, 0}, 0);
   AttesaLinea(b.s, 2, {10, 0, 10, 10}, 0);
-  EXPECT_EQ(b.s.LineaZ1[1], 7);
-  EXPECT_EQ(b.s.LineaPiano[1], "DISCONTI");
-  EXPECT_EQ(b.s.LineaPiano[2], "DISCONTI");
+  EXPECT_EQ(std::tie(b.s.LineaZ1[1], b.s.LineaPiano[1], b.s.LineaPiano[2]), std::make_tuple(7, "DISCONTI", "DISCONTI"));
 }
 
-TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
+TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaOSiMuoveLungoLaLinea) {
   Banco b;
   MettiLinea(b.s, 0, 0, 30, 40, 1, 2);
   b.Pronto();
@@ -58,23 +55,17 @@ TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
   b.Script("CLICK left 1 0\n");
   AttesaLinea(b.s, 0, {-3, -4, 33, 44});
   EXPECT_EQ(b.s.ComandoCorrente, 179);
-}
-
-TEST(subLineaLunghezza, LEstremoVicinoSiMuoveLAltroResta) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 30, 40);
-  b.Pronto();
+  // The length: measured from (33, 44) back towards the pick, 25 of the 60 is 15 by 20.
   b.Script("TAG DISEGNA_LINEA_LUNGHEZZA\nANSWER 25\nCLICK left 1 1\n");
-  // Measured from (30, 40) back towards the pick: 25 of the 50.
-  AttesaLinea(b.s, 0, {15, 20, 30, 40});
+  AttesaLinea(b.s, 0, {18, 24, 33, 44});
   EXPECT_EQ(b.s.Prompt, "Linea Lunghezza - Indica Linea:");
   // A prompt cancelled ends the command and changes nothing.
-  b.Script("ANSWER cancel\nCLICK left 29 40\n");
-  AttesaLinea(b.s, 0, {15, 20, 30, 40});
+  b.Script("ANSWER cancel\nCLICK left 32 43\n");
+  AttesaLinea(b.s, 0, {18, 24, 33, 44});
   EXPECT_EQ(b.s.ComandoCorrente, 0);
 }
 
-TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
+TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLiberaEDalPuntoIlPiede) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
   b.Pronto();
@@ -85,18 +76,13 @@ TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
   AttesaLinea(b.s, 1, {10, 0, 10, 10}, 0);
   EXPECT_EQ(b.s.LineaZ1[1], 2);
   AttesaLinea(b.s, 2, {10, 10, 0, 10}, 0);
-}
-
-TEST(subLineaProietta, DalPuntoAlSuoPiedeSullaLinea) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0, 0, 10);
-  b.Pronto();
+  // From a point to its foot on the line.
   EXPECT_TRUE(Stampa(b, "> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
                         "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n"));
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  AttesaLinea(b.s, 1, {3, 7, 3, 0});
-  // The foot takes the height of the line where it falls.
-  EXPECT_NEAR(b.s.LineaZ2[1], 3, 1e-12);
+  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(b.s, 3, {3, 7, 3, 0});
+  // The foot takes the height of the line where it falls: 1 + 3/10 of the climb to 2.
+  EXPECT_NEAR(b.s.LineaZ2[3], 1.3, 1e-12);
 }
 
 TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
@@ -120,7 +106,7 @@ TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
   EXPECT_EQ(b.s.PassoComando, 0);
 }
 
-TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
+TEST(OrtogonaliAsseEParallelaPerPunto, LunghezzaChiestaELatoDalClic) {
   Banco b;
   MettiLinea(b.s, 0, 0, 10, 0);
   b.Pronto();
@@ -131,12 +117,16 @@ TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
   AttesaLinea(b.s, 1, {0, 0, 0, 2});
   AttesaLinea(b.s, 2, {10, 0, 10, 2});
-  const std::string asse = b.Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n");
-  EXPECT_NE(asse.find("IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
-                      "PROMPT Disegno AsseLinea - Da quale parte\n"),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(b.Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n"),
+                       "IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
+                       "PROMPT Disegno AsseLinea - Da quale parte\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
   AttesaLinea(b.s, 3, {5, 0, 5, -4});
+  // The parallel through a point, as long as the line.
+  EXPECT_TRUE(Stampa(b, "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 2 0.1\n"
+                        "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\n"
+                        "PROMPT Parallelaperpunto - Indica Linea :\n"));
+  AttesaLinea(b.s, 4, {0, 4, 10, 4});
 }
 
 TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
@@ -173,18 +163,7 @@ TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
             std::make_tuple(7, 50, 100, "CIGLIO"));
   // A circle cannot shrink below nothing: the click is ignored.
   b.Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 2);
-  EXPECT_EQ(b.s.PassoComando, 1);
-}
-
-TEST(subParallelaPerPunto, LaStessaLunghezzaPerIlPunto) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  b.Pronto();
-  EXPECT_TRUE(Stampa(b, "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 5 0.1\n"
-                        "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\n"
-                        "PROMPT Parallelaperpunto - Indica Linea :\n"));
-  AttesaLinea(b.s, 1, {0, 4, 10, 4});
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotCerchi], b.s.PassoComando), std::make_tuple(2, 1));
 }
 
 TEST(subVerificaParallele, AzimutEDifferenza) {

@@ -106,8 +106,7 @@ TEST(subDisegnoTestoDaFile, LeRigheDelFileNelCodiceDellaFinestra) {
   EXPECT_EQ(std::tie(b.s.TestoTesto[0], b.s.TestoTesto[1], b.s.TestoY[1]), std::make_tuple("Città", "Ponte", -5));
   // The choice cancelled: the command ends, nothing written.
   b.Script("TAG DISEGNA_TESTO_DA_FILE\nCLICK left 0 0\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotTesti], b.s.ComandoCorrente), std::make_tuple(2, 0));
 }
 
 TEST(subTestoAllinea, LaRotazioneSegueIDuePunti) {
@@ -198,9 +197,8 @@ TEST(DimensioniImmagine, IntestazioniDeiFormatiComuni) {
     return d ? std::to_string(d->Larghezza) + "x" + std::to_string(d->Altezza) : "none";
   };
   const std::string png("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x02\x80\0\0\x01\xe0", 24);
-  EXPECT_EQ(pixel(png), "640x480");
-  EXPECT_EQ(pixel(png.substr(0, 20)), "none");
-  EXPECT_EQ(pixel(std::string("GIF89a\x20\x03\x58\x02", 10)), "800x600");
+  EXPECT_EQ(std::make_tuple(pixel(png), pixel(png.substr(0, 20)), pixel(std::string("GIF89a\x20\x03\x58\x02", 10))),
+            std::make_tuple("640x480", "none", "800x600"));
   // A BMP stored top down has a negative height.
   std::string bmp(26, '\0');
   bmp[0] = 'B', bmp[1] = 'M', bmp[14] = 40;
@@ -236,8 +234,7 @@ TEST(subDisegnaBitMap, ImmagineSceltaEPosataAlClic) {
     xmax = std::max(xmax, b.s.ListaDisegno.X2[static_cast<size_t>(i)]);
     ymin = std::min(ymin, b.s.ListaDisegno.Y2[static_cast<size_t>(i)]);
   }
-  EXPECT_EQ(xmax, 420);
-  EXPECT_EQ(ymin, -40);
+  EXPECT_EQ(std::tie(xmax, ymin), std::make_tuple(420, -40));
   // A file that is no picture: a message, and no size to place it with.
   const std::string altro = b.cartella / "NOTE.TXT";
   ScriviFileProva(altro, "non un'immagine");

@@ -34,8 +34,7 @@ TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
                         "PROMPT Cambia Rifila - Prima Entita:\n"));
   Linea(b.s, 0, 0, 0, 10, 0);
   Linea(b.s, 1, 0, 5, 10, 5);
-  EXPECT_EQ(PassoUndo(b.s), prima);
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(std::make_tuple(PassoUndo(b.s), b.s.PassoComando), std::make_tuple(prima, 0));
   // A text is refused, silently, and the step does not move.
   MettiTesto(b.s, 20, 20, "T");
   b.Pronto(5, 2, 30);
@@ -108,8 +107,7 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   EXPECT_EQ(s.PassoComando, 1);
   b.Script("CLICK left 1 1.1\n");
   Linea(s, 1, 5 - std::sqrt(3.0), 1, 10, 1);
-  EXPECT_EQ(PassoUndo(s), prima + 2);
-  EXPECT_EQ(s.StatoCerchio[0], 1);
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.StatoCerchio[0]), std::make_tuple(prima + 2, 1));
   b.Script("KEY ESC\n");
   EXPECT_EQ(s.StatoCerchio[0], 0);
 }
@@ -210,9 +208,7 @@ TEST(Incolla, TratteggioColoreEPianoSullEntitaIndicata) {
   s.Imp.Colore_Default = 5;
   s.PianoCorrente = "MURI";
   b.Script("TAG INCOLLA_TRATTEGGIO_SINGOLO\nCLICK left 5 0.1\nCLICK left 30 0\n");
-  EXPECT_EQ(s.LineaTratteggio[0], 3);
-  EXPECT_EQ(s.ComandoCorrente, 306);
-  EXPECT_EQ(s.PassoComando, 0);
+  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.ComandoCorrente, s.PassoComando), std::make_tuple(3, 306, 0));
   b.Script("TAG INCOLLA_COLORE_SINGOLO\nCLICK left 20 2.1\nTAG INCOLLA_PIANO_SINGOLO\nCLICK left 30 0\n");
   EXPECT_EQ(std::tie(s.CerchioColore[0], s.LineaColore[0], s.TestoPiano[0], s.LineaPiano[0]),
             std::make_tuple(5, 1, "MURI", "0"));
@@ -259,9 +255,8 @@ TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   EXPECT_EQ(s.PuntoDescrizione[0], "<P!><PD>[P.A.]muro nuovo");
   // The Delete key deletes the point open in the editor.
   b.Script("CLICK left 40 0.1\nKEY DELETE\n");
-  EXPECT_EQ(s.PuntoIdent[1], -1);
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(PassoUndo(s), prima + 4);
+  EXPECT_EQ(std::make_tuple(s.PuntoIdent[1], s.ContaEntita[SlotPunti], PassoUndo(s)),
+            std::make_tuple(-1, 2, prima + 4));
 }
 
 }  // namespace

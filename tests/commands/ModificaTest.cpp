@@ -91,8 +91,7 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   EXPECT_EQ(std::tie(s.BitmapY[0], s.BitmapScalaLar[0]), std::make_tuple(19, 0.2));
   // A value prompt cancelled leaves the centre to be given again.
   b.Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
-  EXPECT_EQ(PassoUndo(s), prima + 2);
-  EXPECT_EQ(s.PassoComando, 0);
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.PassoComando), std::make_tuple(prima + 2, 0));
   EXPECT_TRUE(s.SelezioneConfermata);
 }
 
@@ -158,20 +157,16 @@ TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
   b.Pronto(5, 5, 40);
   const int64_t prima = PassoUndo(s);
   b.Script("TAG CAMBIA_ELIMINA\nPRESS Singola\nCLICK left 5 5.1\nKEY ESC\nPRESS OK\n");
-  EXPECT_EQ(PassoUndo(s), prima + 1);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(s.LineaIdent[1], -1);
-  EXPECT_EQ(RigheVive(s, SlotLinee), 2);
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.ContaEntita[SlotLinee], s.LineaIdent[1], RigheVive(s, SlotLinee)),
+            std::make_tuple(prima + 1, 3, -1, 2));
   // The provisional member holds the live rows only; the list has no record of the row.
   EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".LIN").size(), 2u * 128u);
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) EXPECT_NE(s.ListaDisegno.Riga[static_cast<size_t>(i)], 1);
   // Read back from the generations, the rows are renumbered.
   b.Script("KEY ESC\nKEY F9\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(s.LineaIdent[1], 0);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaIdent[1]), std::make_tuple(3, 0));
   b.Script("KEY F10\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(s.LineaY1[1], 9);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaY1[1]), std::make_tuple(2, 9));
 }
 
 TEST(Proprieta, CongelaScongelaEColoreCorrente) {
@@ -188,8 +183,7 @@ TEST(Proprieta, CongelaScongelaEColoreCorrente) {
             std::make_tuple(-1, -1, -1, -1, -1));
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
   b.Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\nPRESS OK\n");
-  EXPECT_EQ(s.LineaCongela[0], 0);
-  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
   EXPECT_GT(s.ListaDisegno.Conta(), 0);
   // The quick colour, then the colour in force on the selection.
   b.Script("KEY ESC\nTAG COLORE_6\n");
@@ -261,11 +255,9 @@ TEST(Proprieta, F6EF7CambianoSoloTratteggioEPianoCorrenti) {
   b.Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
   EXPECT_EQ(s.Imp.Tratteggio_Default, 6);
   b.Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
-  EXPECT_EQ(s.Imp.Tratteggio_Default, 3);
-  EXPECT_EQ(s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(s.Imp.Tratteggio_Default, s.ComandoCorrente), std::make_tuple(3, 0));
   EXPECT_TRUE(s.Dialoghi.empty());
-  EXPECT_EQ(s.LineaPiano[0], "0");
-  EXPECT_EQ(s.LineaTratteggio[0], 1);
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.LineaTratteggio[0]), std::make_tuple("0", 1));
 }
 
 TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {

@@ -32,9 +32,7 @@ TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
 
   auto elenco = ElencoPiani(s);
   ASSERT_EQ(elenco.size(), 3u);
-  EXPECT_EQ(elenco[0].Nome, "0");
-  EXPECT_EQ(elenco[0].Entita, 0);
-  EXPECT_EQ(elenco[1].Nome, "STRADE");
+  EXPECT_EQ(std::tie(elenco[0].Nome, elenco[0].Entita, elenco[1].Nome), std::make_tuple("0", 0, "STRADE"));
   EXPECT_EQ((std::vector<int64_t>{elenco[1].Colore, elenco[1].Entita, elenco[1].Congelate}),
             (std::vector<int64_t>{3, 3, 0}));
   EXPECT_TRUE(elenco[1].Corrente && elenco[1].NellaTabella);
@@ -46,16 +44,14 @@ TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
   EXPECT_EQ((std::vector<int>{s.PuntoCongelaSimbolo[0], s.PuntoCongelaDescrizione[0], s.LineaCongela[0],
                               s.LineaCongela[1], s.LineaCongela[2], s.CerchioCongela[0]}),
             (std::vector<int>{-1, -1, -1, 0, 0, -1}));
-  EXPECT_EQ(ElencoPiani(s)[1].Congelate, 3);
-  EXPECT_EQ(PassoUndo(s), passo + 1);
+  EXPECT_EQ(std::make_tuple(ElencoPiani(s)[1].Congelate, PassoUndo(s)), std::make_tuple(3, passo + 1));
   EXPECT_FALSE(CongelaPiano(s, "VUOTO", true));
   EXPECT_EQ(PassoUndo(s), passo + 1);
 
   // A layer only the entities name enters the table with its colour.
   ASSERT_TRUE(ColorePiano(s, "RECINZ", 5));
-  EXPECT_EQ(s.LineaColore[1], 5);
-  EXPECT_EQ(s.LineaColore[0], 1);
-  EXPECT_EQ(ScriviRigaPiano(s.Piani.back()), "RECINZ|0|5|0|1|Arial|0|0|0");
+  EXPECT_EQ(std::make_tuple(s.LineaColore[1], s.LineaColore[0], ScriviRigaPiano(s.Piani.back())),
+            std::make_tuple(5, 1, "RECINZ|0|5|0|1|Arial|0|0|0"));
   EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".PIA"), "0|0|1|0|1|Arial|0|0|0\r\nSTRADE|0|3|0|1|Arial|0|0|0\r\nRECINZ|0|5|0|1|Arial|0|0|0\r\n");
   EXPECT_FALSE(ColorePiano(s, "RECINZ", 0));
 
@@ -64,8 +60,7 @@ TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
   EXPECT_EQ(s.LineaColore[1], 1);
   EXPECT_EQ(s.Piani.size(), 2u);
   b.Script("KEY F9\n");
-  EXPECT_EQ(s.LineaCongela[0], 0);
-  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
 }
 
 }  // namespace

@@ -47,8 +47,7 @@ TEST(Elastico, LetturaConDistanzaEAzimut) {
   Banco b;
   b.Pronto();
   b.Script("TAG INFO_DISTANZA_2P\nMOVE 3 4\n");
-  EXPECT_EQ(b.s.LetturaCoordinate, "N=4.0 E=3.0   100.0");
-  EXPECT_EQ(b.s.LetturaSegmento, "");
+  EXPECT_EQ(std::tie(b.s.LetturaCoordinate, b.s.LetturaSegmento), std::make_tuple("N=4.0 E=3.0   100.0", ""));
   b.Script("CLICK left 0 0\nMOVE 3 4\n");
   // atan(3/4) = 0.6435011 rad = 40.96655 gon.
   EXPECT_EQ(b.s.LetturaSegmento, "[D]=5.000 < Az=40.9666");
@@ -169,13 +168,11 @@ TEST(Trascinamento, IlTastoCentraleSpostaLaVistaSenzaToccareIlComando) {
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 100 200\n");
   MouseDown(b.s, BottoneCentrale, 0, 0, 0);
   MouseMove(b.s, BottoneCentrale, 0, 10, -5);
-  EXPECT_EQ(b.s.Vista.CentroEst, 90);
-  EXPECT_EQ(b.s.Vista.CentroNord, 205);
+  EXPECT_EQ(std::tie(b.s.Vista.CentroEst, b.s.Vista.CentroNord), std::make_tuple(90, 205));
   MouseUp(b.s, BottoneCentrale, 0, 10, -5);
   MouseMove(b.s, BottoneCentrale, 0, 20, -5);
   EXPECT_EQ(b.s.Vista.CentroEst, 90);  // released: no more pan
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.PassoComando), std::make_tuple(22, 1));
 }
 
 }  // namespace

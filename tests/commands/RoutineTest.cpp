@@ -33,8 +33,7 @@ TEST(subEditNomeSposta, IlNomeVaDoveSiClicca) {
   EXPECT_TRUE(Stampa(b, "> TAG EDIT_SPOSTA_NOME\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK left 101 201\n"
                         "PROMPT Nome Sposta - Indica Punto : 7 - Nuova Posizione:\n> CLICK left 103 196\n"
                         "PROMPT Nome Sposta - Indicare il Punto :\n"));
-  EXPECT_EQ(b.s.PuntoSpoX[0], 3);
-  EXPECT_EQ(b.s.PuntoSpoY[0], -4);
+  EXPECT_EQ(std::tie(b.s.PuntoSpoX[0], b.s.PuntoSpoY[0]), std::make_tuple(3, -4));
   EXPECT_EQ(b.s.ModoSnap, 1);  // armed again on points
   // The searches now measure the point where its name went down.
   EXPECT_EQ(b.s.PuntoCorrenteIndice, -1);
@@ -52,9 +51,7 @@ TEST(CopiaQuota, UnaQuotaCopiataEIncollataSuAltriPunti) {
                         "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 10 1\n"
                         "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 20 1\n"
                         "PROMPT Quota del Punto A Copiata = 12.500\n"));
-  EXPECT_EQ(b.s.PuntoZ[1], 12.5);
-  EXPECT_EQ(b.s.PuntoZ[2], 12.5);
-  EXPECT_EQ(b.s.ComandoCorrente, 321);
+  EXPECT_EQ(std::tie(b.s.PuntoZ[1], b.s.PuntoZ[2], b.s.ComandoCorrente), std::make_tuple(12.5, 12.5, 321));
 }
 
 TEST(MarcaPunto, VerticeEDirezioneTolgonoLaMarcaDiPrima) {
@@ -70,8 +67,7 @@ TEST(MarcaPunto, VerticeEDirezioneTolgonoLaMarcaDiPrima) {
   b.Script("TAG PUNTO_DIREZIONE\nCLICK left 20 0\n");
   EXPECT_EQ(b.s.PuntoDescrizione[2], "<PD><P!>fosso");
   b.Script("TAG PUNTO_VERTICE\nCLICK left 0 0\nCLICK left 10 0\n");
-  EXPECT_EQ(b.s.PuntoDescrizione[0], "<PV>muro");
-  EXPECT_EQ(b.s.PuntoDescrizione[1], "<PV>siepe");
+  EXPECT_EQ(std::tie(b.s.PuntoDescrizione[0], b.s.PuntoDescrizione[1]), std::make_tuple("<PV>muro", "<PV>siepe"));
   b.Script("TAG PUNTO_DIREZIONE\nCLICK left 10 0\n");
   EXPECT_EQ(b.s.PuntoDescrizione[1], "<PD>siepe");
   EXPECT_EQ(b.s.Prompt, "Punto Direzione <PD> - Indica il Punto :");
@@ -114,8 +110,7 @@ TEST(ScalaImmagine, MetriPerPixelDiUnaScansioneA300PuntiEIlDisegnoRiquadrato) {
   MettiImmagine(b.s, 0, 100, 1000, 500, 1);
   b.Pronto();
   b.Script("TAG SCALA_2000\nCLICK left 500 99\n");
-  EXPECT_EQ(b.s.BitmapScalaLar[0], 0.1693333333);
-  EXPECT_EQ(b.s.BitmapScalaAlt[0], 0.1693333333);
+  EXPECT_EQ(std::tie(b.s.BitmapScalaLar[0], b.s.BitmapScalaAlt[0]), std::make_tuple(0.1693333333, 0.1693333333));
   // The frame is now 169.33 by 84.67 metres under (0, 100): the view takes its width.
   EXPECT_NEAR(b.s.Vista.CentroEst, 84.66666665, 1e-9);
   EXPECT_NEAR(b.s.Vista.CentroNord, 100 - 42.333333325, 1e-9);
@@ -139,10 +134,8 @@ TEST(ImmagineEFoglio, InCimaEOrigineDelFoglio) {
   b.Script("TAG IMMAGINE_IN_CIMA\nCLICK left 49 5\n");
   EXPECT_EQ(b.s.ImmagineInCima, 1);
   b.Script("TAG ORIGINE_FOGLIO\nCLICK left 12.5 -3\n");
-  EXPECT_EQ(b.s.OrigineFoglioX, 12.5);
-  EXPECT_EQ(b.s.OrigineFoglioY, -3);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.UltimoComando, 254);
+  EXPECT_EQ(std::tie(b.s.OrigineFoglioX, b.s.OrigineFoglioY, b.s.ComandoCorrente, b.s.UltimoComando),
+            std::make_tuple(12.5, -3, 0, 254));
 }
 
 }  // namespace

@@ -26,12 +26,9 @@ TEST(Script, LineaDuePuntiRipetutaConEscEFinitaColDestro) {
   EXPECT_EQ(b.s.ComandoCorrente, 0);
   // Esc at rest repeats the last command, which re-arms itself after each line.
   b.Script("KEY ESC\nCLICK left 10 0\nCLICK left 10 5\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.PassoComando), std::make_tuple(22, 0));
   b.Script("CLICK right 0 0\n");
-  EXPECT_EQ(b.UltimoEsito.Codice, 0);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.UltimoComando, 22);
+  EXPECT_EQ(std::tie(b.UltimoEsito.Codice, b.s.ComandoCorrente, b.s.UltimoComando), std::make_tuple(0, 0, 22));
   // Between the two points with their heights; then between two free places, at height 0.
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
   EXPECT_EQ(Linea(b.s, 0), (V{0, 0, 10, 30, 40, 20}));
@@ -50,9 +47,7 @@ TEST(Script, UnTagAMetaComandoLoLasciaSenzaDomande) {
                         "> TAG DISEGNA_LINEA_2_P\nDIALOGO - NuovoPunto\nPROMPT Disegno Linea 2P - Primo Punto:\n"
                         "> CLICK left 0 0\nPROMPT Disegno Linea - Al Punto:\n> TAG INFO_DISTANZA\n"
                         "PROMPT Info Distanza - Primo Punto:\n"));
-  EXPECT_EQ(b.s.ComandoCorrente, 28);
-  EXPECT_EQ(b.s.PassoComando, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.PassoComando, b.s.ContaEntita[SlotLinee]), std::make_tuple(28, 0, 0));
   // Replaced, not ended: the last command to repeat is still the one before.
   EXPECT_EQ(b.s.UltimoComando, 0);
 }
@@ -62,12 +57,9 @@ TEST(Script, IlDestroLasciaPrimaLoSnapPoiFinisceARiposoRipete) {
   MettiPunto(b.s, "9", 0, 0);
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nKEY F\nCLICK right 5 5\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 22);
-  EXPECT_EQ(b.s.PassoComando, 1);
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.PassoComando, b.s.ModoSnap), std::make_tuple(22, 1, 16));
   b.Script("CLICK right 5 5\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.ContaEntita[SlotLinee]), std::make_tuple(0, 0));
   // At rest the right button repeats; a command that sets the point snap itself then loses
   // it to the second, and the third ends it.
   b.Script("TAG EDIT_SPOSTA_NOME\nKEY ESC\n");
@@ -154,8 +146,7 @@ TEST(Script, LineeCongelateNonSiTrovanoConNessunoSnap) {
   }
   // Shown again, found again.
   b.Script("TAG L\nTAG DISEGNA_LINEA_2_P\nKEY F\nCLICK left 9 1\n");
-  EXPECT_EQ(b.s.PassoComando, 1);
-  EXPECT_EQ(b.s.Punto1X, 10);
+  EXPECT_EQ(std::tie(b.s.PassoComando, b.s.Punto1X), std::make_tuple(1, 10));
 }
 
 TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
@@ -168,18 +159,15 @@ TEST(Script, UnPuntoEsistenteRinominatoDallaDomanda) {
                         "> ANSWER yes\n> CLICK left 10.0004 10\n"
                         "DOMANDA [Punto Esistente] Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
                         "Cambiare il Nome al Punto Esistente -> SI\n"));
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(b.s.PuntoNome[0], "77");
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotPunti], b.s.PuntoNome[0]), std::make_tuple(1, "77"));
   EXPECT_EQ(TrovaDialogo(b.s, "NuovoPunto")->Valore("Nome"), "78");
   // "No" leaves the name, and no point is made either.
   b.Script("ANSWER no\nCLICK left 10 10.0009\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(b.s.PuntoNome[0], "77");
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotPunti], b.s.PuntoNome[0]), std::make_tuple(1, "77"));
   // Beyond a millimetre is another place: a new point, and the next name offered.
   EXPECT_TRUE(Stampa(b, "> CLICK left 10 10.0011\nPROMPT 79 - Indicare la posizione del nuovo punto\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(b.s.PuntoNome[1], "78");
-  EXPECT_EQ(b.s.PuntoY[1], 10.0011);
+  EXPECT_EQ(std::tie(b.s.PuntoNome[1], b.s.PuntoY[1]), std::make_tuple("78", 10.0011));
 }
 
 // Strict runs stop where a script would otherwise go on wrongly, at the line: a click the
@@ -257,12 +245,9 @@ TEST(Script, RigheNonCapiteFermanoLoScript) {
   Banco b;
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nCLICK sinistro 0 0\nCLICK left 0 0\n");
-  EXPECT_EQ(b.UltimoEsito.Codice, 64);
-  EXPECT_EQ(b.UltimoEsito.Riga, 2);
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_EQ(std::tie(b.UltimoEsito.Codice, b.UltimoEsito.Riga, b.s.PassoComando), std::make_tuple(64, 2, 0));
   b.Script("# nothing open\n\nPRESS NuovoPunto.Annulla\n");
-  EXPECT_EQ(b.UltimoEsito.Codice, 2);
-  EXPECT_EQ(b.UltimoEsito.Riga, 3);
+  EXPECT_EQ(std::tie(b.UltimoEsito.Codice, b.UltimoEsito.Riga), std::make_tuple(2, 3));
 }
 
 }  // namespace

@@ -34,13 +34,10 @@ TEST(ComandiSezioni, SezioneDaiPuntiPresiEQuotaDiProgetto) {
   const Sezione& z = b.s.SezioneDati[0];
   ASSERT_EQ(z.Stazioni.size(), 3u);
   EXPECT_EQ(z.Stazioni[1], (StazioneSezione{"2", 30, 40, 12, 12}));
-  EXPECT_EQ(z.Stazioni[2].Nome, "3");
-  EXPECT_EQ(z.IndiceSezione, "1");
+  EXPECT_EQ(std::tie(z.Stazioni[2].Nome, z.IndiceSezione), std::make_tuple("3", "1"));
   // The datum a metre under the lowest ground, the sheet beside the points: 4 cm of paper
   // at 1:200 to the right of the easternmost and under the southernmost.
-  EXPECT_EQ(z.Cfg.QuotaRiferimento, 9);
-  EXPECT_EQ(z.OrigineX, 30 + 32);
-  EXPECT_EQ(z.OrigineY, 0 - 32);
+  EXPECT_EQ(std::tie(z.Cfg.QuotaRiferimento, z.OrigineX, z.OrigineY), std::make_tuple(9, 30 + 32, 0 - 32));
   int64_t records = 0;
   for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) records += b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni;
   EXPECT_GT(records, 30);

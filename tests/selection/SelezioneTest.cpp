@@ -150,9 +150,7 @@ TEST(Tutto, PerGenereColorePianoEContorni) {
   x.b.Script("PRESS SelezPerPiano.OK\n");
   EXPECT_EQ(Stati(x.s), "L0000 C010 A000 T01 P01 ");
   x.b.Script("PRESS Contorni\n");
-  EXPECT_EQ(x.s.StatoCurva[0], 1);
-  EXPECT_EQ(x.s.StatoCurva[1], 1);
-  EXPECT_EQ(ContaSelezionati(x.s), 5);
+  EXPECT_EQ(std::make_tuple(x.s.StatoCurva[0], x.s.StatoCurva[1], ContaSelezionati(x.s)), std::make_tuple(1, 1, 5));
 }
 
 // One click at a time: the nearest entity toggles, is painted inverted, and the count
@@ -170,9 +168,8 @@ TEST(Singola, AlternaDipingeInvertitoEContaDiNuovo) {
   b.Script("CLICK left 3 1\n");
   sup.Chiamate.clear();
   Ridisegna(b.s);
-  EXPECT_EQ(Stati(b.s), "L10 C A T P ");
-  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 1);
-  EXPECT_EQ(b.s.ListaDisegno.Stato[1], 0);
+  EXPECT_EQ(std::make_tuple(Stati(b.s), b.s.ListaDisegno.Stato[0], b.s.ListaDisegno.Stato[1]),
+            std::make_tuple("L10 C A T P ", 1, 0));
   const std::string inverti = "Modo " + std::to_string(static_cast<int>(ModoPenna::Inverti));
   ASSERT_EQ(sup.Solo("Linea").size(), 2u);
   const auto& c = sup.Chiamate;
@@ -216,10 +213,8 @@ TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
   b.s.Imp.Colore_Default = 4;
   b.Script("PRESS Singola\nCLICK left 1.1 1.1\nCLICK left 3 0.5\nCLICK left 3 8.7\nKEY ESC\nPRESS OK\n");
   // Points: one, row 1; lines: two, rows 0 and 2; none of the eleven kinds after them.
-  EXPECT_EQ(LeggiFileProva(uls), "1\r\n1\r\n2\r\n0\r\n2\r\n" + zeri(11));
-  EXPECT_EQ(b.s.LineaColore[0], 4);
-  EXPECT_EQ(b.s.LineaColore[1], 1);
-  EXPECT_EQ(b.s.PuntoColoreNome[1], 4);
+  EXPECT_EQ(std::make_tuple(LeggiFileProva(uls), b.s.LineaColore[0], b.s.LineaColore[1], b.s.PuntoColoreNome[1]),
+            std::make_tuple("1\r\n1\r\n2\r\n0\r\n2\r\n" + zeri(11), 4, 1, 4));
   // The next command repeats the same rows.
   b.Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
   EXPECT_EQ(Stati(b.s), "L101 C A T P01 ");
@@ -229,8 +224,7 @@ TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
   EXPECT_EQ(Stati(b.s), "L000 C A T P10 ");
   // An empty selection confirmed ends the command.
   b.Script("KEY ESC\nKEY ESC\nPRESS OK\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(LeggiFileProva(uls), zeri(13));
+  EXPECT_EQ(std::make_tuple(b.s.ComandoCorrente, LeggiFileProva(uls)), std::make_tuple(0, zeri(13)));
   // Another job, in the same folder, has a list of its own: the rows of ROSSI are not its.
   ScriviFileProva(uls, "0\r\n2\r\n0\r\n2\r\n");
   ScriviFileProva(b.cartella / "BIANCHI.CFG", CfgManuale("VR2020", "0,0,100"));
@@ -291,11 +285,9 @@ TEST(SelezPunti, DimensioniESimboloDaiLoroDialoghi) {
   MettiPunto(b.s, "2", 10, 0);
   b.Pronto(5, 0, 100);
   b.Script("TAG ALTEZZA_QUOTA\nFIELD DN.Dimensione 2,5\nPRESS DN.OK\nCLICK left 1 0\nPRESS OK\n");
-  EXPECT_EQ(b.s.PuntoDimensioneQuota[0], 2.5);
-  EXPECT_EQ(b.s.PuntoDimensioneQuota[1], 1);
+  EXPECT_EQ(std::tie(b.s.PuntoDimensioneQuota[0], b.s.PuntoDimensioneQuota[1]), std::make_tuple(2.5, 1));
   b.Script("TAG INCOLLA_SIMBOLO\nFIELD Simbolo 7\nCLICK left 10 0\nPRESS OK\n");
-  EXPECT_EQ(b.s.PuntoSimbolo[1], 7);
-  EXPECT_EQ(b.s.PuntoSimbolo[0], 0);
+  EXPECT_EQ(std::tie(b.s.PuntoSimbolo[1], b.s.PuntoSimbolo[0]), std::make_tuple(7, 0));
 }
 
 TEST(EsportaSelezione, RigheDiComandoPerUnCadEsterno) {
@@ -314,8 +306,7 @@ TEST(EsportaSelezione, RigheDiComandoPerUnCadEsterno) {
             "_line 0.0,0.0,0.0 10.0,-2.5,1.0 \r"
             "_circle 5.0,5.0 2.0\r");
   // The export changes nothing: the command comes back for another selection.
-  EXPECT_EQ(b.s.ComandoCorrente, 218);
-  EXPECT_EQ(ContaSelezionati(b.s), 0);
+  EXPECT_EQ(std::make_tuple(b.s.ComandoCorrente, ContaSelezionati(b.s)), std::make_tuple(218, 0));
 }
 
 }  // namespace

@@ -90,8 +90,7 @@ TEST(SnapIncrocio, SenzaIncrocioIlComandoFinisce) {
   MettiLinea(b.s, 0, 5, 10, 5);
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nKEY I\nCLICK left 5 1\nCLICK left 5 4\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.UltimoComando, 22);
+  EXPECT_EQ(std::tie(b.s.ComandoCorrente, b.s.UltimoComando), std::make_tuple(0, 22));
 }
 
 TEST(SnapPiedeETangente, DalloUltimoPuntoDelComando) {
@@ -115,9 +114,7 @@ TEST(SnapTesto, InserimentoDelTestoAllaQuotaDiRiferimento) {
   b.s.QuotaRiferimento = 100;
   b.Pronto();
   b.Script("TAG DISEGNA_LINEA_2_P\nKEY B\nCLICK left 0 0\n");
-  EXPECT_EQ(b.s.Punto1X, 4);
-  EXPECT_EQ(b.s.Punto1Y, 6);
-  EXPECT_EQ(b.s.Punto1Z, 100);
+  EXPECT_EQ(std::tie(b.s.Punto1X, b.s.Punto1Y, b.s.Punto1Z), std::make_tuple(4, 6, 100));
 }
 
 TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
@@ -127,10 +124,7 @@ TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
                         "DIALOGO + SnapNEQ [Coordinate del Punto] Nord=\"\" Est=\"\" Quota=\"\" (OK, Annulla)\n"
                         "> FIELD Nord 100\n> FIELD SnapNEQ.Est 200,5\n> FIELD Quota 5\n> PRESS OK\nDIALOGO - SnapNEQ\n"
                         "PROMPT Disegno Linea - Al Punto:\n"));
-  EXPECT_EQ(b.s.Punto1X, 200.5);
-  EXPECT_EQ(b.s.Punto1Y, 100);
-  EXPECT_EQ(b.s.Punto1Z, 5);
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  EXPECT_EQ(std::tie(b.s.Punto1X, b.s.Punto1Y, b.s.Punto1Z, b.s.ModoSnap), std::make_tuple(200.5, 100, 5, 16));
   // 10 metres due East (100 gon), one metre up.
   b.Script("KEY U\nFIELD Azimut 100\nFIELD Distanza 10\nFIELD Dislivello 1\nPRESS OK\n");
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
@@ -145,8 +139,7 @@ TEST(DialoghiSnap, CoordinateRelativePolareEApertura) {
   EXPECT_TRUE(Presso(b.s.LineaX2[2], b.s.LineaY2[2], 200.5, 100, 1e-9));
   // Cancelled: no point, the snap free.
   b.Script("KEY N\nPRESS Annulla\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  EXPECT_EQ(std::tie(b.s.ContaEntita[SlotLinee], b.s.ModoSnap), std::make_tuple(3, 16));
 }
 
 TEST(MemoPunti, MemorizzatoAMetaComandoERichiamatoPiuTardi) {
@@ -160,8 +153,7 @@ TEST(MemoPunti, MemorizzatoAMetaComandoERichiamatoPiuTardi) {
                         "DIALOGO + VR_MemoPuntiSnap [Punti Memorizzati] (casa, Annulla)\n> PRESS casa\n"
                         "DIALOGO - VR_MemoPuntiSnap\nPROMPT Disegno Linea 2P - Primo Punto:\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(b.s.LineaX2[0], 7);
-  EXPECT_EQ(b.s.LineaY2[0], 8);
+  EXPECT_EQ(std::tie(b.s.LineaX2[0], b.s.LineaY2[0]), std::make_tuple(7, 8));
 }
 
 TEST(TastoD, DistanzaDigitataVersoIlPuntatore) {

@@ -39,10 +39,8 @@ TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
   MettiCerchio(s, 0, -2100, 100);
   b.Pronto(0, 0, 10);
   // Points to 2000 view heights, the rest to 200; the limit itself still counts.
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);
-  EXPECT_EQ(IlPiuVicinoPunto(s, -0.5, 0).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Riga, 0);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, -0.5).Riga, -1);
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 0, 0).Riga, IlPiuVicinoPunto(s, -0.5, 0).Riga), std::make_tuple(0, -1));
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoLinea(s, 0, 0).Riga, IlPiuVicinoLinea(s, 0, -0.5).Riga), std::make_tuple(0, -1));
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0).Riga, 0);
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
@@ -54,8 +52,7 @@ TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
   s.PuntoIdent[0] = -1;
   MettiPunto(s, " 101 ", 1, 0);
   MettiPunto(s, "101", 2, 0);
-  EXPECT_EQ(IlPiuVicinoPerNome(s, "101  "), 1);
-  EXPECT_EQ(IlPiuVicinoPerNome(s, "102"), -1);
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPerNome(s, "101  "), IlPiuVicinoPerNome(s, "102")), std::make_tuple(1, -1));
 }
 
 // Between the kinds of list records only: against an equal facet the contour does not win;
@@ -73,8 +70,7 @@ TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
   IndicizzaDisegno(s);
   EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotFalde);
   const RisultatoVicina r = LapiuvicinaBitMap(s, 0, 0.5, {});
-  EXPECT_EQ(r.VicinaTipo, SlotSette);
-  EXPECT_EQ(r.VicinaRiga, contorno);
+  EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotSette, contorno));
 }
 
 TEST(LapiuvicinaBitMap, UnPuntoOltreMilleAltezzeNonBasta) {
@@ -91,8 +87,7 @@ TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
   MettiLinea(s, 0, 0, 8, 0, 0, 4);
   b.Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 1, 3, {6, -2, 0});
-  EXPECT_EQ(r.VicinaTipo, SlotLinee);
-  EXPECT_EQ(r.VicinaRiga, 0);
+  EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotLinee, 0));
   EXPECT_DOUBLE_EQ(r.VicinaDistanza, 3.0);
   Vicino(r.Inizio, 0, 0, 0, "Inizio");
   Vicino(r.PrimoQuarto, 2, 0, 1, "PrimoQuarto");
