@@ -83,6 +83,10 @@ inline ::testing::AssertionResult Stampa(Banco& b, const std::string& attesa) {
   if (uscita == attesa) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure() << "printed:\n" << uscita;
 }
+// A bench for each case: the session `s`, its script and its printout at hand.
+struct BancoProva : ::testing::Test, Banco {
+  ::testing::AssertionResult Stampa(const std::string& attesa) { return prova::Stampa(*this, attesa); }
+};
 // `parte` is somewhere in the printout; the message shows the whole of it.
 inline ::testing::AssertionResult Contiene(const std::string& uscita, const std::string& parte) {
   if (uscita.find(parte) != std::string::npos) return ::testing::AssertionSuccess();

@@ -3,17 +3,17 @@
 #include <gtest/gtest.h>
 
 #include "commands/ComandiPiani.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
 
-TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  Sessione& s = b.s;
+struct PianiBanco : BancoProva {};
+
+TEST_F(PianiBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
+  ApriLavoroVuoto(*this);
   MettiPunto(s, "1", 0, 0);
   MettiLinea(s, 0, 0, 10, 0);
   MettiLinea(s, 0, 0, 0, 10);
@@ -26,7 +26,7 @@ TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
   MettiLinea(s, 1, 1, 2, 2);
   s.LineaPiano[2] = "STRADE";
   s.LineaIdent[2] = -1;  // deleted: not counted, not changed
-  b.Pronto();
+  Pronto();
   ScegliPianoCorrente(s, "strade");
   EXPECT_EQ(s.PianoCorrente, "STRADE");
 
@@ -56,10 +56,10 @@ TEST(Piani, ContaCongelaEColoraUnPianoConIlSuoUndo) {
   EXPECT_FALSE(ColorePiano(s, "RECINZ", 0));
 
   // Each change is one step back.
-  b.Script("KEY F9\n");
+  Script("KEY F9\n");
   EXPECT_EQ(s.LineaColore[1], 1);
   EXPECT_EQ(s.Piani.size(), 2u);
-  b.Script("KEY F9\n");
+  Script("KEY F9\n");
   EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
 }
 

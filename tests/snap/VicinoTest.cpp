@@ -16,6 +16,8 @@ namespace {
 
 using namespace prova;
 
+struct VicinanzaBanco : BancoProva {};
+
 // The coordinates of the points one after another, for Vicini: value 3k + 1 is the North
 // of the k-th point.
 Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
@@ -24,22 +26,19 @@ Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
   return v;
 }
 
-TEST(IlPiuVicino, DisegnoVuotoNonTrovaNulla) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(IlPiuVicinoPunto(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoLinea(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoBitMap(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(LapiuvicinaBitMap(b.s, 3, 4, {}).VicinaTipo, 0);
+TEST_F(VicinanzaBanco, IlPiuVicinoDisegnoVuotoNonTrovaNulla) {
+  Pronto();
+  EXPECT_EQ(IlPiuVicinoPunto(s, 3, 4).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoLinea(s, 3, 4).Riga, -1);
+  EXPECT_EQ(IlPiuVicinoBitMap(s, 3, 4).Riga, -1);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo, 0);
 }
 
-TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   MettiPunto(s, "a 20 km", 20000, 0);
   MettiLinea(s, 0, 2000, 10, 2000);
   MettiCerchio(s, 0, -2100, 100);
-  b.Pronto(0, 0, 10);
+  Pronto(0, 0, 10);
   // Points to 2000 view heights, the rest to 200; the limit itself still counts.
   EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 0, 0).Riga, IlPiuVicinoPunto(s, -0.5, 0).Riga), std::make_tuple(0, -1));
   EXPECT_EQ(std::make_tuple(IlPiuVicinoLinea(s, 0, 0).Riga, IlPiuVicinoLinea(s, 0, -0.5).Riga), std::make_tuple(0, -1));
@@ -47,9 +46,7 @@ TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
 
-TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, IlPiuVicinoPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
   MettiPunto(s, "101", 0, 0);
   s.PuntoIdent[0] = -1;
   MettiPunto(s, " 101 ", 1, 0);
@@ -59,10 +56,8 @@ TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
 
 // Between the kinds of list records only: against an equal facet the contour does not win;
 // strictly nearer it does, giving its list record as facets do.
-TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
-  Banco b;
-  Sessione& s = b.s;
-  b.Pronto();
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapIlContornoVinceSoloSePiuVicino) {
+  Pronto();
   DimensionaSette(s);
   s.ContaEntita[SlotSette] = 1;
   DimensionaFalde(s);
@@ -75,19 +70,16 @@ TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
   EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotSette, contorno));
 }
 
-TEST(LapiuvicinaBitMap, UnPuntoOltreMilleAltezzeNonBasta) {
-  Banco b;
-  MettiPunto(b.s, "lontano", 1500, 0);
-  b.Pronto(0, 0, 1);
-  EXPECT_EQ(IlPiuVicinoPunto(b.s, 0, 0).Riga, 0);  // found by its own search
-  EXPECT_EQ(LapiuvicinaBitMap(b.s, 0, 0, {}).VicinaTipo, 0);  // but not beyond the general limit
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapUnPuntoOltreMilleAltezzeNonBasta) {
+  MettiPunto(s, "lontano", 1500, 0);
+  Pronto(0, 0, 1);
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);  // found by its own search
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, 0);  // but not beyond the general limit
 }
 
-TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnaLinea) {
   MettiLinea(s, 0, 0, 8, 0, 0, 4);
-  b.Pronto();
+  Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 1, 3, {6, -2, 0});
   EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotLinee, 0));
   EXPECT_DOUBLE_EQ(r.VicinaDistanza, 3.0);
@@ -107,7 +99,7 @@ TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
   // the entity found is the stroke nearest to the pointer, 6 to 9, ends and heights its own.
   s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
   s.LineaTratteggio[static_cast<size_t>(MettiLinea(s, 0, 10, 20, 10, 0, 20))] = 2;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina t = LapiuvicinaBitMap(s, 7.5, 11, {});
   EXPECT_EQ(t.VicinaRiga, 1);
   EXPECT_DOUBLE_EQ(t.VicinaDistanza, 1.0);
@@ -119,11 +111,9 @@ TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
                      {6, 10, 6, 9, 10, 9, 7.5, 10, 7.5, 9, 10, 9, 12, 10, 12}));
 }
 
-TEST(LapiuvicinaBitMap, RecordDiUnCerchioEDiUnArco) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
   MettiCerchio(s, 10, 0, 2, 7);
-  b.Pronto();
+  Pronto();
   const PuntoXYZ p1{0, 0, 3};
   const RisultatoVicina c = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(c.VicinaTipo, SlotCerchi);
@@ -143,18 +133,16 @@ TEST(LapiuvicinaBitMap, RecordDiUnCerchioEDiUnArco) {
   s.CerchioIdent[0] = -1;
   MettiArco(s, 10, 0, 2, 0, 400, 7, 7);
   s.ArcoZ[0] = 7;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina a = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(a.VicinaTipo, SlotArchi);
   EXPECT_TRUE(Vicini(Xyz({a.Ortogonale}), {8, 0, 7}));
 }
 
-TEST(LapiuvicinaBitMap, PuntiLungoUnArcoConLeQuote) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapPuntiLungoUnArcoConLeQuote) {
   MettiArco(s, 0, 0, 10, 0, 100, 0, 8);
   s.ArcoZ[0] = 1;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 7, 7, {});
   ASSERT_EQ(r.VicinaTipo, SlotArchi);
   const double q = 10 * std::sin(PiGreco / 8), t = 10 * std::cos(PiGreco / 8), m = 10 * std::sqrt(0.5);
