@@ -72,16 +72,13 @@ TEST_F(RoutineBanco, MarcaPuntoVerticeEDirezioneTolgonoLaMarcaDiPrima) {
 }
 
 TEST_F(RoutineBanco, subInfoDistanzaDistanzaAzimutEDislivello) {
-  MettiPunto(s, "A", 0, 0, 10);
-  MettiPunto(s, "B", 30, 40, 14);
+  MettiPunti(s, {{"A", 0, 0, 10}, {"B", 30, 40, 14}});
   Pronto();
-  EXPECT_EQ(Script("TAG INFO_DISTANZA\nCLICK left 0 1\nCLICK left 30 41\n"),
-            "> TAG INFO_DISTANZA\nPROMPT Info Distanza - Primo Punto:\n> CLICK left 0 1\n"
-            "PROMPT Info Distanza - Secondo Punto:\n> CLICK left 30 41\n"
-            // sqrt(50² + 4²) = 50.1597; atan(30/40) = 40.96655 gon.
-            "MESSAGGIO [Info Distanza] Dal Punto A al Punto B | Distanza = 50.000 | Azimut = 40.9666 | "
-            "Dislivello = 4.000 | Distanza Inclinata = 50.160\n"
-            "PROMPT Info Distanza - Primo Punto:\n");
+  EXPECT_TRUE(Stampa("> TAG INFO_DISTANZA\nPROMPT Info Distanza - Primo Punto:\n> CLICK left 0 1\n"
+                     "PROMPT Info Distanza - Secondo Punto:\n> CLICK left 30 41\n"
+                     // sqrt(50² + 4²) = 50.1597; atan(30/40) = 40.96655 gon.
+                     "MESSAGGIO [Info Distanza] Dal Punto A al Punto B | Distanza = 50.000 | Azimut = 40.9666 | "
+                     "Dislivello = 4.000 | Distanza Inclinata = 50.160\nPROMPT Info Distanza - Primo Punto:\n"));
   // Between two free places: no names, and due West.
   EXPECT_TRUE(Stampa("> TAG INFO_DISTANZA_2P\nPROMPT Info Distanza 2P - Primo Punto:\n> CLICK left 5 5\n"
                      "PROMPT Info Distanza 2P - Secondo Punto:\n> CLICK left 2 5\n"

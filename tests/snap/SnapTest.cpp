@@ -59,37 +59,24 @@ TEST(IncrociaEntita, RetteCerchiEArchiPerIlLoroSostegno) {
   EXPECT_EQ(IncrociaEntita(punto, Retta(0, 0, 1, 1), 0, 0, p), kNessunaSoluzione);
 }
 
-TEST_F(SnapBanco, SnapIncrocioDueClicSuDueLineeDiversePoiIlPunto) {
+TEST_F(SnapBanco, SnapIncrocioDueClicSuDueLineeDiversePoiIlPuntoONessuno) {
   MettiLinea(s, 0, 0, 10, 10, 0, 10);
   MettiLinea(s, 0, 10, 10, 0);
   MettiPunto(s, "p", 50, 50);
   Pronto();
   Opzioni.Rigoroso = false;  // the refused clicks are the point
-  EXPECT_EQ(Script("TAG DISEGNA_LINEA_2_P\n"
-                     "KEY I\n"
-                     "CLICK left 50 49\n"     // a point: refused
-                     "CLICK left 1 1.2\n"
-                     "CLICK left 2 2.1\n"     // the same line again: refused
-                     "CLICK left 9 1\n"),
-            "> TAG DISEGNA_LINEA_2_P\n"
-            "PROMPT Disegno Linea 2P - Primo Punto:\n"
-            "> KEY I\n"
-            "> CLICK left 50 49\n"
-            "> CLICK left 1 1.2\n"
-            "PROMPT Incrocio - Seconda Entità\n"
-            "> CLICK left 2 2.1\n"
-            "> CLICK left 9 1\n"
-            "PROMPT Disegno Linea - Al Punto:\n");
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_2_P\nPROMPT Disegno Linea 2P - Primo Punto:\n> KEY I\n"
+                     "> CLICK left 50 49\n"  // a point: refused
+                     "> CLICK left 1 1.2\nPROMPT Incrocio - Seconda Entità\n"
+                     "> CLICK left 2 2.1\n"  // the same line again: refused
+                     "> CLICK left 9 1\nPROMPT Disegno Linea - Al Punto:\n"));
   EXPECT_TRUE(Presso(s.Punto1X, s.Punto1Y, 5, 5, 1e-12));
   EXPECT_NEAR(s.Punto1Z, 5, 1e-12);  // the height of the first line there
   EXPECT_EQ(s.ModoSnap, 16);
-}
-
-TEST_F(SnapBanco, SnapIncrocioSenzaIncrocioIlComandoFinisce) {
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
+  // Two parallel lines have no crossing: the command ends (it is the last one, not replaced).
+  MettiLinee(s, {{20, 0, 30, 0}, {20, 5, 30, 5}});
   Pronto();
-  Script("TAG DISEGNA_LINEA_2_P\nKEY I\nCLICK left 5 1\nCLICK left 5 4\n");
+  Script("TAG DISEGNA_LINEA_2_P\nKEY I\nCLICK left 25 1\nCLICK left 25 4\n");
   EXPECT_EQ(std::tie(s.ComandoCorrente, s.UltimoComando), std::make_tuple(0, 22));
 }
 

@@ -28,8 +28,7 @@ Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
 
 TEST_F(VicinanzaBanco, IlPiuVicinoDisegnoVuotoNonTrovaNulla) {
   Pronto();
-  EXPECT_EQ(IlPiuVicinoPunto(s, 3, 4).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 3, 4).Riga, -1);
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
   EXPECT_EQ(IlPiuVicinoBitMap(s, 3, 4).Riga, -1);
   EXPECT_EQ(LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo, 0);
 }
