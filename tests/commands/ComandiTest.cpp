@@ -215,10 +215,7 @@ TEST(Tastiera, IlTastoDellaTabellaFaCioCheFaIlSuoTag) {
 }
 
 TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
-  MettiPunto(s, "PF01/0010/G693", 0, 0);
-  MettiPunto(s, "100", 1, 0);
-  MettiPunto(s, "101", 2, 0);
-  MettiPunto(s, "cancellato", 3, 0);
+  MettiPunti(s, {{"PF01/0010/G693", 0, 0}, {"100", 1, 0}, {"101", 2, 0}, {"cancellato", 3, 0}});
   s.PuntoIdent[3] = -1;
   MettiLinea(s, 0, 0, 1, 1);
   Pronto();

@@ -78,9 +78,7 @@ TEST_F(CurveBanco, CerchiDiametroCentroRaggioCentroTangenteInscritto) {
 }
 
 TEST_F(CurveBanco, ArcoTrePuntiInizioEAmpiezzaPositivaInGon) {
-  MettiPunto(s, "A", 10, 0, 1);
-  MettiPunto(s, "B", 0, 10, 2);
-  MettiPunto(s, "C", -10, 0, 3);
+  MettiPunti(s, {{"A", 10, 0, 1}, {"B", 0, 10, 2}, {"C", -10, 0, 3}});
   Pronto();
   // East, North, West: the arc over the North, stored from West clockwise through 200 gon,
   // and its heights from the point it starts at.

@@ -163,8 +163,7 @@ TEST_F(LineeBanco, subDisegnoParallelaLineaConISuoiAttributiCerchioEArcoConcentr
 }
 
 TEST_F(LineeBanco, subVerificaParalleleAzimutEDifferenza) {
-  MettiLinea(s, 0, 0, 10, 10);
-  MettiLinea(s, 20, 0, 29, 10);
+  MettiLinee(s, {{0, 0, 10, 10}, {20, 0, 29, 10}});
   Pronto();
   // atan2(9, 10) from North: 46.65246 gon; the first line is 50 gon.
   EXPECT_TRUE(Stampa("> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
@@ -226,8 +225,7 @@ TEST_F(LineeBanco, subArcoRaccordoTagliaLeLineeEScriveLArco) {
   EXPECT_TRUE(Vicini({s.ArcoX[0], s.ArcoY[0], s.ArcoInizio[0], s.ArcoFine[0]}, {-2, 2, 100, 100}));
   EXPECT_EQ(std::tie(s.ArcoRaggio[0], s.ArcoQuotaFinale[0]), std::make_tuple(2, 1));
   // Two parallel lines have no corner: nothing changes.
-  MettiLinea(s, -10, 20, 10, 20);
-  MettiLinea(s, -10, 30, 10, 30);
+  MettiLinee(s, {{-10, 20, 10, 20}, {-10, 30, 10, 30}});
   Pronto();
   Script("CLICK left 0 20.1\nCLICK left 0 29.9\n");
   EXPECT_EQ(s.ContaEntita[SlotArchi], 1);

@@ -26,8 +26,7 @@ Valori Apertura(const Sessione& s, size_t k) { return {s.ArcoInizio[k], s.ArcoFi
 
 TEST_F(EntitaBanco, RifilaDueLineeParalleleNonCambianoNulla) {
   ApriLavoroVuoto(*this);
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}});
   Pronto(5, 2, 30);
   const int64_t prima = PassoUndo(s);
   EXPECT_TRUE(Stampa("> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
@@ -44,8 +43,7 @@ TEST_F(EntitaBanco, RifilaDueLineeParalleleNonCambianoNulla) {
 }
 
 TEST_F(EntitaBanco, RifilaLAngoloTagliaOAllungaVersoLaParteIndicata) {
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 5, -5, 5, 5);
+  MettiLinee(s, {{0, 0, 10, 0}, {5, -5, 5, 5}});
   Pronto(5, 0, 30);
   Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 5.1 3\n");
   Linea(s, 0, 0, 0, 5, 0);
@@ -207,8 +205,7 @@ TEST_F(EntitaBanco, IncollaTratteggioColoreEPianoSullEntitaIndicata) {
 TEST_F(EntitaBanco, EditaEntitaScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
   ApriLavoroVuoto(*this);
   MettiLinea(s, 0.1 + 0.2, 0, 10, 0);
-  MettiPunto(s, "A", 30, 0, 5);
-  MettiPunto(s, "B", 40, 0, 6);
+  MettiPunti(s, {{"A", 30, 0, 5}, {"B", 40, 0, 6}});
   Pronto(20, 0, 60);
   const int64_t prima = PassoUndo(s);
   Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");

@@ -110,8 +110,7 @@ TEST_F(ModificaBanco, RuotaCentoGonInSensoOrarioETestiAlContrario) {
 }
 
 TEST_F(ModificaBanco, SpostaCopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
-  MettiPunto(s, "A", 0, 0, 1);
-  MettiPunto(s, "B", 10, 5, 3);
+  MettiPunti(s, {{"A", 0, 0, 1}, {"B", 10, 5, 3}});
   MettiLinea(s, 1, 1, 2, 2);
   MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
   Pronto(5, 5, 40);
@@ -126,10 +125,7 @@ TEST_F(ModificaBanco, SpostaCopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
 
   // Copies of points take the next free names.
   Banco c;
-  MettiPunto(c.s, "1", 0, 0);
-  MettiPunto(c.s, "2", 1, 0);
-  MettiPunto(c.s, "3", 2, 0);
-  MettiPunto(c.s, "PF1", 3, 0);
+  MettiPunti(c.s, {{"1", 0, 0}, {"2", 1, 0}, {"3", 2, 0}, {"PF1", 3, 0}});
   c.s.PuntoSpoX[3] = 0.5;
   c.Pronto(0, 0, 40);
   c.Script("TAG CAMBIA_COPIA\nPRESS TuttiPunti\nPRESS OK\nCLICK left 50 50\nCLICK left 60 50\n");
@@ -142,9 +138,7 @@ TEST_F(ModificaBanco, SpostaCopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
 
 TEST_F(ModificaBanco, EliminaLeRigheRestanoContateFinoAUnaRilettura) {
   ApriLavoroVuoto(*this);
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
-  MettiLinea(s, 0, 9, 10, 9);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
   ASSERT_TRUE(VR_SalvaUndo(s));
   Pronto(5, 5, 40);
   const int64_t prima = PassoUndo(s);
@@ -247,8 +241,7 @@ TEST_F(ModificaBanco, ProprietaF6EF7CambianoSoloTratteggioEPianoCorrenti) {
 }
 
 TEST_F(ModificaBanco, QuotaLaDifferenzaDeiDuePuntiSuOgniQuota) {
-  MettiPunto(s, "A", 0, 0, 10);
-  MettiPunto(s, "B", 5, 0, 12.5);
+  MettiPunti(s, {{"A", 0, 0, 10}, {"B", 5, 0, 12.5}});
   MettiLinea(s, 1, 1, 2, 2, 1, 2);
   MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
   Pronto(3, 3, 30);
@@ -276,11 +269,9 @@ std::string Colonna(std::string t, size_t n) {
 }
 
 TEST_F(ModificaBanco, RotoTraslazioneLaGrigliaIlBersaglioDigitatoEIReport) {
-  MettiPunto(s, "O", 0, 0, 1);
-  MettiPunto(s, "OR", 0, 10, 2);
+  MettiPunti(s, {{"O", 0, 0, 1}, {"OR", 0, 10, 2}});
   // Picked to the tenth of a millimetre, shown to the millimetre: the pick is what counts.
-  MettiPunto(s, "NO", 100.0004, 100, 3);
-  MettiPunto(s, "NOR", 110, 100, 4);
+  MettiPunti(s, {{"NO", 100.0004, 100, 3}, {"NOR", 110, 100, 4}});
   MettiLinea(s, 0, 0, 0, 5, 7, 8);
   MettiTesto(s, 0, 2, "T");
   Pronto(50, 50, 300);
@@ -330,10 +321,7 @@ TEST_F(ModificaBanco, RotoTraslazioneLaGrigliaIlBersaglioDigitatoEIReport) {
 }
 
 TEST_F(ModificaBanco, RotazioneVerticaleRibaltamentoDiUnaFacciataTraIDuePunti) {
-  MettiPunto(s, "A", 0, 0, 0);
-  MettiPunto(s, "B", 10, 0, 0);
-  MettiPunto(s, "P", 5, 0, 3);
-  MettiPunto(s, "Q", 20, 0, 3);
+  MettiPunti(s, {{"A", 0, 0, 0}, {"B", 10, 0, 0}, {"P", 5, 0, 3}, {"Q", 20, 0, 3}});
   MettiLinea(s, 2, 0, 2, 0, 0, 4);
   Pronto(5, 0, 50);
   EXPECT_NE(Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
@@ -346,9 +334,7 @@ TEST_F(ModificaBanco, RotazioneVerticaleRibaltamentoDiUnaFacciataTraIDuePunti) {
   EXPECT_EQ(s.ComandoCorrente, 415);
 
   Banco c;
-  MettiPunto(c.s, "A", 0, 0, 1);
-  MettiPunto(c.s, "B", 0, 10, 1);
-  MettiPunto(c.s, "P", 0, 5, 4);
+  MettiPunti(c.s, {{"A", 0, 0, 1}, {"B", 0, 10, 1}, {"P", 0, 5, 4}});
   c.Pronto(0, 5, 50);
   c.Script("TAG ROTAZIONE_VERTICALE\nCLICK left 0 0\nANSWER 50\nCLICK left 0 10\n");
   // Half a right angle: the height of 3 above the axis shares itself between the two.

@@ -15,8 +15,7 @@ struct PianiBanco : BancoProva {};
 TEST_F(PianiBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
   ApriLavoroVuoto(*this);
   MettiPunto(s, "1", 0, 0);
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 0, 0, 10);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 0, 0, 10}});
   MettiCerchio(s, 5, 5, 2);
   s.PuntoPiano[0] = "strade";  // the layer's own spelling is the table's
   s.LineaPiano[0] = " STRADE ";

@@ -118,8 +118,7 @@ TEST_F(PuntatoreBanco, SuggerimentoPuntoSottoIlPuntatoreSpostatoDaUnaFrazioneDel
 }
 
 TEST_F(PuntatoreBanco, EtichettaSnapNomeDelModoAccantoAlPuntatore) {
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 5, -5, 5, 5);
+  MettiLinee(s, {{0, 0, 10, 0}, {5, -5, 5, 5}});
   Pronto();
   Script("MOVE 1 1\n");
   EXPECT_EQ(s.EtichettaSnap, "");

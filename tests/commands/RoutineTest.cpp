@@ -14,8 +14,7 @@ using namespace prova;
 struct RoutineBanco : BancoProva {};
 
 TEST_F(RoutineBanco, subNomeScambioDueNomiSiScambiano) {
-  MettiPunto(s, "A", 0, 0);
-  MettiPunto(s, "B", 10, 0);
+  MettiPunti(s, {{"A", 0, 0}, {"B", 10, 0}});
   Pronto();
   EXPECT_TRUE(Stampa("> TAG NOME_SCAMBIO\nPROMPT Nome Scambio - Primo Punto:\n> CLICK left 1 0\n"
                      "PROMPT Nome Scambio - A - Secondo Punto:\n> CLICK left 9 1\n"
@@ -42,9 +41,7 @@ TEST_F(RoutineBanco, subEditNomeSpostaIlNomeVaDoveSiClicca) {
 }
 
 TEST_F(RoutineBanco, CopiaQuotaUnaQuotaCopiataEIncollataSuAltriPunti) {
-  MettiPunto(s, "A", 0, 0, 12.5);
-  MettiPunto(s, "B", 10, 0, 3);
-  MettiPunto(s, "C", 20, 0, 4);
+  MettiPunti(s, {{"A", 0, 0, 12.5}, {"B", 10, 0, 3}, {"C", 20, 0, 4}});
   Pronto();
   EXPECT_TRUE(Stampa("> TAG COPIA_QUOTA\nPROMPT Copia Quota - Indica il Punto :\n> CLICK left 0 1\n"
                      "PROMPT Quota del Punto A Copiata = 12.500\n> CLICK left 10 1\n"

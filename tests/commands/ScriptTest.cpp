@@ -20,8 +20,7 @@ V Linea(const Sessione& s, size_t k) {
 V Punto1(const Sessione& s) { return {s.Punto1X, s.Punto1Y, s.Punto1Z}; }
 
 TEST_F(CopioneBanco, ScriptLineaDuePuntiRipetutaConEscEFinitaColDestro) {
-  MettiPunto(s, "1", 0, 0, 10);
-  MettiPunto(s, "2", 30, 40, 20);
+  MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 20}});
   Pronto();
   Script("TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 1 1\nKEY P\nCLICK left 29 41\nKEY ESC\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
@@ -191,8 +190,7 @@ TEST_F(CopioneBanco, ScriptIlModoRigorosoFermaClicVaniEDomandeSenzaRisposta) {
 
 // Checks of what the program shows and holds, and clicks at points by their names.
 TEST_F(CopioneBanco, ScriptVerificheEClicSuiPuntiPerNome) {
-  MettiPunto(s, "101", 3, 4, 7.25);
-  MettiPunto(s, "102", 3, 9, 7.25);
+  MettiPunti(s, {{"101", 3, 4, 7.25}, {"102", 3, 9, 7.25}});
   Pronto();
   Script("TAG INFO_DISTANZA\n"
            "EXPECT prompt Info Distanza - Primo Punto:\n"

@@ -24,9 +24,7 @@ void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double 
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
   ApriLavoroVuoto(*this);
-  MettiPunto(s, "1", 0, 0, 10);
-  MettiPunto(s, "2", 30, 40, 12);
-  MettiPunto(s, "3", 30, 60, 11);
+  MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 12}, {"3", 30, 60, 11}});
   Pronto(0, 0, 400);
   Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 0 0\n");
   EXPECT_EQ(ui.UltimoMessaggio, "Sezioni assenti!!");
@@ -56,8 +54,7 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
   // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
   MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
   MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
-  MettiPunto(s, "A", 10, 10, 0);
-  MettiPunto(s, "B", 80, 50, 0);
+  MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
   Pronto(50, 50, 400);
   ui.Accoda("yes");
   Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");

@@ -53,8 +53,7 @@ struct Scena {
     MettiArco(s, 12, -9, 5, 350, 100);  // 2: both ends below, its top within the box
     MettiTesto(s, 7, 2, "DENTRO");
     MettiTesto(s, 30, 0, "FUORI");
-    MettiPunto(s, "1", 7, -2);
-    MettiPunto(s, "2", 50, 50);
+    MettiPunti(s, {{"1", 7, -2}, {"2", 50, 50}});
     b.Pronto(10, 0, 100);
   }
 };
@@ -80,8 +79,7 @@ TEST(Finestra, DaSinistraSoloCioCheStaDentroDaDestraCioCheTocca) {
 // The window of the dialog, click by click: a line with one end in the box only right to
 // left, and a dashed guide for the crossing window.
 TEST_F(SelezioneBanco, FinestraLaLineaConUnEstremoDentroSoloDaDestraASinistra) {
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 6, 1, 8, 1);
+  MettiLinee(s, {{0, 0, 10, 0}, {6, 1, 8, 1}});
   Pronto(10, 0, 100);
   const std::string uscita = Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
   EXPECT_NE(uscita.find("> PRESS Selezentita.Finestra\nDIALOGO - Selezentita\nPROMPT Primo punto per Finestra : \n"
@@ -159,8 +157,7 @@ TEST(Tutto, PerGenereColorePianoEContorni) {
 TEST_F(SelezioneBanco, SingolaAlternaDipingeInvertitoEContaDiNuovo) {
   SuperficieRegistrata sup;
   s.Schermo = &sup;
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}});
   Pronto(5, 2, 20);
   EXPECT_NE(Script("TAG CAMBIA_SPOSTA\nPRESS Singola\n")
                 .find("DIALOGO - Selezentita\nPROMPT Seleziona Entità (ESC/Dx Mouse - Interrompe): \n"),
@@ -193,11 +190,8 @@ TEST_F(SelezioneBanco, SingolaAlternaDipingeInvertitoEContaDiNuovo) {
 
 TEST_F(SelezioneBanco, UlsLaConfermaScriveLaListaCheLUltimaRipete) {
   ApriLavoroVuoto(*this);
-  MettiPunto(s, "1", 0, 0);
-  MettiPunto(s, "2", 1, 1);
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
-  MettiLinea(s, 0, 9, 10, 9);
+  MettiPunti(s, {{"1", 0, 0}, {"2", 1, 1}});
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
   Pronto(5, 2, 20);
   const std::string uls = PercorsoUls(s);
   ASSERT_EQ(uls, cartella / "ROSSI.uls");
@@ -229,9 +223,7 @@ TEST_F(SelezioneBanco, UlsLaConfermaScriveLaListaCheLUltimaRipete) {
   ScriviFileProva(cartella / "BIANCHI.CFG", CfgManuale("VR2020", "0,0,100"));
   s.NomeOriginale = cartella / "BIANCHI";
   VR_ApriLavoro(s);
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
-  MettiLinea(s, 0, 9, 10, 9);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
   Pronto(5, 2, 20);
   Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
   EXPECT_EQ(Stati(s), "L000 C A T P ");
@@ -241,11 +233,7 @@ TEST_F(SelezioneBanco, UlsLaConfermaScriveLaListaCheLUltimaRipete) {
 }
 
 TEST_F(SelezioneBanco, SelezPuntiFiltriFinestraFileEdEliminazione) {
-  MettiPunto(s, "PF01/0010/A123", 0, 0);
-  MettiPunto(s, "100", 10, 0);
-  MettiPunto(s, "1000", 20, 0);
-  MettiPunto(s, "12", 30, 0);
-  MettiPunto(s, "pf2", 40, 0);
+  MettiPunti(s, {{"PF01/0010/A123", 0, 0}, {"100", 10, 0}, {"1000", 20, 0}, {"12", 30, 0}, {"pf2", 40, 0}});
   Pronto(20, 0, 100);
   EXPECT_TRUE(Stampa("> TAG PUNTO_ELIMINA\n"
                      "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" (Finestra, Tutti, "
@@ -278,8 +266,7 @@ TEST_F(SelezioneBanco, SelezPuntiFiltriFinestraFileEdEliminazione) {
 }
 
 TEST_F(SelezioneBanco, SelezPuntiDimensioniESimboloDaiLoroDialoghi) {
-  MettiPunto(s, "1", 0, 0);
-  MettiPunto(s, "2", 10, 0);
+  MettiPunti(s, {{"1", 0, 0}, {"2", 10, 0}});
   Pronto(5, 0, 100);
   Script("TAG ALTEZZA_QUOTA\nFIELD DN.Dimensione 2,5\nPRESS DN.OK\nCLICK left 1 0\nPRESS OK\n");
   EXPECT_EQ(std::tie(s.PuntoDimensioneQuota[0], s.PuntoDimensioneQuota[1]), std::make_tuple(2.5, 1));

@@ -48,8 +48,7 @@ TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
 TEST_F(VicinanzaBanco, IlPiuVicinoPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
   MettiPunto(s, "101", 0, 0);
   s.PuntoIdent[0] = -1;
-  MettiPunto(s, " 101 ", 1, 0);
-  MettiPunto(s, "101", 2, 0);
+  MettiPunti(s, {{" 101 ", 1, 0}, {"101", 2, 0}});
   EXPECT_EQ(std::make_tuple(IlPiuVicinoPerNome(s, "101  "), IlPiuVicinoPerNome(s, "102")), std::make_tuple(1, -1));
 }
 
