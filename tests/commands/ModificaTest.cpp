@@ -109,19 +109,26 @@ TEST_F(ModificaBanco, RuotaCentoGonInSensoOrarioETestiAlContrario) {
   EXPECT_EQ(s.PuntoZ[0], 4);
 }
 
-TEST_F(ModificaBanco, SpostaCopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
+TEST_F(ModificaBanco, SpostaQuotaECopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
   MettiPunti(s, {{"A", 0, 0, 1}, {"B", 10, 5, 3}});
-  MettiLinea(s, 1, 1, 2, 2);
+  MettiLinea(s, 1, 1, 2, 2, 1, 2);
   MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
   Pronto(5, 5, 40);
-  EXPECT_NE(Script("TAG CAMBIA_SPOSTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0.2 0\n"
-                     "KEY P\nCLICK left 10 5.3\n")
-                .find("PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"),
-            std::string::npos);
-  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0], s.LineaZ1[0], s.LineaZ2[0]), std::make_tuple(11, 6, 2, 2));
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_SPOSTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\n"
+                              "CLICK left 0.2 0\nKEY P\nCLICK left 10 5.3\n"),
+                       "PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"));
+  // From A to B: 10 East, 5 North, 2 up.
+  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0], s.LineaZ1[0], s.LineaZ2[0]), std::make_tuple(11, 6, 3, 4));
   EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoQuotaInizio[0], s.ArcoQuotaFinale[0]), std::make_tuple(13, 9, 10));
   EXPECT_EQ(s.PuntoX[0], 0);  // the points were not selected
   EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
+  // The height alone: the difference of the two points, 2, on every height, the plan kept.
+  const double z = s.ArcoZ[0];
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_QUOTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0 0\n"
+                              "KEY P\nCLICK left 10 5\n"),
+                       "DIALOGO + Selezentita [Cambia - Quota]"));
+  EXPECT_EQ(std::tie(s.LineaZ1[0], s.LineaZ2[0], s.LineaX1[0]), std::make_tuple(5, 6, 11));
+  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoZ[0], s.PuntoZ[0]), std::make_tuple(11, z + 2, 1));
 
   // Copies of points take the next free names.
   Banco c;
@@ -238,19 +245,6 @@ TEST_F(ModificaBanco, ProprietaF6EF7CambianoSoloTratteggioEPianoCorrenti) {
   EXPECT_EQ(std::tie(s.Imp.Tratteggio_Default, s.ComandoCorrente), std::make_tuple(3, 0));
   EXPECT_TRUE(s.Dialoghi.empty());
   EXPECT_EQ(std::tie(s.LineaPiano[0], s.LineaTratteggio[0]), std::make_tuple("0", 1));
-}
-
-TEST_F(ModificaBanco, QuotaLaDifferenzaDeiDuePuntiSuOgniQuota) {
-  MettiPunti(s, {{"A", 0, 0, 10}, {"B", 5, 0, 12.5}});
-  MettiLinea(s, 1, 1, 2, 2, 1, 2);
-  MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
-  Pronto(3, 3, 30);
-  EXPECT_NE(Script("TAG CAMBIA_QUOTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0 0\n"
-                     "KEY P\nCLICK left 5 0\n")
-                .find("DIALOGO + Selezentita [Cambia - Quota]"),
-            std::string::npos);
-  EXPECT_EQ(std::tie(s.LineaZ1[0], s.LineaZ2[0], s.LineaX1[0]), std::make_tuple(3.5, 4.5, 1));
-  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoZ[0], s.PuntoZ[0]), std::make_tuple(9.5, 2.5, 10));
 }
 
 TEST_F(ModificaBanco, AllineaLaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
