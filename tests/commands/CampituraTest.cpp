@@ -17,6 +17,8 @@ namespace {
 
 using namespace prova;
 
+struct CampituraBanco : BancoProva {};
+
 struct Tratto {
   double X1, Y1, X2, Y2;
 };
@@ -94,55 +96,40 @@ TEST(SegmentiCampitura, OltreIMilleVerticiIlContornoSiFerma) {
   EXPECT_TRUE(SegmentiCampitura(contorno, 45, 1e-6).empty());
 }
 
-TEST(DISEGNA_CAMPITURA, DialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
-  Banco b;
-  ApriLavoro(b, "5,5,40", RecordPuntoBase("1", 0, 0, 10).Byte());
-  b.s.Imp.Colore_Default = 6;
-  b.s.PianoCorrente = "CAMPITURA";
-  const int64_t prima = LeggiDiario(b.s)->Passo;
-  EXPECT_EQ(b.Script("TAG DISEGNA_CAMPITURA\nFIELD Imputa2.Angolo_Campitura 45\nFIELD Distanza_Campitura 1\n"
-                     "PRESS Imputa2.OK\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\nCLICK left 0 10\n"
-                     "CLICK right 0 0\n"),
-            "> TAG DISEGNA_CAMPITURA\n"
-            "DIALOGO + Imputa2 [Campitura] Angolo_Campitura=\"45\" Distanza_Campitura=\"1\" (OK, Annulla)\n"
-            "PROMPT Seleziona Contorno - Primo Punto\n"
-            "> FIELD Imputa2.Angolo_Campitura 45\n"
-            "> FIELD Distanza_Campitura 1\n"
-            "> PRESS Imputa2.OK\n"
-            "DIALOGO - Imputa2\n"
-            "> KEY P\n"
-            "> CLICK left 0 1\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 10 0\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 10 10\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK left 0 10\n"
-            "PROMPT Seleziona Contorno - Punto Contorno\n"
-            "> CLICK right 0 0\n"
-            "DIALOGO + FormSelezionaContorno [Seleziona Contorno] Contorno=\"Progr\tNome\tNord\tEst\tQuota | "
-            "1\t1\t0.000\t0.000\t10.000 | 2\t*\t0.000\t10.000\t0.000 | 3\t*\t10.000\t10.000\t0.000 | "
-            "4\t*\t10.000\t0.000\t0.000\" (Chiudi)\n"
-            "PROMPT Seleziona Contorno - Primo Punto\n");
+TEST_F(CampituraBanco, DISEGNACAMPITURADialogoContornoEUnSoloUndoPerTuttaLaCampitura) {
+  ApriLavoro(*this, "5,5,40", RecordPuntoBase("1", 0, 0, 10).Byte());
+  s.Imp.Colore_Default = 6;
+  s.PianoCorrente = "CAMPITURA";
+  const int64_t prima = LeggiDiario(s)->Passo;
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_CAMPITURA\n"
+                     "DIALOGO + Imputa2 [Campitura] Angolo_Campitura=\"45\" Distanza_Campitura=\"1\" (OK, Annulla)\n"
+                     "PROMPT Seleziona Contorno - Primo Punto\n> FIELD Imputa2.Angolo_Campitura 45\n"
+                     "> FIELD Distanza_Campitura 1\n> PRESS Imputa2.OK\nDIALOGO - Imputa2\n> KEY P\n"
+                     "> CLICK left 0 1\nPROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 10 0\n"
+                     "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 10 10\n"
+                     "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK left 0 10\n"
+                     "PROMPT Seleziona Contorno - Punto Contorno\n> CLICK right 0 0\n"
+                     "DIALOGO + FormSelezionaContorno [Seleziona Contorno] "
+                     "Contorno=\"Progr\tNome\tNord\tEst\tQuota | 1\t1\t0.000\t0.000\t10.000 | "
+                     "2\t*\t0.000\t10.000\t0.000 | 3\t*\t10.000\t10.000\t0.000 | 4\t*\t10.000\t0.000\t0.000\" "
+                     "(Chiudi)\nPROMPT Seleziona Contorno - Primo Punto\n"));
   // 45 gon is 40.5°: the square is 10 (cos + sin) = 14.098 wide across the hatch, 14 lines.
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 14);
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 14);
   std::vector<SegmentoCampitura> righe;
   for (size_t k = 0; k < 14; ++k) {
-    righe.push_back({{b.s.LineaX1[k], b.s.LineaY1[k], 0}, {b.s.LineaX2[k], b.s.LineaY2[k], 0}});
-    EXPECT_EQ(std::tie(b.s.LineaColore[k], b.s.LineaPiano[k]), std::make_tuple(6, "CAMPITURA"));
+    righe.push_back({{s.LineaX1[k], s.LineaY1[k], 0}, {s.LineaX2[k], s.LineaY2[k], 0}});
+    EXPECT_EQ(std::tie(s.LineaColore[k], s.LineaPiano[k]), std::make_tuple(6, "CAMPITURA"));
   }
   Uguali(righe, QuadratoAtteso(45, 1));
   // One generation for the whole fill, and the contour cleared for the next.
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 1);
-  EXPECT_EQ(b.s.SpezzataTemporanea.Conta(), 0u);
-  EXPECT_EQ(b.s.ComandoCorrente, 196);
-  b.Script("KEY F9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima);
+  EXPECT_EQ(std::make_tuple(LeggiDiario(s)->Passo, s.SpezzataTemporanea.Conta(), s.ComandoCorrente),
+            std::make_tuple(prima + 1, 0u, 196));
+  Script("KEY F9\n");
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotLinee], LeggiDiario(s)->Passo), std::make_tuple(0, prima));
   // The settings went to `Configura.ini`; a spacing of 0 ends the command.
-  EXPECT_NE(LeggiFileProva(b.s.CartellaLavoro + "Configura.ini").find("Angolo_Campitura,45"), std::string::npos);
-  b.Script("TAG G\nFIELD Distanza_Campitura 0\nPRESS Imputa2.OK\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_NE(LeggiFileProva(s.CartellaLavoro + "Configura.ini").find("Angolo_Campitura,45"), std::string::npos);
+  Script("TAG G\nFIELD Distanza_Campitura 0\nPRESS Imputa2.OK\n");
+  EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
 }  // namespace

@@ -15,167 +15,152 @@ namespace varena {
 namespace {
 
 using namespace prova;
+
+struct ComandiBanco : BancoProva {};
 using I = std::vector<int>;
 
 // The command armed and its step.
 I Comando(const Sessione& s) { return {s.ComandoCorrente, s.PassoComando}; }
 
-TEST(Esegui_Comando_TAG, UnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
-  Banco b;
-  b.Pronto();
-  b.Script("TAG DISEGNA_PUNTO\nKEY F\n");
-  ASSERT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  EXPECT_EQ(b.Script("TAG snap_xyz\n"), "> TAG snap_xyz\n");
-  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  EXPECT_EQ(b.s.ComandoCorrente, 1);
-  EXPECT_EQ(b.s.ModoSnap, 5);
-  EXPECT_EQ(b.s.ComandoTag, "SNAP_XYZ");  // upper case on entry
+TEST_F(ComandiBanco, EseguiComandoTAGUnTagSnapSconosciutoNonFaNullaENonChiudeIDialoghi) {
+  Pronto();
+  Script("TAG DISEGNA_PUNTO\nKEY F\n");
+  ASSERT_TRUE(DialogoAperto(s, "NuovoPunto"));
+  EXPECT_TRUE(Stampa("> TAG snap_xyz\n"));
+  EXPECT_TRUE(DialogoAperto(s, "NuovoPunto"));
+  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ModoSnap), std::make_tuple(1, 5));
+  EXPECT_EQ(s.ComandoTag, "SNAP_XYZ");  // upper case on entry
   // A tag of no snap, known or not, closes the working dialogs before the chain.
-  b.Script("TAG PIPPO\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "NuovoPunto"));
-  EXPECT_EQ(b.s.ComandoCorrente, 1);
+  Script("TAG PIPPO\n");
+  EXPECT_FALSE(DialogoAperto(s, "NuovoPunto"));
+  EXPECT_EQ(s.ComandoCorrente, 1);
 }
 
-TEST(Esegui_Comando_TAG, ColoreRapidoEColoreEstratto) {
-  Banco b;
-  b.Pronto();
-  b.Script("TAG COLORE_3\n");
-  EXPECT_EQ(b.s.Imp.Colore_Default, 3);
+TEST_F(ComandiBanco, EseguiComandoTAGColoreRapidoEColoreEstratto) {
+  Pronto();
+  Script("TAG COLORE_3\n");
+  EXPECT_EQ(s.Imp.Colore_Default, 3);
   // With nothing armed, the colour is pasted on entities one by one.
-  EXPECT_EQ(b.s.ComandoCorrente, 307);
+  EXPECT_EQ(s.ComandoCorrente, 307);
   // Saved at once for the next job, in block B (statement 6 is the colour).
-  EXPECT_EQ(Dividi(LeggiFileProva(b.s.CartellaLavoro + "SALVAINI.INI"), '\n').at(5), "3\r");
-  b.Script("TAG DISEGNA_LINEA_2_P\nTAG COLORE_12\n");
-  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
-  EXPECT_EQ(b.s.ComandoCorrente, 22);  // a command armed stays
+  EXPECT_EQ(Dividi(LeggiFileProva(s.CartellaLavoro + "SALVAINI.INI"), '\n').at(5), "3\r");
+  Script("TAG DISEGNA_LINEA_2_P\nTAG COLORE_12\n");
+  EXPECT_EQ(s.Imp.Colore_Default, 12);
+  EXPECT_EQ(s.ComandoCorrente, 22);  // a command armed stays
 
-  EXPECT_EQ(b.Script("TAG COLORE_ESTRATTO\n"),
-            "> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n");
-  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
-  b.Script("TAG COLORE_12345\n");  // eleven characters: not a quick colour, and no tag
-  EXPECT_EQ(b.s.Imp.Colore_Default, 12);
+  EXPECT_TRUE(Stampa("> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n"));
+  EXPECT_EQ(s.Imp.Colore_Default, 12);
+  Script("TAG COLORE_12345\n");  // eleven characters: not a quick colour, and no tag
+  EXPECT_EQ(s.Imp.Colore_Default, 12);
 }
 
-TEST(Esegui_Comando_TAG, UnoZoomAMetaComandoLoLasciaComEra) {
-  Banco b;
-  b.Pronto();
-  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nTAG ZOOM_FINESTRA\nCLICK left 10 10\nCLICK left 30 20\n");
-  EXPECT_EQ((std::vector<double>{b.s.Vista.CentroEst, b.s.Vista.CentroNord, b.s.Vista.AltezzaVista}),
+TEST_F(ComandiBanco, EseguiComandoTAGUnoZoomAMetaComandoLoLasciaComEra) {
+  Pronto();
+  Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nTAG ZOOM_FINESTRA\nCLICK left 10 10\nCLICK left 30 20\n");
+  EXPECT_EQ((std::vector<double>{s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista}),
             (std::vector<double>{20, 15, 20}));
-  EXPECT_EQ(Comando(b.s), (I{22, 1}));
-  EXPECT_EQ(b.s.Prompt, "Disegno Linea - Al Punto:");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 0);
+  EXPECT_EQ(Comando(s), (I{22, 1}));
+  EXPECT_EQ(std::tie(s.Prompt, s.ContaEntita[SlotLinee]), std::make_tuple("Disegno Linea - Al Punto:", 0));
   // The right button takes a zoom back, and only the zoom.
-  b.Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
-  EXPECT_EQ(b.s.Vista.CentroEst, 20);
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(b.s.LineaX2[0], 5);
-  EXPECT_EQ(b.s.Prompt, "Disegno Linea 2P - Primo Punto:");
+  Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
+  EXPECT_EQ(s.Vista.CentroEst, 20);
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  EXPECT_EQ(std::tie(s.LineaX2[0], s.Prompt), std::make_tuple(5, "Disegno Linea 2P - Primo Punto:"));
 }
 
-TEST(ArmaComando, IlValoreChiestoPrimaAnnullatoNonArma) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PARALLELA\n"),
-            "> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+TEST_F(ComandiBanco, ArmaComandoIlValoreChiestoPrimaAnnullatoNonArma) {
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n"));
+  EXPECT_EQ(s.ComandoCorrente, 0);
   // The prompt and its question are pinned by the parallel's own test; F4 arms it again.
-  b.Script("ANSWER 2,5\nKEY F4\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 136);
-  EXPECT_EQ(b.s.ValoreImputato, "2,5");
+  Script("ANSWER 2,5\nKEY F4\n");
+  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ValoreImputato), std::make_tuple(136, "2,5"));
 }
 
-TEST(ArmaComando, LoSnapDelComandoPrecedenteOQuelloDelComando) {
-  Banco b;
-  b.Pronto();
+TEST_F(ComandiBanco, ArmaComandoLoSnapDelComandoPrecedenteOQuelloDelComando) {
+  Pronto();
   // The snap in force at the end of a command comes back at its repeat, for one click; a
   // point snap does not: it becomes free.
-  b.Script("TAG DISEGNA_LINEA_2_P\nKEY F\nKEY ESC\n");
-  EXPECT_EQ(b.s.UltimoSnap, 5);
-  b.Script("KEY ESC\n");
-  EXPECT_EQ(b.s.ModoSnap, 5);
-  b.Script("TAG DISEGNA_LINEA_2_P\nKEY P\nKEY ESC\nKEY ESC\n");
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  Script("TAG DISEGNA_LINEA_2_P\nKEY F\nKEY ESC\n");
+  EXPECT_EQ(s.UltimoSnap, 5);
+  Script("KEY ESC\n");
+  EXPECT_EQ(s.ModoSnap, 5);
+  Script("TAG DISEGNA_LINEA_2_P\nKEY P\nKEY ESC\nKEY ESC\n");
+  EXPECT_EQ(s.ModoSnap, 16);
   // A command on points sets its own, which lasts.
-  MettiPunto(b.s, "1", 0, 0);
-  b.Script("TAG EDIT_SPOSTA_NOME\n");
-  EXPECT_EQ(b.s.ModoSnap, 1);
-  EXPECT_FALSE(b.s.SnapDaTasto);
+  MettiPunto(s, "1", 0, 0);
+  Script("TAG EDIT_SPOSTA_NOME\n");
+  EXPECT_EQ(s.ModoSnap, 1);
+  EXPECT_FALSE(s.SnapDaTasto);
 }
 
-TEST(InterrompiComando, PuliscePassoSelezioneZoomESalvaLeImpostazioni) {
-  Banco b;
-  MettiPunto(b.s, "1", 0, 0);
-  MettiLinea(b.s, 0, 0, 5, 5);
-  b.Pronto();
-  b.s.StatoPunto[0] = 1;
-  b.s.StatoLinea[0] = 1;
-  b.s.ListaDisegno.Stato[0] = 1;
-  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nTAG ZOOM_FINESTRA\nMOVE 3 3\n");
-  b.Script("TAG INTERROMPI_COMANDO\n");
-  EXPECT_EQ((I{b.s.StatoPunto[0], b.s.StatoLinea[0], b.s.ListaDisegno.Stato[0]}), (I{0, 0, 0}));
-  EXPECT_EQ(b.s.Vista.ModoZoom, ZoomNessuno);
-  EXPECT_EQ(Comando(b.s), (I{0, 0}));
+TEST_F(ComandiBanco, InterrompiComandoPuliscePassoSelezioneZoomESalvaLeImpostazioni) {
+  MettiPunto(s, "1", 0, 0);
+  MettiLinea(s, 0, 0, 5, 5);
+  Pronto();
+  s.StatoPunto[0] = 1;
+  s.StatoLinea[0] = 1;
+  s.ListaDisegno.Stato[0] = 1;
+  Script("TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nTAG ZOOM_FINESTRA\nMOVE 3 3\n");
+  Script("TAG INTERROMPI_COMANDO\n");
+  EXPECT_EQ((I{s.StatoPunto[0], s.StatoLinea[0], s.ListaDisegno.Stato[0]}), (I{0, 0, 0}));
+  EXPECT_EQ(s.Vista.ModoZoom, ZoomNessuno);
+  EXPECT_EQ(Comando(s), (I{0, 0}));
   // No command prompt is left.
-  EXPECT_EQ(b.s.Prompt.find("Disegno"), std::string::npos);
-  EXPECT_TRUE(Esiste(b.s.CartellaLavoro + "SALVAINI.INI"));
+  EXPECT_EQ(s.Prompt.find("Disegno"), std::string::npos);
+  EXPECT_TRUE(Esiste(s.CartellaLavoro + "SALVAINI.INI"));
 }
 
-TEST(Tastiera, LettereDiSnapSoloConUnComandoArmato) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  b.Pronto();
-  EXPECT_FALSE(TastoGiu(b.s, {Tasto::Carattere, 'F'}));  // to the text box
-  EXPECT_EQ(b.s.ModoSnap, 16);
-  b.Script("TAG DISEGNA_LINEA_2_P\n");
-  EXPECT_TRUE(TastoGiu(b.s, {Tasto::Carattere, 'F'}));
-  EXPECT_EQ(b.s.ModoSnap, 5);
+TEST_F(ComandiBanco, TastieraLettereDiSnapSoloConUnComandoArmato) {
+  MettiLinea(s, 0, 0, 10, 0);
+  Pronto();
+  EXPECT_FALSE(TastoGiu(s, {Tasto::Carattere, 'F'}));  // to the text box
+  EXPECT_EQ(s.ModoSnap, 16);
+  Script("TAG DISEGNA_LINEA_2_P\n");
+  EXPECT_TRUE(TastoGiu(s, {Tasto::Carattere, 'F'}));
+  EXPECT_EQ(s.ModoSnap, 5);
   // One click, one snap.
-  b.Script("CLICK left 9 1\n");
-  EXPECT_EQ(b.s.Punto1X, 10);
-  EXPECT_EQ(b.s.ModoSnap, 16);
+  Script("CLICK left 9 1\n");
+  EXPECT_EQ(std::tie(s.Punto1X, s.ModoSnap), std::make_tuple(10, 16));
   // A snap that finds nothing leaves the mode for the next try.
-  MettiTesto(b.s, 0, 0, "x");
-  b.s.TestoIdent[0] = -1;
-  b.Script("KEY B\nCLICK left 3 3\n");
-  EXPECT_EQ(b.s.ModoSnap, 10);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  MettiTesto(s, 0, 0, "x");
+  s.TestoIdent[0] = -1;
+  Script("KEY B\nCLICK left 3 3\n");
+  EXPECT_EQ(std::tie(s.ModoSnap, s.PassoComando), std::make_tuple(10, 1));
   // The text box with the focus takes the letters, not Esc.
-  EXPECT_FALSE(TastoGiu(b.s, {Tasto::Carattere, 'V'}, true));
-  EXPECT_EQ(b.s.ModoSnap, 10);
-  EXPECT_TRUE(TastoGiu(b.s, {Tasto::Esc}, true));
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_FALSE(TastoGiu(s, {Tasto::Carattere, 'V'}, true));
+  EXPECT_EQ(s.ModoSnap, 10);
+  EXPECT_TRUE(TastoGiu(s, {Tasto::Esc}, true));
+  EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST(Tastiera, SnapCheVoglionoUnPuntoPrecedenteAlPassoZeroSonoLiberi) {
-  Banco b;
-  b.Pronto();
-  b.Script("TAG DISEGNA_LINEA_2_P\n");
+TEST_F(ComandiBanco, TastieraSnapCheVoglionoUnPuntoPrecedenteAlPassoZeroSonoLiberi) {
+  Pronto();
+  Script("TAG DISEGNA_LINEA_2_P\n");
   for (char c : {'O', 'T', 'U', 'A', 'R'}) {
-    b.Script(std::string("KEY ") + c + "\n");
-    EXPECT_EQ(b.s.ModoSnap, 16) << c;
-    EXPECT_TRUE(b.s.Dialoghi.empty()) << c;
+    Script(std::string("KEY ") + c + "\n");
+    EXPECT_EQ(s.ModoSnap, 16) << c;
+    EXPECT_TRUE(s.Dialoghi.empty()) << c;
   }
-  b.Script("CLICK left 1 2\nKEY O\n");
-  EXPECT_EQ(b.s.ModoSnap, 2);
-  b.Script("KEY U\n");
-  EXPECT_EQ(b.s.ModoSnap, 11);
-  EXPECT_TRUE(DialogoAperto(b.s, "FormSnapPolare"));
+  Script("CLICK left 1 2\nKEY O\n");
+  EXPECT_EQ(s.ModoSnap, 2);
+  Script("KEY U\n");
+  EXPECT_EQ(s.ModoSnap, 11);
+  EXPECT_TRUE(DialogoAperto(s, "FormSnapPolare"));
   // A letter closes the dialog of the mode before.
-  b.Script("KEY L\n");
-  EXPECT_EQ(b.s.ModoSnap, 16);
-  EXPECT_FALSE(DialogoAperto(b.s, "FormSnapPolare"));
+  Script("KEY L\n");
+  EXPECT_EQ(s.ModoSnap, 16);
+  EXPECT_FALSE(DialogoAperto(s, "FormSnapPolare"));
 }
 
-TEST(Tastiera, TastiDellaVistaAncheAComandoArmato) {
-  Banco b;
-  b.Pronto(0, 0, 100);
-  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\n");
-  b.Script("KEY PAGEUP\n");
-  EXPECT_EQ(b.s.Vista.AltezzaVista, 98);  // 1/50 of the height
-  b.Script("KEY UP\n");
-  EXPECT_EQ(b.s.Vista.CentroNord, -1.96);
-  EXPECT_EQ(Comando(b.s), (I{22, 1}));
+TEST_F(ComandiBanco, TastieraTastiDellaVistaAncheAComandoArmato) {
+  Pronto(0, 0, 100);
+  Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\n");
+  Script("KEY PAGEUP\n");
+  EXPECT_EQ(s.Vista.AltezzaVista, 98);  // 1/50 of the height
+  Script("KEY UP\n");
+  EXPECT_EQ(s.Vista.CentroNord, -1.96);
+  EXPECT_EQ(Comando(s), (I{22, 1}));
 }
 
 // The key the menus and tooltips show beside a command does what its tag does. The names
@@ -229,76 +214,65 @@ TEST(Tastiera, IlTastoDellaTabellaFaCioCheFaIlSuoTag) {
   EXPECT_EQ(tasti, 42);
 }
 
-TEST(Visualizza, NomiQuoteSimboliDescrizioniLineeEPFStazioni) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "PF01/0010/G693", 0, 0);
-  MettiPunto(s, "100", 1, 0);
-  MettiPunto(s, "101", 2, 0);
-  MettiPunto(s, "cancellato", 3, 0);
+TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
+  MettiPunti(s, {{"PF01/0010/G693", 0, 0}, {"100", 1, 0}, {"101", 2, 0}, {"cancellato", 3, 0}});
   s.PuntoIdent[3] = -1;
   MettiLinea(s, 0, 0, 1, 1);
-  b.Pronto();
-  b.Script("TAG N\n");
+  Pronto();
+  Script("TAG N\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[2], s.PuntoCongelaNome[3]}), (I{-1, -1, 0}));  // not deleted rows
   EXPECT_EQ(LeggiFileProva(s.CartellaProgramma + "/ImpostazioniUtente.ini"), "[VISUALIZZA]\r\nPUNTISINO=0\r\n");
-  b.Script("TAG N\n");
+  Script("TAG N\n");
   EXPECT_EQ(s.PuntoCongelaNome[0], 0);
   // Only PF and station names stay on show.
-  b.Script("TAG A\n");
+  Script("TAG A\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[1], s.PuntoCongelaNome[2]}), (I{0, 0, -1}));
-  b.Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
+  Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
   EXPECT_EQ((I{s.PuntoCongelaQuota[1], s.PuntoCongelaSimbolo[1], s.PuntoCongelaDescrizione[1], s.LineaCongela[0]}),
             (I{-1, -1, -1, -1}));
   // The frozen line has left the display list.
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
   // A stored value that is not 0 reads as on, whatever it is.
   ScriviImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "7");
-  b.Script("TAG L\n");
+  Script("TAG L\n");
   EXPECT_EQ(s.LineaCongela[0], -1);
   EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?"), "0");
 }
 
 // On an open job a toggle is a change of the job: a snapshot is taken, and the frozen flag
 // is in the provisional point file.
-TEST(Visualizza, UnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
-  Banco b;
-  ApriLavoro(b, "0,0,100", RecordPuntoBase("1", 0, 0, 10).Byte());
-  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
-  const int64_t prima = PassoUndo(b.s);
-  b.Script("TAG N\n");
-  EXPECT_EQ(PassoUndo(b.s), prima + 1);
-  const std::string lll = LeggiFileProva(b.s.NomeLavoro + ".LLL");
+TEST_F(ComandiBanco, VisualizzaUnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
+  ApriLavoro(*this, "0,0,100", RecordPuntoBase("1", 0, 0, 10).Byte());
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  const int64_t prima = PassoUndo(s);
+  Script("TAG N\n");
+  EXPECT_EQ(PassoUndo(s), prima + 1);
+  const std::string lll = LeggiFileProva(s.NomeLavoro + ".LLL");
   ASSERT_EQ(lll.size(), 256u);
   EXPECT_EQ(lll.substr(128, 2), std::string("\xff\xff", 2));  // Congela Nome -1
   // Undone, the name is shown again, and the command in progress starts over.
-  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
-  EXPECT_EQ(b.s.PuntoCongelaNome[0], 0);
-  EXPECT_EQ(PassoUndo(b.s), prima);
-  EXPECT_EQ(Comando(b.s), (I{22, 0}));
+  Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
+  EXPECT_EQ(std::make_tuple(s.PuntoCongelaNome[0], PassoUndo(s)), std::make_tuple(0, prima));
+  EXPECT_EQ(Comando(s), (I{22, 0}));
 }
 
-TEST(Esegui_Comando_TAG, MenuLettereEPassiDiDimensione) {
-  Banco b;
-  MettiPunto(b.s, "1", 0, 0);
-  b.s.PuntoDimensioneNome[0] = -2;
-  b.s.PuntoDimensioneSimbolo[0] = 4;
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG c\nTAG MENU_TESTO\n"), "> TAG c\nMENU MENU_CAMBIA\n> TAG MENU_TESTO\nMENU MENU_TESTO\n");
-  b.Script("TAG DN+\nTAG DS-\n");
-  EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneNome[0], -2.2);
-  EXPECT_DOUBLE_EQ(b.s.PuntoDimensioneSimbolo[0], 4 / 1.1);
-  EXPECT_EQ(b.Script("TAG CALCOLATRICE\n"),
-            "> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n");
+TEST_F(ComandiBanco, EseguiComandoTAGMenuLettereEPassiDiDimensione) {
+  MettiPunto(s, "1", 0, 0);
+  s.PuntoDimensioneNome[0] = -2;
+  s.PuntoDimensioneSimbolo[0] = 4;
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG c\nMENU MENU_CAMBIA\n> TAG MENU_TESTO\nMENU MENU_TESTO\n"));
+  Script("TAG DN+\nTAG DS-\n");
+  EXPECT_DOUBLE_EQ(s.PuntoDimensioneNome[0], -2.2);
+  EXPECT_DOUBLE_EQ(s.PuntoDimensioneSimbolo[0], 4 / 1.1);
+  EXPECT_TRUE(Stampa("> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n"));
 }
 
-TEST(InvioCasella, CentraSulPuntoNominato) {
-  Banco b;
-  MettiPunto(b.s, "12", 40, 60);
-  b.Pronto();
-  b.Script("TYPE 12\n");
-  EXPECT_EQ(b.s.Vista.CentroEst, 40);
-  EXPECT_EQ(b.s.Vista.CentroNord, 60);
+TEST_F(ComandiBanco, InvioCasellaCentraSulPuntoNominato) {
+  MettiPunto(s, "12", 40, 60);
+  Pronto();
+  Script("TYPE 12\n");
+  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.Vista.CentroNord), std::make_tuple(40, 60));
 }
 
 }  // namespace

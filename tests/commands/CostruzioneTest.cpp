@@ -16,6 +16,8 @@ namespace {
 
 using namespace prova;
 
+struct CostruzioneBanco : BancoProva {};
+
 constexpr double kMm = 1e-9;  // far below any survey tolerance, above the rounding of sin and cos
 
 // The row of the live point of that name, -1 when none.
@@ -54,378 +56,311 @@ std::string Etichette(Sessione& s, const char* dialogo, const std::string& nomi)
   return Campi(s, dialogo, nomi, true);
 }
 
-TEST(PuntoBilatera, UnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
-  Banco b;
+TEST_F(CostruzioneBanco, PuntoBilateraUnTriangoloNotoDaiDueLatiEDistanzeCheNonChiudono) {
   // The base runs North for 5 m and climbs 10 m. With 3 from A and 4 from B the angle at the
   // new point is right: its foot is 3²/5 = 1.8 from A, its offset 3·4/5 = 2.4.
-  MettiPunto(b.s, "A", 100, 200, 10);
-  MettiPunto(b.s, "B", 100, 205, 20);
-  b.s.PianoCorrente = "RILIEVO";
-  b.Pronto(100, 200, 50);
-  EXPECT_EQ(b.Script("TAG PUNTO_BILATERA\nCLICK left 100 200\nCLICK left 100 205.2\n"),
-            "> TAG PUNTO_BILATERA\n"
-            "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"B1\" Descrizione=\"\" Piano=\"RILIEVO\" Automatico=\"1\" "
-            "Passo=\"1\" (Prendi, Annulla)\n"
-            "PROMPT Punto Bilatera - Primo Punto:\n> CLICK left 100 200\n"
-            "PROMPT Punto Bilatera - Secondo Punto:\n> CLICK left 100 205.2\n"
-            "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0000\" Base=\"5.000\" "
-            "Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
-            "PROMPT Punto Bilatera - Primo Punto:\n");
-  EXPECT_EQ(Etichette(b.s, "PuntoBilatera", "Primo Azimut Base Distanza1 Distanza2"),
+  MettiPunti(s, {{"A", 100, 200, 10}, {"B", 100, 205, 20}});
+  s.PianoCorrente = "RILIEVO";
+  Pronto(100, 200, 50);
+  EXPECT_TRUE(Stampa("> TAG PUNTO_BILATERA\n"
+                     "DIALOGO + NuovoPunto [Nuovo Punto] Nome=\"B1\" Descrizione=\"\" Piano=\"RILIEVO\" "
+                     "Automatico=\"1\" Passo=\"1\" (Prendi, Annulla)\nPROMPT Punto Bilatera - Primo Punto:\n"
+                     "> CLICK left 100 200\nPROMPT Punto Bilatera - Secondo Punto:\n> CLICK left 100 205.2\n"
+                     "DIALOGO + PuntoBilatera [Punto Bilatera] Primo=\"A\" Secondo=\"B\" Azimut=\"0.0000\" "
+                     "Base=\"5.000\" Distanza1=\"\" Distanza2=\"\" (OK, Chiudi)\n"
+                     "PROMPT Punto Bilatera - Primo Punto:\n"));
+  EXPECT_EQ(Etichette(s, "PuntoBilatera", "Primo Azimut Base Distanza1 Distanza2"),
             "Punto Bilatera|Primo Punto   : |Azimut   : |Distanza : |Distanza da A :|Distanza da B :");
-  b.Script("FIELD NuovoPunto.Descrizione spigolo\nFIELD Distanza1 3\nFIELD Distanza2 4\nPRESS OK\n");
+  Script("FIELD NuovoPunto.Descrizione spigolo\nFIELD Distanza1 3\nFIELD Distanza2 4\nPRESS OK\n");
   // Right of A to B, which runs North: East. The height of the foot, 1.8 of 5 up the slope.
-  EXPECT_TRUE(In(b.s, "B1", 102.4, 201.8, 13.6));
-  const auto k = static_cast<size_t>(Riga(b.s, "B1"));
-  EXPECT_EQ(b.s.PuntoPiano[k], "RILIEVO");
-  EXPECT_EQ(b.s.PuntoDescrizione[k], "spigolo");
-  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
-  EXPECT_EQ(Valori(b.s, "NuovoPunto", "Nome"), "B2");
-  EXPECT_EQ(b.s.PassoComando, 0);
+  EXPECT_TRUE(In(s, "B1", 102.4, 201.8, 13.6));
+  const auto k = static_cast<size_t>(Riga(s, "B1"));
+  EXPECT_EQ(std::tie(s.PuntoPiano[k], s.PuntoDescrizione[k]), std::make_tuple("RILIEVO", "spigolo"));
+  EXPECT_FALSE(DialogoAperto(s, "PuntoBilatera"));
+  EXPECT_EQ(std::make_tuple(Valori(s, "NuovoPunto", "Nome"), s.PassoComando), std::make_tuple("B2", 0));
 
   // The other side: from B to A, 4 from B and 3 from A, right of South is West.
-  b.Script("CLICK left 100 205\nCLICK left 100 200\nFIELD Distanza1 4\nFIELD Distanza2 3\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "B2", 97.6, 201.8, 13.6));
+  Script("CLICK left 100 205\nCLICK left 100 200\nFIELD Distanza1 4\nFIELD Distanza2 3\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "B2", 97.6, 201.8, 13.6));
 
   // 1 + 1 cannot reach across 5: the box, the command ends, nothing is made.
-  const std::string uscita =
-      b.Script("CLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 1\nFIELD Distanza2 1\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(Script("CLICK left 100 200\nCLICK left 100 205\nFIELD Distanza1 1\nFIELD Distanza2 1\nPRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto Bilatera] Distanze non ammissibili!\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoBilatera\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ComandoCorrente), std::make_tuple(4, 0));
 }
 
-TEST(PuntoStazioneLibera, LaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 10);
-  MettiPunto(b.s, "B", 100, 0, 10);
-  b.Pronto(50, 0, 200);
-  b.Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 300\nCLICK left 0 0\nCLICK left 100 0\n");
-  EXPECT_EQ(Etichette(b.s, "StazioneLibera", "Lettura1 Lettura2"),
+TEST_F(CostruzioneBanco, PuntoStazioneLiberaLaBaseMisurataCentrataSullaVeraConLErroreDivisoAMeta) {
+  MettiPunti(s, {{"A", 0, 0, 10}, {"B", 100, 0, 10}});
+  Pronto(50, 0, 200);
+  Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 300\nCLICK left 0 0\nCLICK left 100 0\n");
+  EXPECT_EQ(Etichette(s, "StazioneLibera", "Lettura1 Lettura2"),
             "Punto Stazione Libera|Azimut e Distanza da A :|Azimut e Distanza da B :");
   // A right angle between two sights of 71 m: the measured base is 71·√2 = 100.40916 m,
   // 0.40916 longer than the true one. Laid centred on the true base, each end moves out by
   // half of it, and the station stands c/2 = 71/√2 = 50.20458 square off the middle, to the
   // right of A to B (South). The readings carry any orientation of the instrument.
-  const std::string uscita = b.Script(
-      "FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(Script("FIELD Lettura1 123.4567\nFIELD Distanza1 71\nFIELD Lettura2 223.4567\nFIELD Distanza2 71\n"
+                        "PRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 100.4092 | "
             "Differenza = -0.4092\nDIALOGO - StazioneLibera\nPROMPT Punto StazioneLibera - Primo Punto:\n");
-  EXPECT_TRUE(In(b.s, "300", 50, -50.20458146424487, 10));
+  EXPECT_TRUE(In(s, "300", 50, -50.20458146424487, 10));
   // The irradiation that follows offers the station.
-  b.Script("TAG IRRAGGIAMENTO\n");
-  EXPECT_EQ(b.s.Prompt, "Irraggiamento - Punto di Stazione: 300");
+  Script("TAG IRRAGGIAMENTO\n");
+  EXPECT_EQ(s.Prompt, "Irraggiamento - Punto di Stazione: 300");
 
   // No angle between the sights: the base shrinks to 30 - 10 = 20 about (50, 0) and the
   // station lies on it, 30 from its first end (40, 0).
-  b.Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 401\nCLICK left 0 0\nCLICK left 100 0\n"
+  Script("TAG PUNTO_STAZIONE_LIBERA\nFIELD NuovoPunto.Nome 401\nCLICK left 0 0\nCLICK left 100 0\n"
            "FIELD Lettura1 50\nFIELD Distanza1 30\nFIELD Lettura2 50\nFIELD Distanza2 10\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "401", 70, 0, 10));
+  EXPECT_TRUE(In(s, "401", 70, 0, 10));
 
   // Equal sights with no angle make no triangle: the report, then the failure.
-  const std::string fallita =
-      b.Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n");
-  EXPECT_NE(fallita.find("MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
-                         "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"),
-            std::string::npos)
-      << fallita;
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(Contiene(
+      Script("CLICK left 0 0\nCLICK left 100 0\nFIELD Distanza1 10\nFIELD Distanza2 10\nPRESS OK\n"),
+      "MESSAGGIO [Punto Stazione Libera] Distanza Reale = 100.0000 | Distanza Rilevata = 0.0000 | "
+      "Differenza = 100.0000\nMESSAGGIO [Punto Stazione Libera] Distanze non ammissibili!\n"));
+  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ContaEntita[SlotPunti]), std::make_tuple(0, 4));
 }
 
 // Three points from one station, the dialog left up, each point one generation of undo.
-TEST(Irraggiamento, UnVentaglioDiTrePuntiConLeAltezze) {
-  Banco b;
-  ApriLavoro(b, "1000,2000,100",
+TEST_F(CostruzioneBanco, IrraggiamentoUnVentaglioDiTrePuntiConLeAltezze) {
+  ApriLavoro(*this, "1000,2000,100",
              RecordPuntoBase("100", 1000, 2000, 50).Byte() + RecordPuntoBase("101", 1000, 2100, 60).Byte());
-  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 2);
-  b.s.PuntoHPrisma[0] = 1.5f;
-  const int64_t prima = LeggiDiario(b.s)->Passo;
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  s.PuntoHPrisma[0] = 1.5f;
+  const int64_t prima = LeggiDiario(s)->Passo;
 
-  b.Script("TAG IRRAGGIAMENTO\nFIELD NuovoPunto.Nome 1\nCLICK left 1000 2000\nCLICK left 1000 2100\n");
-  EXPECT_EQ(Valori(b.s, "Irraggiamento",
+  Script("TAG IRRAGGIAMENTO\nFIELD NuovoPunto.Nome 1\nCLICK left 1000 2000\nCLICK left 1000 2100\n");
+  EXPECT_EQ(Valori(s, "Irraggiamento",
                    "Stazione Orientamento Azimut Base QuotaStazione AltezzaStazione LetturaOrientamento Zenitale"),
             "100|101|0.0000|100.000|50.000|1.500|0|100");
-  EXPECT_EQ(Etichette(b.s, "Irraggiamento", "Stazione LetturaOrientamento AltezzaStazione"),
+  EXPECT_EQ(Etichette(s, "Irraggiamento", "Stazione LetturaOrientamento AltezzaStazione"),
             "Irraggiamento|Stazione     : |Lettura Orientamento : |Altezza Stazione : ");
 
   // The orientation point, due North, was read at 30: the correction is 370, and a reading
   // of 130 looks East. A level sight: the height of the station plus the instrument less
   // the prism.
-  b.Script("FIELD LetturaOrientamento 30\nFIELD Lettura 130\nFIELD Distanza 10\nFIELD Prisma 1.5\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 1010, 2000, 50));
+  Script("FIELD LetturaOrientamento 30\nFIELD Lettura 130\nFIELD Distanza 10\nFIELD Prisma 1.5\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "1", 1010, 2000, 50));
   // 230 looks South; 90 gon above the horizon the sight climbs 20·cos(81°) = 3.12869.
-  b.Script("FIELD Lettura 230\nFIELD Distanza 20\nFIELD Zenitale 90\nFIELD Prisma 2\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
+  Script("FIELD Lettura 230\nFIELD Distanza 20\nFIELD Zenitale 90\nFIELD Prisma 2\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
   // 80 looks North-East; the distance is horizontal as typed; no zenith means a level sight.
-  b.Script("FIELD Lettura 80\nFIELD Distanza 14.142135623730951\nFIELD Zenitale\nFIELD Prisma 0\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "3", 1010, 2010, 51.5));
-  EXPECT_EQ(Valori(b.s, "Irraggiamento", "Zenitale"), "100");
-  EXPECT_EQ(Valori(b.s, "NuovoPunto", "Nome"), "4");
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 3);
+  Script("FIELD Lettura 80\nFIELD Distanza 14.142135623730951\nFIELD Zenitale\nFIELD Prisma 0\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "3", 1010, 2010, 51.5));
+  EXPECT_EQ(Valori(s, "Irraggiamento", "Zenitale"), "100");
+  EXPECT_EQ(std::make_tuple(Valori(s, "NuovoPunto", "Nome"), LeggiDiario(s)->Passo), std::make_tuple("4", prima + 3));
   // Closed by its second button: the command ends and nothing more is made.
-  b.Script("PRESS Irraggiamento.Chiudi\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
-  EXPECT_EQ(LeggiDiario(b.s)->Passo, prima + 3);
+  Script("PRESS Irraggiamento.Chiudi\n");
+  EXPECT_FALSE(DialogoAperto(s, "Irraggiamento"));
+  EXPECT_EQ(std::make_tuple(s.ComandoCorrente, s.ContaEntita[SlotPunti], LeggiDiario(s)->Passo),
+            std::make_tuple(0, 5, prima + 3));
   // One undo takes back the last point only.
-  b.Script("KEY F9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
-  EXPECT_TRUE(In(b.s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
+  Script("KEY F9\n");
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(In(s, "2", 1000, 1980, 1.5 + 50 + 3.1286893008046174 - 2));
 }
 
-TEST(PuntoInAvanti, DueAngoliSullaBaseSiIncontranoAllaSuaDestra) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 0);
-  b.Pronto(5, 0, 40);
-  b.Script("TAG PUNTO_IN_AVANTI\nFIELD NuovoPunto.Nome 20\nCLICK left 0 0\nCLICK left 10 0\n");
-  EXPECT_EQ(Etichette(b.s, "PuntoInAvanti", "Angolo1 Angolo2"), "Punto In Avanti|Primo Angolo :|Secondo Angolo :");
+// The construction dialogs end as the user leaves them: Esc, another tag, a new click.
+TEST_F(CostruzioneBanco, PuntoInAvantiDueAngoliSullaBaseSiIncontranoAllaSuaDestraEIDialoghiSiChiudono) {
+  MettiPunti(s, {{"A", 0, 0}, {"B", 10, 0}});
+  Pronto(5, 0, 40);
+  Script("TAG PUNTO_IN_AVANTI\nFIELD NuovoPunto.Nome 20\nCLICK left 0 0\nCLICK left 10 0\n");
+  EXPECT_EQ(Etichette(s, "PuntoInAvanti", "Angolo1 Angolo2"), "Punto In Avanti|Primo Angolo :|Secondo Angolo :");
   // Half a right angle at each end of a base running East: the apex of the right isosceles
   // triangle, 5 South of the middle.
-  b.Script("FIELD Angolo1 50\nFIELD Angolo2 50\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "20", 5, -5, 0));
-  EXPECT_FALSE(DialogoAperto(b.s, "PuntoInAvanti"));
+  Script("FIELD Angolo1 50\nFIELD Angolo2 50\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "20", 5, -5, 0));
+  EXPECT_FALSE(DialogoAperto(s, "PuntoInAvanti"));
   // Angles that add up to a half turn never meet: the box, no point, the command ends.
-  const std::string uscita =
-      b.Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n");
-  EXPECT_EQ(uscita.substr(uscita.find("> PRESS OK")),
+  EXPECT_EQ(Da(Script("CLICK left 0 0\nCLICK left 10 0\nFIELD Angolo1 120\nFIELD Angolo2 80\nPRESS OK\n"),
+               "> PRESS OK"),
             "> PRESS OK\nMESSAGGIO [Punto In Avanti] Punto Non Trovato\n"
             "DIALOGO - NuovoPunto\nDIALOGO - PuntoInAvanti\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 3);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-}
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ComandoCorrente), std::make_tuple(3, 0));
 
-TEST(PuntoSquadro, DueLatiAdAngoloRettoEUnPrimoLatoNegativo) {
-  Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 0);
-  b.Pronto(0, 5, 40);
-  b.Script("TAG PUNTO_SQUADRO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
-  EXPECT_EQ(Valori(b.s, "PuntoSquadro", "Angolo"), "0");
-  EXPECT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->Campo("Angolo")->Scelte,
-            (std::vector<std::string>{"0", "100", "200", "300"}));
-  // 3 along the orientation (North), 4 to its right (East); the dialog stays for the next,
-  // which an angle of 200 turns round.
-  b.Script("FIELD Lato1 3\nFIELD Lato2 4\nPRESS OK\nFIELD Angolo 200\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 4, 3, 0));
-  EXPECT_TRUE(In(b.s, "2", -4, -3, 0));
-  // A negative first leg: the box, and nothing happens; the dialog waits.
-  EXPECT_EQ(b.Script("FIELD Lato1 -1\nPRESS OK\n"),
-            "> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
-  EXPECT_TRUE(DialogoAperto(b.s, "PuntoSquadro"));
-  EXPECT_EQ(b.s.ComandoCorrente, 161);
+  // Esc on the dialog presses its second button: no point, the command ends.
+  Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
+  ASSERT_EQ(TrovaDialogo(s, "PuntoSquadro")->BottoneEsc, "Chiudi");
+  Script("PRESS Chiudi\n");
+  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ContaEntita[SlotPunti]), std::make_tuple(0, 3));
+  EXPECT_TRUE(s.Dialoghi.empty());
+  // Another tag closes the dialog of the command it replaces.
+  Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
+  EXPECT_FALSE(DialogoAperto(s, "Irraggiamento"));
+  EXPECT_TRUE(DialogoAperto(s, "NuovoPunto"));
+  // A click while the dialog is up starts the construction again from that point.
+  Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
+  EXPECT_FALSE(DialogoAperto(s, "PuntoBilatera"));
+  EXPECT_EQ(s.PassoComando, 1);
+  Script("CLICK left 0 0\n");
+  EXPECT_EQ(Valori(s, "PuntoBilatera", "Primo"), "B");
+  // The end of the command by the keyboard closes it too.
+  Script("KEY ESC\n");
+  EXPECT_TRUE(s.Dialoghi.empty());
 }
 
 // Squadro, Apertura and Irraggiamento turn a typed "," into "." at the key press and read
 // the text as it stands; the other dialogs read a "," as a point whatever way it came.
-TEST(VirgolaDecimale, AlTastoOppureAllaLettura) {
-  Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 0);
-  b.Pronto(0, 5, 40);
+TEST_F(CostruzioneBanco, PuntoSquadroDueLatiAdAngoloRettoUnPrimoLatoNegativoELaVirgola) {
+  MettiPunti(s, {{"O", 0, 0}, {"N", 0, 10}});
+  Pronto(0, 5, 40);
+  Script("TAG PUNTO_SQUADRO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\n");
+  EXPECT_EQ(Valori(s, "PuntoSquadro", "Angolo"), "0");
+  EXPECT_EQ(TrovaDialogo(s, "PuntoSquadro")->Campo("Angolo")->Scelte,
+            (std::vector<std::string>{"0", "100", "200", "300"}));
+  // 3 along the orientation (North), 4 to its right (East); the dialog stays for the next,
+  // which an angle of 200 turns round.
+  Script("FIELD Lato1 3\nFIELD Lato2 4\nPRESS OK\nFIELD Angolo 200\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "1", 4, 3, 0));
+  EXPECT_TRUE(In(s, "2", -4, -3, 0));
+  // A negative first leg: the box, and nothing happens; the dialog waits.
+  EXPECT_TRUE(Stampa("> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n"));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(DialogoAperto(s, "PuntoSquadro"));
+  EXPECT_EQ(s.ComandoCorrente, 161);
+
   // Typed: the comma became a point as the key went down. A quarter turn from North.
-  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\nPRESS 100\n"
+  Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 5\nCLICK left 0 0\nCLICK left 0 10\nPRESS 100\n"
            "FIELD Distanza 5,5\n");
-  EXPECT_EQ(Valori(b.s, "PuntoApertura", "Distanza"), "5.5");
-  b.Script("PRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 5.5, 0, 0));
+  EXPECT_EQ(Valori(s, "PuntoApertura", "Distanza"), "5.5");
+  Script("PRESS OK\n");
+  EXPECT_TRUE(In(s, "5", 5.5, 0, 0));
   // Pasted: no key press saw it, and the comma ends the number.
-  b.Script("PRESS 200\nPASTE Distanza 5,5\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "2", 0, -5, 0));
+  Script("PRESS 200\nPASTE Distanza 5,5\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "6", 0, -5, 0));
   // The bilateration reads a comma as a point, typed or pasted: 6 and 8 on a base of 10.
-  b.Script("TAG PUNTO_BILATERA\nFIELD NuovoPunto.Nome 3\nCLICK left 0 0\nCLICK left 0 10\n"
+  Script("TAG PUNTO_BILATERA\nFIELD NuovoPunto.Nome 7\nCLICK left 0 0\nCLICK left 0 10\n"
            "PASTE Distanza1 6,0\nFIELD Distanza2 8,0\n");
-  EXPECT_EQ(Valori(b.s, "PuntoBilatera", "Distanza2"), "8,0");
-  b.Script("PRESS OK\n");
-  EXPECT_TRUE(In(b.s, "3", 4.8, 3.6, 0));
+  EXPECT_EQ(Valori(s, "PuntoBilatera", "Distanza2"), "8,0");
+  Script("PRESS OK\n");
+  EXPECT_TRUE(In(s, "7", 4.8, 3.6, 0));
   // A value the dialog only shows takes no typing.
-  b.Script("CLICK left 0 0\nCLICK left 0 10\nFIELD Base 3\n");
-  EXPECT_EQ(b.UltimoEsito.Codice, 2);
+  Script("CLICK left 0 0\nCLICK left 0 10\nFIELD Base 3\n");
+  EXPECT_EQ(UltimoEsito.Codice, 2);
 }
 
-TEST(PuntoApertura, AngoloDAperturaDallOrientamentoEQuotaDelPiede) {
-  Banco b;
-  MettiPunto(b.s, "O", 0, 0, 0);
-  MettiPunto(b.s, "N", 0, 10, 10);
-  b.Pronto(0, 5, 40);
+TEST_F(CostruzioneBanco, PuntoAperturaAngoloDAperturaDallOrientamentoEQuotaDelPiede) {
+  MettiPunti(s, {{"O", 0, 0}, {"N", 0, 10, 10}});
+  Pronto(0, 5, 40);
   // Half a right angle off North, 4√2 away: (4, 4), whose foot (0, 4) is 0.4 up the slope;
   // then a button sets the angle, the dialog still up.
-  b.Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\nFIELD Angolo 50\n"
+  Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 10\nFIELD Angolo 50\n"
            "FIELD Distanza 5.656854249492381\nPRESS OK\nPRESS 300\nFIELD Distanza 2\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 4, 4, 4));
-  EXPECT_TRUE(In(b.s, "2", -2, 0, 10));  // the foot falls on O, which takes N's height
-  EXPECT_TRUE(DialogoAperto(b.s, "PuntoApertura"));
+  EXPECT_TRUE(In(s, "1", 4, 4, 4));
+  EXPECT_TRUE(In(s, "2", -2, 0, 10));  // the foot falls on O, which takes N's height
+  EXPECT_TRUE(DialogoAperto(s, "PuntoApertura"));
 }
 
-TEST(PuntoPiede, PiedeConAscissaEDistaccoConIlSegno) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 10);
-  MettiPunto(b.s, "P", 4, 3, 0);
-  b.Pronto(0, 0, 40);
-  const std::string uscita =
-      b.Script("TAG PUNTO_PIEDE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 4 3\n");
-  EXPECT_NE(uscita.find("PROMPT Punto Piede - Primo Punto :\n> FIELD NuovoPunto.Nome 1\n> CLICK left 0 0\n"
-                        "PROMPT Punto Piede - Secondo Punto:\n> CLICK left 10 0\n"
-                        "PROMPT Punto Piede - Punto da Proiettare:\n> CLICK left 4 3\n"
-                        "DIALOGO + PuntoPiede [Punto Piede]"),
-            std::string::npos)
-      << uscita;
+TEST_F(CostruzioneBanco, PuntoPiedePiedeConAscissaEDistaccoConIlSegno) {
+  MettiPunti(s, {{"A", 0, 0}, {"B", 10, 0, 10}, {"P", 4, 3}});
+  Pronto(0, 0, 40);
+  EXPECT_TRUE(Contiene(Script("TAG PUNTO_PIEDE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 0\n"
+                                "CLICK left 4 3\n"),
+                       "PROMPT Punto Piede - Primo Punto :\n> FIELD NuovoPunto.Nome 1\n> CLICK left 0 0\n"
+                       "PROMPT Punto Piede - Secondo Punto:\n> CLICK left 10 0\n"
+                       "PROMPT Punto Piede - Punto da Proiettare:\n> CLICK left 4 3\n"
+                       "DIALOGO + PuntoPiede [Punto Piede]"));
   // The foot of (4, 3) on the line running East is (4, 0), 0.4 up the slope; the point lies
   // left of the line.
-  EXPECT_TRUE(In(b.s, "1", 4, 0, 4));
-  EXPECT_EQ(Valori(b.s, "PuntoPiede", "Terzo QuotaPiede Ascissa Distacco"), "P|4.000|4.000|-3.000");
-  EXPECT_EQ(Etichette(b.s, "PuntoPiede", "Terzo QuotaPiede"), "Punto Piede|Terzo Punto : |Quota Piede : ");
+  EXPECT_TRUE(In(s, "1", 4, 0, 4));
+  EXPECT_EQ(Valori(s, "PuntoPiede", "Terzo QuotaPiede Ascissa Distacco"), "P|4.000|4.000|-3.000");
+  EXPECT_EQ(Etichette(s, "PuntoPiede", "Terzo QuotaPiede"), "Punto Piede|Terzo Punto : |Quota Piede : ");
   // The first button starts again at the first point.
-  b.Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "PuntoPiede"));
-  EXPECT_EQ(b.s.PassoComando, 0);
-  EXPECT_EQ(b.s.Prompt, "Punto Piede - Primo Punto :");
+  Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
+  EXPECT_FALSE(DialogoAperto(s, "PuntoPiede"));
+  EXPECT_EQ(std::tie(s.PassoComando, s.Prompt), std::make_tuple(0, "Punto Piede - Primo Punto :"));
 }
 
-TEST(PuntoIncrocio, DueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 10, 10);
-  MettiPunto(b.s, "C", 0, 10, 0);
-  MettiPunto(b.s, "D", 10, 0, 0);
-  MettiPunto(b.s, "E", 0, 20, 7);
-  MettiPunto(b.s, "F", 10, 20, 7);
-  MettiPunto(b.s, "G", 0, 30, 7);
-  MettiPunto(b.s, "H", 10, 30, 7);
-  b.Pronto(5, 15, 60);
-  const std::string uscita = b.Script("TAG PUNTO_INCROCIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\n"
-                                      "CLICK left 10 10\nCLICK left 0 10\nCLICK left 10 0\n");
-  EXPECT_NE(uscita.find("PROMPT Punto Incrocio - Secondo Punto:\n> CLICK left 10 10\n"
-                        "PROMPT Punto Incrocio - Terzo Punto:\n> CLICK left 0 10\n"
-                        "PROMPT Punto Incrocio - Quarto Punto:\n> CLICK left 10 0\n"
-                        "PROMPT Punto Incrocio - Primo Punto:\n"),
-            std::string::npos)
-      << uscita;
+TEST_F(CostruzioneBanco, PuntoIncrocioDueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
+  MettiPunti(s, {{"A", 0, 0}, {"B", 10, 10, 10}, {"C", 0, 10}, {"D", 10, 0}, {"E", 0, 20, 7}, {"F", 10, 20, 7},
+                   {"G", 0, 30, 7}, {"H", 10, 30, 7}});
+  Pronto(5, 15, 60);
+  EXPECT_TRUE(Contiene(Script("TAG PUNTO_INCROCIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\n"
+                                "CLICK left 10 10\nCLICK left 0 10\nCLICK left 10 0\n"),
+                       "PROMPT Punto Incrocio - Secondo Punto:\n> CLICK left 10 10\n"
+                       "PROMPT Punto Incrocio - Terzo Punto:\n> CLICK left 0 10\n"
+                       "PROMPT Punto Incrocio - Quarto Punto:\n> CLICK left 10 0\n"
+                       "PROMPT Punto Incrocio - Primo Punto:\n"));
   // The diagonals of the square meet in its middle, half way up A-B.
-  EXPECT_TRUE(In(b.s, "1", 5, 5, 5));
+  EXPECT_TRUE(In(s, "1", 5, 5, 5));
   // Two parallel lines: the point made before is made again, with the height of the first
   // line there.
-  b.Script("CLICK left 0 20\nCLICK left 10 20\nCLICK left 0 30\nCLICK left 10 30\n");
-  EXPECT_TRUE(In(b.s, "2", 5, 5, 7));
+  Script("CLICK left 0 20\nCLICK left 10 20\nCLICK left 0 30\nCLICK left 10 30\n");
+  EXPECT_TRUE(In(s, "2", 5, 5, 7));
 }
 
-TEST(PuntoMedioETangente, IlMezzoDiDuePuntiEIlTangenteDaUnPuntoAUnCerchio) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 3);
-  MettiPunto(b.s, "B", 10, 20, 4);
-  MettiCerchio(b.s, 10, 0, 5);
-  b.Pronto(5, 5, 60);
-  b.Script("TAG PUNTO_MEDIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 20\n");
-  EXPECT_TRUE(In(b.s, "1", 5, 10, 3.5));
-  EXPECT_EQ(b.s.Prompt, "Punto Medio - Primo Punto:");
+TEST_F(CostruzioneBanco, PuntoMedioETangenteIlMezzoDiDuePuntiEIlTangenteDaUnPuntoAUnCerchio) {
+  MettiPunti(s, {{"A", 0, 0, 3}, {"B", 10, 20, 4}});
+  MettiCerchio(s, 10, 0, 5);
+  Pronto(5, 5, 60);
+  Script("TAG PUNTO_MEDIO\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 10 20\n");
+  EXPECT_TRUE(In(s, "1", 5, 10, 3.5));
+  EXPECT_EQ(s.Prompt, "Punto Medio - Primo Punto:");
   // From A, 10 from the centre of a circle of radius 5: the tangent is √75 long, 30° off
   // the line of centres, so it touches at (7.5, ±4.33013), at the height of A.
-  b.Script("TAG PUNTO_TANGENTE\nFIELD NuovoPunto.Nome 2\nCLICK left 0 0\n");
-  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Indica Entità:");
-  EXPECT_EQ(b.s.ModoSnap, 8);
-  b.Script("CLICK left 7.6 4.5\n");
-  EXPECT_TRUE(In(b.s, "2", 7.5, 4.330127018922193, 3));
-  EXPECT_EQ(b.s.Prompt, "Punto Tangente - Dal Punto:");
-  EXPECT_EQ(b.s.ModoSnap, 1);
+  Script("TAG PUNTO_TANGENTE\nFIELD NuovoPunto.Nome 2\nCLICK left 0 0\n");
+  EXPECT_EQ(std::tie(s.Prompt, s.ModoSnap), std::make_tuple("Punto Tangente - Indica Entità:", 8));
+  Script("CLICK left 7.6 4.5\n");
+  EXPECT_TRUE(In(s, "2", 7.5, 4.330127018922193, 3));
+  EXPECT_EQ(std::tie(s.Prompt, s.ModoSnap), std::make_tuple("Punto Tangente - Dal Punto:", 1));
 }
 
-TEST(PolariCartesiane, AzimutEDistanzaDaUnOrigine) {
-  Banco b;
-  MettiPunto(b.s, "O", 100, 200, 7);
-  b.Pronto(100, 200, 40);
-  b.Script("TAG POLARI_CARTESIANE\nFIELD NuovoPunto.Nome 1\nCLICK left 100 200\n");
-  EXPECT_EQ(Valori(b.s, "PolariCartesiane", "Nord Est Quota"), "200.000|100.000|7.000");
-  EXPECT_EQ(Etichette(b.s, "PolariCartesiane", "Origine Nord Est Quota"),
+TEST_F(CostruzioneBanco, PolariCartesianeAzimutEDistanzaDaUnOrigine) {
+  MettiPunto(s, "O", 100, 200, 7);
+  Pronto(100, 200, 40);
+  Script("TAG POLARI_CARTESIANE\nFIELD NuovoPunto.Nome 1\nCLICK left 100 200\n");
+  EXPECT_EQ(Valori(s, "PolariCartesiane", "Nord Est Quota"), "200.000|100.000|7.000");
+  EXPECT_EQ(Etichette(s, "PolariCartesiane", "Origine Nord Est Quota"),
             "Polari > Cartesiane|Punto Origine : |         Nord : |          Est : |        Quota : ");
   // West by 5, at the origin's height; the dialog stays up.
-  b.Script("FIELD Azimut 300\nFIELD Distanza 5\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 95, 200, 7));
-  EXPECT_TRUE(DialogoAperto(b.s, "PolariCartesiane"));
+  Script("FIELD Azimut 300\nFIELD Distanza 5\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "1", 95, 200, 7));
+  EXPECT_TRUE(DialogoAperto(s, "PolariCartesiane"));
 }
 
-TEST(IntersecaDirezione, UnaDirezioneLettaInStazioneIncontraLaLinea) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 10, 0);
-  MettiPunto(b.s, "B", 20, 10, 0);
-  const int32_t st = MettiPunto(b.s, "S", 5, 0, 100);
-  MettiPunto(b.s, "O", 5, 50, 0);
-  b.s.PuntoHPrisma[static_cast<size_t>(st)] = 1.5f;
-  b.s.PuntoErroreOrientamento[static_cast<size_t>(st)] = 10;
-  b.Pronto(5, 10, 60);
-  b.Script("TAG INTERSECA_DIREZIONE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\n");
-  EXPECT_EQ(Valori(b.s, "IntersecaDirezione", "Stazione AltezzaStrumento LetturaOrientamento Orientamento"),
+TEST_F(CostruzioneBanco, IntersecaDirezioneUnaDirezioneLettaInStazioneIncontraLaLinea) {
+  MettiPunti(s, {{"A", 0, 10}, {"B", 20, 10}, {"S", 5, 0, 100}, {"O", 5, 50}});
+  s.PuntoHPrisma[2] = 1.5f;
+  s.PuntoErroreOrientamento[2] = 10;
+  Pronto(5, 10, 60);
+  Script("TAG INTERSECA_DIREZIONE\nFIELD NuovoPunto.Nome 1\nCLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\n");
+  EXPECT_EQ(Valori(s, "IntersecaDirezione", "Stazione AltezzaStrumento LetturaOrientamento Orientamento"),
             "S|1.500|10.0000|A");
-  EXPECT_EQ(Etichette(b.s, "IntersecaDirezione", "Azimutale Zenitale"),
+  EXPECT_EQ(Etichette(s, "IntersecaDirezione", "Azimutale Zenitale"),
             "Interseca Direzione|Lettura Azimutale : |Lettura Zenitale :");
   // An orientation no point bears: the box, nothing made, the name can be typed again.
-  EXPECT_EQ(b.Script("FIELD Orientamento Q\nFIELD Azimutale 10\nPRESS OK\n"),
-            "> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
-            "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 4);
-  EXPECT_TRUE(DialogoAperto(b.s, "IntersecaDirezione"));
+  EXPECT_TRUE(Stampa("> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
+                     "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n"));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
+  EXPECT_TRUE(DialogoAperto(s, "IntersecaDirezione"));
   // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
   // (5, 10), 10 away. 90 gon over the horizon over 10 m of plan climbs 10·cot(81°).
-  b.Script("FIELD Orientamento O\nFIELD Zenitale 90\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
-  EXPECT_FALSE(DialogoAperto(b.s, "IntersecaDirezione"));
+  Script("FIELD Orientamento O\nFIELD Zenitale 90\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "1", 5, 10, 10 * 0.15838444032453627 + 1.5 + 100));
+  EXPECT_FALSE(DialogoAperto(s, "IntersecaDirezione"));
   // A reading of 110 looks East, along the line: no crossing, the box, the command ends.
-  const std::string uscita =
-      b.Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\nFIELD Azimutale 110\n"
-               "PRESS OK\n");
-  EXPECT_NE(uscita.find("> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"), std::string::npos)
-      << uscita;
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 5);
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  EXPECT_TRUE(Contiene(Script("CLICK left 0 10\nCLICK left 20 10\nCLICK left 5 0\nFIELD Orientamento O\n"
+                                "FIELD Azimutale 110\nPRESS OK\n"),
+                       "> PRESS OK\nMESSAGGIO [Interseca Direzione] Punto Non Trovato\n"));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ComandoCorrente), std::make_tuple(5, 0));
 }
 
-TEST(PuntoDistanza, ConfermeRipetuteCamminanoLungoLaLinea) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 0, 30, 6);
-  b.Pronto(0, 15, 60);
-  b.Script("TAG PUNTO_DISTANZA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 30\n");
-  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Distanza Dislivello"), "30.|6.000");
-  EXPECT_EQ(Etichette(b.s, "PuntoDistanza", "Azimut Dislivello"), "Punto Distanza|Azimut     : |Dislivello : ");
+TEST_F(CostruzioneBanco, PuntoDistanzaConfermeRipetuteCamminanoLungoLaLinea) {
+  MettiPunti(s, {{"A", 0, 0}, {"B", 0, 30, 6}});
+  Pronto(0, 15, 60);
+  Script("TAG PUNTO_DISTANZA\nFIELD NuovoPunto.Nome 1\nCLICK left 0 0\nCLICK left 0 30\n");
+  EXPECT_EQ(Valori(s, "PuntoDistanza", "Distanza Dislivello"), "30.|6.000");
+  EXPECT_EQ(Etichette(s, "PuntoDistanza", "Azimut Dislivello"), "Punto Distanza|Azimut     : |Dislivello : ");
   // Steps of 10 up a slope of 1 in 5, each from the point made before.
-  b.Script("FIELD Distanza 10\nPRESS OK\nPRESS OK\nPRESS OK\n");
-  EXPECT_TRUE(In(b.s, "1", 0, 10, 2));
-  EXPECT_TRUE(In(b.s, "2", 0, 20, 4));
-  EXPECT_TRUE(In(b.s, "3", 0, 30, 6));
-  EXPECT_EQ(Valori(b.s, "PuntoDistanza", "Primo Base"), "3|0.000");
-}
-
-TEST(DialoghiDiCostruzione, EscUnAltroTagOUnNuovoClicLiChiudono) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 0);
-  MettiPunto(b.s, "B", 10, 0, 0);
-  b.Pronto(5, 0, 40);
-  // Esc on the dialog presses its second button: no point, the command ends.
-  b.Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
-  ASSERT_EQ(TrovaDialogo(b.s, "PuntoSquadro")->BottoneEsc, "Chiudi");
-  b.Script("PRESS Chiudi\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 2);
-  EXPECT_TRUE(b.s.Dialoghi.empty());
-  // Another tag closes the dialog of the command it replaces.
-  b.Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "Irraggiamento"));
-  EXPECT_TRUE(DialogoAperto(b.s, "NuovoPunto"));
-  // A click while the dialog is up starts the construction again from that point.
-  b.Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
-  EXPECT_FALSE(DialogoAperto(b.s, "PuntoBilatera"));
-  EXPECT_EQ(b.s.PassoComando, 1);
-  b.Script("CLICK left 0 0\n");
-  EXPECT_EQ(Valori(b.s, "PuntoBilatera", "Primo"), "B");
-  // The end of the command by the keyboard closes it too.
-  b.Script("KEY ESC\n");
-  EXPECT_TRUE(b.s.Dialoghi.empty());
+  Script("FIELD Distanza 10\nPRESS OK\nPRESS OK\nPRESS OK\n");
+  EXPECT_TRUE(In(s, "1", 0, 10, 2));
+  EXPECT_TRUE(In(s, "2", 0, 20, 4));
+  EXPECT_TRUE(In(s, "3", 0, 30, 6));
+  EXPECT_EQ(Valori(s, "PuntoDistanza", "Primo Base"), "3|0.000");
 }
 
 }  // namespace

@@ -5,12 +5,14 @@
 #include <cmath>
 #include <tuple>
 
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
+
+struct CurveBanco : BancoProva {};
 
 void AttesoCerchio(const Sessione& s, int32_t riga, double x, double y, double raggio) {
   ASSERT_LT(riga, s.ContaEntita[SlotCerchi]);
@@ -33,108 +35,96 @@ void AttesoArco(const Sessione& s, int32_t riga, double x, double y, double ragg
   EXPECT_NEAR(s.ArcoFine[k], ampiezza, 1e-9);
 }
 
-TEST(CerchioTrePunti, CentroDalleBisettriciPuntiAllineatiNessunCerchio) {
-  Banco b;
-  b.s.Imp.Colore_Default = 4;
-  b.s.PianoCorrente = "POZZI";
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_CERCHIO_3_P\nCLICK left 0 0\nCLICK left 1 1\nCLICK left 2 2\n"),
-            "> TAG DISEGNA_CERCHIO_3_P\nPROMPT Cerchio Tre Punti - Indicare il Primo:\n> CLICK left 0 0\n"
-            "PROMPT Cerchio Tre Punti - Secondo Punto:\n> CLICK left 1 1\nPROMPT Cerchio Tre Punti - Terzo Punto:\n"
-            "> CLICK left 2 2\n");
+TEST_F(CurveBanco, CerchioTrePuntiCentroDalleBisettriciPuntiAllineatiNessunCerchio) {
+  s.Imp.Colore_Default = 4;
+  s.PianoCorrente = "POZZI";
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_CERCHIO_3_P\nPROMPT Cerchio Tre Punti - Indicare il Primo:\n> CLICK left 0 0\n"
+                     "PROMPT Cerchio Tre Punti - Secondo Punto:\n> CLICK left 1 1\n"
+                     "PROMPT Cerchio Tre Punti - Terzo Punto:\n> CLICK left 2 2\n"));
   // Three points in a row: no circle, and the third point is awaited still.
-  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 0);
-  EXPECT_EQ(b.s.PassoComando, 2);
-  EXPECT_EQ(b.Script("CLICK left 0 2\n"), "> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotCerchi], s.PassoComando), std::make_tuple(0, 2));
+  EXPECT_TRUE(Stampa("> CLICK left 0 2\nPROMPT Cerchio Tre Punti - Primo Punto :\n"));
   // Through (0, 0), (1, 1), (0, 2): centre (0, 1), radius 1.
-  AttesoCerchio(b.s, 0, 0, 1, 1);
-  EXPECT_EQ(std::tie(b.s.CerchioColore[0], b.s.CerchioPiano[0]), std::make_tuple(4, "POZZI"));
-  EXPECT_EQ(b.s.PassoComando, 0);
+  AttesoCerchio(s, 0, 0, 1, 1);
+  EXPECT_EQ(std::tie(s.CerchioColore[0], s.CerchioPiano[0]), std::make_tuple(4, "POZZI"));
+  EXPECT_EQ(s.PassoComando, 0);
 }
 
-TEST(Cerchi, DiametroCentroRaggioCentroTangenteInscritto) {
-  Banco b;
-  MettiLinea(b.s, 0, -50, 100, -50);
-  MettiCerchio(b.s, 50, 50, 3);
-  b.Pronto(50, 0, 200);
-  b.Script("TAG CERCHIO_DIAMETRO\nCLICK left 0 0\nCLICK left 6 8\n");
-  AttesoCerchio(b.s, 1, 3, 4, 5);
+TEST_F(CurveBanco, CerchiDiametroCentroRaggioCentroTangenteInscritto) {
+  MettiLinea(s, 0, -50, 100, -50);
+  MettiCerchio(s, 50, 50, 3);
+  Pronto(50, 0, 200);
+  Script("TAG CERCHIO_DIAMETRO\nCLICK left 0 0\nCLICK left 6 8\n");
+  AttesoCerchio(s, 1, 3, 4, 5);
   // The radius asked once serves every click.
-  b.Script("ANSWER 2.5\nTAG CERCHIO_CENTRO_RAGGIO\nCLICK left 10 10\nCLICK left 20 10\n");
-  AttesoCerchio(b.s, 2, 10, 10, 2.5);
-  AttesoCerchio(b.s, 3, 20, 10, 2.5);
+  Script("ANSWER 2.5\nTAG CERCHIO_CENTRO_RAGGIO\nCLICK left 10 10\nCLICK left 20 10\n");
+  AttesoCerchio(s, 2, 10, 10, 2.5);
+  AttesoCerchio(s, 3, 20, 10, 2.5);
   // Tangent to a line: the distance of the centre from it; to a circle, from outside: the
   // gap between the two curves on the line of the centres.
-  EXPECT_EQ(b.Script("TAG CERCHIO_CENTRO_TANGENTE\nCLICK left 10 -45\nCLICK left 20 -49.5\n"),
-            "> TAG CERCHIO_CENTRO_TANGENTE\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n> CLICK left 10 -45\n"
-            "PROMPT Cerchio Centro Tangente - Entita per Tangente:\n> CLICK left 20 -49.5\n"
-            "PROMPT Cerchio Centro Tangente - Centro Cerchio:\n");
-  AttesoCerchio(b.s, 4, 10, -45, 5);
-  b.Script("CLICK left 50 60\nCLICK left 50 53.2\n");
-  AttesoCerchio(b.s, 5, 50, 60, 7);
+  EXPECT_TRUE(Stampa("> TAG CERCHIO_CENTRO_TANGENTE\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n"
+                     "> CLICK left 10 -45\nPROMPT Cerchio Centro Tangente - Entita per Tangente:\n"
+                     "> CLICK left 20 -49.5\nPROMPT Cerchio Centro Tangente - Centro Cerchio:\n"));
+  AttesoCerchio(s, 4, 10, -45, 5);
+  Script("CLICK left 50 60\nCLICK left 50 53.2\n");
+  AttesoCerchio(s, 5, 50, 60, 7);
   // The 3-4-5 triangle: the inscribed radius is (3 + 4 - 5) / 2.
-  EXPECT_EQ(b.Script("TAG CERCHIO_INSCRITTO\nCLICK left 0 0\nCLICK left 4 0\nCLICK left 0 3\n"),
-            "> TAG CERCHIO_INSCRITTO\nPROMPT Cerchio Inscritto - Primo Punto:\n> CLICK left 0 0\n"
-            "PROMPT Cerchio Inscritto - Secondo Punto:\n> CLICK left 4 0\nPROMPT Cerchio Inscritto - Terzo Punto:\n"
-            "> CLICK left 0 3\nPROMPT Cerchio Inscritto - Primo Punto:\n");
-  AttesoCerchio(b.s, 6, 1, 1, 1);
+  EXPECT_TRUE(Stampa("> TAG CERCHIO_INSCRITTO\nPROMPT Cerchio Inscritto - Primo Punto:\n> CLICK left 0 0\n"
+                     "PROMPT Cerchio Inscritto - Secondo Punto:\n> CLICK left 4 0\n"
+                     "PROMPT Cerchio Inscritto - Terzo Punto:\n> CLICK left 0 3\n"
+                     "PROMPT Cerchio Inscritto - Primo Punto:\n"));
+  AttesoCerchio(s, 6, 1, 1, 1);
 }
 
-TEST(ArcoTrePunti, InizioEAmpiezzaPositivaInGon) {
-  Banco b;
-  MettiPunto(b.s, "A", 10, 0, 1);
-  MettiPunto(b.s, "B", 0, 10, 2);
-  MettiPunto(b.s, "C", -10, 0, 3);
-  b.Pronto();
+TEST_F(CurveBanco, ArcoTrePuntiInizioEAmpiezzaPositivaInGon) {
+  MettiPunti(s, {{"A", 10, 0, 1}, {"B", 0, 10, 2}, {"C", -10, 0, 3}});
+  Pronto();
   // East, North, West: the arc over the North, stored from West clockwise through 200 gon,
   // and its heights from the point it starts at.
-  b.Script("TAG DISEGNA_ARCO_3_P\nKEY P\nCLICK left 10 0\nKEY P\nCLICK left 0 10\nKEY P\nCLICK left -10 0\n");
-  AttesoArco(b.s, 0, 0, 0, 10, 300, 200);
-  EXPECT_EQ(std::tie(b.s.ArcoQuotaInizio[0], b.s.ArcoQuotaFinale[0]), std::make_tuple(3, 1));
+  Script("TAG DISEGNA_ARCO_3_P\nKEY P\nCLICK left 10 0\nKEY P\nCLICK left 0 10\nKEY P\nCLICK left -10 0\n");
+  AttesoArco(s, 0, 0, 0, 10, 300, 200);
+  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoQuotaFinale[0]), std::make_tuple(3, 1));
   // The other way round, by the South: from East clockwise.
-  b.Script("CLICK left 10 0\nCLICK left 0 -10\nCLICK left -10 0\n");
-  AttesoArco(b.s, 1, 0, 0, 10, 100, 200);
+  Script("CLICK left 10 0\nCLICK left 0 -10\nCLICK left -10 0\n");
+  AttesoArco(s, 1, 0, 0, 10, 100, 200);
   // A quarter: (0, 10), (7.0711, 7.0711), (10, 0) runs from North to East.
-  b.Script("CLICK left 0 10\nCLICK left 7.0710678118654755 7.0710678118654755\nCLICK left 10 0\n");
-  AttesoArco(b.s, 2, 0, 0, 10, 0, 100);
-  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 3);
+  Script("CLICK left 0 10\nCLICK left 7.0710678118654755 7.0710678118654755\nCLICK left 10 0\n");
+  AttesoArco(s, 2, 0, 0, 10, 0, 100);
+  EXPECT_EQ(s.ContaEntita[SlotArchi], 3);
 }
 
-TEST(ArcoDuePunti, DalCentroInSensoOrarioFinoAllaDirezione) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG ARCO_CENTRO_INIZIO_FINE\nCLICK left 0 0\nCLICK left 5 0\nCLICK left 0 3\n"),
-            "> TAG ARCO_CENTRO_INIZIO_FINE\nPROMPT Arco Due Punti - Centro Arco:\n> CLICK left 0 0\n"
-            "PROMPT Arco Due Punti - Punto Inizio:\n> CLICK left 5 0\nPROMPT Arco Due Punti - Punto Per Angolo\n"
-            "> CLICK left 0 3\nPROMPT Arco Due Punti - Centro Arco:\n");
+TEST_F(CurveBanco, ArcoDuePuntiDalCentroInSensoOrarioFinoAllaDirezione) {
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG ARCO_CENTRO_INIZIO_FINE\nPROMPT Arco Due Punti - Centro Arco:\n> CLICK left 0 0\n"
+                     "PROMPT Arco Due Punti - Punto Inizio:\n> CLICK left 5 0\n"
+                     "PROMPT Arco Due Punti - Punto Per Angolo\n> CLICK left 0 3\n"
+                     "PROMPT Arco Due Punti - Centro Arco:\n"));
   // From East (100) to North (0): -100 made positive by a turn.
-  AttesoArco(b.s, 0, 0, 0, 5, 100, 300);
+  AttesoArco(s, 0, 0, 0, 5, 100, 300);
   // The angle point on the start's own direction gives no arc.
-  b.Script("CLICK left 0 0\nCLICK left 0 5\nCLICK left 0 9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 1);
-  EXPECT_EQ(b.s.PassoComando, 2);
+  Script("CLICK left 0 0\nCLICK left 0 5\nCLICK left 0 9\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotArchi], s.PassoComando), std::make_tuple(1, 2));
 }
 
-TEST(subArcoInCerchio, LArcoDiventaIlCerchioIntero) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG ARCO_IN_CERCHIO\nCLICK left 1 1\n"),
-            "> TAG ARCO_IN_CERCHIO\nPROMPT Arco In Cerchio - Indicare un Arco:\n> CLICK left 1 1\n"
-            "MESSAGGIO [Arco non Trovato] Nessun Arco nel Disegno!\n");
-  MettiArco(b.s, 10, 20, 4, 50, 100);
-  b.s.ArcoColore[0] = 3;
-  b.s.ArcoTratteggio[0] = 5;
-  b.s.ArcoPiano[0] = "CIGLIO";
-  b.s.ArcoZ[0] = 12;
-  b.Pronto();
-  b.Script("CLICK left 13 23\n");
-  EXPECT_NE(b.s.ArcoIdent[0], 0);
-  AttesoCerchio(b.s, 0, 10, 20, 4);
-  EXPECT_EQ(std::tie(b.s.CerchioZ[0], b.s.CerchioColore[0], b.s.CerchioTratteggio[0], b.s.CerchioPiano[0]),
+TEST_F(CurveBanco, subArcoInCerchioLArcoDiventaIlCerchioIntero) {
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG ARCO_IN_CERCHIO\nPROMPT Arco In Cerchio - Indicare un Arco:\n> CLICK left 1 1\n"
+                     "MESSAGGIO [Arco non Trovato] Nessun Arco nel Disegno!\n"));
+  MettiArco(s, 10, 20, 4, 50, 100);
+  s.ArcoColore[0] = 3;
+  s.ArcoTratteggio[0] = 5;
+  s.ArcoPiano[0] = "CIGLIO";
+  s.ArcoZ[0] = 12;
+  Pronto();
+  Script("CLICK left 13 23\n");
+  EXPECT_NE(s.ArcoIdent[0], 0);
+  AttesoCerchio(s, 0, 10, 20, 4);
+  EXPECT_EQ(std::tie(s.CerchioZ[0], s.CerchioColore[0], s.CerchioTratteggio[0], s.CerchioPiano[0]),
             std::make_tuple(12, 3, 5, "CIGLIO"));
   // Only the circle is in the display list now.
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
-    EXPECT_EQ(b.s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotCerchi);
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
+    EXPECT_EQ(s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotCerchi);
 }
 
 }  // namespace

@@ -12,265 +12,223 @@ namespace {
 
 using namespace prova;
 
+struct LineeBanco : BancoProva {};
+
 void AttesaLinea(const Sessione& s, int32_t riga, const Valori& e, double tolleranza = 1e-9) {
   ASSERT_LT(riga, s.ContaEntita[SlotLinee]);
   EXPECT_TRUE(Vicini(Estremi(s, static_cast<size_t>(riga)), e, tolleranza)) << "riga " << riga;
 }
 
-TEST(DisegnoEntitaLinea, StessoPuntoDueVolteEDiscontinuita) {
-  Banco b;
-  MettiPunto(b.s, "A", 0, 0, 7);
-  b.s.PianoCorrente = "RECINTO";
-  b.Pronto();
+TEST_F(LineeBanco, DisegnoEntitaLineaStessoPuntoDueVolteEDiscontinuita) {
+  MettiPunto(s, "A", 0, 0, 7);
+  s.PianoCorrente = "RECINTO";
+  Pronto();
   // Twice the same free place: a line of no length is written.
-  b.Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nCLICK left 5 5\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  AttesaLinea(b.s, 0, {5, 5, 5, 5}, 0);
-  EXPECT_EQ(b.s.LineaPiano[0], "RECINTO");
+  Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nCLICK left 5 5\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  AttesaLinea(s, 0, {5, 5, 5, 5}, 0);
+  EXPECT_EQ(s.LineaPiano[0], "RECINTO");
   // Twice the same point of the table: nothing, and the second point is still awaited.
-  b.Script("KEY P\nCLICK left 0 1\nKEY P\nCLICK left 0 1\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  Script("KEY P\nCLICK left 0 1\nKEY P\nCLICK left 0 1\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.PassoComando), std::make_tuple(1, 1));
   // The breakline goes on from each point reached, on its own layer, with the heights of
   // the points snapped.
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_DISCONTINUITA\nKEY P\nCLICK left 0 1\nCLICK left 10 0\nCLICK left 10 10\n"),
-            "> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
-            "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 0\nPROMPT Disegno Linea Discontinuità - Al Punto:\n"
-            "> CLICK left 10 10\nPROMPT Disegno Linea Discontinuità - Al Punto:\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(b.s, 1, {0, 0, 10, 0}, 0);
-  AttesaLinea(b.s, 2, {10, 0, 10, 10}, 0);
-  EXPECT_EQ(b.s.LineaZ1[1], 7);
-  EXPECT_EQ(b.s.LineaPiano[1], "DISCONTI");
-  EXPECT_EQ(b.s.LineaPiano[2], "DISCONTI");
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_DISCONTINUITA\nPROMPT Disegno Linea Discontinuità - Dal Punto:\n> KEY P\n"
+                     "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 0\n"
+                     "PROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 10\n"
+                     "PROMPT Disegno Linea Discontinuità - Al Punto:\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(s, 1, {0, 0, 10, 0}, 0);
+  AttesaLinea(s, 2, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(std::tie(s.LineaZ1[1], s.LineaPiano[1], s.LineaPiano[2]), std::make_tuple(7, "DISCONTI", "DISCONTI"));
 }
 
-TEST(subDisegnoLineaAllunga, LEstremoPiuVicinoSiAllungaLungoLaLinea) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 30, 40, 1, 2);
-  b.Pronto();
-  EXPECT_EQ(b.Script("ANSWER 5\nTAG DISEGNA_LINEA_ALLUNGA\nCLICK left 29 39\n"),
-            "> ANSWER 5\n> TAG DISEGNA_LINEA_ALLUNGA\nIMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n"
-            "> CLICK left 29 39\n");
+TEST_F(LineeBanco, subDisegnoLineaAllungaLEstremoPiuVicinoSiAllungaOSiMuoveLungoLaLinea) {
+  MettiLinea(s, 0, 0, 30, 40, 1, 2);
+  Pronto();
+  EXPECT_TRUE(Stampa("> ANSWER 5\n> TAG DISEGNA_LINEA_ALLUNGA\n"
+                     "IMPUTA [Allunga Linea] Lunghezza da aggiungere : -> 5\n> CLICK left 29 39\n"));
   // 5 more along the 3-4-5 direction: the far end moves by (3, 4).
-  AttesaLinea(b.s, 0, {0, 0, 33, 44});
-  EXPECT_EQ(b.s.LineaZ2[0], 2);
+  AttesaLinea(s, 0, {0, 0, 33, 44});
+  EXPECT_EQ(s.LineaZ2[0], 2);
   // The length is asked once: the next click takes it again, at the other end.
-  b.Script("CLICK left 1 0\n");
-  AttesaLinea(b.s, 0, {-3, -4, 33, 44});
-  EXPECT_EQ(b.s.ComandoCorrente, 179);
-}
-
-TEST(subLineaLunghezza, LEstremoVicinoSiMuoveLAltroResta) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 30, 40);
-  b.Pronto();
-  b.Script("TAG DISEGNA_LINEA_LUNGHEZZA\nANSWER 25\nCLICK left 1 1\n");
-  // Measured from (30, 40) back towards the pick: 25 of the 50.
-  AttesaLinea(b.s, 0, {15, 20, 30, 40});
-  EXPECT_EQ(b.s.Prompt, "Linea Lunghezza - Indica Linea:");
+  Script("CLICK left 1 0\n");
+  AttesaLinea(s, 0, {-3, -4, 33, 44});
+  EXPECT_EQ(s.ComandoCorrente, 179);
+  // The length: measured from (33, 44) back towards the pick, 25 of the 60 is 15 by 20.
+  Script("TAG DISEGNA_LINEA_LUNGHEZZA\nANSWER 25\nCLICK left 1 1\n");
+  AttesaLinea(s, 0, {18, 24, 33, 44});
+  EXPECT_EQ(s.Prompt, "Linea Lunghezza - Indica Linea:");
   // A prompt cancelled ends the command and changes nothing.
-  b.Script("ANSWER cancel\nCLICK left 29 40\n");
-  AttesaLinea(b.s, 0, {15, 20, 30, 40});
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  Script("ANSWER cancel\nCLICK left 32 43\n");
+  AttesaLinea(s, 0, {18, 24, 33, 44});
+  EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST(subDisegnoLineaEstremo, DallEstremoUnaSpezzataLibera) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_ESTREMO\nCLICK left 9 1\nCLICK left 10 10\nCLICK left 0 10\n"),
-            "> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n"
-            "> CLICK left 9 1\nPROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
-            "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(b.s, 1, {10, 0, 10, 10}, 0);
-  EXPECT_EQ(b.s.LineaZ1[1], 2);
-  AttesaLinea(b.s, 2, {10, 10, 0, 10}, 0);
+TEST_F(LineeBanco, subDisegnoLineaEstremoDallEstremoUnaSpezzataLiberaEDalPuntoIlPiede) {
+  MettiLinea(s, 0, 0, 10, 0, 1, 2);
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n> CLICK left 9 1\n"
+                     "PROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
+                     "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(s, 1, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(s.LineaZ1[1], 2);
+  AttesaLinea(s, 2, {10, 10, 0, 10}, 0);
+  // From a point to its foot on the line.
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
+                     "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(s, 3, {3, 7, 3, 0});
+  // The foot takes the height of the line where it falls: 1 + 3/10 of the climb to 2.
+  EXPECT_NEAR(s.LineaZ2[3], 1.3, 1e-12);
 }
 
-TEST(subLineaProietta, DalPuntoAlSuoPiedeSullaLinea) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0, 0, 10);
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PROIETTA\nCLICK left 5 0.2\nCLICK left 3 7\n"),
-            "> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
-            "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  AttesaLinea(b.s, 1, {3, 7, 3, 0});
-  // The foot takes the height of the line where it falls.
-  EXPECT_NEAR(b.s.LineaZ2[1], 3, 1e-12);
-}
-
-TEST(subDisegnoPerpenDa, DaUnaLineaEDaUnCerchioDallaParteDelClic) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiCerchio(b.s, 100, 0, 5);
-  b.Pronto(50, 0, 200);
-  EXPECT_EQ(b.Script("TAG DISEGNA_LINEA_PERPENDA\nCLICK left 5 0.2\nANSWER 3\nCLICK left 4 0\nCLICK left 6 -5\n"),
-            "> TAG DISEGNA_LINEA_PERPENDA\nPROMPT Disegno Perpen.. Da ...- Indica Entità:\n> CLICK left 5 0.2\n"
-            "PROMPT Perpen .. Da .. - Punto di Attacco\n> ANSWER 3\n> CLICK left 4 0\n"
-            "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
-            "PROMPT Perpen Da ... - Da quale parte\n> CLICK left 6 -5\n"
-            "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n");
-  AttesaLinea(b.s, 1, {4, 0, 4, -3});
+TEST_F(LineeBanco, subDisegnoPerpenDaDaUnaLineaEDaUnCerchioDallaParteDelClic) {
+  MettiLinea(s, 0, 0, 10, 0);
+  MettiCerchio(s, 100, 0, 5);
+  Pronto(50, 0, 200);
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_PERPENDA\nPROMPT Disegno Perpen.. Da ...- Indica Entità:\n"
+                     "> CLICK left 5 0.2\nPROMPT Perpen .. Da .. - Punto di Attacco\n> ANSWER 3\n> CLICK left 4 0\n"
+                     "IMPUTA [Disegno Perpen.. Da ...] Lunghezza della Perpendicolare : -> 3\n"
+                     "PROMPT Perpen Da ... - Da quale parte\n> CLICK left 6 -5\n"
+                     "PROMPT Disegno Perpen.. Da ...- Indica Entità:\n"));
+  AttesaLinea(s, 1, {4, 0, 4, -3});
   // On the circle at (103, 4), the click outside: along the radius, outwards.
-  b.Script("CLICK left 100 5.1\nANSWER 5\nCLICK left 103 4\nCLICK left 106 8\n");
-  AttesaLinea(b.s, 2, {103, 4, 106, 8});
+  Script("CLICK left 100 5.1\nANSWER 5\nCLICK left 103 4\nCLICK left 106 8\n");
+  AttesaLinea(s, 2, {103, 4, 106, 8});
   // A text is no entity to be square to: the click is ignored.
-  MettiTesto(b.s, 50, 50, "NOTA");
-  b.Pronto(50, 0, 200);
-  b.Script("CLICK left 50 50\n");
-  EXPECT_EQ(b.s.PassoComando, 0);
+  MettiTesto(s, 50, 50, "NOTA");
+  Pronto(50, 0, 200);
+  Script("CLICK left 50 50\n");
+  EXPECT_EQ(s.PassoComando, 0);
 }
 
-TEST(OrtogonaliEAsse, LunghezzaChiestaELatoDalClic) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG ESTREMI_LINEA\nANSWER 2\nCLICK left 5 0.1\nCLICK left 5 3\n"),
-            "> TAG ESTREMI_LINEA\nPROMPT Disegno Ortogonali - Indicare Linea:\n> ANSWER 2\n> CLICK left 5 0.1\n"
-            "IMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
-            "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
-            "PROMPT Disegno Ortogonali - Indicare Linea:\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(b.s, 1, {0, 0, 0, 2});
-  AttesaLinea(b.s, 2, {10, 0, 10, 2});
-  const std::string asse = b.Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n");
-  EXPECT_NE(asse.find("IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
-                      "PROMPT Disegno AsseLinea - Da quale parte\n"),
-            std::string::npos);
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
-  AttesaLinea(b.s, 3, {5, 0, 5, -4});
+TEST_F(LineeBanco, OrtogonaliAsseEParallelaPerPuntoLunghezzaChiestaELatoDalClic) {
+  MettiLinea(s, 0, 0, 10, 0);
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG ESTREMI_LINEA\nPROMPT Disegno Ortogonali - Indicare Linea:\n> ANSWER 2\n"
+                     "> CLICK left 5 0.1\nIMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
+                     "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
+                     "PROMPT Disegno Ortogonali - Indicare Linea:\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
+  AttesaLinea(s, 1, {0, 0, 0, 2});
+  AttesaLinea(s, 2, {10, 0, 10, 2});
+  EXPECT_TRUE(Contiene(Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n"),
+                       "IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
+                       "PROMPT Disegno AsseLinea - Da quale parte\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(s, 3, {5, 0, 5, -4});
+  // The parallel through a point, as long as the line.
+  EXPECT_TRUE(Stampa("> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 2 0.1\n"
+                     "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\n"
+                     "PROMPT Parallelaperpunto - Indica Linea :\n"));
+  AttesaLinea(s, 4, {0, 4, 10, 4});
 }
 
-TEST(subDisegnoParallela, LineaConISuoiAttributiCerchioEArcoConcentrici) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0, 1, 2);
-  b.s.LineaColore[0] = 5;
-  b.s.LineaTratteggio[0] = 3;
-  b.s.LineaPiano[0] = "MURI";
-  b.s.LineaQuotata[0] = 1;
-  MettiCerchio(b.s, 50, 0, 5, 9);
-  b.s.CerchioColore[0] = 6;
-  MettiArco(b.s, 100, 0, 5, 50, 100);
-  b.s.ArcoPiano[0] = "CIGLIO";
-  b.Pronto(50, 0, 200);
-  EXPECT_EQ(b.Script("ANSWER 2\nTAG DISEGNA_PARALLELA\nCLICK left 5 0.1\n"),
-            "> ANSWER 2\n> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> 2\n"
-            "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
-            "PROMPT Disegno parallela - Da quale parte\n");
+TEST_F(LineeBanco, subDisegnoParallelaLineaConISuoiAttributiCerchioEArcoConcentrici) {
+  MettiLinea(s, 0, 0, 10, 0, 1, 2);
+  s.LineaColore[0] = 5;
+  s.LineaTratteggio[0] = 3;
+  s.LineaPiano[0] = "MURI";
+  s.LineaQuotata[0] = 1;
+  MettiCerchio(s, 50, 0, 5, 9);
+  s.CerchioColore[0] = 6;
+  MettiArco(s, 100, 0, 5, 50, 100);
+  s.ArcoPiano[0] = "CIGLIO";
+  Pronto(50, 0, 200);
+  EXPECT_TRUE(Stampa("> ANSWER 2\n> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> 2\n"
+                     "PROMPT Disegno parallela - Indicare Entità:\n> CLICK left 5 0.1\n"
+                     "PROMPT Disegno parallela - Da quale parte\n"));
   // The line picked is shown highlighted until the side is given.
-  EXPECT_GT(InLista(b.s, SlotLinee, true), 0);
-  b.Script("CLICK left 5 7\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  AttesaLinea(b.s, 1, {0, 2, 10, 2});
-  EXPECT_EQ(std::tie(b.s.LineaZ1[1], b.s.LineaColore[1], b.s.LineaTratteggio[1], b.s.LineaPiano[1],
-                     b.s.LineaQuotata[1]),
+  EXPECT_GT(InLista(s, SlotLinee, true), 0);
+  Script("CLICK left 5 7\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
+  AttesaLinea(s, 1, {0, 2, 10, 2});
+  EXPECT_EQ(std::tie(s.LineaZ1[1], s.LineaColore[1], s.LineaTratteggio[1], s.LineaPiano[1],
+                     s.LineaQuotata[1]),
             std::make_tuple(1, 5, 3, "MURI", 1));
-  EXPECT_EQ(InLista(b.s, SlotLinee, true), 0);
+  EXPECT_EQ(InLista(s, SlotLinee, true), 0);
   // The distance is asked once; a click inside the circle shrinks, outside the arc grows.
-  b.Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotCerchi], 2);
-  EXPECT_EQ(std::tie(b.s.CerchioX[1], b.s.CerchioRaggio[1], b.s.CerchioZ[1], b.s.CerchioColore[1]),
+  Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
+  ASSERT_EQ(s.ContaEntita[SlotCerchi], 2);
+  EXPECT_EQ(std::tie(s.CerchioX[1], s.CerchioRaggio[1], s.CerchioZ[1], s.CerchioColore[1]),
             std::make_tuple(50, 3, 9, 6));
-  ASSERT_EQ(b.s.ContaEntita[SlotArchi], 2);
-  EXPECT_EQ(std::tie(b.s.ArcoRaggio[1], b.s.ArcoInizio[1], b.s.ArcoFine[1], b.s.ArcoPiano[1]),
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
+  EXPECT_EQ(std::tie(s.ArcoRaggio[1], s.ArcoInizio[1], s.ArcoFine[1], s.ArcoPiano[1]),
             std::make_tuple(7, 50, 100, "CIGLIO"));
   // A circle cannot shrink below nothing: the click is ignored.
-  b.Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotCerchi], 2);
-  EXPECT_EQ(b.s.PassoComando, 1);
+  Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotCerchi], s.PassoComando), std::make_tuple(2, 1));
 }
 
-TEST(subParallelaPerPunto, LaStessaLunghezzaPerIlPunto) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG PARALLELA_PER_PUNTO\nCLICK left 5 0.1\nCLICK left 3 4\n"),
-            "> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 5 0.1\n"
-            "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\nPROMPT Parallelaperpunto - Indica Linea :\n");
-  AttesaLinea(b.s, 1, {0, 4, 10, 4});
-}
-
-TEST(subVerificaParallele, AzimutEDifferenza) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 10);
-  MettiLinea(b.s, 20, 0, 29, 10);
-  b.Pronto();
+TEST_F(LineeBanco, subVerificaParalleleAzimutEDifferenza) {
+  MettiLinee(s, {{0, 0, 10, 10}, {20, 0, 29, 10}});
+  Pronto();
   // atan2(9, 10) from North: 46.65246 gon; the first line is 50 gon.
-  EXPECT_EQ(b.Script("TAG VERIFICA_PARALLELE\nCLICK left 5 5\nCLICK left 24.5 5\n"),
-            "> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
-            "> CLICK left 24.5 5\n"
-            "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
-            "PROMPT Prima Linea :\n");
+  EXPECT_TRUE(Stampa("> TAG VERIFICA_PARALLELE\nPROMPT Prima Linea :\n> CLICK left 5 5\nPROMPT Seconda Linea :\n"
+                     "> CLICK left 24.5 5\n"
+                     "MESSAGGIO [Verifica Parallele] Azimut 1 = 50.0 | Azimut 2 = 46.6525 | Differenza = 3.3475\n"
+                     "PROMPT Prima Linea :\n"));
 }
 
-TEST(subDisegnoPercorso, LatiDaAzimutEDistanzaFinoAlTastoDestro) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(b.Script("TAG DISEGNA_PERCORSO\nANSWER 100\nANSWER 10\nCLICK left 0 0\nANSWER 150\nANSWER 5\n"
-                     "CLICK left 99 99\nCLICK right 0 0\n"),
-            "> TAG DISEGNA_PERCORSO\nPROMPT Disegno Percorso - Punto Partenza:\n> ANSWER 100\n> ANSWER 10\n"
-            "> CLICK left 0 0\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 10\nPROMPT Disegno Percorso - Prossimo Lato:\n"
-            "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 150\n"
-            "IMPUTA [Disegno Percorso] Distanza : -> 5\nPROMPT Disegno Percorso - Prossimo Lato:\n"
-            "> CLICK right 0 0\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  AttesaLinea(b.s, 0, {0, 0, 10, 0});
+TEST_F(LineeBanco, subDisegnoPercorsoLatiDaAzimutEDistanzaFinoAlTastoDestro) {
+  Pronto();
+  EXPECT_TRUE(Stampa("> TAG DISEGNA_PERCORSO\nPROMPT Disegno Percorso - Punto Partenza:\n> ANSWER 100\n> ANSWER 10\n"
+                     "> CLICK left 0 0\nIMPUTA [Disegno Percorso] Azimut (gon) : -> 100\n"
+                     "IMPUTA [Disegno Percorso] Distanza : -> 10\nPROMPT Disegno Percorso - Prossimo Lato:\n"
+                     "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\n"
+                     "IMPUTA [Disegno Percorso] Azimut (gon) : -> 150\nIMPUTA [Disegno Percorso] Distanza : -> 5\n"
+                     "PROMPT Disegno Percorso - Prossimo Lato:\n> CLICK right 0 0\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
+  AttesaLinea(s, 0, {0, 0, 10, 0});
   // 150 gon is South-East: 5 along it is (5/√2, -5/√2) further.
   const double m = 5 / std::sqrt(2.0);
-  AttesaLinea(b.s, 1, {10, 0, 10 + m, -m});
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  AttesaLinea(s, 1, {10, 0, 10 + m, -m});
+  EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST(RettangoloESquadrato, IlTerzoPuntoDaLaProfondita) {
-  Banco b;
-  b.s.Imp.Colore_Default = 4;
-  b.Pronto();
+TEST_F(LineeBanco, RettangoloESquadratoIlTerzoPuntoDaLaProfondita) {
+  s.Imp.Colore_Default = 4;
+  Pronto();
   // A third point on the first side: no depth, no figure, the third point still awaited.
-  b.Opzioni.Rigoroso = false;
-  EXPECT_EQ(b.Script("TAG RETTANGOLO\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 5 0\nCLICK left 3 4\n"),
-            "> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
-            "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
-            "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
-            "PROMPT Disegno Rettangolo - Primo Punto:\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 4);
-  AttesaLinea(b.s, 0, {0, 0, 10, 0}, 0);
-  AttesaLinea(b.s, 1, {10, 0, 10, 4}, 0);
-  AttesaLinea(b.s, 2, {10, 4, 0, 4}, 0);
-  AttesaLinea(b.s, 3, {0, 4, 0, 0}, 0);
-  EXPECT_EQ(b.s.LineaColore[3], 4);
-  b.Script("TAG SQUADRATO\nCLICK left 0 10\nCLICK left 0 20\nCLICK left 7 15\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotLinee], 6);
-  AttesaLinea(b.s, 4, {0, 10, 0, 20}, 0);
-  AttesaLinea(b.s, 5, {0, 20, 7, 20}, 0);
+  Opzioni.Rigoroso = false;
+  EXPECT_TRUE(Stampa("> TAG RETTANGOLO\nPROMPT Disegno Rettangolo - Primo Punto:\n> CLICK left 0 0\n"
+                     "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
+                     "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
+                     "PROMPT Disegno Rettangolo - Primo Punto:\n"));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
+  AttesaLinea(s, 0, {0, 0, 10, 0}, 0);
+  AttesaLinea(s, 1, {10, 0, 10, 4}, 0);
+  AttesaLinea(s, 2, {10, 4, 0, 4}, 0);
+  AttesaLinea(s, 3, {0, 4, 0, 0}, 0);
+  EXPECT_EQ(s.LineaColore[3], 4);
+  Script("TAG SQUADRATO\nCLICK left 0 10\nCLICK left 0 20\nCLICK left 7 15\n");
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 6);
+  AttesaLinea(s, 4, {0, 10, 0, 20}, 0);
+  AttesaLinea(s, 5, {0, 20, 7, 20}, 0);
 }
 
-TEST(subArcoRaccordo, TagliaLeLineeEScriveLArco) {
-  Banco b;
-  MettiLinea(b.s, -10, 0, 10, 0, 1, 1);
-  MettiLinea(b.s, 0, -10, 0, 10);
-  b.Pronto();
-  EXPECT_EQ(b.Script("ANSWER 2\nTAG ARCO_RACCORDO\nCLICK left -5 0.1\nCLICK left 0.1 5\n"),
-            "> ANSWER 2\n> TAG ARCO_RACCORDO\nIMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
-            "PROMPT Arco Raccorda - Prima Linea:\n> CLICK left -5 0.1\nPROMPT Arco Raccorda - Seconda Linea:\n"
-            "> CLICK left 0.1 5\nPROMPT Arco Raccorda - Prima Linea:\n");
+TEST_F(LineeBanco, subArcoRaccordoTagliaLeLineeEScriveLArco) {
+  MettiLinea(s, -10, 0, 10, 0, 1, 1);
+  MettiLinea(s, 0, -10, 0, 10);
+  Pronto();
+  EXPECT_TRUE(Stampa("> ANSWER 2\n> TAG ARCO_RACCORDO\nIMPUTA [Arco Raccordo] Raggio di Raccordo : -> 2\n"
+                     "PROMPT Arco Raccorda - Prima Linea:\n> CLICK left -5 0.1\n"
+                     "PROMPT Arco Raccorda - Seconda Linea:\n> CLICK left 0.1 5\n"
+                     "PROMPT Arco Raccorda - Prima Linea:\n"));
   // The corner between the West and the North arms: centre (-2, 2), feet (-2, 0), (0, 2).
-  AttesaLinea(b.s, 0, {-10, 0, -2, 0});
-  AttesaLinea(b.s, 1, {0, 2, 0, 10});
-  ASSERT_EQ(b.s.ContaEntita[SlotArchi], 1);
+  AttesaLinea(s, 0, {-10, 0, -2, 0});
+  AttesaLinea(s, 1, {0, 2, 0, 10});
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
   // Clockwise from East of the centre (the foot on the North arm) to South of it.
-  EXPECT_TRUE(Vicini({b.s.ArcoX[0], b.s.ArcoY[0], b.s.ArcoInizio[0], b.s.ArcoFine[0]}, {-2, 2, 100, 100}));
-  EXPECT_EQ(std::tie(b.s.ArcoRaggio[0], b.s.ArcoQuotaFinale[0]), std::make_tuple(2, 1));
+  EXPECT_TRUE(Vicini({s.ArcoX[0], s.ArcoY[0], s.ArcoInizio[0], s.ArcoFine[0]}, {-2, 2, 100, 100}));
+  EXPECT_EQ(std::tie(s.ArcoRaggio[0], s.ArcoQuotaFinale[0]), std::make_tuple(2, 1));
   // Two parallel lines have no corner: nothing changes.
-  MettiLinea(b.s, -10, 20, 10, 20);
-  MettiLinea(b.s, -10, 30, 10, 30);
-  b.Pronto();
-  b.Script("CLICK left 0 20.1\nCLICK left 0 29.9\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotArchi], 1);
+  MettiLinee(s, {{-10, 20, 10, 20}, {-10, 30, 10, 30}});
+  Pronto();
+  Script("CLICK left 0 20.1\nCLICK left 0 29.9\n");
+  EXPECT_EQ(s.ContaEntita[SlotArchi], 1);
 }
 
 }  // namespace

@@ -15,6 +15,8 @@ namespace {
 
 using namespace prova;
 
+struct EntitaBanco : BancoProva {};
+
 void Linea(const Sessione& s, size_t k, double x1, double y1, double x2, double y2) {
   EXPECT_TRUE(Vicini(Estremi(s, k), {x1, y1, x2, y2})) << "riga " << k;
 }
@@ -22,36 +24,31 @@ void Linea(const Sessione& s, size_t k, double x1, double y1, double x2, double 
 // Start and amplitude of an arc row.
 Valori Apertura(const Sessione& s, size_t k) { return {s.ArcoInizio[k], s.ArcoFine[k]}; }
 
-TEST(Rifila, DueLineeParalleleNonCambianoNulla) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 0, 5, 10, 5);
-  b.Pronto(5, 2, 30);
-  const int64_t prima = PassoUndo(b.s);
-  EXPECT_EQ(b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 2 5.1\n"),
-            "> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
-            "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\nPROMPT Cambia Rifila - Prima Entita:\n");
-  Linea(b.s, 0, 0, 0, 10, 0);
-  Linea(b.s, 1, 0, 5, 10, 5);
-  EXPECT_EQ(PassoUndo(b.s), prima);
-  EXPECT_EQ(b.s.PassoComando, 0);
+TEST_F(EntitaBanco, RifilaDueLineeParalleleNonCambianoNulla) {
+  ApriLavoroVuoto(*this);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}});
+  Pronto(5, 2, 30);
+  const int64_t prima = PassoUndo(s);
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_RIFILA\nPROMPT Cambia Rifila - Prima Entita:\n> CLICK left 2 0.1\n"
+                     "PROMPT Cambia Rifila - Seconda Entità\n> CLICK left 2 5.1\n"
+                     "PROMPT Cambia Rifila - Prima Entita:\n"));
+  Linea(s, 0, 0, 0, 10, 0);
+  Linea(s, 1, 0, 5, 10, 5);
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.PassoComando), std::make_tuple(prima, 0));
   // A text is refused, silently, and the step does not move.
-  MettiTesto(b.s, 20, 20, "T");
-  b.Pronto(5, 2, 30);
-  b.Script("CLICK left 20 20\n");
-  EXPECT_EQ(b.s.PassoComando, 0);
+  MettiTesto(s, 20, 20, "T");
+  Pronto(5, 2, 30);
+  Script("CLICK left 20 20\n");
+  EXPECT_EQ(s.PassoComando, 0);
 }
 
-TEST(Rifila, LAngoloTagliaOAllungaVersoLaParteIndicata) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 5, -5, 5, 5);
-  b.Pronto(5, 0, 30);
-  b.Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 5.1 3\n");
-  Linea(b.s, 0, 0, 0, 5, 0);
-  Linea(b.s, 1, 5, 0, 5, 5);
-  EXPECT_EQ(b.s.PassoComando, 0);
+TEST_F(EntitaBanco, RifilaLAngoloTagliaOAllungaVersoLaParteIndicata) {
+  MettiLinee(s, {{0, 0, 10, 0}, {5, -5, 5, 5}});
+  Pronto(5, 0, 30);
+  Script("TAG CAMBIA_RIFILA\nCLICK left 2 0.1\nCLICK left 5.1 3\n");
+  Linea(s, 0, 0, 0, 5, 0);
+  Linea(s, 1, 5, 0, 5, 5);
+  EXPECT_EQ(s.PassoComando, 0);
 
   // A corner beyond both: the nearer end of each reaches it, the height following the line.
   Banco c;
@@ -73,10 +70,8 @@ TEST(Rifila, LAngoloTagliaOAllungaVersoLaParteIndicata) {
   Linea(d.s, 0, 4, 3, 10, 3);
 }
 
-TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, TagliaUnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
+  ApriLavoroVuoto(*this);
   MettiLinea(s, 0, 0, 10, 0, 1, 11);
   s.LineaColore[0] = 3;
   s.LineaTratteggio[0] = 2;
@@ -85,15 +80,14 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   s.LineaTronca[0] = 0.25;
   MettiCerchio(s, 5, 0, 2);
   MettiLinea(s, 0, 1, 10, 1);
-  b.Pronto(5, 0, 30);
+  Pronto(5, 0, 30);
   const int64_t prima = PassoUndo(s);
-  EXPECT_EQ(b.Script("TAG CAMBIA_TAGLIA\nCLICK left 5 2\n"),
-            "> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
-            "PROMPT Cambia Taglia - Parte da Tagliare:\n");
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_TAGLIA\nPROMPT Cambia Taglia - Entità Riferimento:\n> CLICK left 5 2\n"
+                     "PROMPT Cambia Taglia - Parte da Tagliare:\n"));
   // The reference is shown selected.
   EXPECT_EQ(s.StatoCerchio[0], 1);
   EXPECT_GT(InLista(s, SlotCerchi, true), 0);
-  b.Script("CLICK left 5 0.1\n");
+  Script("CLICK left 5 0.1\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   Linea(s, 0, 0, 0, 3, 0);
   Linea(s, 2, 7, 0, 10, 0);
@@ -107,23 +101,20 @@ TEST(Taglia, UnaLineaTagliataANelMezzoDiventaDueRigheUguali) {
   // Still on the second step, against the same reference: the part from the pick to the
   // one crossing on its side goes.
   EXPECT_EQ(s.PassoComando, 1);
-  b.Script("CLICK left 1 1.1\n");
+  Script("CLICK left 1 1.1\n");
   Linea(s, 1, 5 - std::sqrt(3.0), 1, 10, 1);
-  EXPECT_EQ(PassoUndo(s), prima + 2);
-  EXPECT_EQ(s.StatoCerchio[0], 1);
-  b.Script("KEY ESC\n");
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.StatoCerchio[0]), std::make_tuple(prima + 2, 1));
+  Script("KEY ESC\n");
   EXPECT_EQ(s.StatoCerchio[0], 0);
 }
 
-TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, TagliaIlCerchioDiventaArcoLArcoUnoODueArchi) {
   MettiLinea(s, -10, 0, 10, 0);
   MettiCerchio(s, 0, 0, 5, 2);
   s.CerchioColore[0] = 4;
   s.CerchioPiano[0] = "ALBERI";
-  b.Pronto(0, 0, 30);
-  b.Script("TAG CAMBIA_TAGLIA\nCLICK left -8 0.1\nCLICK left 0 4.9\n");
+  Pronto(0, 0, 30);
+  Script("TAG CAMBIA_TAGLIA\nCLICK left -8 0.1\nCLICK left 0 4.9\n");
   // The northern half, picked, goes; the southern half stays as an arc from East to West.
   EXPECT_EQ(s.CerchioIdent[0], -1);
   ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
@@ -154,15 +145,12 @@ TEST(Taglia, IlCerchioDiventaArcoLArcoUnoODueArchi) {
   EXPECT_EQ(c.s.ArcoFine[2], 100);
 }
 
-TEST(Allunga, LEstremoPiuVicinoVaAlConfine) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, AllungaLEstremoPiuVicinoVaAlConfine) {
   MettiLinea(s, 10, -5, 10, 5);
   MettiLinea(s, 0, 0, 4, 0, 0, 4);
-  b.Pronto(5, 0, 30);
-  EXPECT_EQ(b.Script("TAG CAMBIA_ALLUNGA\nCLICK left 10.1 2\nCLICK left 2 0.1\n"),
-            "> TAG CAMBIA_ALLUNGA\nPROMPT Cambia Allunga - Entità Riferimento:\n> CLICK left 10.1 2\n"
-            "PROMPT Cambia Allunga - Entità da Allungare:\n> CLICK left 2 0.1\n");
+  Pronto(5, 0, 30);
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_ALLUNGA\nPROMPT Cambia Allunga - Entità Riferimento:\n> CLICK left 10.1 2\n"
+                     "PROMPT Cambia Allunga - Entità da Allungare:\n> CLICK left 2 0.1\n"));
   Linea(s, 1, 0, 0, 10, 0);
   EXPECT_NEAR(s.LineaZ2[1], 10, 1e-12);
   EXPECT_EQ(s.StatoLinea[0], 1);
@@ -177,95 +165,83 @@ TEST(Allunga, LEstremoPiuVicinoVaAlConfine) {
   EXPECT_NEAR(c.s.ArcoFine[0], Gon(4, -3), 1e-9);
 }
 
-TEST(Divide, AlPiedeDelPuntoInDueRighe) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, DivideAlPiedeDelPuntoInDueRighe) {
   MettiLinea(s, 0, 0, 10, 0, 0, 10);
   s.LineaColore[0] = 6;
   MettiCerchio(s, 30, 0, 2);
   MettiArco(s, 20, 20, 5, 0, 100);
-  b.Pronto(15, 10, 60);
-  EXPECT_EQ(b.Script("TAG CAMBIA_DIVIDE\nCLICK left 30 2.1\n"),
-            "> TAG CAMBIA_DIVIDE\nPROMPT Cambia Divide - Entità da Dividere:\n> CLICK left 30 2.1\n");
+  Pronto(15, 10, 60);
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_DIVIDE\nPROMPT Cambia Divide - Entità da Dividere:\n> CLICK left 30 2.1\n"));
   EXPECT_EQ(s.PassoComando, 0);  // a circle is refused
-  b.Script("CLICK left 5 0.1\nCLICK left 12 3\n");
+  Script("CLICK left 5 0.1\nCLICK left 12 3\n");
   EXPECT_EQ(s.PassoComando, 1);  // a point beyond the end divides nothing
-  b.Script("CLICK left 4 3\n");
+  Script("CLICK left 4 3\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
   Linea(s, 0, 0, 0, 4, 0);
   Linea(s, 1, 4, 0, 10, 0);
   EXPECT_TRUE(Vicini({s.LineaZ2[0], s.LineaZ1[1]}, {4, 4}, 1e-12));
   EXPECT_EQ(std::tie(s.LineaZ2[1], s.LineaColore[1]), std::make_tuple(10, 6));
   EXPECT_EQ(s.PassoComando, 0);
-  b.Script("CLICK left 23.6 23.6\nCLICK left 25 25\n");
+  Script("CLICK left 23.6 23.6\nCLICK left 25 25\n");
   ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
   EXPECT_TRUE(Vicini({s.ArcoFine[0], s.ArcoInizio[1], s.ArcoFine[1]}, {50, 50, 50}));
 }
 
-TEST(Incolla, TratteggioColoreEPianoSullEntitaIndicata) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, IncollaTratteggioColoreEPianoSullEntitaIndicata) {
   MettiLinea(s, 0, 0, 10, 0);
   MettiCerchio(s, 20, 0, 2);
   MettiTesto(s, 30, 0, "T");
-  b.Pronto(15, 0, 60);
+  Pronto(15, 0, 60);
   s.Imp.Tratteggio_Default = 3;
   s.Imp.Colore_Default = 5;
   s.PianoCorrente = "MURI";
-  b.Script("TAG INCOLLA_TRATTEGGIO_SINGOLO\nCLICK left 5 0.1\nCLICK left 30 0\n");
-  EXPECT_EQ(s.LineaTratteggio[0], 3);
-  EXPECT_EQ(s.ComandoCorrente, 306);
-  EXPECT_EQ(s.PassoComando, 0);
-  b.Script("TAG INCOLLA_COLORE_SINGOLO\nCLICK left 20 2.1\nTAG INCOLLA_PIANO_SINGOLO\nCLICK left 30 0\n");
+  Script("TAG INCOLLA_TRATTEGGIO_SINGOLO\nCLICK left 5 0.1\nCLICK left 30 0\n");
+  EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.ComandoCorrente, s.PassoComando), std::make_tuple(3, 306, 0));
+  Script("TAG INCOLLA_COLORE_SINGOLO\nCLICK left 20 2.1\nTAG INCOLLA_PIANO_SINGOLO\nCLICK left 30 0\n");
   EXPECT_EQ(std::tie(s.CerchioColore[0], s.LineaColore[0], s.TestoPiano[0], s.LineaPiano[0]),
             std::make_tuple(5, 1, "MURI", "0"));
 }
 
-TEST(EditaEntita, ScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  Sessione& s = b.s;
+TEST_F(EntitaBanco, EditaEntitaScriveSoloICampiCambiatiChiedeSulNomeEdElimina) {
+  ApriLavoroVuoto(*this);
   MettiLinea(s, 0.1 + 0.2, 0, 10, 0);
-  MettiPunto(s, "A", 30, 0, 5);
-  MettiPunto(s, "B", 40, 0, 6);
-  b.Pronto(20, 0, 60);
+  MettiPunti(s, {{"A", 30, 0, 5}, {"B", 40, 0, 6}});
+  Pronto(20, 0, 60);
   const int64_t prima = PassoUndo(s);
-  b.Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");
+  Script("TAG EDIT_ENTITA\nCLICK left 5 0.1\n");
   const Dialogo* d = TrovaDialogo(s, "FormEditModifica1");
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(std::make_tuple(d->Titolo, d->Valore("Est1"), d->Valore("Piano")),
             std::make_tuple("Edit Linea", "0.300", "0"));
-  b.Script("FIELD Est2 20,5\nPRESS OK\n");
+  Script("FIELD Est2 20,5\nPRESS OK\n");
   EXPECT_EQ(s.LineaX2[0], 20.5);
   EXPECT_EQ(s.LineaX1[0], 0.1 + 0.2);  // shown rounded, kept to the last bit
   EXPECT_EQ(PassoUndo(s), prima + 1);
   EXPECT_FALSE(DialogoAperto(s, "FormEditModifica1"));
   // A point opens its own editor; a name already borne asks first.
-  b.Script("CLICK left 30 0.1\n");
+  Script("CLICK left 30 0.1\n");
   ASSERT_TRUE(DialogoAperto(s, "formEditaPunto"));
   EXPECT_EQ(TrovaDialogo(s, "formEditaPunto")->Valore("Quota"), "5.000");
-  EXPECT_EQ(b.Script("FIELD Nome B\nANSWER no\nPRESS OK\n"),
-            "> FIELD Nome B\n> ANSWER no\n> PRESS OK\n"
-            "DOMANDA [Nome esistente] Nome Punto B esistente!! Procedere ugualmente ?  -> NO\n");
+  EXPECT_TRUE(Stampa("> FIELD Nome B\n> ANSWER no\n> PRESS OK\n"
+                     "DOMANDA [Nome esistente] Nome Punto B esistente!! Procedere ugualmente ?  -> NO\n"));
   EXPECT_EQ(s.PuntoNome[0], "A");
   EXPECT_TRUE(DialogoAperto(s, "formEditaPunto"));
-  b.Script("ANSWER yes\nPRESS OK\n");
+  Script("ANSWER yes\nPRESS OK\n");
   EXPECT_EQ(s.PuntoNome[0], "B");
   // The free text and the tags apart; the tags go back at the front in the editor's order.
   s.PuntoDescrizione[0] = "muro<PV> *V*[P.A.]";
-  b.Script("CLICK left 30 0.1\n");
+  Script("CLICK left 30 0.1\n");
   const Dialogo* e = TrovaDialogo(s, "formEditaPunto");
   ASSERT_NE(e, nullptr);
   EXPECT_EQ(std::make_tuple(e->Valore("Descrizione"), e->Valore("VerticeDirezione"), e->Valore("Ausiliario"),
                             e->Valore("Planimetrico")),
             std::make_tuple("muro *V*", "PV", "1", "0"));
-  b.Script("FIELD VerticeDirezione PD\nFIELD Planimetrico 1\nFIELD Descrizione muro nuovo\nPRESS OK\n");
+  Script("FIELD VerticeDirezione PD\nFIELD Planimetrico 1\nFIELD Descrizione muro nuovo\nPRESS OK\n");
   EXPECT_EQ(s.PuntoDescrizione[0], "<P!><PD>[P.A.]muro nuovo");
   // The Delete key deletes the point open in the editor.
-  b.Script("CLICK left 40 0.1\nKEY DELETE\n");
-  EXPECT_EQ(s.PuntoIdent[1], -1);
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(PassoUndo(s), prima + 4);
+  Script("CLICK left 40 0.1\nKEY DELETE\n");
+  EXPECT_EQ(std::make_tuple(s.PuntoIdent[1], s.ContaEntita[SlotPunti], PassoUndo(s)),
+            std::make_tuple(-1, 2, prima + 4));
 }
 
 }  // namespace

@@ -21,18 +21,18 @@ namespace {
 
 using namespace prova;
 
-TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
-  Banco b;
-  Sessione& s = b.s;
+struct ModificaBanco : BancoProva {};
+
+TEST_F(ModificaBanco, SpecchioConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   MettiLinea(s, 1, 1, 3, 2);
   s.LineaColore[0] = 3;
   MettiArco(s, 2, 0, 1, 0, 100, 5, 6);  // North to East
   MettiPunto(s, "7", 4, 0, 2);
   MettiTesto(s, 1, 3, "T");
   s.TestoRotazione[0] = 10;
-  b.Pronto(0, 0, 40);
+  Pronto(0, 0, 40);
   const std::string uscita =
-      b.Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
+      Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
   EXPECT_NE(uscita.find("> PRESS OK\nDIALOGO - Selezentita\nPROMPT Asse di Simmetria - Primo Punto:\n"
                         "> CLICK left 0 0\nPROMPT Cambia Specchio - Secondo Punto:\n> ANSWER no\n> CLICK left 0 10\n"
                         "DOMANDA [Cambia Specchio] Cancellare le entità di partenza? -> NO\n"),
@@ -54,7 +54,7 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   EXPECT_EQ(ContaSelezionati(s), 0);
   EXPECT_TRUE(DialogoAperto(s, "Selezentita"));
   // "Yes" moves the rows themselves.
-  b.Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
+  Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
   EXPECT_EQ(Estremi(s, 0), (Valori{-1, 1, -3, 2}));
   EXPECT_EQ(Estremi(s, 1), (Valori{1, 1, 3, 2}));
@@ -62,18 +62,16 @@ TEST(Specchio, ConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoX[0]), std::make_tuple("7", -4));
 }
 
-TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, ScalaIlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
+  ApriLavoroVuoto(*this);
   MettiLinea(s, 0.1 + 0.2, 2.3, 7.7, 9.9);
   MettiCerchio(s, 3, 3, 2);
   MettiTesto(s, 1, 1, "T");
   s.TestoAltezza[0] = 1.5;
   MettiImmagine(s, 0, 10, 100, 50, 0.1);
-  b.Pronto(5, 5, 40);
+  Pronto(5, 5, 40);
   const int64_t prima = PassoUndo(s);
-  EXPECT_NE(b.Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n")
+  EXPECT_NE(Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n")
                 .find("PROMPT Centro di Riduzione:\n> ANSWER 1\n> CLICK left 5 5\n"
                       "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
             std::string::npos);
@@ -81,7 +79,7 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   EXPECT_EQ(Estremi(s, 0), (Valori{0.1 + 0.2, 2.3, 7.7, 9.9}));
   EXPECT_EQ(s.CerchioRaggio[0], 2);
   // Twice as large about (1, 1).
-  b.Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
+  Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
   EXPECT_EQ(PassoUndo(s), prima + 2);
   EXPECT_DOUBLE_EQ(s.LineaX1[0], 1 + 2 * (0.1 + 0.2 - 1));
   EXPECT_DOUBLE_EQ(s.LineaY1[0], 4.6 - 1);
@@ -90,23 +88,20 @@ TEST(Scala, IlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   EXPECT_EQ(std::tie(s.CerchioX[0], s.CerchioRaggio[0], s.TestoAltezza[0]), std::make_tuple(5, 4, 3));
   EXPECT_EQ(std::tie(s.BitmapY[0], s.BitmapScalaLar[0]), std::make_tuple(19, 0.2));
   // A value prompt cancelled leaves the centre to be given again.
-  b.Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
-  EXPECT_EQ(PassoUndo(s), prima + 2);
-  EXPECT_EQ(s.PassoComando, 0);
+  Script("PRESS Tutto\nPRESS OK\nCLICK left 1 1\n");
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.PassoComando), std::make_tuple(prima + 2, 0));
   EXPECT_TRUE(s.SelezioneConfermata);
 }
 
-TEST(Ruota, CentoGonInSensoOrarioETestiAlContrario) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, RuotaCentoGonInSensoOrarioETestiAlContrario) {
   MettiPunto(s, "1", 0, 10, 4);
   MettiLinea(s, 0, 0, 0, 5);
   MettiTesto(s, 0, 2, "T");
   MettiArco(s, 0, 3, 1, 350, 100);
   MettiImmagine(s, 0, 20, 10, 10, 1);
   s.BitmapRotazione[0] = 10;
-  b.Pronto(0, 0, 60);
-  b.Script("TAG CAMBIA_RUOTA\nPRESS Tutto\nPRESS OK\nANSWER 100\nCLICK left 0 0\n");
+  Pronto(0, 0, 60);
+  Script("TAG CAMBIA_RUOTA\nPRESS Tutto\nPRESS OK\nANSWER 100\nCLICK left 0 0\n");
   // A point due North of the centre goes due East; the height stays.
   EXPECT_TRUE(Vicini({s.PuntoX[0], s.PuntoY[0], s.LineaX2[0], s.LineaY2[0], s.TestoX[0], s.TestoRotazione[0],
                       s.ArcoX[0], s.ArcoInizio[0], s.BitmapX[0], s.BitmapRotazione[0]},
@@ -114,29 +109,30 @@ TEST(Ruota, CentoGonInSensoOrarioETestiAlContrario) {
   EXPECT_EQ(s.PuntoZ[0], 4);
 }
 
-TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "A", 0, 0, 1);
-  MettiPunto(s, "B", 10, 5, 3);
-  MettiLinea(s, 1, 1, 2, 2);
+TEST_F(ModificaBanco, SpostaQuotaECopiaLaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
+  MettiPunti(s, {{"A", 0, 0, 1}, {"B", 10, 5, 3}});
+  MettiLinea(s, 1, 1, 2, 2, 1, 2);
   MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
-  b.Pronto(5, 5, 40);
-  EXPECT_NE(b.Script("TAG CAMBIA_SPOSTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0.2 0\n"
-                     "KEY P\nCLICK left 10 5.3\n")
-                .find("PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"),
-            std::string::npos);
-  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0], s.LineaZ1[0], s.LineaZ2[0]), std::make_tuple(11, 6, 2, 2));
+  Pronto(5, 5, 40);
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_SPOSTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\n"
+                              "CLICK left 0.2 0\nKEY P\nCLICK left 10 5.3\n"),
+                       "PROMPT Dal Punto :\n> KEY P\n> CLICK left 0.2 0\nPROMPT Cambia Sposta - Al Punto:\n"));
+  // From A to B: 10 East, 5 North, 2 up.
+  EXPECT_EQ(std::tie(s.LineaX1[0], s.LineaY1[0], s.LineaZ1[0], s.LineaZ2[0]), std::make_tuple(11, 6, 3, 4));
   EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoQuotaInizio[0], s.ArcoQuotaFinale[0]), std::make_tuple(13, 9, 10));
   EXPECT_EQ(s.PuntoX[0], 0);  // the points were not selected
   EXPECT_EQ(s.ContaEntita[SlotLinee], 1);
+  // The height alone: the difference of the two points, 2, on every height, the plan kept.
+  const double z = s.ArcoZ[0];
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_QUOTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0 0\n"
+                              "KEY P\nCLICK left 10 5\n"),
+                       "DIALOGO + Selezentita [Cambia - Quota]"));
+  EXPECT_EQ(std::tie(s.LineaZ1[0], s.LineaZ2[0], s.LineaX1[0]), std::make_tuple(5, 6, 11));
+  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoZ[0], s.PuntoZ[0]), std::make_tuple(11, z + 2, 1));
 
   // Copies of points take the next free names.
   Banco c;
-  MettiPunto(c.s, "1", 0, 0);
-  MettiPunto(c.s, "2", 1, 0);
-  MettiPunto(c.s, "3", 2, 0);
-  MettiPunto(c.s, "PF1", 3, 0);
+  MettiPunti(c.s, {{"1", 0, 0}, {"2", 1, 0}, {"3", 2, 0}, {"PF1", 3, 0}});
   c.s.PuntoSpoX[3] = 0.5;
   c.Pronto(0, 0, 40);
   c.Script("TAG CAMBIA_COPIA\nPRESS TuttiPunti\nPRESS OK\nCLICK left 50 50\nCLICK left 60 50\n");
@@ -147,66 +143,53 @@ TEST(SpostaCopia, LaQuotaDeiPuntiPresiEINomiNuoviDelleCopie) {
   EXPECT_EQ(c.s.PuntoX[3], 3);
 }
 
-TEST(Elimina, LeRigheRestanoContateFinoAUnaRilettura) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  Sessione& s = b.s;
-  MettiLinea(s, 0, 0, 10, 0);
-  MettiLinea(s, 0, 5, 10, 5);
-  MettiLinea(s, 0, 9, 10, 9);
+TEST_F(ModificaBanco, EliminaLeRigheRestanoContateFinoAUnaRilettura) {
+  ApriLavoroVuoto(*this);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
   ASSERT_TRUE(VR_SalvaUndo(s));
-  b.Pronto(5, 5, 40);
+  Pronto(5, 5, 40);
   const int64_t prima = PassoUndo(s);
-  b.Script("TAG CAMBIA_ELIMINA\nPRESS Singola\nCLICK left 5 5.1\nKEY ESC\nPRESS OK\n");
-  EXPECT_EQ(PassoUndo(s), prima + 1);
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(s.LineaIdent[1], -1);
-  EXPECT_EQ(RigheVive(s, SlotLinee), 2);
+  Script("TAG CAMBIA_ELIMINA\nPRESS Singola\nCLICK left 5 5.1\nKEY ESC\nPRESS OK\n");
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.ContaEntita[SlotLinee], s.LineaIdent[1], RigheVive(s, SlotLinee)),
+            std::make_tuple(prima + 1, 3, -1, 2));
   // The provisional member holds the live rows only; the list has no record of the row.
   EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".LIN").size(), 2u * 128u);
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) EXPECT_NE(s.ListaDisegno.Riga[static_cast<size_t>(i)], 1);
   // Read back from the generations, the rows are renumbered.
-  b.Script("KEY ESC\nKEY F9\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 3);
-  EXPECT_EQ(s.LineaIdent[1], 0);
-  b.Script("KEY F10\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(s.LineaY1[1], 9);
+  Script("KEY ESC\nKEY F9\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaIdent[1]), std::make_tuple(3, 0));
+  Script("KEY F10\n");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaY1[1]), std::make_tuple(2, 9));
 }
 
-TEST(Proprieta, CongelaScongelaEColoreCorrente) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, ProprietaCongelaScongelaEColoreCorrente) {
   MettiPunto(s, "1", 0, 0);
   MettiLinea(s, 0, 0, 10, 0);
   MettiCerchio(s, 5, 5, 1);
   MettiTesto(s, 3, 3, "T");
-  b.Pronto(5, 5, 40);
-  b.Script("TAG CAMBIA_CONGELA\nPRESS Tutto\nPRESS OK\n");
+  Pronto(5, 5, 40);
+  Script("TAG CAMBIA_CONGELA\nPRESS Tutto\nPRESS OK\n");
   EXPECT_EQ(std::tie(s.LineaCongela[0], s.CerchioCongela[0], s.TestoCongela[0], s.PuntoCongelaSimbolo[0],
                      s.PuntoCongelaDescrizione[0]),
             std::make_tuple(-1, -1, -1, -1, -1));
   EXPECT_EQ(s.ListaDisegno.Conta(), 0);
-  b.Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\nPRESS OK\n");
-  EXPECT_EQ(s.LineaCongela[0], 0);
-  EXPECT_EQ(s.PuntoCongelaNome[0], 0);
+  Script("TAG CAMBIA_SCONGELA\nPRESS Tutto\nPRESS OK\n");
+  EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
   EXPECT_GT(s.ListaDisegno.Conta(), 0);
   // The quick colour, then the colour in force on the selection.
-  b.Script("KEY ESC\nTAG COLORE_6\n");
-  b.Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
+  Script("KEY ESC\nTAG COLORE_6\n");
+  Script("TAG CAMBIA_COLORE\nPRESS Tutto\nPRESS OK\n");
   EXPECT_EQ(std::tie(s.LineaColore[0], s.TestoColore[0], s.PuntoColoreSimbolo[0], s.PuntoColoreDescrizione[0]),
             std::make_tuple(6, 6, 6, 6));
 }
 
 // The layer, the line type and the colour written into a selection are asked first, from
 // the job's tables; the selection comes only once one is chosen.
-TEST(Proprieta, PianoTratteggioEColoreSceltiPrimaDellaSelezione) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, ProprietaPianoTratteggioEColoreSceltiPrimaDellaSelezione) {
   MettiPunto(s, "1", 0, 0);
   MettiLinea(s, 0, 0, 10, 0);
   MettiCerchio(s, 5, 5, 1);
-  b.Pronto(5, 5, 40);
+  Pronto(5, 5, 40);
   for (const char* nome : {"RECINZ", "STRADE"}) {
     Piano p;
     p.Nome = nome;
@@ -214,42 +197,40 @@ TEST(Proprieta, PianoTratteggioEColoreSceltiPrimaDellaSelezione) {
   }
   s.PianoCorrente = "RECINZ";
   CaricaTratteggi(s);
-  EXPECT_EQ(b.Script("TAG CAMBIA_PIANO\n"),
-            "> TAG CAMBIA_PIANO\nDIALOGO + MenuPiani [Menu Piani] Piano=\"RECINZ\" Elenco=\"RECINZ | STRADE | \" "
-            "(OK, Annulla)\n");
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_PIANO\n"
+                     "DIALOGO + MenuPiani [Menu Piani] Piano=\"RECINZ\" Elenco=\"RECINZ | STRADE | \" (OK, "
+                     "Annulla)\n"));
   // A layer of the table keeps the table's spelling; then the selection and the work.
-  b.Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
+  Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
   EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]),
             std::make_tuple("STRADE", "STRADE", "STRADE"));
   EXPECT_EQ(s.PianoCorrente, "STRADE");
   // The command comes back to the layers; cancelled there, it ends.
   ASSERT_TRUE(DialogoAperto(s, "MenuPiani"));
   EXPECT_FALSE(DialogoAperto(s, "Selezentita"));
-  b.Script("PRESS MenuPiani.Annulla\n");
+  Script("PRESS MenuPiani.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
   // A line type by its number in the list.
-  b.Script("TAG CAMBIA_TRATTEGGIO\nFIELD MenuTratteggi.Tratteggio 3\nPRESS OK\n"
+  Script("TAG CAMBIA_TRATTEGGIO\nFIELD MenuTratteggi.Tratteggio 3\nPRESS OK\n"
            "PRESS TutteLinee\nPRESS Selezentita.OK\n");
   EXPECT_EQ(std::tie(s.LineaTratteggio[0], s.CerchioTratteggio[0]), std::make_tuple(3, 1));
   // A colour out of the table is refused and the dialog waits.
-  EXPECT_EQ(b.Script("TAG CAMBIA_COLORE_DEFAULT\nFIELD FormSelezColore.Colore 0\nPRESS OK\n"),
-            "> TAG CAMBIA_COLORE_DEFAULT\nDIALOGO - MenuTratteggi\n"
-            "DIALOGO + FormSelezColore [Seleziona Colore] Colore=\"1\" (OK, Annulla)\n"
-            "> FIELD FormSelezColore.Colore 0\n> PRESS OK\nMESSAGGIO [Seleziona Colore] Colore non valido\n");
-  b.Script("FIELD Colore 4\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
+  EXPECT_TRUE(Stampa("> TAG CAMBIA_COLORE_DEFAULT\nDIALOGO - MenuTratteggi\n"
+                     "DIALOGO + FormSelezColore [Seleziona Colore] Colore=\"1\" (OK, Annulla)\n"
+                     "> FIELD FormSelezColore.Colore 0\n> PRESS OK\n"
+                     "MESSAGGIO [Seleziona Colore] Colore non valido\n"));
+  Script("FIELD Colore 4\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
   EXPECT_EQ(std::tie(s.LineaColore[0], s.CerchioColore[0], s.PuntoColoreNome[0]), std::make_tuple(4, 4, 4));
 }
 
 // Opened by their keys and tags, the pickers only set what is current.
-TEST(Proprieta, F6EF7CambianoSoloTratteggioEPianoCorrenti) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, ProprietaF6EF7CambianoSoloTratteggioEPianoCorrenti) {
   MettiLinea(s, 0, 0, 10, 0);
-  b.Pronto(5, 5, 40);
+  Pronto(5, 5, 40);
   CaricaTratteggi(s);
-  b.Script("KEY F7\nFIELD MenuPiani.Piano MURI\nPRESS OK\n");
+  Script("KEY F7\nFIELD MenuPiani.Piano MURI\nPRESS OK\n");
   EXPECT_EQ(s.PianoCorrente, "MURI");
-  b.Script("KEY F6\n");
+  Script("KEY F6\n");
   ASSERT_TRUE(DialogoAperto(s, "MenuTratteggi"));
   // Lines of linee.ini as written when absent: "*TRATTEGG" over "A, 3, -3", "*PUNTINI" over
   // "A, 0, -25, 0, -25".
@@ -258,39 +239,19 @@ TEST(Proprieta, F6EF7CambianoSoloTratteggioEPianoCorrenti) {
   EXPECT_EQ(elenco[1], "2 TRATTEGG   __ __ __ __   Elementi: 3. [ TRATTO ] 3. [ SPAZIO ]");
   EXPECT_EQ(elenco[5], "6 PUNTINI   ................   Elementi: [ PUNTO ] 25. [ SPAZIO ] [ PUNTO ] 25. [ SPAZIO ]");
   // A line of the list, or a name, picks the same way.
-  b.Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
+  Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
   EXPECT_EQ(s.Imp.Tratteggio_Default, 6);
-  b.Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
-  EXPECT_EQ(s.Imp.Tratteggio_Default, 3);
-  EXPECT_EQ(s.ComandoCorrente, 0);
+  Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
+  EXPECT_EQ(std::tie(s.Imp.Tratteggio_Default, s.ComandoCorrente), std::make_tuple(3, 0));
   EXPECT_TRUE(s.Dialoghi.empty());
-  EXPECT_EQ(s.LineaPiano[0], "0");
-  EXPECT_EQ(s.LineaTratteggio[0], 1);
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.LineaTratteggio[0]), std::make_tuple("0", 1));
 }
 
-TEST(Quota, LaDifferenzaDeiDuePuntiSuOgniQuota) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "A", 0, 0, 10);
-  MettiPunto(s, "B", 5, 0, 12.5);
-  MettiLinea(s, 1, 1, 2, 2, 1, 2);
-  MettiArco(s, 3, 3, 1, 0, 100, 7, 8);
-  b.Pronto(3, 3, 30);
-  EXPECT_NE(b.Script("TAG CAMBIA_QUOTA\nPRESS TutteLinee\nPRESS TuttiArchi\nPRESS OK\nKEY P\nCLICK left 0 0\n"
-                     "KEY P\nCLICK left 5 0\n")
-                .find("DIALOGO + Selezentita [Cambia - Quota]"),
-            std::string::npos);
-  EXPECT_EQ(std::tie(s.LineaZ1[0], s.LineaZ2[0], s.LineaX1[0]), std::make_tuple(3.5, 4.5, 1));
-  EXPECT_EQ(std::tie(s.ArcoQuotaInizio[0], s.ArcoZ[0], s.PuntoZ[0]), std::make_tuple(9.5, 2.5, 10));
-}
-
-TEST(Allinea, LaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(ModificaBanco, AllineaLaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
   MettiPunto(s, "9", 20, 0);
   MettiTesto(s, 10, 0, "T");
-  b.Pronto(0, 0, 60);
-  b.Script("TAG CAMBIA_ALLINEA\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 0 20\n");
+  Pronto(0, 0, 60);
+  Script("TAG CAMBIA_ALLINEA\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 0 20\n");
   // Turned by -100 gon about the origin, then carried by (0, 10).
   EXPECT_TRUE(Vicini({s.PuntoX[0], s.PuntoY[0], s.TestoX[0], s.TestoY[0], s.TestoRotazione[0]}, {0, 30, 0, 20, 100}));
   EXPECT_EQ(s.PassoComando, 0);
@@ -301,18 +262,14 @@ std::string Colonna(std::string t, size_t n) {
   return t;
 }
 
-TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "O", 0, 0, 1);
-  MettiPunto(s, "OR", 0, 10, 2);
+TEST_F(ModificaBanco, RotoTraslazioneLaGrigliaIlBersaglioDigitatoEIReport) {
+  MettiPunti(s, {{"O", 0, 0, 1}, {"OR", 0, 10, 2}});
   // Picked to the tenth of a millimetre, shown to the millimetre: the pick is what counts.
-  MettiPunto(s, "NO", 100.0004, 100, 3);
-  MettiPunto(s, "NOR", 110, 100, 4);
+  MettiPunti(s, {{"NO", 100.0004, 100, 3}, {"NOR", 110, 100, 4}});
   MettiLinea(s, 0, 0, 0, 5, 7, 8);
   MettiTesto(s, 0, 2, "T");
-  b.Pronto(50, 50, 300);
-  const std::string uscita = b.Script(
+  Pronto(50, 50, 300);
+  const std::string uscita = Script(
       "TAG RT\nPRESS TutteLinee\nPRESS TuttiTesti\nPRESS OK\nKEY P\nCLICK left 0 0\nKEY P\nCLICK left 0 10\n"
       "KEY P\nCLICK left 100 100\nKEY P\nCLICK left 110 100\n");
   EXPECT_NE(uscita.find("PROMPT Rototraslazione con Selezione - Centro di Rotazione :\n> KEY P\n> CLICK left 0 0\n"
@@ -328,9 +285,9 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
   EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0000");
   EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
   // The target typed over the picked one: due South of the new origin.
-  b.Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
+  Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0000");
-  b.Script("PRESS FormRotoTraslazione.OK\n");
+  Script("PRESS FormRotoTraslazione.OK\n");
   for (auto [fatto, atteso] : {std::pair{s.LineaX1[0], 100.0004}, {s.LineaY1[0], 100}, {s.LineaX2[0], 100.0004},
                                 {s.LineaY2[0], 95}, {s.TestoY[0], 98}, {s.TestoRotazione[0], 200}})
     EXPECT_NEAR(fatto, atteso, 1e-9);
@@ -351,22 +308,17 @@ TEST(RotoTraslazione, LaGrigliaIlBersaglioDigitatoEIReport) {
             std::string::npos)
       << txt;
   // Cancelled, the grid leaves the drawing as it was and the command ends.
-  b.Script("PRESS TutteLinee\nPRESS OK\nCLICK left 0 0\nCLICK left 0 1\nCLICK left 0 2\nCLICK left 0 3\n"
+  Script("PRESS TutteLinee\nPRESS OK\nCLICK left 0 0\nCLICK left 0 1\nCLICK left 0 2\nCLICK left 0 3\n"
            "PRESS FormRotoTraslazione.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
   EXPECT_NEAR(s.LineaX1[0], 100.0004, 1e-9);
 }
 
-TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
-  Banco b;
-  Sessione& s = b.s;
-  MettiPunto(s, "A", 0, 0, 0);
-  MettiPunto(s, "B", 10, 0, 0);
-  MettiPunto(s, "P", 5, 0, 3);
-  MettiPunto(s, "Q", 20, 0, 3);
+TEST_F(ModificaBanco, RotazioneVerticaleRibaltamentoDiUnaFacciataTraIDuePunti) {
+  MettiPunti(s, {{"A", 0, 0, 0}, {"B", 10, 0, 0}, {"P", 5, 0, 3}, {"Q", 20, 0, 3}});
   MettiLinea(s, 2, 0, 2, 0, 0, 4);
-  b.Pronto(5, 0, 50);
-  EXPECT_NE(b.Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
+  Pronto(5, 0, 50);
+  EXPECT_NE(Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
                 .find("PROMPT Ribaltamento - Primo Punto:\n> CLICK left 0 0\nPROMPT Ribaltamento - Secondo Punto:\n"),
             std::string::npos);
   // A face standing on the axis lies flat on its right, at the axis's height; Q, beyond the
@@ -376,9 +328,7 @@ TEST(RotazioneVerticale, RibaltamentoDiUnaFacciataTraIDuePunti) {
   EXPECT_EQ(s.ComandoCorrente, 415);
 
   Banco c;
-  MettiPunto(c.s, "A", 0, 0, 1);
-  MettiPunto(c.s, "B", 0, 10, 1);
-  MettiPunto(c.s, "P", 0, 5, 4);
+  MettiPunti(c.s, {{"A", 0, 0, 1}, {"B", 0, 10, 1}, {"P", 0, 5, 4}});
   c.Pronto(0, 5, 50);
   c.Script("TAG ROTAZIONE_VERTICALE\nCLICK left 0 0\nANSWER 50\nCLICK left 0 10\n");
   // Half a right angle: the height of 3 above the axis shares itself between the two.

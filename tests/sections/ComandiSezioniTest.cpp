@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "sections/ComandiSezioni.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 
 namespace varena {
 namespace {
 
 using namespace prova;
+
+struct SezioniBanco : BancoProva {};
 
 void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
                 double z3) {
@@ -20,52 +22,44 @@ void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double 
   s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
 }
 
-TEST(ComandiSezioni, SezioneDaiPuntiPresiEQuotaDiProgetto) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  MettiPunto(b.s, "1", 0, 0, 10);
-  MettiPunto(b.s, "2", 30, 40, 12);
-  MettiPunto(b.s, "3", 30, 60, 11);
-  b.Pronto(0, 0, 400);
-  b.Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 0 0\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio, "Sezioni assenti!!");
-  b.Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @1\nCLICK left @2\nCLICK left @3\nCLICK right 0 0\nCLICK right 0 0\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotSezioni], 1);
-  const Sezione& z = b.s.SezioneDati[0];
+TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
+  ApriLavoroVuoto(*this);
+  MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 12}, {"3", 30, 60, 11}});
+  Pronto(0, 0, 400);
+  Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 0 0\n");
+  EXPECT_EQ(ui.UltimoMessaggio, "Sezioni assenti!!");
+  Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @1\nCLICK left @2\nCLICK left @3\nCLICK right 0 0\nCLICK right 0 0\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
+  const Sezione& z = s.SezioneDati[0];
   ASSERT_EQ(z.Stazioni.size(), 3u);
   EXPECT_EQ(z.Stazioni[1], (StazioneSezione{"2", 30, 40, 12, 12}));
-  EXPECT_EQ(z.Stazioni[2].Nome, "3");
-  EXPECT_EQ(z.IndiceSezione, "1");
+  EXPECT_EQ(std::tie(z.Stazioni[2].Nome, z.IndiceSezione), std::make_tuple("3", "1"));
   // The datum a metre under the lowest ground, the sheet beside the points: 4 cm of paper
   // at 1:200 to the right of the easternmost and under the southernmost.
-  EXPECT_EQ(z.Cfg.QuotaRiferimento, 9);
-  EXPECT_EQ(z.OrigineX, 30 + 32);
-  EXPECT_EQ(z.OrigineY, 0 - 32);
+  EXPECT_EQ(std::tie(z.Cfg.QuotaRiferimento, z.OrigineX, z.OrigineY), std::make_tuple(9, 30 + 32, 0 - 32));
   int64_t records = 0;
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i) records += b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) records += s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni;
   EXPECT_GT(records, 30);
 
   // The first station's vertical stands at the origin, up to the ground at 10: ten times
   // a metre over the datum.
-  b.ui.Accoda("105.5");
-  b.Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 62 -27\n");
-  for (const StazioneSezione& p : b.s.SezioneDati[0].Stazioni) EXPECT_EQ(p.QuotaProgetto, 105.5);
-  EXPECT_EQ(b.s.SezioneDati[0].Cfg.ProfiloProgetto, 1);
+  ui.Accoda("105.5");
+  Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 62 -27\n");
+  for (const StazioneSezione& p : s.SezioneDati[0].Stazioni) EXPECT_EQ(p.QuotaProgetto, 105.5);
+  EXPECT_EQ(s.SezioneDati[0].Cfg.ProfiloProgetto, 1);
 }
 
-TEST(ComandiSezioni, SezioneAttraversoLeFalde) {
-  Banco b;
-  ApriLavoroVuoto(b);
+TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
+  ApriLavoroVuoto(*this);
   // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
-  MettiFalda(b.s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
-  MettiFalda(b.s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
-  MettiPunto(b.s, "A", 10, 10, 0);
-  MettiPunto(b.s, "B", 80, 50, 0);
-  b.Pronto(50, 50, 400);
-  b.ui.Accoda("yes");
-  b.Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
-  ASSERT_EQ(b.s.ContaEntita[SlotSezioni], 1);
-  const auto& st = b.s.SezioneDati[0].Stazioni;
+  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
+  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+  MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
+  Pronto(50, 50, 400);
+  ui.Accoda("yes");
+  Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
+  const auto& st = s.SezioneDati[0].Stazioni;
   ASSERT_EQ(st.size(), 3u);
   EXPECT_DOUBLE_EQ(st[0].QuotaTerreno, 103);
   // The shared side is crossed at t = 8/11 of the way: (670/11, 430/11), at 100 + 153/11.

@@ -51,12 +51,9 @@ struct Disegno {
         punti.push_back({l.X1[k] - h * std::sin(a), l.Y1[k] + h * std::cos(a)});
         punti.push_back({l.X2[k] - h * std::sin(a), l.Y2[k] + h * std::cos(a)});
       }
-      for (auto [x, y] : punti) {
-        EXPECT_GE(x, x0 - 1e-9) << "record " << i << " " << l.Piano(i) << " " << l.Testo(i);
-        EXPECT_LE(x, x1 + 1e-9) << "record " << i << " " << l.Piano(i) << " " << l.Testo(i);
-        EXPECT_GE(y, y0 - 1e-9) << "record " << i << " " << l.Piano(i) << " " << l.Testo(i);
-        EXPECT_LE(y, y1 + 1e-9) << "record " << i << " " << l.Piano(i) << " " << l.Testo(i);
-      }
+      for (auto [x, y] : punti)
+        EXPECT_TRUE(x >= x0 - 1e-9 && x <= x1 + 1e-9 && y >= y0 - 1e-9 && y <= y1 + 1e-9)
+            << "record " << i << " " << l.Piano(i) << " " << l.Testo(i) << " at " << x << ", " << y;
     }
     EXPECT_GT(quanti, 20);
   }

@@ -45,23 +45,17 @@ TEST(FileSezioni, IlMembroScrittoAManoSiLeggeESiRiscriveUgualeByteAByte) {
   const std::string membro = Blocco("ASSE 1", kTre, 3) + Blocco("TRASVERSALE", "\"A\",1,2,-3.5,-3.5\r\n", 1, "-1");
   const std::vector<Sezione> z = LeggiSezioni(Cp1252InUtf8(membro), 0);
   ASSERT_EQ(z.size(), 2u);
-  EXPECT_EQ(z[0].IndiceSezione, "ASSE 1");
-  EXPECT_EQ(z[0].OrigineX, 1000);
-  EXPECT_EQ(z[0].Cfg.ScalaLunghezze, 1000);
-  EXPECT_EQ(z[0].Cfg.QuotaRiferimento, 95.5);
-  EXPECT_EQ(z[0].Cfg.NomeBase, "STRADA");
-  EXPECT_EQ(z[0].Cfg.NomiPunti.Titolo, "Picchetti");
-  EXPECT_EQ(z[0].Cfg.QuoteTerreno.AltezzaFincatura, 10);
-  EXPECT_EQ(z[0].Cfg.QuoteProgetto.Titolo, "Quote Progetto");
-  EXPECT_EQ(z[0].Cfg.DecimaliParziali, 2);
+  EXPECT_EQ(std::tie(z[0].IndiceSezione, z[0].OrigineX, z[0].Cfg.ScalaLunghezze, z[0].Cfg.QuotaRiferimento),
+            std::make_tuple("ASSE 1", 1000, 1000, 95.5));
+  EXPECT_EQ(std::tie(z[0].Cfg.NomeBase, z[0].Cfg.NomiPunti.Titolo, z[0].Cfg.QuoteTerreno.AltezzaFincatura),
+            std::make_tuple("STRADA", "Picchetti", 10));
+  EXPECT_EQ(std::tie(z[0].Cfg.QuoteProgetto.Titolo, z[0].Cfg.DecimaliParziali), std::make_tuple("Quote Progetto", 2));
   EXPECT_EQ(z[0].Cfg.NomiPunti.OrientamentoVerticale, 0);
   EXPECT_EQ(z[0].Cfg.QuoteTerreno.OrientamentoVerticale, 1);
   ASSERT_EQ(z[0].Stazioni.size(), 3u);
-  EXPECT_EQ(z[0].Stazioni[2].Nome, "P3 è");
-  EXPECT_EQ(z[0].Stazioni[1].QuotaTerreno, 102);
-  EXPECT_EQ(z[0].Stazioni[1].QuotaProgetto, 101.5);
-  EXPECT_EQ(z[1].Cfg.Congela, -1);
-  EXPECT_EQ(z[1].Stazioni[0].QuotaTerreno, -3.5);
+  EXPECT_EQ(std::tie(z[0].Stazioni[2].Nome, z[0].Stazioni[1].QuotaTerreno, z[0].Stazioni[1].QuotaProgetto),
+            std::make_tuple("P3 è", 102, 101.5));
+  EXPECT_EQ(std::tie(z[1].Cfg.Congela, z[1].Stazioni[0].QuotaTerreno), std::make_tuple(-1, -3.5));
 
   // Through a job: opened, saved, an edit undone; the member is the same bytes each time.
   prova::SessioneProva p;
@@ -87,8 +81,7 @@ TEST(FileSezioni, IlMembroScrittoAManoSiLeggeESiRiscriveUgualeByteAByte) {
 TEST(FileSezioni, UnIndiceVuotoSiLeggeComeIlNumeroDellaRiga) {
   const std::vector<Sezione> z = LeggiSezioni(Blocco("A", kTre, 3) + Blocco("", kTre, 3) + Blocco(" ", kTre, 3), 0);
   ASSERT_EQ(z.size(), 3u);
-  EXPECT_EQ(z[1].IndiceSezione, "1");
-  EXPECT_EQ(z[2].IndiceSezione, "2");
+  EXPECT_EQ(std::tie(z[1].IndiceSezione, z[2].IndiceSezione), std::make_tuple("1", "2"));
 }
 
 // A station line repeated n times.

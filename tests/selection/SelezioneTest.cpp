@@ -9,7 +9,7 @@
 #include "store/Carica.h"
 #include "selection/EsportaSelezione.h"
 #include "selection/Selezione.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "view/Ridisegna.h"
 #include "view/SuperficieRegistrata.h"
 
@@ -17,6 +17,8 @@ namespace varena {
 namespace {
 
 using namespace prova;
+
+struct SelezioneBanco : BancoProva {};
 
 // The selection flags of every row, kind by kind: "L0100 C100 ...".
 std::string Stati(const Sessione& s) {
@@ -51,8 +53,7 @@ struct Scena {
     MettiArco(s, 12, -9, 5, 350, 100);  // 2: both ends below, its top within the box
     MettiTesto(s, 7, 2, "DENTRO");
     MettiTesto(s, 30, 0, "FUORI");
-    MettiPunto(s, "1", 7, -2);
-    MettiPunto(s, "2", 50, 50);
+    MettiPunti(s, {{"1", 7, -2}, {"2", 50, 50}});
     b.Pronto(10, 0, 100);
   }
 };
@@ -77,23 +78,21 @@ TEST(Finestra, DaSinistraSoloCioCheStaDentroDaDestraCioCheTocca) {
 
 // The window of the dialog, click by click: a line with one end in the box only right to
 // left, and a dashed guide for the crossing window.
-TEST(Finestra, LaLineaConUnEstremoDentroSoloDaDestraASinistra) {
-  Banco b;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 6, 1, 8, 1);
-  b.Pronto(10, 0, 100);
-  const std::string uscita = b.Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
+TEST_F(SelezioneBanco, FinestraLaLineaConUnEstremoDentroSoloDaDestraASinistra) {
+  MettiLinee(s, {{0, 0, 10, 0}, {6, 1, 8, 1}});
+  Pronto(10, 0, 100);
+  const std::string uscita = Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
   EXPECT_NE(uscita.find("> PRESS Selezentita.Finestra\nDIALOGO - Selezentita\nPROMPT Primo punto per Finestra : \n"
                         "> CLICK left 5 -5\nPROMPT Secondo punto per Finestra : \n> CLICK left 20 5\n"
                         "DIALOGO + Selezentita [Cambia Elimina ] Selezione=\"1\""),
             std::string::npos)
       << uscita;
-  EXPECT_EQ(Stati(b.s), "L01 C A T P ");
-  b.Script("PRESS Finestra\nCLICK left 20 5\nMOVE 5 -5\n");
-  EXPECT_TRUE(b.s.Elastico.Guida.Tratteggiato);
-  b.Script("CLICK left 5 -5\n");
-  EXPECT_EQ(Stati(b.s), "L11 C A T P ");
-  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Selezione"), "2");
+  EXPECT_EQ(Stati(s), "L01 C A T P ");
+  Script("PRESS Finestra\nCLICK left 20 5\nMOVE 5 -5\n");
+  EXPECT_TRUE(s.Elastico.Guida.Tratteggiato);
+  Script("CLICK left 5 -5\n");
+  EXPECT_EQ(Stati(s), "L11 C A T P ");
+  EXPECT_EQ(TrovaDialogo(s, "Selezentita")->Valore("Selezione"), "2");
 }
 
 TEST(Tutto, ConIPuntiSpentiTuttoMaNonIPuntiNeICongelati) {
@@ -150,174 +149,147 @@ TEST(Tutto, PerGenereColorePianoEContorni) {
   x.b.Script("PRESS SelezPerPiano.OK\n");
   EXPECT_EQ(Stati(x.s), "L0000 C010 A000 T01 P01 ");
   x.b.Script("PRESS Contorni\n");
-  EXPECT_EQ(x.s.StatoCurva[0], 1);
-  EXPECT_EQ(x.s.StatoCurva[1], 1);
-  EXPECT_EQ(ContaSelezionati(x.s), 5);
+  EXPECT_EQ(std::make_tuple(x.s.StatoCurva[0], x.s.StatoCurva[1], ContaSelezionati(x.s)), std::make_tuple(1, 1, 5));
 }
 
 // One click at a time: the nearest entity toggles, is painted inverted, and the count
 // follows; the right button brings the dialog back.
-TEST(Singola, AlternaDipingeInvertitoEContaDiNuovo) {
-  Banco b;
+TEST_F(SelezioneBanco, SingolaAlternaDipingeInvertitoEContaDiNuovo) {
   SuperficieRegistrata sup;
-  b.s.Schermo = &sup;
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 0, 5, 10, 5);
-  b.Pronto(5, 2, 20);
-  EXPECT_NE(b.Script("TAG CAMBIA_SPOSTA\nPRESS Singola\n")
+  s.Schermo = &sup;
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}});
+  Pronto(5, 2, 20);
+  EXPECT_NE(Script("TAG CAMBIA_SPOSTA\nPRESS Singola\n")
                 .find("DIALOGO - Selezentita\nPROMPT Seleziona Entità (ESC/Dx Mouse - Interrompe): \n"),
             std::string::npos);
-  b.Script("CLICK left 3 1\n");
+  Script("CLICK left 3 1\n");
   sup.Chiamate.clear();
-  Ridisegna(b.s);
-  EXPECT_EQ(Stati(b.s), "L10 C A T P ");
-  EXPECT_EQ(b.s.ListaDisegno.Stato[0], 1);
-  EXPECT_EQ(b.s.ListaDisegno.Stato[1], 0);
+  Ridisegna(s);
+  EXPECT_EQ(std::make_tuple(Stati(s), s.ListaDisegno.Stato[0], s.ListaDisegno.Stato[1]),
+            std::make_tuple("L10 C A T P ", 1, 0));
   const std::string inverti = "Modo " + std::to_string(static_cast<int>(ModoPenna::Inverti));
   ASSERT_EQ(sup.Solo("Linea").size(), 2u);
   const auto& c = sup.Chiamate;
   const auto prima = std::find(c.begin(), c.end(), sup.Solo("Linea")[0]);
   ASSERT_NE(prima, c.begin());
   EXPECT_EQ(*(prima - 2), inverti);  // the mode, then the dotted style, then the line
-  b.Script("CLICK left 3 4\nCLICK left 3 1\n");
-  EXPECT_EQ(Stati(b.s), "L01 C A T P ");
-  b.Script("CLICK right 0 0\n");
-  ASSERT_TRUE(DialogoAperto(b.s, "Selezentita"));
-  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Selezione"), "1");
-  EXPECT_EQ(b.s.FaseSelezione, 0);
+  Script("CLICK left 3 4\nCLICK left 3 1\n");
+  EXPECT_EQ(Stati(s), "L01 C A T P ");
+  Script("CLICK right 0 0\n");
+  ASSERT_TRUE(DialogoAperto(s, "Selezentita"));
+  EXPECT_EQ(TrovaDialogo(s, "Selezentita")->Valore("Selezione"), "1");
+  EXPECT_EQ(s.FaseSelezione, 0);
   // The remove mode takes away and never adds: the click on the line not taken does nothing.
-  b.Opzioni.Rigoroso = false;
-  b.Script("PRESS AggiungiTogli\nPRESS Singola\nCLICK left 3 1\nCLICK left 3 4\nKEY ESC\n");
-  EXPECT_EQ(Stati(b.s), "L00 C A T P ");
-  EXPECT_EQ(TrovaDialogo(b.s, "Selezentita")->Valore("Modo"), "Togli");
-  b.Script("PRESS Annulla\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
+  Opzioni.Rigoroso = false;
+  Script("PRESS AggiungiTogli\nPRESS Singola\nCLICK left 3 1\nCLICK left 3 4\nKEY ESC\n");
+  EXPECT_EQ(Stati(s), "L00 C A T P ");
+  EXPECT_EQ(TrovaDialogo(s, "Selezentita")->Valore("Modo"), "Togli");
+  Script("PRESS Annulla\n");
+  EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST(Uls, LaConfermaScriveLaListaCheLUltimaRipete) {
-  Banco b;
-  ApriLavoroVuoto(b);
-  MettiPunto(b.s, "1", 0, 0);
-  MettiPunto(b.s, "2", 1, 1);
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 0, 5, 10, 5);
-  MettiLinea(b.s, 0, 9, 10, 9);
-  b.Pronto(5, 2, 20);
-  const std::string uls = PercorsoUls(b.s);
-  ASSERT_EQ(uls, b.cartella / "ROSSI.uls");
+TEST_F(SelezioneBanco, UlsLaConfermaScriveLaListaCheLUltimaRipete) {
+  ApriLavoroVuoto(*this);
+  MettiPunti(s, {{"1", 0, 0}, {"2", 1, 1}});
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
+  Pronto(5, 2, 20);
+  const std::string uls = PercorsoUls(s);
+  ASSERT_EQ(uls, cartella / "ROSSI.uls");
   auto zeri = [](int n) {
     std::string r;
     for (int i = 0; i < n; ++i) r += "0\r\n";
     return r;
   };
   // No list yet: the button does nothing.
-  b.Script("TAG CAMBIA_COLORE\nPRESS Ultima\n");
-  EXPECT_EQ(ContaSelezionati(b.s), 0);
-  b.s.Imp.Colore_Default = 4;
-  b.Script("PRESS Singola\nCLICK left 1.1 1.1\nCLICK left 3 0.5\nCLICK left 3 8.7\nKEY ESC\nPRESS OK\n");
+  Script("TAG CAMBIA_COLORE\nPRESS Ultima\n");
+  EXPECT_EQ(ContaSelezionati(s), 0);
+  s.Imp.Colore_Default = 4;
+  Script("PRESS Singola\nCLICK left 1.1 1.1\nCLICK left 3 0.5\nCLICK left 3 8.7\nKEY ESC\nPRESS OK\n");
   // Points: one, row 1; lines: two, rows 0 and 2; none of the eleven kinds after them.
-  EXPECT_EQ(LeggiFileProva(uls), "1\r\n1\r\n2\r\n0\r\n2\r\n" + zeri(11));
-  EXPECT_EQ(b.s.LineaColore[0], 4);
-  EXPECT_EQ(b.s.LineaColore[1], 1);
-  EXPECT_EQ(b.s.PuntoColoreNome[1], 4);
+  EXPECT_EQ(std::make_tuple(LeggiFileProva(uls), s.LineaColore[0], s.LineaColore[1], s.PuntoColoreNome[1]),
+            std::make_tuple("1\r\n1\r\n2\r\n0\r\n2\r\n" + zeri(11), 4, 1, 4));
   // The next command repeats the same rows.
-  b.Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
-  EXPECT_EQ(Stati(b.s), "L101 C A T P01 ");
+  Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
+  EXPECT_EQ(Stati(s), "L101 C A T P01 ");
   // A damaged list marks what it can and nothing else.
   ScriviFileProva(uls, "2\r\n0\r\n77\r\nxx\r\n5\r\n");
-  b.Script("KEY ESC\nKEY ESC\nPRESS Ultima\n");
-  EXPECT_EQ(Stati(b.s), "L000 C A T P10 ");
+  Script("KEY ESC\nKEY ESC\nPRESS Ultima\n");
+  EXPECT_EQ(Stati(s), "L000 C A T P10 ");
   // An empty selection confirmed ends the command.
-  b.Script("KEY ESC\nKEY ESC\nPRESS OK\n");
-  EXPECT_EQ(b.s.ComandoCorrente, 0);
-  EXPECT_EQ(LeggiFileProva(uls), zeri(13));
+  Script("KEY ESC\nKEY ESC\nPRESS OK\n");
+  EXPECT_EQ(std::make_tuple(s.ComandoCorrente, LeggiFileProva(uls)), std::make_tuple(0, zeri(13)));
   // Another job, in the same folder, has a list of its own: the rows of ROSSI are not its.
   ScriviFileProva(uls, "0\r\n2\r\n0\r\n2\r\n");
-  ScriviFileProva(b.cartella / "BIANCHI.CFG", CfgManuale("VR2020", "0,0,100"));
-  b.s.NomeOriginale = b.cartella / "BIANCHI";
-  VR_ApriLavoro(b.s);
-  MettiLinea(b.s, 0, 0, 10, 0);
-  MettiLinea(b.s, 0, 5, 10, 5);
-  MettiLinea(b.s, 0, 9, 10, 9);
-  b.Pronto(5, 2, 20);
-  b.Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
-  EXPECT_EQ(Stati(b.s), "L000 C A T P ");
+  ScriviFileProva(cartella / "BIANCHI.CFG", CfgManuale("VR2020", "0,0,100"));
+  s.NomeOriginale = cartella / "BIANCHI";
+  VR_ApriLavoro(s);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 5, 10, 5}, {0, 9, 10, 9}});
+  Pronto(5, 2, 20);
+  Script("TAG CAMBIA_CONGELA\nPRESS Ultima\n");
+  EXPECT_EQ(Stati(s), "L000 C A T P ");
   // With no job there is no list at all.
-  b.s.NomeOriginale.clear();
-  EXPECT_EQ(PercorsoUls(b.s), "");
+  s.NomeOriginale.clear();
+  EXPECT_EQ(PercorsoUls(s), "");
 }
 
-TEST(SelezPunti, FiltriFinestraFileEdEliminazione) {
-  Banco b;
-  MettiPunto(b.s, "PF01/0010/A123", 0, 0);
-  MettiPunto(b.s, "100", 10, 0);
-  MettiPunto(b.s, "1000", 20, 0);
-  MettiPunto(b.s, "12", 30, 0);
-  MettiPunto(b.s, "pf2", 40, 0);
-  b.Pronto(20, 0, 100);
-  EXPECT_EQ(b.Script("TAG PUNTO_ELIMINA\nPRESS OK\n"),
-            "> TAG PUNTO_ELIMINA\n"
-            "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" "
-            "(Finestra, Tutti, PF, Stazioni, Salva, Carica, AggiungiTogli, OK, Annulla)\n"
-            "> PRESS OK\n"
-            "MESSAGGIO [Selezione Punti] Attenzione!! Nessun Punto Selezionato\n");
-  b.Script("PRESS PF\n");
-  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "1");
-  b.Script("PRESS Stazioni\n");
-  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "3");
-  b.Script("PRESS Salva\n");
-  EXPECT_EQ(LeggiFileProva(b.s.CartellaLavoro + "TEMP/selepunt.ini"), "PF01/0010/A123\r\n100\r\n1000\r\n");
+TEST_F(SelezioneBanco, SelezPuntiFiltriFinestraFileEdEliminazione) {
+  MettiPunti(s, {{"PF01/0010/A123", 0, 0}, {"100", 10, 0}, {"1000", 20, 0}, {"12", 30, 0}, {"pf2", 40, 0}});
+  Pronto(20, 0, 100);
+  EXPECT_TRUE(Stampa("> TAG PUNTO_ELIMINA\n"
+                     "DIALOGO + SelezPunti [Selezione Punti] Selezione=\"0\" Modo=\"Aggiungi\" (Finestra, Tutti, "
+                     "PF, Stazioni, Salva, Carica, AggiungiTogli, OK, Annulla)\n> PRESS OK\n"
+                     "MESSAGGIO [Selezione Punti] Attenzione!! Nessun Punto Selezionato\n"));
+  Script("PRESS PF\n");
+  EXPECT_EQ(TrovaDialogo(s, "SelezPunti")->Valore("Selezione"), "1");
+  Script("PRESS Stazioni\n");
+  EXPECT_EQ(TrovaDialogo(s, "SelezPunti")->Valore("Selezione"), "3");
+  Script("PRESS Salva\n");
+  EXPECT_EQ(LeggiFileProva(s.CartellaLavoro + "TEMP/selepunt.ini"), "PF01/0010/A123\r\n100\r\n1000\r\n");
   // A click toggles the nearest point; in the remove mode it only takes away.
-  b.Script("CLICK left 31 1\nCLICK left 9 1\n");
-  EXPECT_EQ(Stati(b.s), "L C A T P10110 ");
-  b.Script("PRESS AggiungiTogli\nCLICK left 41 0\nCLICK left 30 0\n");
-  EXPECT_EQ(Stati(b.s), "L C A T P10100 ");
+  Script("CLICK left 31 1\nCLICK left 9 1\n");
+  EXPECT_EQ(Stati(s), "L C A T P10110 ");
+  Script("PRESS AggiungiTogli\nCLICK left 41 0\nCLICK left 30 0\n");
+  EXPECT_EQ(Stati(s), "L C A T P10100 ");
   // The window takes the points inside, in the mode in force.
-  b.Script("PRESS AggiungiTogli\nPRESS Finestra\nCLICK left 35 -1\nCLICK left 45 1\n");
-  EXPECT_TRUE(DialogoAperto(b.s, "SelezPunti"));
-  EXPECT_EQ(Stati(b.s), "L C A T P10101 ");
+  Script("PRESS AggiungiTogli\nPRESS Finestra\nCLICK left 35 -1\nCLICK left 45 1\n");
+  EXPECT_TRUE(DialogoAperto(s, "SelezPunti"));
+  EXPECT_EQ(Stati(s), "L C A T P10101 ");
   // The file carries a list over: cleared, then loaded again.
-  b.Script("PRESS Annulla\nTAG PUNTO_ELIMINA\nPRESS Carica\n");
-  EXPECT_EQ(TrovaDialogo(b.s, "SelezPunti")->Valore("Selezione"), "3");
-  b.Script("PRESS OK\n");
-  EXPECT_EQ((std::vector<int>{b.s.PuntoIdent[0], b.s.PuntoIdent[1], b.s.PuntoIdent[2], b.s.PuntoIdent[3],
-                              b.s.PuntoIdent[4]}),
+  Script("PRESS Annulla\nTAG PUNTO_ELIMINA\nPRESS Carica\n");
+  EXPECT_EQ(TrovaDialogo(s, "SelezPunti")->Valore("Selezione"), "3");
+  Script("PRESS OK\n");
+  EXPECT_EQ((std::vector<int>{s.PuntoIdent[0], s.PuntoIdent[1], s.PuntoIdent[2], s.PuntoIdent[3],
+                              s.PuntoIdent[4]}),
             (std::vector<int>{-1, -1, -1, 0, 0}));
-  EXPECT_FALSE(DialogoAperto(b.s, "SelezPunti"));
-  EXPECT_EQ(ContaSelezionati(b.s), 0);
+  EXPECT_FALSE(DialogoAperto(s, "SelezPunti"));
+  EXPECT_EQ(ContaSelezionati(s), 0);
 }
 
-TEST(SelezPunti, DimensioniESimboloDaiLoroDialoghi) {
-  Banco b;
-  MettiPunto(b.s, "1", 0, 0);
-  MettiPunto(b.s, "2", 10, 0);
-  b.Pronto(5, 0, 100);
-  b.Script("TAG ALTEZZA_QUOTA\nFIELD DN.Dimensione 2,5\nPRESS DN.OK\nCLICK left 1 0\nPRESS OK\n");
-  EXPECT_EQ(b.s.PuntoDimensioneQuota[0], 2.5);
-  EXPECT_EQ(b.s.PuntoDimensioneQuota[1], 1);
-  b.Script("TAG INCOLLA_SIMBOLO\nFIELD Simbolo 7\nCLICK left 10 0\nPRESS OK\n");
-  EXPECT_EQ(b.s.PuntoSimbolo[1], 7);
-  EXPECT_EQ(b.s.PuntoSimbolo[0], 0);
+TEST_F(SelezioneBanco, SelezPuntiDimensioniESimboloDaiLoroDialoghi) {
+  MettiPunti(s, {{"1", 0, 0}, {"2", 10, 0}});
+  Pronto(5, 0, 100);
+  Script("TAG ALTEZZA_QUOTA\nFIELD DN.Dimensione 2,5\nPRESS DN.OK\nCLICK left 1 0\nPRESS OK\n");
+  EXPECT_EQ(std::tie(s.PuntoDimensioneQuota[0], s.PuntoDimensioneQuota[1]), std::make_tuple(2.5, 1));
+  Script("TAG INCOLLA_SIMBOLO\nFIELD Simbolo 7\nCLICK left 10 0\nPRESS OK\n");
+  EXPECT_EQ(std::tie(s.PuntoSimbolo[1], s.PuntoSimbolo[0]), std::make_tuple(7, 0));
 }
 
-TEST(EsportaSelezione, RigheDiComandoPerUnCadEsterno) {
-  Banco b;
-  const int32_t p = MettiPunto(b.s, "A,B", 1.5, 2.25, 3);
-  b.s.PuntoSpoY[static_cast<size_t>(p)] = 0.5;
-  MettiPunto(b.s, "FUORI", 100, 100);
-  MettiLinea(b.s, 0, 0, 10, -2.5, 0, 1);
-  MettiCerchio(b.s, 5, 5, 2);
-  MettiTesto(b.s, 3, 3, "NON ESPORTATO");
-  b.Pronto(5, 5, 50);
-  b.Script("TAG X\nPRESS Finestra\nCLICK left 20 20\nCLICK left -1 -3\nPRESS OK\n");
-  EXPECT_EQ(b.s.Clip->Leggi(),
+TEST_F(SelezioneBanco, EsportaSelezioneRigheDiComandoPerUnCadEsterno) {
+  const int32_t p = MettiPunto(s, "A,B", 1.5, 2.25, 3);
+  s.PuntoSpoY[static_cast<size_t>(p)] = 0.5;
+  MettiPunto(s, "FUORI", 100, 100);
+  MettiLinea(s, 0, 0, 10, -2.5, 0, 1);
+  MettiCerchio(s, 5, 5, 2);
+  MettiTesto(s, 3, 3, "NON ESPORTATO");
+  Pronto(5, 5, 50);
+  Script("TAG X\nPRESS Finestra\nCLICK left 20 20\nCLICK left -1 -3\nPRESS OK\n");
+  EXPECT_EQ(s.Clip->Leggi(),
             "_point 1.5,2.25,3.0\r"
             "_text 2.5,2.75 1.0 0 A.B\r"
             "_line 0.0,0.0,0.0 10.0,-2.5,1.0 \r"
             "_circle 5.0,5.0 2.0\r");
   // The export changes nothing: the command comes back for another selection.
-  EXPECT_EQ(b.s.ComandoCorrente, 218);
-  EXPECT_EQ(ContaSelezionati(b.s), 0);
+  EXPECT_EQ(std::make_tuple(s.ComandoCorrente, ContaSelezionati(s)), std::make_tuple(218, 0));
 }
 
 }  // namespace

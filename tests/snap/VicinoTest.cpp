@@ -7,7 +7,7 @@
 #include <random>
 
 #include "snap/Vicino.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "survey/Convenzioni.h"
 #include "view/Rigenera.h"
 
@@ -16,54 +16,46 @@ namespace {
 
 using namespace prova;
 
-void Vicino(const PuntoXYZ& p, double x, double y, double z, const char* cosa) {
-  EXPECT_NEAR(p.X, x, 1e-9) << cosa;
-  EXPECT_NEAR(p.Y, y, 1e-9) << cosa;
-  EXPECT_NEAR(p.Z, z, 1e-9) << cosa;
+struct VicinanzaBanco : BancoProva {};
+
+// The coordinates of the points one after another, for Vicini: value 3k + 1 is the North
+// of the k-th point.
+Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
+  Valori v;
+  for (const PuntoXYZ& p : punti) v.insert(v.end(), {p.X, p.Y, p.Z});
+  return v;
 }
 
-TEST(IlPiuVicino, DisegnoVuotoNonTrovaNulla) {
-  Banco b;
-  b.Pronto();
-  EXPECT_EQ(IlPiuVicinoPunto(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoLinea(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoBitMap(b.s, 3, 4).Riga, -1);
-  EXPECT_EQ(LapiuvicinaBitMap(b.s, 3, 4, {}).VicinaTipo, 0);
+TEST_F(VicinanzaBanco, IlPiuVicinoDisegnoVuotoNonTrovaNulla) {
+  Pronto();
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
+  EXPECT_EQ(IlPiuVicinoBitMap(s, 3, 4).Riga, -1);
+  EXPECT_EQ(LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo, 0);
 }
 
-TEST(IlPiuVicino, LimitiInAltezzeDiVistaConIlConfine) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   MettiPunto(s, "a 20 km", 20000, 0);
   MettiLinea(s, 0, 2000, 10, 2000);
   MettiCerchio(s, 0, -2100, 100);
-  b.Pronto(0, 0, 10);
+  Pronto(0, 0, 10);
   // Points to 2000 view heights, the rest to 200; the limit itself still counts.
-  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);
-  EXPECT_EQ(IlPiuVicinoPunto(s, -0.5, 0).Riga, -1);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, 0).Riga, 0);
-  EXPECT_EQ(IlPiuVicinoLinea(s, 0, -0.5).Riga, -1);
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 0, 0).Riga, IlPiuVicinoPunto(s, -0.5, 0).Riga), std::make_tuple(0, -1));
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoLinea(s, 0, 0).Riga, IlPiuVicinoLinea(s, 0, -0.5).Riga), std::make_tuple(0, -1));
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0).Riga, 0);
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
 
-TEST(IlPiuVicinoPerNome, NomeRifilatoPrimoTrovatoSaltaICancellati) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, IlPiuVicinoPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
   MettiPunto(s, "101", 0, 0);
   s.PuntoIdent[0] = -1;
-  MettiPunto(s, " 101 ", 1, 0);
-  MettiPunto(s, "101", 2, 0);
-  EXPECT_EQ(IlPiuVicinoPerNome(s, "101  "), 1);
-  EXPECT_EQ(IlPiuVicinoPerNome(s, "102"), -1);
+  MettiPunti(s, {{" 101 ", 1, 0}, {"101", 2, 0}});
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPerNome(s, "101  "), IlPiuVicinoPerNome(s, "102")), std::make_tuple(1, -1));
 }
 
 // Between the kinds of list records only: against an equal facet the contour does not win;
 // strictly nearer it does, giving its list record as facets do.
-TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
-  Banco b;
-  Sessione& s = b.s;
-  b.Pronto();
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapIlContornoVinceSoloSePiuVicino) {
+  Pronto();
   DimensionaSette(s);
   s.ContaEntita[SlotSette] = 1;
   DimensionaFalde(s);
@@ -73,39 +65,30 @@ TEST(LapiuvicinaBitMap, IlContornoVinceSoloSePiuVicino) {
   IndicizzaDisegno(s);
   EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, SlotFalde);
   const RisultatoVicina r = LapiuvicinaBitMap(s, 0, 0.5, {});
-  EXPECT_EQ(r.VicinaTipo, SlotSette);
-  EXPECT_EQ(r.VicinaRiga, contorno);
+  EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotSette, contorno));
 }
 
-TEST(LapiuvicinaBitMap, UnPuntoOltreMilleAltezzeNonBasta) {
-  Banco b;
-  MettiPunto(b.s, "lontano", 1500, 0);
-  b.Pronto(0, 0, 1);
-  EXPECT_EQ(IlPiuVicinoPunto(b.s, 0, 0).Riga, 0);  // found by its own search
-  EXPECT_EQ(LapiuvicinaBitMap(b.s, 0, 0, {}).VicinaTipo, 0);  // but not beyond the general limit
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapUnPuntoOltreMilleAltezzeNonBasta) {
+  MettiPunto(s, "lontano", 1500, 0);
+  Pronto(0, 0, 1);
+  EXPECT_EQ(IlPiuVicinoPunto(s, 0, 0).Riga, 0);  // found by its own search
+  EXPECT_EQ(LapiuvicinaBitMap(s, 0, 0, {}).VicinaTipo, 0);  // but not beyond the general limit
 }
 
-TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnaLinea) {
   MettiLinea(s, 0, 0, 8, 0, 0, 4);
-  b.Pronto();
+  Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 1, 3, {6, -2, 0});
-  EXPECT_EQ(r.VicinaTipo, SlotLinee);
-  EXPECT_EQ(r.VicinaRiga, 0);
+  EXPECT_EQ(std::tie(r.VicinaTipo, r.VicinaRiga), std::make_tuple(SlotLinee, 0));
   EXPECT_DOUBLE_EQ(r.VicinaDistanza, 3.0);
-  Vicino(r.Inizio, 0, 0, 0, "Inizio");
-  Vicino(r.PrimoQuarto, 2, 0, 1, "PrimoQuarto");
-  Vicino(r.Medio, 4, 0, 2, "Medio");
-  Vicino(r.TerzoQuarto, 6, 0, 3, "TerzoQuarto");
-  Vicino(r.Fine, 8, 0, 4, "Fine");
-  Vicino(r.Centro, 4, 0, 2, "Centro");
-  Vicino(r.Ortogonale, 6, 0, 3, "Ortogonale");   // the foot of (6, -2), at the line's height there
-  Vicino(r.Vicino, 1, 0, 0.5, "Vicino");         // the foot of the pointer
-  Vicino(r.PiuVicinoFine, 0, 0, 0, "PiuVicinoFine");
-  // (0, 0) and (2, 0) are both sqrt(10) from (1, 3): the first of equals.
-  Vicino(r.Quadrante, 0, 0, 0, "Quadrante");
-  Vicino(r.Tangente, 6, 0, 0, "Tangente");       // the foot, at the height of Punto1
+  // The ends, quarters and middle along the line with its heights; the centre is the middle;
+  // the foot of (6, -2) at the line's height there; the foot of the pointer; the nearer end.
+  EXPECT_TRUE(Vicini(Xyz({r.Inizio, r.PrimoQuarto, r.Medio, r.TerzoQuarto, r.Fine, r.Centro, r.Ortogonale, r.Vicino,
+                          r.PiuVicinoFine}),
+                     {0, 0, 0, 2, 0, 1, 4, 0, 2, 6, 0, 3, 8, 0, 4, 4, 0, 2, 6, 0, 3, 1, 0, 0.5, 0, 0, 0}));
+  // (0, 0) and (2, 0) are both sqrt(10) from (1, 3): the first of equals. The tangent: the
+  // foot, at the height of Punto1.
+  EXPECT_TRUE(Vicini(Xyz({r.Quadrante, r.Tangente}), {0, 0, 0, 6, 0, 0}));
 
   // Equally far from both ends: the second end.
   EXPECT_EQ(LapiuvicinaBitMap(s, 4, 1, {}).PiuVicinoFine.X, 8.0);
@@ -114,69 +97,55 @@ TEST(LapiuvicinaBitMap, RecordDiUnaLinea) {
   // the entity found is the stroke nearest to the pointer, 6 to 9, ends and heights its own.
   s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
   s.LineaTratteggio[static_cast<size_t>(MettiLinea(s, 0, 10, 20, 10, 0, 20))] = 2;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina t = LapiuvicinaBitMap(s, 7.5, 11, {});
   EXPECT_EQ(t.VicinaRiga, 1);
   EXPECT_DOUBLE_EQ(t.VicinaDistanza, 1.0);
-  Vicino(t.Inizio, 6, 10, 6, "Inizio del tratto");
-  Vicino(t.Fine, 9, 10, 9, "Fine del tratto");
-  Vicino(t.Medio, 7.5, 10, 7.5, "Medio del tratto");
-  // In a gap the nearer stroke: at 10.4 the one from 6 to 9 (1.4 away), not 12 to 15.
-  Vicino(LapiuvicinaBitMap(s, 10.4, 10, {}).PiuVicinoFine, 9, 10, 9, "Fine nel vuoto");
-  // Halfway in a gap the two strokes are as near: the later, as between records.
-  Vicino(LapiuvicinaBitMap(s, 10.5, 10, {}).Inizio, 12, 10, 12, "Parita");
+  // Start, end and middle of the stroke. In a gap the nearer stroke: at 10.4 the one from 6
+  // to 9 (1.4 away), not 12 to 15. Halfway in a gap the two strokes are as near: the later,
+  // as between records.
+  EXPECT_TRUE(Vicini(Xyz({t.Inizio, t.Fine, t.Medio, LapiuvicinaBitMap(s, 10.4, 10, {}).PiuVicinoFine,
+                          LapiuvicinaBitMap(s, 10.5, 10, {}).Inizio}),
+                     {6, 10, 6, 9, 10, 9, 7.5, 10, 7.5, 9, 10, 9, 12, 10, 12}));
 }
 
-TEST(LapiuvicinaBitMap, RecordDiUnCerchioEDiUnArco) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
   MettiCerchio(s, 10, 0, 2, 7);
-  b.Pronto();
+  Pronto();
   const PuntoXYZ p1{0, 0, 3};
   const RisultatoVicina c = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(c.VicinaTipo, SlotCerchi);
-  Vicino(c.Centro, 10, 0, 7, "Centro");
-  Vicino(c.Inizio, 12, 0, 7, "Inizio");  // East, North, West, South, East
-  Vicino(c.PrimoQuarto, 10, 2, 7, "PrimoQuarto");
-  Vicino(c.Medio, 8, 0, 7, "Medio");
-  Vicino(c.TerzoQuarto, 10, -2, 7, "TerzoQuarto");
-  Vicino(c.Fine, 12, 0, 7, "Fine");
-  // On the line from Punto1 through the centre: (8, 0) and (12, 0); the circle keeps the one
+  // The centre; the start and the quarters East, North, West, South, East. The foot: on the
+  // line from Punto1 through the centre lie (8, 0) and (12, 0); the circle keeps the one
   // nearer to the pointer.
-  Vicino(c.Ortogonale, 12, 0, 7, "Ortogonale");
-  // From the pointer through the centre, the side of the pointer: 2 along (0.5, 2.5).
-  const double l = std::hypot(0.5, 2.5);
-  Vicino(c.Vicino, 10 + 2 * 0.5 / l, 2 * 2.5 / l, 7, "Vicino");
+  EXPECT_TRUE(Vicini(Xyz({c.Centro, c.Inizio, c.PrimoQuarto, c.Medio, c.TerzoQuarto, c.Fine, c.Ortogonale}),
+                     {10, 0, 7, 12, 0, 7, 10, 2, 7, 8, 0, 7, 10, -2, 7, 12, 0, 7, 12, 0, 7}));
+  // Near: from the pointer through the centre, the side of the pointer, 2 along (0.5, 2.5).
   // The tangents from (0, 0): their feet stand R²/d = 0.4 short of the centre, at
-  // R·sqrt(1 - (R/d)²) to each side.
-  Vicino(c.Tangente, 9.6, 2 * std::sqrt(0.96), 3, "Tangente");
-  Vicino(c.Quadrante, 10, 2, 7, "Quadrante");
+  // R·sqrt(1 - (R/d)²) to each side. The quadrant: North.
+  const double l = std::hypot(0.5, 2.5);
+  EXPECT_TRUE(Vicini(Xyz({c.Vicino, c.Tangente, c.Quadrante}),
+                     {10 + 2 * 0.5 / l, 2 * 2.5 / l, 7, 9.6, 2 * std::sqrt(0.96), 3, 10, 2, 7}));
 
   // The same ring as an arc keeps, for the foot, the candidate nearer to Punto1.
   s.CerchioIdent[0] = -1;
   MettiArco(s, 10, 0, 2, 0, 400, 7, 7);
   s.ArcoZ[0] = 7;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina a = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(a.VicinaTipo, SlotArchi);
-  Vicino(a.Ortogonale, 8, 0, 7, "Ortogonale dell'arco");
+  EXPECT_TRUE(Vicini(Xyz({a.Ortogonale}), {8, 0, 7}));
 }
 
-TEST(LapiuvicinaBitMap, PuntiLungoUnArcoConLeQuote) {
-  Banco b;
-  Sessione& s = b.s;
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapPuntiLungoUnArcoConLeQuote) {
   MettiArco(s, 0, 0, 10, 0, 100, 0, 8);
   s.ArcoZ[0] = 1;
-  b.Pronto();
+  Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 7, 7, {});
   ASSERT_EQ(r.VicinaTipo, SlotArchi);
   const double q = 10 * std::sin(PiGreco / 8), t = 10 * std::cos(PiGreco / 8), m = 10 * std::sqrt(0.5);
-  Vicino(r.Inizio, 0, 10, 0, "Inizio");
-  Vicino(r.PrimoQuarto, q, t, 2, "PrimoQuarto");
-  Vicino(r.Medio, m, m, 4, "Medio");
-  Vicino(r.TerzoQuarto, t, q, 6, "TerzoQuarto");
-  Vicino(r.Fine, 10, 0, 8, "Fine");
-  Vicino(r.Centro, 0, 0, 1, "Centro");
+  EXPECT_TRUE(Vicini(Xyz({r.Inizio, r.PrimoQuarto, r.Medio, r.TerzoQuarto, r.Fine, r.Centro}),
+                     {0, 10, 0, q, t, 2, m, m, 4, t, q, 6, 10, 0, 8, 0, 0, 1}));
 }
 
 // A plain scan of each table from row 0 up, "not farther" replacing: the reference the
