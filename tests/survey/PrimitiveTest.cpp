@@ -279,12 +279,6 @@ TEST(NomiEConvenzioni, NomiPulitiEMaschereDeiGonEDeiMetri) {
   EXPECT_EQ(TestoQuattroDecimali(12.34567), "12.3457");
 }
 
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
-
 // The same figure drawn near the origin and moved onto the national grid must give the same
 // crossing and the same foot, to far below a tenth of a millimetre: the shift is a whole
 // number of metres, exact in binary, so any difference is what the primitive lost.
