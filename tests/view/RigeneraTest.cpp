@@ -7,6 +7,7 @@
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "support/ProvaComandi.h"
 #include "view/Rigenera.h"
 #include "view/Ridisegna.h"
 #include "view/SuperficieRegistrata.h"
@@ -31,40 +32,27 @@ struct Scena {
     s.Tratteggi.Stili[2].Elementi = {2, 3, -3};
   }
   int Linea(double x1, double y1, double x2, double y2, int colore = 1, int stile = 1) {
-    DimensionaLinee(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotLinee]);
-    s.LineaX1[r] = x1, s.LineaY1[r] = y1, s.LineaX2[r] = x2, s.LineaY2[r] = y2;
-    s.LineaColore[r] = colore;
-    s.LineaTratteggio[r] = static_cast<int16_t>(stile);
-    s.LineaPiano[r] = "0";
-    return s.ContaEntita[SlotLinee]++;
+    const int32_t r = prova::MettiLinea(s, x1, y1, x2, y2);
+    s.LineaColore[static_cast<size_t>(r)] = colore;
+    s.LineaTratteggio[static_cast<size_t>(r)] = static_cast<int16_t>(stile);
+    return r;
   }
+  // Labels 2 m high.
   int Punto(const char* nome, double x, double y, int simbolo, double dimensione) {
-    DimensionaPunti(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotPunti]);
-    s.PuntoNome[r] = nome;
-    s.PuntoX[r] = x, s.PuntoY[r] = y, s.PuntoZ[r] = 12.345;
+    const auto r = static_cast<size_t>(prova::MettiPunto(s, nome, x, y, 12.345));
     s.PuntoSimbolo[r] = static_cast<int16_t>(simbolo);
     s.PuntoDimensioneSimbolo[r] = dimensione;
     s.PuntoDimensioneNome[r] = s.PuntoDimensioneQuota[r] = s.PuntoDimensioneDescrizione[r] = 2;
-    s.PuntoColoreSimbolo[r] = s.PuntoColoreNome[r] = s.PuntoColoreQuota[r] = s.PuntoColoreDescrizione[r] = 1;
-    s.PuntoFont[r] = "Arial";
-    return s.ContaEntita[SlotPunti]++;
+    return static_cast<int>(r);
   }
   void Testo(const char* testo, int colore) {
-    DimensionaTesti(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotTesti]++);
-    s.TestoTesto[r] = testo;
-    s.TestoX[r] = 1000, s.TestoY[r] = 2000, s.TestoAltezza[r] = 2;
-    s.TestoColore[r] = colore;
+    const auto r = static_cast<size_t>(prova::MettiTesto(s, 1000, 2000, testo));
+    s.TestoAltezza[r] = 2, s.TestoColore[r] = colore, s.TestoFont[r] = "";
   }
   // An image "foto<row>.png" inserted at (x, 2010), its size in pixels times `scala` metres.
   void Bitmap(double x, double larghezza, double altezza, double scala) {
-    DimensionaBitmap(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotBitmap]++);
-    s.BitmapNomeFile[r] = "foto" + std::to_string(r) + ".png";
-    s.BitmapX[r] = x, s.BitmapY[r] = 2010, s.BitmapLarghezza[r] = larghezza, s.BitmapAltezza[r] = altezza;
-    s.BitmapScalaLar[r] = s.BitmapScalaAlt[r] = scala;
+    const int32_t r = prova::MettiImmagine(s, x, 2010, larghezza, altezza, scala);
+    s.BitmapNomeFile[static_cast<size_t>(r)] = "foto" + std::to_string(r) + ".png";
   }
   void Disegna() {
     RigeneraLista(s);
@@ -86,12 +74,8 @@ TEST(Rigenerazione, OrdineDelleTipologie) {
   Scena z;
   z.Linea(990, 1990, 1010, 1990);
   z.Testo("VIA ROMA", 0);
-  DimensionaCerchi(z.s);
-  z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 2000, z.s.CerchioRaggio[0] = 5;
-  z.s.ContaEntita[SlotCerchi] = 1;
-  DimensionaArchi(z.s);
-  z.s.ArcoX[0] = 1000, z.s.ArcoY[0] = 2000, z.s.ArcoRaggio[0] = 5, z.s.ArcoInizio[0] = 0, z.s.ArcoFine[0] = 100;
-  z.s.ContaEntita[SlotArchi] = 1;
+  prova::MettiCerchio(z.s, 1000, 2000, 5);
+  prova::MettiArco(z.s, 1000, 2000, 5, 0, 100);
   z.Bitmap(990, 100, 50, 0.1);
   DimensionaFalde(z.s);
   z.s.FaldaX1[0] = 990, z.s.FaldaY1[0] = 1990, z.s.FaldaX2[0] = 1010, z.s.FaldaY2[0] = 1990;
@@ -180,13 +164,7 @@ TEST(Rigenerazione, TrattiTroncaEQuota) {
 
 TEST(Rigenerazione, UnArcoNonFaPiuDiUnGiroDiCorde) {
   Scena z;
-  auto arco = [&](double raggio, double inizio, double ampiezza) {
-    DimensionaArchi(z.s);
-    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotArchi]++);
-    z.s.ArcoX[r] = 1000, z.s.ArcoY[r] = 2000, z.s.ArcoRaggio[r] = raggio;
-    z.s.ArcoInizio[r] = inizio, z.s.ArcoFine[r] = ampiezza;
-    z.s.ArcoColore[r] = 1;
-  };
+  auto arco = [&](double raggio, double inizio, double ampiezza) { prova::MettiArco(z.s, 1000, 2000, raggio, inizio, ampiezza); };
   // 4e7 gon are a hundred thousand whole turns: one turn. Radius 10: a chord whose sagitta
   // is half a millimetre spans 2 acos(1 - 0.0005 / 10) = 0.0200003 rad, 314.16 of them to
   // the turn, so 315 chords.
@@ -224,13 +202,7 @@ TEST(Rigenerazione, TratteggiLunghiNonMoltiplicanoIlDisegno) {
 TEST(Rigenerazione, CerchiTratteggiatiUnRecordEIlorTrattiInVista) {
   Scena z;
   // 20,000 dashed circles of radius 1 to 3 km about (1000, 2000 - 1000): each one record.
-  for (int i = 0; i < 20000; ++i) {
-    DimensionaCerchi(z.s);
-    const auto r = static_cast<size_t>(z.s.ContaEntita[SlotCerchi]++);
-    z.s.CerchioX[r] = 1000, z.s.CerchioY[r] = 1000, z.s.CerchioRaggio[r] = 1000 + i * 0.1;
-    z.s.CerchioColore[r] = 1;
-    z.s.CerchioTratteggio[r] = 2;
-  }
+  for (int i = 0; i < 20000; ++i) z.s.CerchioTratteggio[static_cast<size_t>(prova::MettiCerchio(z.s, 1000, 1000, 1000 + i * 0.1))] = 2;
   z.Disegna();
   EXPECT_EQ(z.s.ListaDisegno.Conta(), 20000);
   // The view, 160 by 100 m about (1000, 2000), holds the top of the circles up to a radius
@@ -257,11 +229,7 @@ TEST(Rigenerazione, CerchiTratteggiatiUnRecordEIlorTrattiInVista) {
 
 TEST(Ridisegno, CerchioTratteggiatoSottoIlPixelInCorde) {
   Scena z;
-  DimensionaCerchi(z.s);
-  z.s.CerchioX[0] = 1000, z.s.CerchioY[0] = 1000, z.s.CerchioRaggio[0] = 1000;
-  z.s.CerchioColore[0] = 1;
-  z.s.CerchioTratteggio[0] = 2;
-  z.s.ContaEntita[SlotCerchi] = 1;
+  z.s.CerchioTratteggio[static_cast<size_t>(prova::MettiCerchio(z.s, 1000, 1000, 1000))] = 2;
   // A pixel of 106 m against a repeat of 6 m: the plain curve, in chords whose sagitta is
   // half a millimetre, 2 acos(1 - 0.0005 / 1000) = 0.0020000 rad each: 3141.4 of them in
   // 399.99 gon, so 3142.
