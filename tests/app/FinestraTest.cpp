@@ -460,8 +460,7 @@ TEST_F(Desktop, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
   ASSERT_TRUE(f->DockPunti()->isVisible());
   PannelloPunti* p = f->Punti();
   QAbstractItemModel* m = p->Vista()->model();
-  int vivi = 0;
-  for (int32_t k = 0; k < s->ContaEntita[SlotPunti]; ++k) vivi += s->PuntoIdent[static_cast<size_t>(k)] == 0;
+  const int64_t vivi = RigheVive(*s, SlotPunti);
   ASSERT_GT(vivi, 2);
   EXPECT_EQ(m->rowCount(), vivi);
   EXPECT_EQ(m->headerData(2, Qt::Horizontal).toString().toStdString(), "Nord (X)");
