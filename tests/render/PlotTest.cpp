@@ -1,11 +1,13 @@
-// varena-cli plot: a drawing of one known line and one known text plotted at 1:1000 on A4
-// landscape, the PDF read back with poppler's own tools: the sheet's size, the line's
-// length on paper, the text's place. Then the inputs that must write nothing.
+// varena-cli render and plot. Render: the example job into a PNG and an SVG, and with the
+// demonstration extract under it. Plot: a drawing of one known line and one known text plotted
+// at 1:1000 on A4 landscape, the PDF read back with poppler's own tools: the sheet's size, the
+// line's length on paper, the text's place. Then the inputs that must write nothing.
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <sstream>
 
 #include "Comandi.h"
@@ -47,19 +49,100 @@ void ScriviLavoro(const std::string& base) {
   ASSERT_TRUE(SalvaTutto(s));
 }
 
-struct Plot : ::testing::Test {
+// The program's folders in a temporary one, for the run of a command.
+struct ComandoRender : ::testing::Test {
   prova::CartellaTemporanea t;
-  std::string lavoro;
   void SetUp() override {
     setenv("VARENA_DOCUMENTI", t.Percorso().c_str(), 1);
     setenv("VARENA_PROGRAMMA", (t / "prog").c_str(), 1);
-    NuovaCartella(t / "job");
-    lavoro = t / "job/PIANO";
-    ScriviLavoro(lavoro);
   }
   void TearDown() override {
     unsetenv("VARENA_DOCUMENTI");
     unsetenv("VARENA_PROGRAMMA");
+  }
+  // How many pixels of an image are of the red of pen 1.
+  static int Rossi(const QImage& img) {
+    int n = 0;
+    for (int y = 0; y < img.height(); ++y)
+      for (int x = 0; x < img.width(); ++x) {
+        const QRgb p = img.pixel(x, y);
+        n += qRed(p) > 200 && qGreen(p) < 80 && qBlue(p) < 80;
+      }
+    return n;
+  }
+};
+
+TEST_F(ComandoRender, PngESvgDelLavoroDiEsempio) {
+  const std::string lavoro = std::string(VARENA_SORGENTI) + "/examples/RILIEVO.CFG";
+  std::ostringstream out, err;
+  ASSERT_EQ(cli::Esegui({"render", lavoro, t / "r.png", "--size", "400x250"}, out, err), 0) << err.str();
+  EXPECT_EQ(out.str(), "Scritto " + (t / "r.png") + " (400x250, vista E 1725320.000 N 5031210.000 altezza 70.000)\n");
+  QImage img(QString::fromStdString(t / "r.png"));
+  ASSERT_EQ(img.size(), QSize(400, 250));
+  // White background (colour 7) and the red house (colour 1) near the middle.
+  EXPECT_EQ(img.pixel(2, 2) & 0xFFFFFF, 0xFFFFFFu);
+  EXPECT_GT(Rossi(img), 50);
+
+  std::ostringstream out2, err2;
+  ASSERT_EQ(cli::Esegui({"render", lavoro, t / "r.svg", "--view", "1725320,5031210,30"}, out2, err2), 0);
+  const std::string svg = prova::LeggiFileProva(t / "r.svg");
+  EXPECT_NE(svg.find("<svg"), std::string::npos);
+  EXPECT_NE(svg.find("FABBRICATO"), std::string::npos);
+  // Symbols are strokes, not pictures, and every text names the job's font before its twin.
+  auto conta = [&svg](const std::string& cosa) {
+    size_t n = 0;
+    for (size_t p = svg.find(cosa); p != std::string::npos; p = svg.find(cosa, p + 1)) ++n;
+    return n;
+  };
+  EXPECT_EQ(conta("<image"), 0u);
+  // The eight points within 24 m East and 15 m North of the centre, 100 to 104, 106, 109
+  // and 113: two symbols (station, surveyed point), each drawn once and placed.
+  EXPECT_EQ(conta("<use xlink:href=\"#s"), 8u);
+  EXPECT_EQ(conta("<g id=\"s"), 2u);
+  EXPECT_GT(conta("<text"), 10u);
+  EXPECT_EQ(conta("font-family=\"Arial, Liberation Sans\""), conta("<text"));
+
+  std::ostringstream out3, err3;
+  EXPECT_EQ(cli::Esegui({"render", lavoro, t / "r.bmp"}, out3, err3), 64);
+  EXPECT_EQ(cli::Esegui({"render", lavoro, t / "r.png", "--size", "3x3"}, out3, err3), 64);
+  EXPECT_EQ(cli::Esegui({"render", t / "manca.CFG", t / "r.png"}, out3, err3), 1);
+}
+
+TEST_F(ComandoRender, EstrattoSottoIlRilievo) {
+  // The example job with the demonstration extract F12 named in its settings.
+  namespace fs = std::filesystem;
+  const fs::path esempi = fs::path(VARENA_SORGENTI) / "examples";
+  fs::create_directories(t / "VR2000/PREGEO/ESTRATTI");
+  fs::create_directories(t / "lavoro");
+  for (const char* f : {"F12.EMP", "F12.PNG"}) fs::copy_file(esempi / "ESTRATTI" / f, t / ("VR2000/PREGEO/ESTRATTI/" + std::string(f)));
+  for (const fs::directory_entry& e : fs::directory_iterator(esempi))
+    if (e.path().stem() == "RILIEVO") fs::copy_file(e.path(), t / ("lavoro/" + e.path().filename().string()));
+  std::string cfg = prova::LeggiFileProva(t / "lavoro/RILIEVO.CFG");
+  const size_t p = cfg.find("\r\n\"7\"\r\n");
+  ASSERT_NE(p, std::string::npos);
+  cfg.replace(p, 7, "\r\n\"7|||||||||||||||||F12.EMP|0|F12.PNG||0|1\"\r\n");
+  prova::ScriviFileProva(t / "lavoro/RILIEVO.CFG", cfg);
+  std::ostringstream out, err;
+  ASSERT_EQ(cli::Esegui({"render", t / "lavoro/RILIEVO.CFG", t / "r.png", "--size", "400x250", "--view",
+                         "1725340,5031205,110"}, out, err), 0) << err.str();
+  const QImage img(QString::fromStdString(t / "r.png"));
+  ASSERT_EQ(img.size(), QSize(400, 250));
+  // The raster's paper where nothing else is drawn, and the parcels' sides in pen 1.
+  EXPECT_EQ(img.pixel(2, 2) & 0xFFFFFF, 0xF4EEDCu);
+  int carta = 0;
+  for (int y = 0; y < 250; ++y)
+    for (int x = 0; x < 400; ++x) carta += (img.pixel(x, y) & 0xFFFFFF) == 0xF4EEDCu;
+  EXPECT_GT(carta, 400 * 250 / 2);
+  EXPECT_GT(Rossi(img), 1000);
+}
+
+struct Plot : ComandoRender {
+  std::string lavoro;
+  void SetUp() override {
+    ComandoRender::SetUp();
+    NuovaCartella(t / "job");
+    lavoro = t / "job/PIANO";
+    ScriviLavoro(lavoro);
   }
 };
 
@@ -156,12 +239,6 @@ TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
   EXPECT_EQ(err.str(), "Impossibile scrivere " + (t / "manca/no.pdf") + "\n");
   EXPECT_FALSE(EsisteCartella(t / "manca"));
 }
-
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
 
 // The SVG of a page: millimetres of the sheet, the line at its place and thickness, the
 // texts in their twins, the narrow face of the captions in the narrow twin.

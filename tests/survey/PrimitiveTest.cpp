@@ -1,4 +1,5 @@
-// Plane primitives. Expected values are worked by hand: where the arithmetic of a case is
+// Plane primitives, and the constructions at the edges their commands' scripts do not reach.
+// Expected values of the primitives are worked by hand: where the arithmetic of a case is
 // exact in binary (a 3-4-5 triangle, an angle of a power of two times pi) the value is
 // compared to the last bit; where it is not, the hand-worked geometric answer is compared
 // with a tolerance a million times below any survey tolerance.
@@ -12,12 +13,14 @@
 #include <vector>
 
 #include "core/Tabelle.h"
+#include "survey/CostruzionePunti.h"
 #include "survey/Primitive.h"
 
 namespace varena {
 namespace {
 
 constexpr double kGeo = 1e-12;  // metres, for answers whose last bits depend on sin and cos
+constexpr double kCostruzione = 1e-9;  // metres, for the constructions checked by a second formula
 
 using Coppia = std::pair<double, double>;
 using Tre = std::array<double, 3>;
@@ -27,9 +30,9 @@ Coppia AD(double x1, double y1, double x2, double y2) {
   return {r.Azimut, r.Distanza};
 }
 Tre XYZ(const PuntoXYZ& p) { return {p.X, p.Y, p.Z}; }
-void Vicino(const PuntoXYZ& p, double x, double y) {
-  EXPECT_NEAR(p.X, x, kGeo);
-  EXPECT_NEAR(p.Y, y, kGeo);
+void Vicino(const PuntoXYZ& p, double x, double y, double tolleranza = kGeo) {
+  EXPECT_NEAR(p.X, x, tolleranza);
+  EXPECT_NEAR(p.Y, y, tolleranza);
 }
 
 // The angle constants are known to the compiler: a constant of another file built on them
@@ -279,12 +282,6 @@ TEST(NomiEConvenzioni, NomiPulitiEMaschereDeiGonEDeiMetri) {
   EXPECT_EQ(TestoQuattroDecimali(12.34567), "12.3457");
 }
 
-}  // namespace
-}  // namespace varena
-
-namespace varena {
-namespace {
-
 // The same figure drawn near the origin and moved onto the national grid must give the same
 // crossing and the same foot, to far below a tenth of a millimetre: the shift is a whole
 // number of metres, exact in binary, so any difference is what the primitive lost.
@@ -308,6 +305,82 @@ TEST(OrigineLocale, LaStessaCostruzioneVicinoAllOrigineESullaRetecatastale) {
   std::vector<PuntoXYZ> lontano;
   for (const PuntoXYZ& p : lotto) lontano.push_back(sposta(p));
   EXPECT_NEAR(AreaPerimetro(lontano)->Area, AreaPerimetro(lotto)->Area, 1e-6);
+}
+
+// The constructions, against a second formula: plane vectors (a unit vector along the base and
+// its right-hand normal) and the law of sines. None of them goes through azimuths, which is
+// how the code works.
+struct Vettore {
+  double X, Y;
+};
+
+// The unit vector from A to B, and the one square to its right (clockwise).
+Vettore Lungo(const PuntoXYZ& a, const PuntoXYZ& b) {
+  const double l = std::hypot(b.X - a.X, b.Y - a.Y);
+  return {(b.X - a.X) / l, (b.Y - a.Y) / l};
+}
+Vettore Destra(Vettore u) { return {u.Y, -u.X}; }
+// `u` turned clockwise by `gon`.
+Vettore Gira(Vettore u, double gon) {
+  const double t = gon * std::acos(-1.0) / 200;
+  return {u.X * std::cos(t) + u.Y * std::sin(t), -u.X * std::sin(t) + u.Y * std::cos(t)};
+}
+
+// A base at an odd angle, climbing 6 m along it.
+const PuntoXYZ kA{100.5, 200.25, 12};
+const PuntoXYZ kB{180.0, 260.0, 18};
+const double kL = std::hypot(79.5, 59.75);
+
+TEST(PiedeSegnato, DietroADestraAscissaNegativaEPiedeInSalita) {
+  const Vettore u = Lungo(kA, kB), n = Destra(u);
+  const PuntoXYZ p{kA.X - 7 * u.X + 4 * n.X, kA.Y - 7 * u.Y + 4 * n.Y, 0};
+  const PiedeConSegni r = PiedeSegnato(kA, kB, p);
+  ASSERT_EQ(r.Stato, kRiuscito);
+  EXPECT_NEAR(r.Ascissa, -7, kCostruzione);
+  EXPECT_NEAR(r.Distacco, 4, kCostruzione);
+  Vicino(r.F, kA.X - 7 * u.X, kA.Y - 7 * u.Y, kCostruzione);
+  EXPECT_NEAR(r.F.Z, 12 - 7 * 6 / kL, kCostruzione);
+  EXPECT_EQ(PiedeSegnato(kA, kA, kB).Stato, kNessunaSoluzione);  // no line
+}
+
+TEST(PuntoSquadro, QuotaDelPiedeSullaBase) {
+  PuntoXYZ q;
+  ASSERT_EQ(PuntoSquadro(kA, kB, 20, 33, 0, q), kRiuscito);
+  EXPECT_NEAR(q.Z, 12 + 20 * 6 / kL, kCostruzione);
+}
+
+TEST(PuntoInAvanti, LeggeDeiSeniDaOgniLatoEAlleCoordinateCatastali) {
+  // Unequal angles, so that swapping them shows: the apex is c·sin(β)/sin(α + β) from A.
+  const double rad = std::acos(-1.0) / 200;
+  const double da = kL * std::sin(70 * rad) / std::sin(100 * rad);
+  PuntoXYZ p;
+  ASSERT_EQ(PuntoInAvanti(kA, kB, 30, 70, p), kRiuscito);
+  const Vettore v = Gira(Lungo(kA, kB), 30);
+  Vicino(p, kA.X + da * v.X, kA.Y + da * v.Y, kCostruzione);
+  // Negative angles meet on the left: the mirror image across the base.
+  ASSERT_EQ(PuntoInAvanti(kA, kB, -30, -70, p), kRiuscito);
+  const Vettore w = Gira(Lungo(kA, kB), -30);
+  Vicino(p, kA.X + da * w.X, kA.Y + da * w.Y, kCostruzione);
+  // At East 1725000, North 5031000 the crossing's products of whole coordinates cancel to
+  // within a fraction of a millimetre.
+  const PuntoXYZ a{1725000 + kA.X, 5031000 + kA.Y, 12}, b{1725000 + kB.X, 5031000 + kB.Y, 18};
+  ASSERT_EQ(PuntoInAvanti(a, b, 30, 70, p), kRiuscito);
+  Vicino(p, 1725000 + kA.X + da * v.X, 5031000 + kA.Y + da * v.Y, 1e-3);
+}
+
+TEST(PuntoADistanza, DuePuntiInUnPostoVannoASud) {
+  const PuntoXYZ r = PuntoADistanza(kA, kA, 3);
+  Vicino(r, kA.X, kA.Y - 3, kCostruzione);
+  EXPECT_EQ(r.Z, 12);
+}
+
+TEST(IntersecaDirezione, LungoLaLineaOZenitaleNulla) {
+  // A line running East 10 North of the station, oriented on a point due East read at 100.
+  const PuntoXYZ a{-50, 10, 0}, b{50, 10, 0}, s{0, 0, 200}, o{30, 0, 0};
+  PuntoXYZ p;
+  ASSERT_EQ(IntersecaDirezione(a, b, s, o, 100, 0, 100, 1.4, p), kRiuscito);
+  EXPECT_EQ(IntersecaDirezione(a, b, s, o, 100, 100, 100, 1.4, p), kNessunaSoluzione);
+  EXPECT_EQ(IntersecaDirezione(a, b, s, o, 100, 0, 0, 1.4, p), kNessunaSoluzione);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <random>
 #include <sstream>
+#include <tuple>
 
 #include "cadastre/ContornoSette.h"
 #include "core/Sessione.h"
@@ -21,32 +22,26 @@
 namespace varena {
 namespace {
 
-// The first field in which two lists differ, in words; empty when they are the same.
+// A record of a list as one row of values, its motif's among them.
+auto Campi(const ElencoDisegno& l, int64_t i) {
+  const auto k = static_cast<size_t>(i);
+  const MotivoLinea* m = l.Motivo(i);
+  const MotivoLinea n = m ? *m : MotivoLinea{};
+  return std::tuple(l.X1[k], l.Y1[k], l.Z1[k], l.X2[k], l.Y2[k], l.Z2[k], +l.Tipo[k], l.Riga[k], l.Colore[k], l.Stato[k],
+                    l.Altezza[k], l.Rotazione[k], +l.Primitiva[k], l.Penna[k], l.Tratto[k], l.Spessore[k], l.Testo(i),
+                    l.Font(i), l.Piano(i), m != nullptr, n.X1, n.Y2, n.Z2, n.Tratteggio, n.Arco, n.Raggio, n.Ampiezza);
+}
+
+// The first record in which two lists differ, in words; empty when they are the same.
 std::string Differenza(const ElencoDisegno& a, const ElencoDisegno& b) {
   std::ostringstream o;
   if (a.Conta() != b.Conta()) o << "records: " << a.Conta() << " made row by row, " << b.Conta() << " made whole; ";
-  for (int64_t i = 0; i < std::min(a.Conta(), b.Conta()); ++i) {
-    const auto k = static_cast<size_t>(i);
-    auto campo = [&](const char* nome, auto x, auto y) {
-      if (!(x == y) && o.tellp() == 0) o << "record " << i << " (kind " << +b.Tipo[k] << ", row " << b.Riga[k] << "), " << nome << ": " << x << " against " << y;
-    };
-    campo("X1", a.X1[k], b.X1[k]), campo("Y1", a.Y1[k], b.Y1[k]), campo("Z1", a.Z1[k], b.Z1[k]);
-    campo("X2", a.X2[k], b.X2[k]), campo("Y2", a.Y2[k], b.Y2[k]), campo("Z2", a.Z2[k], b.Z2[k]);
-    campo("Tipo", +a.Tipo[k], +b.Tipo[k]), campo("Riga", a.Riga[k], b.Riga[k]);
-    campo("Colore", a.Colore[k], b.Colore[k]), campo("Stato", a.Stato[k], b.Stato[k]);
-    campo("Altezza", a.Altezza[k], b.Altezza[k]), campo("Rotazione", a.Rotazione[k], b.Rotazione[k]);
-    campo("Primitiva", +a.Primitiva[k], +b.Primitiva[k]), campo("Penna", a.Penna[k], b.Penna[k]);
-    campo("Tratto", a.Tratto[k], b.Tratto[k]), campo("Spessore", a.Spessore[k], b.Spessore[k]);
-    campo("Testo", a.Testo(i), b.Testo(i)), campo("Font", a.Font(i), b.Font(i)), campo("Piano", a.Piano(i), b.Piano(i));
-    const MotivoLinea *m = a.Motivo(i), *n = b.Motivo(i);
-    campo("motivo", m != nullptr, n != nullptr);
-    if (m && n) {
-      campo("motivo X1", m->X1, n->X1), campo("motivo Y2", m->Y2, n->Y2), campo("motivo Z2", m->Z2, n->Z2);
-      campo("motivo Tratteggio", m->Tratteggio, n->Tratteggio), campo("motivo Arco", m->Arco, n->Arco);
-      campo("motivo Raggio", m->Raggio, n->Raggio), campo("motivo Ampiezza", m->Ampiezza, n->Ampiezza);
+  for (int64_t i = 0; i < std::min(a.Conta(), b.Conta()); ++i)
+    if (Campi(a, i) != Campi(b, i)) {
+      const auto k = static_cast<size_t>(i);
+      o << "record " << i << " (kind " << +b.Tipo[k] << ", row " << b.Riga[k] << ") differs";
+      break;
     }
-    if (o.tellp() != 0) break;
-  }
   return o.str();
 }
 

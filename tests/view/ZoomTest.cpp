@@ -1,13 +1,18 @@
-// Extent, zoom to everything, and the zooms and pans that keys, menus and the pointer drive.
+// The view transform and the view set-up of each redraw; extent, zoom to everything, and the
+// zooms and pans that keys, menus and the pointer drive.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
+#include "support/ProvaComandi.h"
+#include "view/Ridisegna.h"
+#include "view/SuperficieRegistrata.h"
 #include "view/Vista.h"
 #include "view/Zoom.h"
 
@@ -36,40 +41,28 @@ struct Prova {
 Quattro Guida(const GuidaZoom& g) { return {g.X1, g.Y1, g.X2, g.Y2}; }
 
 void Punto(Sessione& s, const std::string& nome, double x, double y, int16_t ident = 0, int16_t congela = 0) {
-  DimensionaPunti(s);
-  const size_t i = static_cast<size_t>(s.ContaEntita[SlotPunti]++);
-  s.PuntoNome[i] = nome;
-  s.PuntoX[i] = x, s.PuntoY[i] = y;
-  s.PuntoIdent[i] = ident;
-  s.PuntoCongelaSimbolo[i] = congela;
+  const auto i = static_cast<size_t>(prova::MettiPunto(s, nome, x, y));
+  s.PuntoIdent[i] = ident, s.PuntoCongelaSimbolo[i] = congela;
 }
 
-TEST(TuttoTutto, LavoroVuotoCentoAttornoA50) {
-  Prova p;
-  p.Vista(7, 8, 9);
-  EXPECT_EQ(TuttoTutto(p.s), Seguito::Rigenerazione);  // a regeneration, not only a redraw
-  EXPECT_EQ(p.Vista(), (Tre{50, 50, 100}));
-  EXPECT_EQ((Tre{p.s.Vista.IngombroEst, p.s.Vista.IngombroNord, p.s.Vista.IngombroAltezza}), (Tre{50, 50, 100}));
-}
-
-TEST(TuttoTutto, PuntiCerchiArchiInGonETesti) {
+TEST(TuttoTutto, VuotoPuntiCerchiArchiInGonTestiERecord) {
   Prova p;
   Sessione& s = p.s;
+  // An empty job: 100 about 50.
+  p.Vista(7, 8, 9);
+  EXPECT_EQ(TuttoTutto(s), Seguito::Rigenerazione);  // a regeneration, not only a redraw
+  EXPECT_EQ(p.Vista(), (Tre{50, 50, 100}));
+  EXPECT_EQ((Tre{s.Vista.IngombroEst, s.Vista.IngombroNord, s.Vista.IngombroAltezza}), (Tre{50, 50, 100}));
+
   Punto(s, "1", 0, 0);
   Punto(s, "2", 200, 100);
   Punto(s, "cancellato", 1000, 1000, -1);
   Punto(s, "congelato", -1000, -1000, 0, -1);
-  DimensionaCerchi(s);
-  s.CerchioX[0] = 50, s.CerchioY[0] = -20, s.CerchioRaggio[0] = 10;  // reaches down to -30
-  s.ContaEntita[SlotCerchi] = 1;
+  prova::MettiCerchio(s, 50, -20, 10);  // reaches down to -30
   // An arc about (300, 0) of radius 10 from 100 gon (East) through 100 gon more (South):
   // its ends are (310, 0) and (300, -10). Read as radians the start would lie near West.
-  DimensionaArchi(s);
-  s.ArcoX[0] = 300, s.ArcoY[0] = 0, s.ArcoRaggio[0] = 10, s.ArcoInizio[0] = 100, s.ArcoFine[0] = 100;
-  s.ContaEntita[SlotArchi] = 1;
-  DimensionaTesti(s);
-  s.TestoX[0] = -50, s.TestoY[0] = 40;
-  s.ContaEntita[SlotTesti] = 1;
+  prova::MettiArco(s, 300, 0, 10, 100, 100);
+  prova::MettiTesto(s, -50, 40, "");
 
   // Box: East -50 .. 310, North -30 .. 100: 360 wide, 130 high.
   EXPECT_EQ(TuttoTutto(s), Seguito::Rigenerazione);
@@ -77,26 +70,23 @@ TEST(TuttoTutto, PuntiCerchiArchiInGonETesti) {
   EXPECT_EQ(s.Vista.CentroNord, 35.0);
   EXPECT_NEAR(s.Vista.AltezzaVista, 360.0, 1e-9);
   EXPECT_EQ(s.Vista.IngombroAltezza, s.Vista.AltezzaVista);
-}
 
-TEST(TuttoTutto, UnSoloPuntoDiventaUnMetroEIRecordAllarganoIlRiquadro) {
-  Prova p;
-  Punto(p.s, "1", 1725000, 5031000);
-  (void)TuttoTutto(p.s);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 0.0);
-  Rigenera1(p.s);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 1.0);
+  // A single point: a view of no height (which the redraw makes one metre, below).
+  Prova q;
+  Punto(q.s, "1", 1725000, 5031000);
+  (void)TuttoTutto(q.s);
+  EXPECT_EQ(q.s.Vista.AltezzaVista, 0.0);
 
   // Both ends of each display-list record widen the box, whatever the record is.
   struct RecordProva {
     double X1, Y1, X2, Y2;
   };
   const RecordProva lista[] = {{1724900, 5031000, 1725000, 5031300}, {1725000, 5031000, 1725000, 5030950}};
-  Ingombro b = IngombroTabelle(p.s);
+  Ingombro b = IngombroTabelle(q.s);
   b.AggiungiRecord(std::span<const RecordProva>(lista));
   b.Aggiungi(std::nan(""), 0);  // a damaged value never reaches the view
-  InquadraIngombro(p.s.Vista, b.Risultato());
-  EXPECT_EQ(p.Vista(), (Tre{1724950, 5031125, 350}));  // the height of the box, larger than its width
+  InquadraIngombro(q.s.Vista, b.Risultato());
+  EXPECT_EQ(q.Vista(), (Tre{1724950, 5031125, 350}));  // the height of the box, larger than its width
 }
 
 TEST(ZoomFinestra, AngoliInQualsiasiOrdineEIlLatoMaggiore) {
@@ -313,7 +303,7 @@ struct RecordLista {
   uint8_t Primitiva;
 };
 
-TEST(ZoomEstratto, SenzaEstrattoDueMessaggiEIlCongelamento) {
+TEST(ZoomEstratto, SenzaEstrattoDueMessaggiCongelatoAvvisaEInquadraComunque) {
   Prova p;
   p.Vista(1, 2, 3);
   int congelato = 0, immagine = 0;
@@ -327,11 +317,10 @@ TEST(ZoomEstratto, SenzaEstrattoDueMessaggiEIlCongelamento) {
   EXPECT_EQ(congelato, 1);
   EXPECT_EQ(immagine, 1);
   EXPECT_EQ(p.s.Vista.AltezzaVista, 3.0);
-}
 
-TEST(ZoomEstratto, CongelatoAvvisaEInquadraComunque) {
-  Prova p;
-  int congelato = 1, immagine = 0;
+  // Frozen: said, and framed all the same.
+  Prova q;
+  congelato = 1, immagine = 0;
   const std::vector<RecordLista> lista{
       {900, 900, 0, 950, 950, 0, 2, 2},      // a line of the drawing: not the extract
       {100, 100, 0, 0, 0, 0, 14, 5},         // first extract record, a text: both corners
@@ -340,19 +329,108 @@ TEST(ZoomEstratto, CongelatoAvvisaEInquadraComunque) {
       {150, 300, 0, 60, 10, 0, 14, 2},       // drawn backwards: widens nothing
       {-500, -500, 0, 900, 900, 0, 14, 5},   // texts only start the box
   };
-  EXPECT_EQ(ZoomEstratto(p.s, "F12", "F12.PNG", congelato, immagine, std::span<const RecordLista>(lista)),
-            Seguito::Ridisegno);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo, "L'estratto è congelato!");
-  EXPECT_EQ(immagine, 0);
-  // Box East 50 .. 150, North 40 .. 200: the width, 100, is the height.
-  EXPECT_EQ(p.Vista(), (Tre{100, 120, 100}));
-
-  Prova q;
-  congelato = 0;
   EXPECT_EQ(ZoomEstratto(q.s, "F12", "F12.PNG", congelato, immagine, std::span<const RecordLista>(lista)),
             Seguito::Ridisegno);
-  EXPECT_TRUE(q.ui.Messaggi.empty());
+  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(q.ui.Messaggi[0].Testo, "L'estratto è congelato!");
+  EXPECT_EQ(immagine, 0);
+  // Box East 50 .. 150, North 40 .. 200: the width, 100, is the height.
+  EXPECT_EQ(q.Vista(), (Tre{100, 120, 100}));
+  // Not frozen: not said.
+  Prova r;
+  congelato = 0;
+  EXPECT_EQ(ZoomEstratto(r.s, "F12", "F12.PNG", congelato, immagine, std::span<const RecordLista>(lista)),
+            Seguito::Ridisegno);
+  EXPECT_TRUE(r.ui.Messaggi.empty());
+}
+
+using Bordi = std::array<double, 4>;
+
+Bordi BordiVista(const StatoVista& v) { return {v.BordoSinistro, v.BordoBasso, v.BordoDestro, v.BordoAlto}; }
+
+TEST(Trasformazione, CoordinateCatastaliTengonoIlMillimetro) {
+  StatoVista v;
+  v.CentroEst = 1725000.5;
+  v.CentroNord = 5031000.25;
+  // 3 mm East and 1 mm South of the centre: as floats the two would be one and the same
+  // number, so the centre must go first.
+  const PuntoVista p = InVista(v, 1725000.503, 5031000.249);
+  EXPECT_NEAR(p.X, 0.003, 1e-6);
+  EXPECT_NEAR(p.Y, -0.001, 1e-6);
+  // Back from the surface: the centre is added in 64 bits.
+  const PuntoMondo m = InMondo(v, p.X, p.Y);
+  EXPECT_NEAR(m.Est, 1725000.503, 1e-6);
+  EXPECT_NEAR(m.Nord, 5031000.249, 1e-6);
+  EXPECT_EQ(InMondo(v, 0.5, -0.25).Est, 1725001.0);
+  EXPECT_EQ(InMondo(v, 0.5, -0.25).Nord, 5031000.0);
+}
+
+TEST(Rigenera1, AltezzaMinimaProporzioniBordiScalaUtenteESenzaSuperficie) {
+  Sessione s;
+  SuperficieRegistrata sup(300, 200);
+  s.Schermo = &sup;
+  s.Vista.AltezzaVista = 0.5;
+  Rigenera1(s);
+  EXPECT_EQ(s.Vista.PassoTesto, 0.00125);  // from the height asked for, before the correction
+  EXPECT_EQ(s.Vista.AltezzaVista, 1.0);
+  EXPECT_EQ(s.Vista.RapportoVista, 1.5);
+  EXPECT_EQ(BordiVista(s.Vista), (Bordi{-0.75, -0.5, 0.75, 0.5}));
+  // A negative height: North up.
+  EXPECT_EQ(sup.Chiamate, (std::vector<std::string>{"ScalaUtente -0.75 0.5 1.5 -1"}));
+
+  // A height that is no number becomes one metre.
+  s.Vista.AltezzaVista = std::numeric_limits<double>::quiet_NaN();
+  Rigenera1(s);
+  EXPECT_EQ(s.Vista.AltezzaVista, 1.0);
+
+  // Minimised: the edges are computed, the surface is not touched.
+  sup.minimizzata = true;
+  sup.Chiamate.clear();
+  s.Vista.AltezzaVista = 80;
+  Rigenera1(s);
+  EXPECT_EQ(s.Vista.BordoAlto, 40.0);
+  EXPECT_TRUE(sup.Chiamate.empty());
+
+  // A square surface makes the left edge equal the bottom one: it is scaled all the same,
+  // since a fresh surface has no scale of its own to fall back on.
+  SuperficieRegistrata quadrata(200, 200);
+  s.Schermo = &quadrata;
+  Rigenera1(s);
+  EXPECT_EQ(BordiVista(s.Vista), (Bordi{-40, -40, 40, 40}));
+  EXPECT_EQ(quadrata.Chiamate, (std::vector<std::string>{"ScalaUtente -40 40 80 -80"}));
+
+  // Headless, or on a surface of no size, the ratio is 1.6.
+  s.Schermo = nullptr;
+  s.Vista.AltezzaVista = 100;
+  Rigenera1(s);
+  EXPECT_EQ(s.Vista.RapportoVista, 1.6);
+  EXPECT_EQ(s.Vista.BordoDestro, 80.0);
+  SuperficieRegistrata zero(0, 200);
+  s.Schermo = &zero;
+  Rigenera1(s);
+  EXPECT_EQ(s.Vista.RapportoVista, 1.6);
+  EXPECT_EQ(zero.Chiamate.size(), 1u);
+}
+
+TEST(DopoRidisegno, AltezzaDellIngombroETempo) {
+  StatoVista v;
+  // Extent height, view height, the extent height after.
+  const std::array<double, 3> casi[] = {{0.5, 100, 100}, {0, 0.5, 0.5}, {0.5, 0.2, 0.2}, {50, 100, 100}, {500, 100, 500}};
+  for (const auto& [ingombro, vista, atteso] : casi) {
+    v.IngombroAltezza = ingombro;
+    v.AltezzaVista = vista;
+    AggiornaIngombroAltezza(v);
+    EXPECT_EQ(v.IngombroAltezza, atteso) << ingombro << " " << vista;
+  }
+
+  // The time of a redraw is counted for the status bar; the prompt stays the commands' own.
+  Sessione s;
+  MostraPrompt(s, "");
+  Ridisegna(s);
+  Ridisegna(s);
+  EXPECT_EQ(s.Prompt, "");
+  EXPECT_EQ(s.Vista.Ridisegni, 2u);
+  EXPECT_GE(s.Vista.TempoRidisegno, 0);
 }
 
 }  // namespace
