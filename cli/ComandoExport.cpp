@@ -48,13 +48,13 @@ int ComandoExport(const Argomenti& a, std::ostream&, std::ostream& err) {
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
   if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
-  s.DecimaliEsportazione = InteroLungo(Val(a.Valore("--decimali", "0")));
   std::vector<int32_t> righe = RigheElencoPunti(s);
   if (!Ordina(s, righe, a.Valore("--ordina"))) {
     err << "Colonna sconosciuta: " << a.Valore("--ordina") << "\n" << uso;
     return 64;
   }
-  OpzioniPun o;
+  OpzioniEsportazione o;
+  o.Decimali = InteroLungo(Val(a.Valore("--decimali", "0")));
   if (a.Ha("--colonne")) {
     o.Colonne.clear();
     for (const std::string& c : Dividi(a.Valore("--colonne"), ','))

@@ -86,8 +86,6 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   int16_t ModoStampa = 0;       // 5: the drawing routines write the plot stream
   // Point heights: decimals shown, and mode 1 shows the depth below the reference height.
   int DecimaliQuota = 2;
-  // Decimals of exported coordinates; 0 keeps the exports at three.
-  int DecimaliEsportazione = 0;
   int16_t ModoQuota = 0;
   double QuotaRiferimento = 0;
   // Facets: their display, labels and the hand-off to the triangulator.

@@ -47,8 +47,8 @@ std::string Destra(const std::string& riempimento, const std::string& testo, siz
 
 // The menu's point formats: one line a chosen live point. In CSV and RAW the bar is the
 // field break, written only after every comma of the values has become a point.
-std::string PuntiMenu(const Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe) {
-  const std::string m = MascheraEsportazione(s.DecimaliEsportazione);
+std::string PuntiMenu(const Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe, int decimali) {
+  const std::string m = MascheraEsportazione(decimali);
   std::string t;
   for (const int32_t r : righe) {
     const auto k = static_cast<size_t>(r);
@@ -77,7 +77,7 @@ std::string Separatore(const std::string& nome) {
   return {};
 }
 
-std::string Pun(const Sessione& s, const std::vector<int32_t>& righe, const OpzioniPun& o) {
+std::string Pun(const Sessione& s, const std::vector<int32_t>& righe, const OpzioniEsportazione& o) {
   const std::string sep = Separatore(o.Separatore);
   std::string t;
   for (size_t i = 0; i < righe.size(); ++i) {
@@ -319,11 +319,11 @@ std::string MascheraEsportazione(int decimali) {
 }
 
 std::string TestoEsportazione(const Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
-                              const OpzioniPun& o) {
+                              const OpzioniEsportazione& o) {
   switch (f) {
     case FormatoEsportazione::Xyz:
     case FormatoEsportazione::Csv:
-    case FormatoEsportazione::Raw: return PuntiMenu(s, f, righe);
+    case FormatoEsportazione::Raw: return PuntiMenu(s, f, righe, o.Decimali);
     case FormatoEsportazione::Pun: return Pun(s, righe, o);
     case FormatoEsportazione::Gsi: return Gsi(s, righe, false);
     case FormatoEsportazione::GsiTcr705: return Gsi(s, righe, true);
@@ -332,6 +332,17 @@ std::string TestoEsportazione(const Sessione& s, FormatoEsportazione f, const st
     case FormatoEsportazione::CsvDisegno: return CsvDisegno(s);
   }
   return {};
+}
+
+std::string TestoNpl(const Sessione& s, const std::vector<int32_t>& righe) {
+  std::string t;
+  for (size_t i = 0; i < righe.size(); ++i) {
+    t += CellaElencoPunti(s, righe, i, ColonnaNome) + ",";
+    for (const int c : {ColonnaNord, ColonnaEst, ColonnaQuota})
+      t += FormatoMaschera(Val(CellaElencoPunti(s, righe, i, c)), "0.00") + ",";
+    t += kFine;
+  }
+  return t;
 }
 
 std::string TestoRilDisegno(const Sessione& s) {
@@ -345,7 +356,7 @@ std::string TestoRilDisegno(const Sessione& s) {
 }
 
 bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& percorso,
-                        const std::vector<int32_t>& righe, const OpzioniPun& o) {
+                        const std::vector<int32_t>& righe, const OpzioniEsportazione& o) {
   const DescrizioneEsportazione& d = Descrizione(f);
   s.RoutineCorrente = d.Titolo;
   if (!Protetto(s, [&] { ScriviTesto(percorso, TestoEsportazione(s, f, righe, o)); })) return false;

@@ -16,10 +16,12 @@ struct Sessione;
 
 enum class FormatoEsportazione { Xyz, Csv, Raw, Pun, Gsi, GsiTcr705, Ril, Scr, CsvDisegno };
 
-// The choices of the point list's PUN dialog: the grid columns written (1 "Nome" to
-// 7 "PIANO"), the separator by its name ("VIRGOLA", "SPAZIO", "TAB", "COLONNE", "PREGEO",
-// "ACCAPO", "ESCAPE"), "8|" before each row, the separator once more after it.
-struct OpzioniPun {
+// The decimals of the exported coordinates (0 keeps three), and the choices of the point
+// list's PUN dialog: the grid columns written (1 "Nome" to 7 "PIANO"), the separator by its
+// name ("VIRGOLA", "SPAZIO", "TAB", "COLONNE", "PREGEO", "ACCAPO", "ESCAPE"), "8|" before
+// each row, the separator once more after it.
+struct OpzioniEsportazione {
+  int Decimali = 0;
   std::vector<int> Colonne = {1, 2, 3, 4, 5};
   std::string Separatore = "VIRGOLA";
   bool Anteponi = false;
@@ -46,7 +48,11 @@ std::string MascheraEsportazione(int decimali);
 // points chosen, for the list's formats the rows the list shows in its order; the drawing
 // formats ignore them.
 std::string TestoEsportazione(const Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
-                              const OpzioniPun& o = {});
+                              const OpzioniEsportazione& o = {});
+
+// What the point list sends to the NIKON NPL 332: per row the name, then North, East and
+// height with two decimals, each followed by a comma, and CR LF.
+std::string TestoNpl(const Sessione& s, const std::vector<int32_t>& righe);
 
 // `GeneraPuntiRil` of the main window: every live point whose name is shown, with heights.
 std::string TestoRilDisegno(const Sessione& s);
@@ -54,7 +60,7 @@ std::string TestoRilDisegno(const Sessione& s);
 // The text written to `percorso`, then the format's closing box. False, through the common
 // error path, when the file could not be written.
 bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& percorso,
-                        const std::vector<int32_t>& righe, const OpzioniPun& o = {});
+                        const std::vector<int32_t>& righe, const OpzioniEsportazione& o = {});
 
 // The menu commands: the file asked with the format's filter and proposed name; a blank
 // answer ends silently. The point formats take the points selected, or every live point

@@ -372,4 +372,6 @@ bool IncollaDaFile(Sessione& s, const std::string& file) {
   return !e.Entita.empty();
 }
 
+void AzioneIncollaDaFile(Sessione& s) { IncollaDaFile(s); }
+
 }  // namespace varena

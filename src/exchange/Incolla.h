@@ -54,5 +54,7 @@ void IncollaDaTabella(Sessione& s);
 // The hand-over file, or another of its form at `percorso`. False when the file is absent
 // (said) or nothing came in.
 bool IncollaDaFile(Sessione& s, const std::string& percorso = {});
+// The tag of the hand-over file.
+void AzioneIncollaDaFile(Sessione& s);
 
 }  // namespace varena

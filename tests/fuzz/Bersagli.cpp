@@ -44,6 +44,9 @@ constexpr Bersaglio kBersagli[] = {
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
+    {"dacad", FuzzDaCad, true},
+    {"tabellaincollata", FuzzTabellaIncollata, true},
+    {"copiainfile", FuzzCopiaInFile, true},
 };
 
 }  // namespace

@@ -57,5 +57,8 @@ void FuzzVr4(const Ambiente& a, std::string_view byte);
 void FuzzFlusso(const Ambiente& a, std::string_view byte);
 void FuzzEstratto(const Ambiente& a, std::string_view byte);
 void FuzzSez(const Ambiente& a, std::string_view byte);
+void FuzzDaCad(const Ambiente& a, std::string_view byte);
+void FuzzTabellaIncollata(const Ambiente& a, std::string_view byte);
+void FuzzCopiaInFile(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
