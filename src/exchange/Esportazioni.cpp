@@ -1,6 +1,7 @@
 // The small text exports.
 #include "exchange/Esportazioni.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "cadastre/CodiciPunto.h"
@@ -315,6 +316,8 @@ const DescrizioneEsportazione* TrovaFormatoEsportazione(std::string_view parola)
 }
 
 std::string MascheraEsportazione(int decimali) {
+  // Past fifteen a double has no digit left to show.
+  decimali = std::min(decimali, 15);
   return "#############0" + (decimali > 0 ? "." + std::string(static_cast<size_t>(decimali), '0') : ".000");
 }
 

@@ -110,6 +110,23 @@ TEST(Esportazioni, ScriptRilettoDaUnParserDeiComandi) {
   EXPECT_NE(righe[righe.size() - 4].find("STRADA COMUNALE DEL MOLINO"), std::string::npos);
 }
 
+TEST(Esportazioni, CsvDelDisegnoRigheDaiCampiDelLavoro) {
+  // The rows as `varena-cli dump` shows the example job's fields, in the columns' order.
+  Sessione s;
+  std::ostringstream err;
+  ASSERT_TRUE(cli::CaricaInLettura(s, kLavoro, err));
+  const std::vector<std::string> r = RigheTesto(TestoEsportazione(s, FormatoEsportazione::CsvDisegno, {}));
+  ASSERT_EQ(r.size(), 53u);
+  EXPECT_EQ(r[4], "0,100,10,0,-1.5,STAZIONE,60,0,-1.5,1725300,5031200,14.35,0.3,0.3,-0.6,66,21,0,-1.5,32,0,-1.5,12,"
+                  "PUNTI,Arial,0,1.54999995231628");
+  EXPECT_EQ(r[21], "LINEA,IDent,X1,Y1,Z1,X2,Y2,Z2,Colore,Tratteggio,Congela,Piano,Tronca");
+  EXPECT_EQ(r[33], "0,1725300,5031200,14.35,1725345.213,5031212.688,14.612,6,3,0,\"POLIGON\",0");
+  EXPECT_EQ(r[38], "ARCO");
+  EXPECT_EQ(r[40], "0,1725291.88,5031195.35,14.1,10,200,100,8,1,0,\"STRADA\",0,14.102,14.15");
+  EXPECT_EQ(r[44], "0,1725318,5031182,6.5,2,1,8,0,1,\"TESTI\",\"Arial\",\"STRADA COMUNALE DEL MOLINO\"");
+  EXPECT_EQ(r[51], "0,\"|101|102|103|104|101|\",\"FABBRICATO\",\"245|||5031227|1725326\",1,1");
+}
+
 TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
   Sessione s;
   ScriviPunto(s, "A,123456789", {1.5, -2.25, 0.0005}, "muro, nord", "0");
