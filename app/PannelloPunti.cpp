@@ -12,6 +12,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Esportazioni.h"
+#include "DialogoPun.h"
 #include "TrasferimentoStrumento.h"
 #include "view/Ridisegna.h"
 
@@ -186,8 +187,10 @@ void PannelloPunti::Menu(const QPoint& dove) {
   for (const DescrizioneEsportazione& d : FormatiEsportazione()) {
     if (!d.DaElenco) continue;
     esporta->addAction(Qs(Maiuscolo(d.Parola)), this, [this, &d] {
+      OpzioniEsportazione o;
+      if (d.Formato == FormatoEsportazione::Pun && !ChiediOpzioniPun(this, o)) return;
       const std::optional<std::string> file = s_.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, {});
-      if (file && !Rifila(*file).empty()) ScriviEsportazione(s_, d.Formato, *file, modello_->Righe());
+      if (file && !Rifila(*file).empty()) ScriviEsportazione(s_, d.Formato, *file, modello_->Righe(), o);
     });
   }
   esporta->addAction("NPL", this, [this] { TrasferisciNpl(this, s_, modello_->Righe()); });
