@@ -12,6 +12,7 @@
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "terrain/Falde.h"
 
 namespace varena {
 
@@ -189,6 +190,9 @@ EntitaIncollata StatementoCopia(LettoreLista& l, char lettera) {
       e.Attributi.push_back(l.Elemento());  // font
       e.Testo = l.Elemento();
       break;
+    case 'F':
+      attributi(27);  // the three vertices, colour, frozen, area, volumes, layer, label places
+      break;
     case 'P':
       e.Nome = l.Elemento();
       attributi(3);  // colour, frozen, size of the name
@@ -221,6 +225,25 @@ void AttributiPunto(Sessione& s, size_t k, const EntitaIncollata& e) {
   s.PuntoDimensioneQuota[k] = v(15), s.PuntoAttendibilita[k] = InteroCorto(v(16));
   s.PuntoFont[k] = e.Attributi[18];
   s.PuntoErroreOrientamento[k] = v(19), s.PuntoHPrisma[k] = static_cast<float>(v(20));
+}
+
+// Facets have no builder of their own: the row takes the copy file's fields as they stand.
+void AggiungiFalda(Sessione& s, const EntitaIncollata& e, std::optional<int32_t> colore) {
+  DimensionaFalde(s);
+  const auto k = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
+  auto v = [&](size_t i) { return Val(e.Attributi[i]); };
+  s.FaldaIdent[k] = 0;
+  Colonna<double>* vertici[] = {&s.FaldaX1, &s.FaldaY1, &s.FaldaZ1, &s.FaldaX2, &s.FaldaY2,
+                                &s.FaldaZ2, &s.FaldaX3, &s.FaldaY3, &s.FaldaZ3};
+  for (size_t i = 0; i < 9; ++i) (*vertici[i])[k] = v(i);
+  s.FaldaColore[k] = colore.value_or(InteroLungo(v(9)));
+  s.FaldaCongela[k] = InteroCorto(v(10));
+  s.FaldaAreaDiBase[k] = v(11), s.FaldaVolumeSterro[k] = v(12), s.FaldaVolumeRiporto[k] = v(13);
+  s.FaldaPiano[k] = s.PianoCorrente;
+  Colonna<double>* posti[] = {&s.FaldaNumeroX1,     &s.FaldaNumeroY1,     &s.FaldaInvasoX1, &s.FaldaInvasoY1,
+                              &s.FaldaInvasoX2,     &s.FaldaInvasoY2,     &s.FaldaInsSteX1, &s.FaldaInsSteY1,
+                              &s.FaldaInsRiportoX1, &s.FaldaInsRiportoY1, &s.FaldaInsAreaX1, &s.FaldaInsAreaY1};
+  for (size_t i = 0; i < 12; ++i) (*posti[i])[k] = v(15 + i);
 }
 
 void AggiungiUna(Sessione& s, const EntitaIncollata& e, std::optional<int32_t> colore) {
@@ -260,6 +283,7 @@ void AggiungiUna(Sessione& s, const EntitaIncollata& e, std::optional<int32_t> c
       s.TestoColonne[k] = Attributo(e, 3, 1);
       break;
     }
+    case 'F': AggiungiFalda(s, e, colore); break;
     default: break;
   }
 }
@@ -316,7 +340,7 @@ EsitoIncolla LeggiCopiaInFile(std::string_view testo) {
     try {
       LettoreLista l{std::string(riga)};
       const std::string lettera = Rifila(l.Elemento());
-      if (lettera.size() != 1 || std::string_view("LCATP").find(lettera[0]) == std::string_view::npos) return true;
+      if (lettera.size() != 1 || std::string_view("LCATFP").find(lettera[0]) == std::string_view::npos) return true;
       e.Entita.push_back(StatementoCopia(l, lettera[0]));
       return true;
     } catch (const std::exception&) {
@@ -327,9 +351,14 @@ EsitoIncolla LeggiCopiaInFile(std::string_view testo) {
 }
 
 int64_t AggiungiIncollate(Sessione& s, const std::vector<EntitaIncollata>& entita, std::optional<int32_t> colore) {
-  for (const EntitaIncollata& e : entita) AggiungiUna(s, e, colore);
+  bool falde = false;
+  for (const EntitaIncollata& e : entita) {
+    AggiungiUna(s, e, colore);
+    falde = falde || e.Genere == 'F';
+  }
+  if (falde) AggiornaFalde(s);
   if (!entita.empty()) {
-    for (const int slot : {SlotPunti, SlotLinee, SlotCerchi, SlotArchi, SlotTesti}) SegnaModificato(s, slot);
+    for (const int slot : {SlotPunti, SlotLinee, SlotCerchi, SlotArchi, SlotTesti, SlotFalde}) SegnaModificato(s, slot);
     FineModifica(s);
   }
   return static_cast<int64_t>(entita.size());

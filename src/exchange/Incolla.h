@@ -18,7 +18,7 @@ namespace varena {
 struct Sessione;
 
 struct EntitaIncollata {
-  char Genere = 'P';  // 'P' point, 'L' line, 'C' circle, 'A' arc, 'T' text
+  char Genere = 'P';  // 'P' point, 'L' line, 'C' circle, 'A' arc, 'T' text, 'F' facet
   PuntoXYZ A;         // the point, the start of a line, a centre, a text's foot
   PuntoXYZ B;         // the end of a line
   double Raggio = 0, Inizio = 0, Ampiezza = 0, ZInizio = 0, ZFine = 0;

@@ -84,9 +84,13 @@ TEST(Incolla, FileDiCopiaNelLavoroSulPianoCorrenteInUnPasso) {
   EXPECT_EQ(s.TestoTesto[4], "Ciao");
   EXPECT_EQ(s.PuntoNome[20], "P9");
   EXPECT_FLOAT_EQ(s.PuntoHPrisma[20], 1.6f);
+  ASSERT_EQ(s.ContaEntita[SlotFalde], 1);
+  EXPECT_EQ(s.FaldaAreaDiBase[0], 50);
+  EXPECT_EQ(s.FaldaColore[0], 4);
+  EXPECT_EQ(s.FaldaPiano[0], "STRADA");
   EXPECT_EQ(s.UltimoErrore, "");
   ASSERT_EQ(ui.Messaggi.size(), 1u);
-  EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 8");
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 9");
   EliminaProvviso(s);
 }
 
