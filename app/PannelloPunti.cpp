@@ -11,6 +11,9 @@
 #include "commands/RoutineModifica.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Esportazioni.h"
+#include "DialogoPun.h"
+#include "TrasferimentoStrumento.h"
 #include "view/Ridisegna.h"
 
 namespace varena {
@@ -178,6 +181,19 @@ void PannelloPunti::Menu(const QPoint& dove) {
       voce += QString(" <%1>").arg(QString::fromUtf8(op.Chiave));
     menu.addAction(voce, this, [this, &op] { Esegui(op); });
   }
+  menu.addSeparator();
+  // The list's exports and the transfer take its rows as shown: its sort and its fill.
+  QMenu* esporta = menu.addMenu(tr("Esporta"));
+  for (const DescrizioneEsportazione& d : FormatiEsportazione()) {
+    if (!d.DaElenco) continue;
+    esporta->addAction(Qs(Maiuscolo(d.Parola)), this, [this, &d] {
+      OpzioniEsportazione o;
+      if (d.Formato == FormatoEsportazione::Pun && !ChiediOpzioniPun(this, o)) return;
+      const std::optional<std::string> file = s_.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, {});
+      if (file && !Rifila(*file).empty()) ScriviEsportazione(s_, d.Formato, *file, modello_->Righe(), o);
+    });
+  }
+  esporta->addAction("NPL", this, [this] { TrasferisciNpl(this, s_, modello_->Righe()); });
   menu.exec(vista_->viewport()->mapToGlobal(dove));
 }
 

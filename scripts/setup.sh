@@ -6,7 +6,7 @@ set -eu
 PACCHETTI="build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev \
 libbenchmark-dev libzip-dev zlib1g-dev qt6-base-dev qt6-svg-dev qt6-translations-l10n fonts-liberation xvfb xauth poppler-utils \
 clang libclang-rt-14-dev llvm libcgal-dev \
-python3-ezdxf gdal-bin librecad python3-matplotlib"
+python3-ezdxf gdal-bin librecad python3-matplotlib qt6-serialport-dev socat"
 
 mancanti=""
 for p in $PACCHETTI; do

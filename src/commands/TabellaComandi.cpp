@@ -12,13 +12,15 @@
 #include "commands/RoutineCostruzione.h"
 #include "commands/RoutineModifica.h"
 #include "commands/StatoComandi.h"
+#include "store/TestoLavoro.h"
 #include "survey/DialoghiCalcoli.h"
 #include "commands/TabellaDialoghi.h"
 #include "exchange/DxfDialoghi.h"
 #include "exchange/DxfTestiInPunto.h"
+#include "exchange/Esportazioni.h"
 #include "exchange/Importatori.h"
 #include "exchange/ImportaPunti.h"
-#include "store/TestoLavoro.h"
+#include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
 #include "terrain/ComandiTerreno.h"
@@ -305,7 +307,15 @@ constexpr VoceComando kTabella[] = {
     Subito("REDO", AzioneRipristina, {}, "Edit", "Ripristina", "F10"),
     Subito("RIGENERA", AzioneInterrompi, {}, "Zoom", "Rigenera"),
     Subito("INTERROMPI_COMANDO", AzioneInterrompi, {}, "Edit", "Interrompi Comando", "Esc"),
-    Subito("INCOLLA_DA_FILE", nullptr, {}, "File", "Incolla da File"),
+    Subito("INCOLLA_DA_FILE", AzioneIncollaDaFile, {}, "File", "Incolla da File"),
+    Subito("DACAD", DaCad, {}, "File", "Importa Comandi da CAD"),
+    Subito("INCOLLAPUNTIDAEXCEL", IncollaDaTabella, {}, "File", "Importa Disegno da Tabella"),
+    Subito("ESPORTAXYZ", OuXYZ, {}, "File", "Esporta XYZ"),
+    Subito("ESPORTAINCSV", OuCSV1, {}, "File", "Esporta CSV"),
+    Subito("ESPORTAINRAW", OuRAW, {}, "File", "Esporta RAW"),
+    Subito("ESPORTAINCSV1", EsportaCsvDisegno, {}, "File", "Esporta CSV Disegno"),
+    Subito("ESPORTAINSCRIPT", EsportaScript, {}, "File", "Esporta SCR"),
+    Subito("GENERAPUNTIRIL", GeneraPuntiRilDisegno, {}, "File", "Esporta RIL"),
     Subito("ANTEPRIMA_STAMPA", AnteprimaStampa, {}, "File", "Anteprima di Stampa"),
     Subito("SPESSORI_STAMPA", nullptr, "FormSelezSpessore", "File", "Spessori di stampa"),
     Subito("ANTEPRIMA_FOGLIO", AzioneAnteprimaFoglio, {}, "File", "Anteprima Foglio"),

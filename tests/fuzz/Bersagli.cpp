@@ -46,6 +46,9 @@ constexpr Bersaglio kBersagli[] = {
     {"sez", FuzzSez, true},
     {"vrz", FuzzVrz, true},
     {"xvr", FuzzXvr, true},
+    {"dacad", FuzzDaCad, true},
+    {"tabellaincollata", FuzzTabellaIncollata, true},
+    {"copiainfile", FuzzCopiaInFile, true},
 };
 
 }  // namespace

@@ -59,5 +59,8 @@ void FuzzEstratto(const Ambiente& a, std::string_view byte);
 void FuzzSez(const Ambiente& a, std::string_view byte);
 void FuzzVrz(const Ambiente& a, std::string_view byte);
 void FuzzXvr(const Ambiente& a, std::string_view byte);
+void FuzzDaCad(const Ambiente& a, std::string_view byte);
+void FuzzTabellaIncollata(const Ambiente& a, std::string_view byte);
+void FuzzCopiaInFile(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

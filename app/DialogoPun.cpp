@@ -1,0 +1,45 @@
+#include "DialogoPun.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
+
+#include "cadastre/ElencoPunti.h"
+#include "exchange/Esportazioni.h"
+
+namespace varena {
+
+bool ChiediOpzioniPun(QWidget* genitore, OpzioniEsportazione& o) {
+  QDialog d(genitore);
+  d.setWindowTitle("Creazione file PUNTI");
+  auto* l = new QVBoxLayout(&d);
+  std::vector<QCheckBox*> colonne;
+  for (int c = ColonnaNome; c <= ColonnaPiano; ++c) {
+    colonne.push_back(new QCheckBox(TitoloColonnaElenco(c), &d));
+    colonne.back()->setChecked(c <= ColonnaDescrizione);
+    l->addWidget(colonne.back());
+  }
+  auto* separatore = new QComboBox(&d);
+  separatore->addItems({"VIRGOLA", "SPAZIO", "TAB", "COLONNE", "PREGEO", "ACCAPO", "ESCAPE"});
+  l->addWidget(separatore);
+  auto* anteponi = new QCheckBox("Anteponi 8|", &d);
+  auto* finale = new QCheckBox("Separatore finale", &d);
+  l->addWidget(anteponi);
+  l->addWidget(finale);
+  auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &d);
+  QObject::connect(bottoni, &QDialogButtonBox::accepted, &d, &QDialog::accept);
+  QObject::connect(bottoni, &QDialogButtonBox::rejected, &d, &QDialog::reject);
+  l->addWidget(bottoni);
+  if (d.exec() != QDialog::Accepted) return false;
+  o.Colonne.clear();
+  for (size_t i = 0; i < colonne.size(); ++i)
+    if (colonne[i]->isChecked()) o.Colonne.push_back(ColonnaNome + static_cast<int>(i));
+  o.Separatore = separatore->currentText().toStdString();
+  o.Anteponi = anteponi->isChecked();
+  o.SepFinale = finale->isChecked();
+  return true;
+}
+
+}  // namespace varena

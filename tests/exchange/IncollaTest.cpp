@@ -1,0 +1,98 @@
+// The paste readers on the seeds of their fuzz targets, written by hand from the listing's
+// words, the table's columns and the hand-over file's statements; and the paste into a job
+// through the clipboard port: rows on the current layer and one undo step.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "Terminale.h"
+#include "core/InterfacciaRegistrata.h"
+#include "core/Sessione.h"
+#include "exchange/Incolla.h"
+#include "store/Provvisorio.h"
+#include "store/Undo.h"
+#include "support/Supporto.h"
+
+namespace varena {
+namespace {
+
+std::string Seme(const std::string& nome) {
+  return prova::LeggiFileProva(std::string(VARENA_SORGENTI) + "/tests/fuzz/corpus/" + nome);
+}
+
+// Kind, the two points, radius, start, amplitude, height, rotation, name, description, text.
+std::string Descrivi(const EntitaIncollata& e) {
+  std::ostringstream o;
+  o << e.Genere << " " << e.A.X << "," << e.A.Y << "," << e.A.Z << " " << e.B.X << "," << e.B.Y << "," << e.B.Z << " "
+    << e.Raggio << " " << e.Inizio << " " << e.Ampiezza << " " << e.Altezza << " " << e.Rotazione << " [" << e.Nome
+    << "|" << e.Descrizione << "|" << e.Testo << "]";
+  return o.str();
+}
+
+std::vector<std::string> Descritte(const EsitoIncolla& e) {
+  std::vector<std::string> d;
+  for (const EntitaIncollata& x : e.Entita) d.push_back(Descrivi(x));
+  return d;
+}
+
+TEST(Incolla, ListatoCadItalianoEInglese) {
+  // The end angle's line (no "iniziale angolo" on it) reads the start angle again at the
+  // column where that word would stand: "35.5"; the amplitude stays 0.
+  const EsitoIncolla e = LeggiListatoCad(Seme("dacad/listato.txt"));
+  EXPECT_EQ(Descritte(e), (std::vector<std::string>{
+                              "L 10,20,0 30,40,1.5 0 0 0 0 0 [||]",
+                              "C 5,6,0 30,40,1.5 2.5 0 0 0 0 [||]",
+                              "A 1,2,0 30,40,1.5 3 35.5 0 0 0 [||]",
+                              "T 7,8,0 30,40,1.5 3 35.5 0 1.25 30 [||Ciao mondo]",
+                              "P 3,4,5 30,40,1.5 3 35.5 0 1.25 30 [|DaCad|Ciao mondo]",
+                              "L 1,2,0 3,4,0 3 35.5 0 1.25 30 [|DaCad|Ciao mondo]"}));
+  EXPECT_EQ(e.Lettura.TotaleDanneggiate, 0);
+}
+
+TEST(Incolla, TabellaConTabPuntiEVirgoleRigaIllegibileNominata) {
+  const EsitoIncolla e = LeggiTabellaIncollata(Seme("tabellaincollata/tabella.txt"));
+  EXPECT_EQ(Descritte(e), (std::vector<std::string>{"P 0,0,0 0,0,0 0 0 0 0 0 [Nome|Descrizione|]",
+                                                    "P 10.5,20.25,3 0,0,0 0 0 0 0 0 [P1|muro|]",
+                                                    "P 1,2,0 0,0,0 0 0 0 0 0 [P2||]",
+                                                    "P 1000,2,0 0,0,0 0 0 0 0 0 [P3||]"}));
+  EXPECT_EQ(DescriviRigheDanneggiate(e.Lettura), "Riga non letta: 4");
+  std::string grande;
+  for (int i = 0; i < 100000; ++i) grande += "P" + std::to_string(i) + "\t" + std::to_string(i) + ",5\t1\t2\r\n";
+  EXPECT_EQ(LeggiTabellaIncollata(grande).Entita.size(), 100000u);
+}
+
+TEST(Incolla, FileDiCopiaNelLavoroSulPianoCorrenteInUnPasso) {
+  prova::CartellaTemporanea t;
+  for (const auto& f : std::filesystem::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
+    if (f.path().stem() == "RILIEVO") std::filesystem::copy_file(f.path(), t / f.path().filename().string());
+  Sessione s;
+  InterfacciaRegistrata ui;
+  s.Ui = &ui;
+  ASSERT_TRUE(cli::ApriInCopia(s, t / "RILIEVO"));
+  s.PianoCorrente = "STRADA";
+  const int64_t passo = LeggiDiario(s)->Passo;
+  prova::ScriviFileProva(t / "copia.txt", Seme("copiainfile/copia.txt"));
+  EXPECT_TRUE(IncollaDaFile(s, t / "copia.txt"));
+  EXPECT_EQ(LeggiDiario(s)->Passo, passo + 1);
+  // Line 12: 7 colour, 2 line type, 0.5 truncation, the current layer in place of its own.
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 13);
+  EXPECT_EQ(s.LineaColore[12], 7);
+  EXPECT_EQ(s.LineaTratteggio[12], 2);
+  EXPECT_EQ(s.LineaTronca[12], 0.5);
+  EXPECT_EQ(s.LineaPiano[12], "STRADA");
+  EXPECT_EQ(s.ArcoQuotaFinale[1], 2.5);
+  EXPECT_EQ(s.TestoTesto[4], "Ciao");
+  EXPECT_EQ(s.PuntoNome[20], "P9");
+  EXPECT_FLOAT_EQ(s.PuntoHPrisma[20], 1.6f);
+  ASSERT_EQ(s.ContaEntita[SlotFalde], 1);
+  EXPECT_EQ(s.FaldaAreaDiBase[0], 50);
+  EXPECT_EQ(s.FaldaColore[0], 4);
+  EXPECT_EQ(s.FaldaPiano[0], "STRADA");
+  EXPECT_EQ(s.UltimoErrore, "");
+  ASSERT_EQ(ui.Messaggi.size(), 1u);
+  EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 9");
+  EliminaProvviso(s);
+}
+
+}  // namespace
+}  // namespace varena
