@@ -44,6 +44,7 @@ constexpr Bersaglio kBersagli[] = {
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
+    {"pregeo", FuzzPregeo, true},
 };
 
 }  // namespace
