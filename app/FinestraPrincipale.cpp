@@ -1,5 +1,7 @@
 #include "FinestraPrincipale.h"
 
+#include "AttesaStrumento.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
@@ -115,7 +117,7 @@ FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
   ui_->ImpostaAgganci({[this] { return RettangoloDisegno(); }, [this] { return RettangoloSelezione(); }, &memoria_});
   s_.Ui = ui_.get();
   // The companions (the triangulator) are started and waited for, as the commands expect.
-  processi_ = std::make_unique<ProcessiSistema>(s_.Clip);
+  processi_ = std::make_unique<ProcessiDesktop>(s_.Clip);
   s_.Proc = processi_.get();
 
   connect(tela_, &Tela::Evento, this, &FinestraPrincipale::Aggiorna);
