@@ -8,8 +8,11 @@
 #include "cadastre/ContornoSette.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
+#include "Terminale.h"
+#include "core/CodicePagina.h"
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
+#include "store/Cfg.h"
 #include "support/ProvaCli.h"
 #include "support/ProvaComandi.h"
 
@@ -150,6 +153,35 @@ TEST(Ponti, DaPregeoEDat) {
   EXPECT_EQ(b.s.PuntoNome[0] + " " + FormaSemplice(b.s.PuntoX[0]) + " " + FormaSemplice(b.s.PuntoY[0]), "101 10.5 20");
   EXPECT_EQ(b.s.LibrettoMisure, std::vector<std::string>{"0|01012020|1|G693|0010|"});
   EXPECT_NE(b.s.NomeOriginale.find("LAVORI/NUOVO/NUOVO"), std::string::npos);
+}
+
+TEST(Ponti, RigaDiComando) {
+  prova::CartellaTemporanea radice;
+  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
+  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
+  {
+    Sessione vuota;
+    prova::ScriviFileProva(radice / "rossi.cfg", Utf8InCp1252(TestoCfg(vuota)));
+  }
+  prova::ScriviFileProva(radice / "rossi.lll", prova::RecordPuntoBase("101", 10.5, 20, 3).Byte());
+  prova::ScriviFileProva(radice / "p.dat",
+                         prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  const auto dat = prova::Cli({"dat", radice / "rossi", radice / "p.dat"});
+  EXPECT_EQ(dat.stato, 0) << dat.err;
+  EXPECT_EQ(dat.out, "Linee: 4\n");
+  const auto manca = prova::Cli({"dat", radice / "rossi", radice / "nessuno.dat"});
+  EXPECT_EQ(manca.err, "Il file " + radice / "nessuno.dat" + " NON è stato trovato!\n");
+  Sessione s;
+  std::ostringstream err;
+  ASSERT_TRUE(cli::CaricaInLettura(s, radice / "rossi", err));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
+  EXPECT_EQ(s.LineaPiano[3], "PROPOSTA");
+  EXPECT_EQ(prova::Cli({"lxc", radice / "rossi"}).stato, 0);
+  EXPECT_EQ(prova::LeggiFileProva(radice / "rossi.LXC").substr(0, 20), "P,101,10.5,20,3,,0\r\n");
+  EXPECT_EQ(prova::Cli({"autoallestito", radice / "rossi", "F1", "--cartella", radice / "e"}).out, radice / "e/F1.emp\n");
+  EXPECT_EQ(prova::LeggiFileProva(radice / "e/F1.emp").substr(0, 34), "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n");
+  ::unsetenv("VARENA_DOCUMENTI");
+  ::unsetenv("VARENA_PROGRAMMA");
 }
 
 }  // namespace
