@@ -1,6 +1,7 @@
 #include "FinestraPrincipale.h"
 
 #include "AttesaStrumento.h"
+#include "cadastre/Pregeo.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -234,6 +235,11 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO") return ApriLavoro();
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
+  // The book is edited in the book manager when one is configured; else it is shown here.
+  if (t == "LIBRETTO_MISURE" && !RigaStrumento(s_, kSuiteLibretti, "").empty()) {
+    AzioneLibrettoMisure(s_);
+    return Aggiorna();
+  }
   if (t == "LIBRETTO_MISURE" || t == "H") return MostraLibretto();
   if (t == "INFO_ELENCO_PUNTI_TUTTI") return MostraElencoPunti();
   if (t == "ANTEPRIMA_STAMPA") return StampaConDialogo(this, s_);

@@ -392,4 +392,28 @@ void AzioneModulistica(Sessione& s) {
     s.Ui->Messaggio("Copia Effettuata!", "Modulistica PDF", Icona::Informazione);
 }
 
+int32_t TabellaElaborazione(Sessione& s, std::string_view testo) {
+  const double altezza = s.Imp.AltezzaTestoDefault > 0 ? s.Imp.AltezzaTestoDefault : 1.0;
+  const double x = s.Vista.CentroEst - s.Vista.AltezzaVista * s.Vista.RapportoVista / 2;
+  double y = s.Vista.CentroNord + s.Vista.AltezzaVista / 2 - altezza;
+  int32_t fatti = 0;
+  for (const std::string& grezza : RigheTesto(testo)) {
+    std::string riga;
+    for (char c : Rifila(grezza))
+      if (c != ' ' || riga.empty() || riga.back() != ' ') riga += c;
+    if (riga.empty()) continue;
+    ScriviTesto(s, x, y, riga, altezza, 0, s.Imp.ColoreTestoDefault, s.Imp.FontTestoDefault, "Tabella");
+    y -= altezza * 1.5, ++fatti;
+  }
+  SegnaModificato(s, SlotTesti);
+  return fatti;
+}
+
+void AzioneElaborazionePregeo(Sessione& s) {
+  if (s.Ui->Domanda("Importare Elaborazione Pregeo?", "Elaborazione Pregeo", Bottoni::SiNo, Icona::Domanda,
+                    Risposta::No) != Risposta::Si || !s.Clip)
+    return;
+  if (TabellaElaborazione(s, s.Clip->Leggi()) > 0) VR_SalvaUndo(s);
+}
+
 }  // namespace varena

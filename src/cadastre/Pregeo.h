@@ -60,6 +60,11 @@ std::vector<LineaProposta> LeggiProposta(std::string_view testo);
 // `CaricaDATconNomefile`: those lines drawn in the job. False when the file is absent.
 bool CaricaDATconNomefile(Sessione& s, const std::string& percorso);
 
+// `Importa Elaborazione Pregeo`: the lines of Pregeo's computation report, as its window
+// copies them, become texts of layer "Tabella", one a line, blanks folded, from the top left
+// of the view down. The number of texts made.
+int32_t TabellaElaborazione(Sessione& s, std::string_view testo);
+
 // The menu's actions.
 void AzioneCaricaDAT(Sessione& s);          // CaricaDAT: a file chosen by the user
 void AzioneDaPregeo(Sessione& s);           // IMPORTA_DA_PREGEO: `dapregeo`
@@ -68,5 +73,6 @@ void AzioneLibrettoMisure(Sessione& s);     // LIBRETTO_MISURE, in the book mana
 void AzioneLanciaEstratto(Sessione& s);     // `Lanciaestratto`
 void AzionePregeo(Sessione& s);             // PREGEO: the book handed to Pregeo
 void AzioneModulistica(Sessione& s);        // "Importa Modulistica PDF"
+void AzioneElaborazionePregeo(Sessione& s); // `Importa Elaborazione Pregeo`, from the clipboard
 
 }  // namespace varena

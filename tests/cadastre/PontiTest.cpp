@@ -74,6 +74,12 @@ TEST(Ponti, PropostaDaDat) {
   EXPECT_TRUE(LeggiProposta("8|1|0|0|\r\n7|1|1|2|\r\n").empty());  // no extract heading: nothing
 }
 
+TEST(Ponti, ElaborazioneInTabella) {
+  Banco b;
+  EXPECT_EQ(TabellaElaborazione(b.s, "  Punto   101  +/-   0.01 \r\n\r\nSQM    0.02"), 2);
+  EXPECT_EQ(b.s.TestoTesto[0] + "|" + b.s.TestoTesto[1] + "|" + b.s.TestoPiano[1], "Punto 101 +/- 0.01|SQM 0.02|Tabella");
+}
+
 // The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
 std::string Sonda(Banco& b, const std::string& corpo) {
   const std::string f = b.cartella / "sonda.sh";
