@@ -159,6 +159,11 @@ TEST(Ponti, DaPregeoEDat) {
   EXPECT_EQ(b.s.PuntoNome[0] + " " + FormaSemplice(b.s.PuntoX[0]) + " " + FormaSemplice(b.s.PuntoY[0]), "101 10.5 20");
   EXPECT_EQ(b.s.LibrettoMisure, std::vector<std::string>{"0|01012020|1|G693|0010|"});
   EXPECT_NE(b.s.NomeOriginale.find("LAVORI/NUOVO/NUOVO"), std::string::npos);
+  // The extract manager names its choice in lower case: the job takes it in upper case.
+  b.s.Imp.Strumento_ZN_Estratti = "/bin/sh -c \"mkdir -p '" + temp + "../TEMP'; printf 'f12.png\\r\\n' > '" + temp +
+                                  "../TEMP/ESTRATTOASSOCIATO.txt'\"";
+  AzioneLanciaEstratto(b.s);
+  EXPECT_EQ(b.s.FileEstratto + " " + b.s.FileImmagineEstratto, "F12.EMP F12.PNG");
 }
 
 TEST(Ponti, RigaDiComando) {
