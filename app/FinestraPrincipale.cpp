@@ -1,5 +1,8 @@
 #include "FinestraPrincipale.h"
 
+#include "AttesaStrumento.h"
+#include "cadastre/Pregeo.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
@@ -115,7 +118,7 @@ FinestraPrincipale::FinestraPrincipale(Sessione& s) : s_(s) {
   ui_->ImpostaAgganci({[this] { return RettangoloDisegno(); }, [this] { return RettangoloSelezione(); }, &memoria_});
   s_.Ui = ui_.get();
   // The companions (the triangulator) are started and waited for, as the commands expect.
-  processi_ = std::make_unique<ProcessiSistema>(s_.Clip);
+  processi_ = std::make_unique<ProcessiDesktop>(s_.Clip);
   s_.Proc = processi_.get();
 
   connect(tela_, &Tela::Evento, this, &FinestraPrincipale::Aggiorna);
@@ -232,6 +235,11 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO") return ApriLavoro();
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
+  // The book is edited in the book manager when one is configured; else it is shown here.
+  if (t == "LIBRETTO_MISURE" && !RigaStrumento(s_, kSuiteLibretti, "").empty()) {
+    AzioneLibrettoMisure(s_);
+    return Aggiorna();
+  }
   if (t == "LIBRETTO_MISURE" || t == "H") return MostraLibretto();
   if (t == "INFO_ELENCO_PUNTI_TUTTI") return MostraElencoPunti();
   if (t == "ANTEPRIMA_STAMPA") return StampaConDialogo(this, s_);

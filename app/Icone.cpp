@@ -120,7 +120,9 @@ constexpr IconaDiTag kIcone[] = {
     {"SCONGELA_ESTRATTO", "scongela-estratto"}, {"PREGEO", "pregeo"}, {"HPS_DA_LIBRETTO", "hps-libretto"},
     {"ASSEGNA_COLORI_PREGEO", "colori-pregeo"}, {"LIBRETTO_DA_DISEGNO", "libretto-da-disegno"},
     {"IMPORTA_DA_PREGEO", "importa-pregeo"}, {"CONVERTE_CAT_FIS", "converti-cat-fis"},
-    {"MANUALE_WEB_AUTOALLESTITO", "manuale"},
+    {"MANUALE_WEB_AUTOALLESTITO", "manuale"}, {"CARICA_DAT", "importa-pregeo"},
+    {"PROPOSTA_DA_PREGEO", "importa-pregeo"}, {"IMPORTA_MODULISTICA", "manuale"},
+    {"IMPORTA_ELABORAZIONE_PREGEO", "importa-pregeo"},
     // The survey structures share the drawings of their constructions.
     {"DISEGNA_SQUADRI", "squadro"}, {"DISEGNA_COGO", "bilatera"}, {"DISEGNA_POLIGONALE", "contorno-7"},
     {"LIVELLAZIONE_DAL_MEZZO", "contorno-7"}, {"LIVELLAZIONE_RAGGIANTE", "contorno-7"},

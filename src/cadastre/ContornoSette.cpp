@@ -52,17 +52,7 @@ void Contorno(const TrattiSette& t, const std::vector<std::string>& v, const Ind
       ultimo = k;
       continue;
     }
-    for (char c : campo) {
-      switch (c) {
-        case 'R': penna = 1; break;
-        case 'N': penna = 250; break;
-        case 'V': penna = 3; break;
-        case 'C': stile = 1; break;
-        case 'T': stile = 2; break;
-        case 'P': stile = 3; break;
-        default: break;
-      }
-    }
+    CodiceLinea(campo, penna, stile);
   }
 }
 
@@ -118,6 +108,20 @@ void Etichetta(Sessione& s, int32_t riga, const std::string& particella) {
 }
 
 }  // namespace
+
+void CodiceLinea(std::string_view campo, int32_t& penna, int& stile) {
+  for (char c : campo) {
+    switch (c) {
+      case 'R': penna = 1; break;
+      case 'N': penna = 250; break;
+      case 'V': penna = 3; break;
+      case 'C': stile = 1; break;
+      case 'T': stile = 2; break;
+      case 'P': stile = 3; break;
+      default: break;
+    }
+  }
+}
 
 bool TipoStrutturaRilievo(std::string_view c) {
   return c == kSquadro || c == kPoligonale || c == kCogo || c == kLivellazioneRaggiante || c == kLivellazioneDalMezzo;

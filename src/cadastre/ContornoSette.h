@@ -20,6 +20,10 @@ inline constexpr const char* kLivellazioneRaggiante = "LIVELLAZIONE RAGGIANTE";
 inline constexpr const char* kLivellazioneDalMezzo = "LIVELLAZIONE DAL MEZZO";
 inline constexpr const char* kSezione = "SEZIONE";
 
+// The letters of a line code, as Pregeo writes them: the pen of a side new ("N", 250),
+// removed ("R", 1) or changed ("V", 3), and its line type ("C" 1, "T" 2, "P" 3).
+void CodiceLinea(std::string_view campo, int32_t& penna, int& stile);
+
 // The kinds whose pen is fixed at creation, as the office program draws them.
 bool TipoStrutturaRilievo(std::string_view commento);
 

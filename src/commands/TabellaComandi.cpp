@@ -5,7 +5,10 @@
 #include <array>
 
 #include "cadastre/ComandiContorno.h"
+#include "cadastre/Autoallestito.h"
 #include "cadastre/ComandiEstratto.h"
+#include "cadastre/LibrettoDaDisegno.h"
+#include "cadastre/Pregeo.h"
 #include "commands/Azioni.h"
 #include "commands/Campitura.h"
 #include "commands/Routine.h"
@@ -281,16 +284,16 @@ constexpr VoceComando kTabella[] = {
     Subito("U", nullptr, "Configurazione", {}, {}),
     Subito("EDIT_CONFIGURA_TUTTO", nullptr, "FormConfiguraTutto", "Edit", "Configura Tutto"),
     Subito("FINE_CONTORNO", nullptr, "ContornoSette", {}, {}),
-    Subito("GENERA_AUTOALLESTITO", nullptr, "GeneraAutoallestito", "Catasto", "Genera Autoallestito"),
+    Subito("GENERA_AUTOALLESTITO", AzioneAutoallestito, {}, "Catasto", "Genera Autoallestito"),
     Subito("ESPLODI_ESTRATTO", AzioneEsplodiEstratto, {}, "Catasto", "Esplodi Estratto"),
-    Subito("ESTRATTI_DI_MAPPA", nullptr, "EstrattiDiMappa", "Catasto", "Estratti di Mappa"),
+    Subito("ESTRATTI_DI_MAPPA", AzioneLanciaEstratto, {}, "Catasto", "Estratti di Mappa"),
     Subito("SCALA_MAPPA", nullptr, {}, "Catasto", "Scala Mappa"),
     Subito("CONFIGURA_ESTRATTO", AzioneConfiguraEstratto, {}, "Catasto", "Configura Estratto"),
     Subito("COLORE_ESTRATTO", AzioneColoreEstratto, {}, "Catasto", "Colore Estratto"),
     Subito("ASSOCIA_ESTRATTO", AzioneAssociaEstratto, {}, "Catasto", "Associa Estratto"),
     Subito("CONGELA_ESTRATTO", AzioneCongelaEstratto, {}, "Catasto", "Congela Estratto"),
     Subito("SCONGELA_ESTRATTO", AzioneScongelaEstratto, {}, "Catasto", "Scongela Estratto"),
-    Subito("PREGEO", nullptr, {}, "Catasto", "Pregeo"),
+    Subito("PREGEO", AzionePregeo, {}, "Catasto", "Pregeo"),
     Subito("TRIANGOLI", nullptr, "Triangoli", "Strumenti", "Triangoli"),
     Subito("GESTIONE_PIANI", nullptr, "GestionePiani", "Visualizza", "Gestione Piani"),
     Subito("MENU_PIANI", nullptr, "MenuPiani", "Visualizza", "Piani", "F7"),
@@ -331,12 +334,12 @@ constexpr VoceComando kTabella[] = {
     Subito("ELIMINA_LIVELLAZIONI", AzioneEliminaStrutture, {}, "Catasto", "Elimina Livellazioni"),
     Subito("ELIMINA_PV_PD", AzioneEliminaStrutture, {}, "Catasto", "Elimina PV PD"),
     Subito("ASSEGNA_COLORI_PREGEO", nullptr, {}, "Catasto", "Colori Pregeo"),
-    Subito("LIBRETTO_DA_DISEGNO", nullptr, {}, "Catasto", "Libretto da Disegno"),
+    Subito("LIBRETTO_DA_DISEGNO", AzioneLibrettoDaDisegno, {}, "Catasto", "Libretto da Disegno"),
     Subito("LIBRETTO_MISURE", nullptr, "LibrettoMisure", "Catasto", "Libretto delle Misure"),
     Subito("H", nullptr, "LibrettoMisure", {}, {}),
-    Subito("IMPORTA_DA_PREGEO", nullptr, {}, "Catasto", "Importa da Pregeo"),
+    Subito("IMPORTA_DA_PREGEO", AzioneDaPregeo, {}, "Catasto", "Importa da Pregeo"),
     Subito("SCHEMA_DA_LIBRETTO", AzioneSchemaDaLibretto, {}, "Catasto", "Schema da Libretto"),
-    Subito("INFO_MISURATE", nullptr, {}, "Info", "Misurate"),
+    Subito("INFO_MISURATE", AzioneInfoMisurate, {}, "Info", "Misurate"),
     Subito("CONVERTE_CAT_FIS", nullptr, {}, "Catasto", "Converti Catastale Fiscale"),
     Subito("LISTA_ENTITA", nullptr, "ElencoEntita", "Info", "Lista Entità"),
     Subito("CONGELA_SCONGELA_SIMBOLI", nullptr, "CongelaSimboli", "Visualizza", "Congela Simboli"),
@@ -347,6 +350,10 @@ constexpr VoceComando kTabella[] = {
     Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
     Subito("CARICA_CXF", AzioneCaricaCxf, {}, "File", "Importa CXF"),
     Subito("CARICA_TAF", AzioneCaricaTaf, {}, "File", "Importa TAF"),
+    Subito("CARICA_DAT", AzioneCaricaDAT, {}, "Catasto", "Proposta da File DAT"),
+    Subito("PROPOSTA_DA_PREGEO", AzionePropostaDaPregeo, {}, "Catasto", "Proposta da Pregeo"),
+    Subito("IMPORTA_MODULISTICA", AzioneModulistica, {}, "Catasto", "Importa Modulistica PDF"),
+    Subito("IMPORTA_ELABORAZIONE_PREGEO", AzioneElaborazionePregeo, {}, "Catasto", "Importa Elaborazione Pregeo"),
     Subito("INQUADRA_N_PF", nullptr, "FormInquadraPF", "Catasto", "Inquadra su n PF"),
     Subito("SETUP_INQUADRAMENTO", nullptr, "SetupInquadramento", "Catasto", "Setup Inquadramento"),
     Subito("CARICA_PUNTI_RIL", CaricaPuntiRil, {}, "File", "Importa Punti RIL"),

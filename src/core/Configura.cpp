@@ -86,6 +86,12 @@ const std::vector<Riga>& Righe() {
       {{"Cartelle", "Cartella_Fiducial", 's', nullptr}, &I::Cartella_Fiducial},
       {{"Cartelle", "Cartella_Copia_Salvataggio", 's', nullptr}, &I::Cartella_Copia_Salvataggio},
       {{"Terreno", "Limite_Punti_Triangolazione", 'l', nullptr}, &I::Limite_Punti_Triangolazione},
+      {{"Strumenti", "SondaIII", 's', nullptr}, &I::Strumento_SondaIII},
+      {{"Strumenti", "ZN_Omnia", 's', nullptr}, &I::Strumento_ZN_Omnia},
+      {{"Strumenti", "ZN_SuiteMappa", 's', nullptr}, &I::Strumento_ZN_SuiteMappa},
+      {{"Strumenti", "ZN_SuiteLibretti", 's', nullptr}, &I::Strumento_ZN_SuiteLibretti},
+      {{"Strumenti", "ZN_Estratti", 's', nullptr}, &I::Strumento_ZN_Estratti},
+      {{"Strumenti", "Pregeo", 's', nullptr}, &I::Strumento_Pregeo},
   };
   return righe;
 }

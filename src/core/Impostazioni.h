@@ -70,6 +70,11 @@ struct Impostazioni {
   // "Salva sempre anche nella cartella": a folder that receives a copy of the job at every
   // save (a shared drive, a folder a backup tool watches). Empty: no copy.
   std::string Cartella_Copia_Salvataggio;
+  // The command lines of the sibling tools and of Pregeo, "%1" for the file handed over
+  // (on this system they run under a compatibility layer or are stand-ins): empty, the
+  // tool is not there.
+  std::string Strumento_SondaIII, Strumento_ZN_Omnia, Strumento_ZN_SuiteMappa, Strumento_ZN_SuiteLibretti,
+      Strumento_ZN_Estratti, Strumento_Pregeo;
   // The older program handed at most 10000 points to its triangulator, a fixed array bound;
   // a survey of a GNSS receiver or a scanner is larger, so here the bound is a setting
   // (0: no bound).

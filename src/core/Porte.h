@@ -75,7 +75,16 @@ class Processi {
   virtual std::optional<int> Esegui(const std::string& programma,
                                     const std::vector<std::string>& argomenti,
                                     const std::string& cartella) = 0;
+  // A tool the user waits for, by the name the user knows it by. An interface may show the
+  // wait and let the user stop waiting: the answer is then `kAttesaInterrotta`, the tool
+  // stopped, and nothing it wrote is to be read.
+  virtual std::optional<int> Attendi(std::string_view /*nome*/, const std::string& programma,
+                                     const std::vector<std::string>& argomenti, const std::string& cartella) {
+    return Esegui(programma, argomenti, cartella);
+  }
 };
+
+inline constexpr int kAttesaInterrotta = -1;
 
 class Appunti {
  public:

@@ -49,6 +49,7 @@ constexpr Bersaglio kBersagli[] = {
     {"dacad", FuzzDaCad, true},
     {"tabellaincollata", FuzzTabellaIncollata, true},
     {"copiainfile", FuzzCopiaInFile, true},
+    {"pregeo", FuzzPregeo, true},
 };
 
 }  // namespace

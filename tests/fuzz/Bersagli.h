@@ -62,5 +62,6 @@ void FuzzXvr(const Ambiente& a, std::string_view byte);
 void FuzzDaCad(const Ambiente& a, std::string_view byte);
 void FuzzTabellaIncollata(const Ambiente& a, std::string_view byte);
 void FuzzCopiaInFile(const Ambiente& a, std::string_view byte);
+void FuzzPregeo(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

@@ -1,0 +1,199 @@
+// The bridges to Pregeo and the sibling tools: the files written, worked out by hand from the
+// file layouts, and each hand-off run end to end against a stand-in tool.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include "cadastre/Autoallestito.h"
+#include "cadastre/ContornoSette.h"
+#include "cadastre/LibrettoDaDisegno.h"
+#include "cadastre/Pregeo.h"
+#include "Terminale.h"
+#include "core/CodicePagina.h"
+#include "core/ProcessiSistema.h"
+#include "core/Testo.h"
+#include "store/Cfg.h"
+#include "support/ProvaCli.h"
+#include "support/ProvaComandi.h"
+
+namespace varena {
+namespace {
+
+using prova::Banco;
+
+// Points (one deleted, one with a comma and a prism, one of a long name, one with a blank),
+// a frozen line, and three contours: one of no kind, one with a code, one of no label.
+void Disegno(Sessione& s) {
+  prova::MettiPunto(s, "101", 10.5, 20.25, 3);
+  s.PuntoDescrizione[0] = "muro, est";
+  s.PuntoHPrisma[0] = 1.6f;
+  s.PuntoIdent[prova::MettiPunto(s, "102", 7, 7)] = -1;
+  prova::MettiPunto(s, "5 B", 1, 2);
+  prova::MettiPunto(s, "1234567890AB", -5.5, 0.0004);
+  prova::MettiLinea(s, 0, 0, 1.5, 2);
+  s.LineaCongela[prova::MettiLinea(s, 5, 5, 6, 6)] = 1;
+  subAggiungiSetteSingolo(s, "|101|5 B|", "", "9|8|7||", 1, 1);
+  subAggiungiSetteSingolo(s, "|101|1234567890AB|NC|", "CONTORNO", "12|345|6||", 1, 1);
+  subAggiungiSetteSingolo(s, "|5 B|101|", "POLIGONALE", "", 1, 1);
+}
+
+TEST(Ponti, LxcDelDisegno) {
+  Banco b;
+  Disegno(b.s);
+  EXPECT_EQ(RigheLXC(b.s), (std::vector<std::string>{"P,101,10.5,20.25,3,muro. est,1.6", "P,5 B,1,2,0,,0",
+                                                     "P,1234567890AB,-5.5,0.0004,0,,0", "L,0,0,0,1.5,2,0",
+                                                     "7,|101|1234567890AB|NC|,CONTORNO,12_345_6",
+                                                     "7,|5 B|101|,POLIGONALE,__"}));
+}
+
+TEST(Ponti, AutoallestitoConImmagine) {
+  Banco b;
+  Disegno(b.s);
+  prova::ScriviFileProva(b.cartella / "foto.png", "PNG!");
+  prova::MettiImmagine(b.s, 1000.5, 2000.25, 100, 50, 0.5);
+  b.s.BitmapNomeFile[0] = b.cartella / "foto.png";
+  b.s.Imp.Cartella_Estratti = b.cartella / "estratti";
+  EXPECT_EQ(ScriviAutoallestito(b.s, "Prova.EMP"), b.cartella / "estratti/Prova.emp");
+  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "estratti/Prova.emp"),
+            "0|AUTOALLESTITO|0|0|0|8,345,|0|0|0|0|\r\n6|INQUADRAMENTO|2000.25|1000.5|0.50000000|0|0|0|\r\n"
+            "8|101%|20.250|10.500|\r\n8|5B%|2.000|1.000|\r\n8|4567890AB%|0.000|-5.500|\r\n"
+            "7|2|101%|5 B%|NC|\r\n7|2|101%|1234567890AB%|NC|\r\n7|2|5 B%|101%|NC|\r\n");
+  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "estratti/Prova.PNG"), "PNG!");
+  Banco vuoto;
+  EXPECT_EQ(RigheAutoallestito(vuoto.s)[0], "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
+}
+
+TEST(Ponti, PropostaDaDat) {
+  const std::string dat = prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1);
+  std::vector<std::string> letto;
+  for (const LineaProposta& l : LeggiProposta(dat))
+    letto.push_back(l.Piano + " " + FormaSemplice(l.X1) + "," + FormaSemplice(l.Y1) + " " + FormaSemplice(l.X2) +
+                    "," + FormaSemplice(l.Y2) + " " + std::to_string(l.Penna) + "/" + std::to_string(l.Tratteggio));
+  EXPECT_EQ(letto, (std::vector<std::string>{"ESTRATTO 200,100 200,110 250/1", "ESTRATTO 200,110 210,110 250/1",
+                                             "ESTRATTO 210,110 200,100 250/1", "PROPOSTA 200,100 210,110 1/2"}));
+  EXPECT_TRUE(LeggiProposta("8|1|0|0|\r\n7|1|1|2|\r\n").empty());  // no extract heading: nothing
+}
+
+TEST(Ponti, ElaborazioneInTabella) {
+  Banco b;
+  EXPECT_EQ(TabellaElaborazione(b.s, "  Punto   101  +/-   0.01 \r\n\r\nSQM    0.02"), 2);
+  EXPECT_EQ(b.s.TestoTesto[0] + "|" + b.s.TestoTesto[1] + "|" + b.s.TestoPiano[1], "Punto 101 +/- 0.01|SQM 0.02|Tabella");
+}
+
+// The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
+std::string Sonda(Banco& b, const std::string& corpo) {
+  const std::string f = b.cartella / "sonda.sh";
+  prova::ScriviFileProva(f, "#!/bin/sh\nlxc=\"${1%%|*}\"\nlibro=\"${lxc%.LXC}.TXT\"\n" + corpo + "\n");
+  chmod(f.c_str(), 0755);
+  return f + " %1";
+}
+
+std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
+
+// A wait the user stopped.
+struct Interrotto : Processi {
+  std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
+    return kAttesaInterrotta;
+  }
+};
+
+TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
+  const std::string ok = "awk -F, '{sub(/\\r$/,\"\")} $1==\"P\"{printf \"2|%s|0|0|0|%s|\\r\\n\",$2,$7}' \"$lxc\" > \"$libro\"\n"
+                         "printf '6|<EST>F9.EMP|\\r\\n' >> \"$libro\"";
+  struct Caso {
+    std::string comando, messaggio;
+    std::vector<std::string> libro;
+  } casi[] = {
+      {"sonda", "", {"2|101|0|0|0|1.6|", "2|5 B|0|0|0|0|", "2|1234567890AB|0|0|0|0|"}},
+      {"", "Strumento non configurato: SondaIII\nIndicarne il comando in Configura.ini, sezione Strumenti.", {"0|x|"}},
+      {"/nessuno/sonda %1", "Strumento non trovato: SondaIII (/nessuno/sonda)", {"0|x|"}},
+      {"fallisce", "SondaIII è terminato con errore 3\nIl lavoro resta com'era.", {"0|x|"}},
+      {"interrotto", "Attesa interrotta: SondaIII\nIl lavoro resta com'era.", {"0|x|"}},
+      {"garbuglio", "", {"xyz|||", "7|||"}},
+  };
+  for (const Caso& c : casi) {
+    Banco b;
+    prova::ApriLavoroVuoto(b);
+    Disegno(b.s);
+    InterfacciaRegistrata ui;
+    b.s.Ui = &ui;
+    ProcessiSistema sistema;
+    Interrotto interrotto;
+    b.s.Proc = c.comando == "interrotto" ? static_cast<Processi*>(&interrotto) : &sistema;
+    b.s.Imp.Strumento_SondaIII = c.comando == "sonda"       ? Sonda(b, ok)
+                                 : c.comando == "fallisce"  ? Sonda(b, "echo '9|' > \"$libro\"; exit 3")
+                                 : c.comando == "garbuglio" ? Sonda(b, "printf 'xyz|||\\r\\n7|||' > \"$libro\"")
+                                                            : c.comando;
+    b.s.LibrettoMisure = {"0|x|"};
+    AzioneLibrettoDaDisegno(b.s);
+    EXPECT_EQ(b.s.LibrettoMisure, c.libro) << c.comando;
+    EXPECT_EQ(Ultimo(ui), c.messaggio) << c.comando;
+    if (c.comando == "sonda") {
+      EXPECT_EQ(b.s.FileEstratto, "F9.EMP");
+    }
+  }
+}
+
+TEST(Ponti, DaPregeoEDat) {
+  Banco b;
+  prova::ApriLavoroVuoto(b);
+  InterfacciaRegistrata ui;
+  b.s.Ui = &ui;
+  const std::string temp = b.s.CartellaDocumenti + "/ZN_Suite/Temp/";
+  const std::string omnia = b.cartella / "omnia.sh";
+  prova::ScriviFileProva(omnia, "#!/bin/sh\nmkdir -p '" + temp + "'\nprintf '0|01012020|1|G693|0010|\\r\\n' > '" + temp +
+                                    "ESPORTA_LIBRETTO.TXT'\n[ -n \"$1\" ] && printf '101|10,5|20|3|muro|\\r\\n' > '" +
+                                    temp + "ESPORTA_PUNTI_ELABORATI.TXT'\nexit 0\n");
+  chmod(omnia.c_str(), 0755);
+  ProcessiSistema sistema;
+  b.s.Proc = &sistema;
+  b.s.Imp.Strumento_ZN_Omnia = omnia + " %1";  // "%1" is empty: the hub writes no points
+  ui.Rispondi(Risposta::No);
+  AzioneDaPregeo(b.s);
+  EXPECT_EQ(Ultimo(ui), "Nessun dato caricato!");
+  EXPECT_EQ(b.s.ContaEntita[SlotPunti], 0);
+  b.s.Imp.Strumento_ZN_Omnia = omnia + " punti";
+  ui.Rispondi(Risposta::No);
+  AzioneDaPregeo(b.s);
+  ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(b.s.PuntoNome[0] + " " + FormaSemplice(b.s.PuntoX[0]) + " " + FormaSemplice(b.s.PuntoY[0]), "101 10.5 20");
+  EXPECT_EQ(b.s.LibrettoMisure, std::vector<std::string>{"0|01012020|1|G693|0010|"});
+  EXPECT_NE(b.s.NomeOriginale.find("LAVORI/NUOVO/NUOVO"), std::string::npos);
+  // The extract manager names its choice in lower case: the job takes it in upper case.
+  b.s.Imp.Strumento_ZN_Estratti = "/bin/sh -c \"mkdir -p '" + temp + "../TEMP'; printf 'f12.png\\r\\n' > '" + temp +
+                                  "../TEMP/ESTRATTOASSOCIATO.txt'\"";
+  AzioneLanciaEstratto(b.s);
+  EXPECT_EQ(b.s.FileEstratto + " " + b.s.FileImmagineEstratto, "F12.EMP F12.PNG");
+}
+
+TEST(Ponti, RigaDiComando) {
+  prova::CartellaTemporanea radice;
+  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
+  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
+  {
+    Sessione vuota;
+    prova::ScriviFileProva(radice / "rossi.cfg", Utf8InCp1252(TestoCfg(vuota)));
+  }
+  prova::ScriviFileProva(radice / "rossi.lll", prova::RecordPuntoBase("101", 10.5, 20, 3).Byte());
+  prova::ScriviFileProva(radice / "p.dat",
+                         prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  const auto dat = prova::Cli({"dat", radice / "rossi", radice / "p.dat"});
+  EXPECT_EQ(dat.stato, 0) << dat.err;
+  EXPECT_EQ(dat.out, "Linee: 4\n");
+  const auto manca = prova::Cli({"dat", radice / "rossi", radice / "nessuno.dat"});
+  EXPECT_EQ(manca.err, "Il file " + radice / "nessuno.dat" + " NON è stato trovato!\n");
+  Sessione s;
+  std::ostringstream err;
+  ASSERT_TRUE(cli::CaricaInLettura(s, radice / "rossi", err));
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
+  EXPECT_EQ(s.LineaPiano[3], "PROPOSTA");
+  EXPECT_EQ(prova::Cli({"lxc", radice / "rossi"}).stato, 0);
+  EXPECT_EQ(prova::LeggiFileProva(radice / "rossi.LXC").substr(0, 20), "P,101,10.5,20,3,,0\r\n");
+  EXPECT_EQ(prova::Cli({"autoallestito", radice / "rossi", "F1", "--cartella", radice / "e"}).out, radice / "e/F1.emp\n");
+  EXPECT_EQ(prova::LeggiFileProva(radice / "e/F1.emp").substr(0, 34), "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n");
+  ::unsetenv("VARENA_DOCUMENTI");
+  ::unsetenv("VARENA_PROGRAMMA");
+}
+
+}  // namespace
+}  // namespace varena
