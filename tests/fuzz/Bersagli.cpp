@@ -44,6 +44,8 @@ constexpr Bersaglio kBersagli[] = {
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
+    {"ggg", FuzzGgg, true},
+    {"lavori", FuzzLavori, true},
 };
 
 }  // namespace

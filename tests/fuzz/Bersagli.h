@@ -57,5 +57,7 @@ void FuzzVr4(const Ambiente& a, std::string_view byte);
 void FuzzFlusso(const Ambiente& a, std::string_view byte);
 void FuzzEstratto(const Ambiente& a, std::string_view byte);
 void FuzzSez(const Ambiente& a, std::string_view byte);
+void FuzzGgg(const Ambiente& a, std::string_view byte);
+void FuzzLavori(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
