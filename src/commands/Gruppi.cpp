@@ -3,6 +3,8 @@
 #include "commands/Gruppi.h"
 
 #include <algorithm>
+#include <cfloat>
+#include <cmath>
 #include <filesystem>
 #include <tuple>
 #include <utility>
@@ -112,15 +114,18 @@ void Assegna(Tab& tab, const CampoRecord<Tab>& c, size_t k, const std::string& t
           using T = typename std::decay_t<decltype(colonna)>::value_type;
           if constexpr (std::is_same_v<T, std::string>) {
             colonna[k] = c.Rifila ? Rifila(testo) : testo;
-          } else if constexpr (std::is_same_v<T, double> || std::is_same_v<T, float>) {
-            colonna[k] = static_cast<T>(Val(testo));
+          } else if constexpr (std::is_same_v<T, double>) {
+            colonna[k] = Val(testo);
+          } else if constexpr (std::is_same_v<T, float>) {
+            const double v = Val(testo);
+            colonna[k] = std::fabs(v) <= FLT_MAX ? static_cast<float>(v) : 0.0f;
           } else if constexpr (std::is_same_v<T, int16_t>) {
             colonna[k] = InteroCorto(Val(testo));
           } else if constexpr (std::is_same_v<T, int32_t>) {
             colonna[k] = InteroLungo(Val(testo));
           } else {
             const double v = Val(testo);
-            colonna[k] = static_cast<T>(v < 0 ? 0 : (v > 255 ? 255 : v));
+            colonna[k] = static_cast<T>(v > 0 ? (v < 255 ? v : 255) : 0);
           }
         }
       },

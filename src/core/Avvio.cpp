@@ -13,6 +13,7 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
+#include "core/SimboliUtente.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
@@ -112,6 +113,7 @@ void InizializzaDefault(Sessione& s) {
   CaricaPiani1(s);
   CaricaTratteggi(s);
   CaricaConfiguraPunti(s);
+  CaricaSimboli(s);
   CaricaArchivioNote(s);
   CaricaComuni(s);
   s.RoutineCorrente = "DOPOCARICACOMUNI";
