@@ -101,9 +101,7 @@ FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
   colonna->addWidget(new QLabel(tr("Archivio dei lavori"), this));
   colonna->addWidget(griglia_, 1);
   colonna->addWidget(divisore, 2);
-  auto* bottoni = new QDialogButtonBox(this);
-  bottoni->addButton(tr("Apri"), QDialogButtonBox::AcceptRole);
-  bottoni->addButton(tr("Annulla"), QDialogButtonBox::RejectRole);
+  auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
   connect(bottoni, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(bottoni, &QDialogButtonBox::accepted, this, [this, elenco, file] {
     if (elenco->currentIndex().isValid())
@@ -131,8 +129,7 @@ FormRiapriDisegno::FormRiapriDisegno(Sessione& s, QWidget* genitore) : QDialog(g
     scelto_ = i->text();
     accept();
   });
-  auto* bottoni = new QDialogButtonBox(this);
-  bottoni->addButton(tr("Annulla"), QDialogButtonBox::RejectRole);
+  auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   auto* svuota = bottoni->addButton(tr("Elimina Lavori Recenti"), QDialogButtonBox::ResetRole);
   connect(svuota, &QPushButton::clicked, this, [this, &s] {
     if (SvuotaLavoriRecenti(s)) elenco_->clear();
