@@ -1,5 +1,10 @@
 #include "FinestreLavori.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+#include <QColor>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileSystemModel>
@@ -11,6 +16,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "core/ImpostazioniUtente.h"
 #include "core/Sessione.h"
 #include "store/Registro.h"
 #include "store/Salvataggio.h"
@@ -31,15 +37,32 @@ FormApri::FormApri(Sessione& s, QWidget* genitore) : QDialog(genitore), s_(s) {
   griglia_->setSelectionBehavior(QAbstractItemView::SelectRows);
   griglia_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   griglia_->horizontalHeader()->setStretchLastSection(true);
-  griglia_->setSortingEnabled(true);
+  // Filled with sorting off: a grid that sorts at each cell set takes minutes over an
+  // archive of thousands of jobs.
   const auto righe = CaricaGriglia(s_);
   griglia_->setRowCount(static_cast<int>(righe.size()));
   for (int r = 0; r < static_cast<int>(righe.size()); ++r) {
     const VoceArchivio& v = righe[static_cast<size_t>(r)];
     int c = 0;
-    for (const std::string& t : {v.Nome, v.Percorso, v.Descrizione, v.Data})
-      griglia_->setItem(r, c++, new QTableWidgetItem(Qs(t)));
+    for (const std::string& t : {v.Nome, v.Percorso, v.Descrizione, v.Data}) {
+      auto* cella = new QTableWidgetItem(Qs(t));
+      // A job no longer on disk still shows, greyed: opening it gives an empty job.
+      if (v.Mancante) {
+        cella->setForeground(QColor(128, 128, 128));
+        cella->setToolTip(tr("Lavoro non trovato"));
+      }
+      griglia_->setItem(r, c++, cella);
+    }
   }
+  // The sort column of the last time, kept in the user's settings when the window closes.
+  const int colonnaOrdine = std::clamp(
+      std::atoi(LeggiImpostazioneUtente(s_, "ArchivioLavori", "OrdinaLavori", "0").c_str()), 0, 3);
+  griglia_->setSortingEnabled(true);
+  griglia_->sortByColumn(colonnaOrdine, Qt::AscendingOrder);
+  connect(this, &QDialog::finished, this, [this] {
+    ScriviImpostazioneUtente(s_, "ArchivioLavori", "OrdinaLavori",
+                             std::to_string(griglia_->horizontalHeader()->sortIndicatorSection()));
+  });
   connect(griglia_, &QTableWidget::cellDoubleClicked, this,
           [this](int r, int) { Scegli(griglia_->item(r, 1)->text()); });
 

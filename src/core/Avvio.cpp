@@ -11,6 +11,7 @@
 #include "core/Lista.h"
 #include "core/Salvaini.h"
 #include "core/Sessione.h"
+#include "core/SimboliUtente.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
 #include "store/Archivio.h"
@@ -113,6 +114,7 @@ void InizializzaDefault(Sessione& s) {
   CaricaPiani1(s);
   CaricaTratteggi(s);
   CaricaConfiguraPunti(s);
+  CaricaSimboli(s);
   CaricaArchivioNote(s);
   CaricaComuni(s);
   s.RoutineCorrente = "DOPOCARICACOMUNI";

@@ -24,6 +24,7 @@
 #include "core/ImpostazioniUtente.h"
 #include "core/OrigineFile.h"
 #include "core/Piani.h"
+#include "core/SimboliUtente.h"
 #include "core/Porte.h"
 #include "core/Tabelle.h"
 #include "core/Tratteggi.h"
@@ -105,6 +106,7 @@ struct Sessione : TabelleEntita, StatoComandi, StatoSelezione, StatoModifica, St
   ArchivioNote Note;
   ToolbarBottoni Toolbar;
   ConfigurazionePunti ConfiguraPunti;
+  TabellaSimboli Simboli;  // the user's point symbols, for the whole program
   StampaPaginato Paginato;
   // Where each of them, and each setting file, was read from.
   std::vector<OrigineFile> FileRiferimento;

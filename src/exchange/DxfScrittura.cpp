@@ -225,9 +225,27 @@ void Scrittore::Simbolo(size_t i) {
   }
 }
 
-// `DisegnaPuntoProDXF`: the user symbols have no table in this program yet, so a negative
-// code writes no strokes.
-void Scrittore::SimboloUtente(size_t) {}
+// `DisegnaPuntoProDXF`: a negative code is the user's symbol of that number, its lines,
+// circles and arcs written as such on the layer of the symbols.
+void Scrittore::SimboloUtente(size_t i) {
+  static const std::string piano = "SimboliPunto";
+  thread_local std::vector<ElementoSimbolo> elementi;
+  elementi.clear();
+  ScomponiSimboloUtente(s_.Simboli, -s_.PuntoSimbolo[i], Altezza(s_.PuntoDimensioneSimbolo[i]), 0, elementi);
+  const double x = s_.PuntoX[i], y = s_.PuntoY[i], z = s_.PuntoZ[i];
+  const double gradi = 45 / std::atan(1.0);
+  for (const ElementoSimbolo& e : elementi) {
+    if (e.Tipo == ElementoSimbolo::Linea) {
+      LineaDXF(x + e.A, y + e.B, z, x + e.C, y + e.D, z, piano);
+    } else if (e.Tipo == ElementoSimbolo::Cerchio) {
+      CerchioDXF(x + e.A, y + e.B, e.C, piano);
+    } else if (e.Tipo == ElementoSimbolo::Arco) {
+      // DXF arcs run counter-clockwise from East in degrees: from the end's direction to the start's.
+      u_.R(" 0").R("ARC").R(" 8").R(piano).R(" 10").N(x + e.A).R(" 20").N(y + e.B).R(" 40").N(e.C);
+      u_.R(" 50").N(NelGiro(90 - (e.D + e.E) * gradi, 360)).R(" 51").N(NelGiro(90 - e.D * gradi, 360));
+    }
+  }
+}
 
 std::string Scrittore::PianoEntita(const std::string& piano, int32_t colore, int tratteggio,
                                    bool conTratteggio) const {

@@ -147,7 +147,7 @@ void ScriviSimbolo(Pagina& p, int32_t riga, double dimensione) {
   if (!(spessore > 0)) return;
   thread_local std::vector<ElementoSimbolo> elementi;
   elementi.clear();
-  ScomponiSimbolo(s.PuntoSimbolo[r], dimensione, true, elementi);
+  ScomponiSimboloPunto(s.Simboli, s.PuntoSimbolo[r], dimensione, true, elementi);
   const double x = s.PuntoX[r], y = s.PuntoY[r];
   for (const ElementoSimbolo& e : elementi) {
     switch (e.Tipo) {
@@ -162,6 +162,14 @@ void ScriviSimbolo(Pagina& p, int32_t riga, double dimensione) {
         break;
       }
       case ElementoSimbolo::Punto: break;
+      case ElementoSimbolo::Arco: {
+        // The plot has no arc record: a symbol's arc goes as its chords, as a plain arc does.
+        thread_local std::vector<TrattoArco> corde;
+        corde.clear();
+        EspandiArco(x + e.A, y + e.B, e.C, e.D, e.E, StileLinea{}, corde);
+        for (const TrattoArco& t : corde) p.Linea(t.X1, t.Y1, t.X2, t.Y2, spessore);
+        break;
+      }
     }
   }
 }

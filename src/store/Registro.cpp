@@ -53,6 +53,8 @@ std::vector<VoceArchivio> CaricaGriglia(const Sessione& s) {
     v.Nome = Foglia(SenzaCfg(v.Percorso));
     v.Descrizione = Rifila(campi[4]);
     v.Data = Rifila(campi[5]);
+    const auto cfg = TrovaFile(NormalizzaPercorso(v.Percorso));
+    v.Mancante = !cfg || !EsisteFile(*cfg);
     righe.push_back(std::move(v));
   }
   return righe;

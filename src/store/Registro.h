@@ -9,9 +9,11 @@ namespace varena {
 
 struct Sessione;
 
-// One row of the archive: leaf name, full path with ".CFG", description, date.
+// One row of the archive: leaf name, full path with ".CFG", description, date, and whether
+// the job is no longer where the row says (the row still shows, marked).
 struct VoceArchivio {
   std::string Nome, Percorso, Descrizione, Data;
+  bool Mancante = false;
 };
 // `CaricaGriglia`: quotes removed, ", , , " put in front and the line split at commas, so a
 // description holding a comma pushes the date along.

@@ -300,7 +300,16 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
     // The size tested here is the one the point before left behind.
     if (stato.DimensionePrecedente < v.SogliaSimbolo) sup.Pixel(fx, fy, c);
     stato.DimensionePrecedente = dimensione;
-    if (visibile) sup.Simbolo(s.PuntoSimbolo[r], fx, fy, dimensione, c, stato.Carta);
+    if (visibile && s.PuntoSimbolo[r] < 0) {
+      // `DisegnaPuntoPro`: the user's symbols are painted element by element, never cached,
+      // since the table they come from may change while the program runs.
+      thread_local std::vector<ElementoSimbolo> elementi;
+      elementi.clear();
+      ScomponiSimboloUtente(s.Simboli, -s.PuntoSimbolo[r], dimensione, 0, elementi);
+      DipingiElementi(sup, elementi, fx, fy, c);
+    } else if (visibile) {
+      sup.Simbolo(s.PuntoSimbolo[r], fx, fy, dimensione, c, stato.Carta);
+    }
   }
   // Labels: name, height under it, description under that, each skipping the frozen ones.
   const double xn = s.PuntoX[r] + s.PuntoSpoX[r] - v.CentroEst + dimensione / 2;

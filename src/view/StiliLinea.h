@@ -215,11 +215,20 @@ void PercorsoArco::Pezzi(double da, double a, F&& f) const {
 
 // What a symbol code paints, in metres from the point, for a symbol of size s.
 struct ElementoSimbolo {
-  enum Tipo : uint8_t { Linea, Cerchio, Riquadro, Punto } Tipo;
+  enum Tipo : uint8_t { Linea, Cerchio, Riquadro, Punto, Arco } Tipo;
   double A, B, C, D;  // line: both ends; circle: centre and radius; box: centre and half side
+  // Arc (user symbols): centre A, B, radius C, from azimuth D through E radians clockwise.
+  double E = 0;
 };
 // The decorations are taken off the code in a fixed order (box and circle at 96, box at 64,
 // triangle at 42, circle at 32), what is left is the base. `carta`: a dot is a small cross.
 void ScomponiSimbolo(int codice, double s, bool carta, std::vector<ElementoSimbolo>& out);
+// An angle brought into 0 .. `giro` (2 pi, or 360): one a rounding short of the whole turn, as
+// a user symbol's arc ending at East gives after gon, radians and degrees, is 0 itself.
+inline double NelGiro(double a, double giro) {
+  a = std::fmod(a, giro);
+  if (a < 0) a += giro;
+  return a > giro * (1 - 1e-12) ? 0 : a;
+}
 
 }  // namespace varena

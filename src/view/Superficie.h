@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace varena {
 
@@ -62,5 +63,9 @@ class Superficie {
   // painted element by element; a surface may keep ready-made symbols instead.
   virtual void Simbolo(int codice, float x, float y, double dimensione, ColoreRGB c, bool carta);
 };
+
+struct ElementoSimbolo;
+// The elements of a symbol painted at (x, y), each through the surface's own call.
+void DipingiElementi(Superficie& sup, const std::vector<ElementoSimbolo>& elementi, float x, float y, ColoreRGB c);
 
 }  // namespace varena

@@ -50,6 +50,8 @@ constexpr Bersaglio kBersagli[] = {
     {"tabellaincollata", FuzzTabellaIncollata, true},
     {"copiainfile", FuzzCopiaInFile, true},
     {"pregeo", FuzzPregeo, true},
+    {"ggg", FuzzGgg, true},
+    {"lavori", FuzzLavori, true},
 };
 
 }  // namespace

@@ -63,5 +63,7 @@ void FuzzDaCad(const Ambiente& a, std::string_view byte);
 void FuzzTabellaIncollata(const Ambiente& a, std::string_view byte);
 void FuzzCopiaInFile(const Ambiente& a, std::string_view byte);
 void FuzzPregeo(const Ambiente& a, std::string_view byte);
+void FuzzGgg(const Ambiente& a, std::string_view byte);
+void FuzzLavori(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz
