@@ -46,8 +46,8 @@ QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<
 
 // The tags whose windows belong to the desktop program.
 bool TagDelDesktop(const QString& t) {
-  return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "RIAPRI_DISEGNO" || t == "GESTIONE_DISEGNI" ||
-         t == "LIBRETTO_MISURE" || t == "H" || t == "INFO_ELENCO_PUNTI_TUTTI";
+  return t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO" || t == "CARDI" || t == "RIAPRI_DISEGNO" ||
+         t == "GESTIONE_DISEGNI" || t == "LIBRETTO_MISURE" || t == "H" || t == "INFO_ELENCO_PUNTI_TUTTI";
 }
 
 // A name typed in the command line that a point bears is the point's, as it always was:
@@ -234,6 +234,7 @@ void FinestraPrincipale::EseguiTag(const QString& tag) {
   if (const VoceComando* v = CercaTag(t.toStdString()); v && !v->Voce.empty()) riga_->Annota(Qs(v->Voce));
   if (t == "APRI_ESISTENTE" || t == "APRI_DA_ARCHIVIO") return ApriLavoro();
   if (t == "RIAPRI_DISEGNO") return RiapriLavoro();
+  if (t == "CARDI") return ApriAltroLavoro();
   if (t == "GESTIONE_DISEGNI") return LavoriAperti();
   // The book is edited in the book manager when one is configured; else it is shown here.
   if (t == "LIBRETTO_MISURE" && !RigaStrumento(s_, kSuiteLibretti, "").empty()) {
@@ -434,6 +435,15 @@ void FinestraPrincipale::RiapriLavoro() {
   FormRiapriDisegno f(s_, this);
   if (f.exec() != QDialog::Accepted || f.Scelto().isEmpty() || !ChiudiPrimaDi()) return;
   if (ApriLavoroScelto(s_, f.Scelto().toStdString())) DopoCambioLavoro();
+}
+
+// `Cardi`: another job, a .CFG or its archive, chosen straight from the files.
+void FinestraPrincipale::ApriAltroLavoro() {
+  s_.RoutineCorrente = "Cardi";
+  const auto scelto = s_.Ui->ScegliFile(
+      false, "Apri Lavoro", "File VR2000    (*.CFG)|*.CFG;*.VRZ|File VR2016    (*.VRZ)|*.VRZ|", s_.CartellaLavoro, "");
+  if (!scelto || scelto->empty() || !ChiudiPrimaDi()) return;
+  if (ApriLavoroScelto(s_, *scelto)) DopoCambioLavoro();
 }
 
 void FinestraPrincipale::MostraElencoPunti() {

@@ -100,6 +100,7 @@ class FinestraPrincipale : public QMainWindow {
   void DopoCambioLavoro();
   void ApriLavoro();
   void RiapriLavoro();
+  void ApriAltroLavoro();
   void LavoriAperti();
   // The field book's rows, in a window of their own.
   void MostraLibretto();

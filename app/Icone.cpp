@@ -25,7 +25,7 @@ struct IconaDiTag {
 // Variants of one command share its drawing (the map scales of an image, the label sizes).
 constexpr IconaDiTag kIcone[] = {
     // File
-    {"NUOVO_VUOTO", "nuovo"}, {"APRI_ESISTENTE", "apri"}, {"APRI_DA_ARCHIVIO", "apri-archivio"},
+    {"NUOVO_VUOTO", "nuovo"}, {"APRI_ESISTENTE", "apri"}, {"APRI_DA_ARCHIVIO", "apri-archivio"}, {"CARDI", "apri-archivio"},
     {"RIAPRI_DISEGNO", "riapri"}, {"GESTIONE_DISEGNI", "gestione-disegni"}, {"SALVA_VELOCE", "salva"},
     {"SALVA_CON_NOME", "salva-nome"}, {"COPIA_IN_FILE", "copia-in-file"}, {"INCOLLA_DA_FILE", "incolla-da-file"},
     {"ESPORTA_DXF", "esporta-dxf"}, {"CARICA_DXF", "importa-dxf"},

@@ -38,10 +38,12 @@ QString FiltroQt(std::string_view filtro) {
   const QStringList pezzi = Qs(filtro).split('|', Qt::SkipEmptyParts);
   QStringList voci;
   for (qsizetype i = 0; i + 1 < pezzi.size(); i += 2) {
+    // Qt filters by the patterns between the description's brackets, and the legacy's
+    // brackets may name fewer than the patterns ("(*.CFG)" over "*.CFG;*.VRZ"): the patterns
+    // are the ones that count.
     QString descrizione = pezzi[i].simplified();
-    const QString modelli = QString(pezzi[i + 1]).replace(';', ' ');
-    if (!descrizione.contains('(')) descrizione += " (" + modelli + ")";
-    voci << descrizione;
+    if (const qsizetype aperta = descrizione.indexOf('('); aperta >= 0) descrizione = descrizione.left(aperta).trimmed();
+    voci << descrizione + " (" + QString(pezzi[i + 1]).replace(';', ' ') + ")";
   }
   return voci.join(";;");
 }

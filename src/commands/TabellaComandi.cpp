@@ -304,6 +304,7 @@ constexpr VoceComando kTabella[] = {
     Subito("NUOVO_VUOTO", AzioneNuovoVuoto, {}, "File", "Nuovo"),
     Subito("APRI_ESISTENTE", nullptr, {}, "File", "Apri"),
     Subito("APRI_DA_ARCHIVIO", nullptr, {}, "File", "Apri da Archivio"),
+    Subito("CARDI", nullptr, {}, "File", "Apri Lavoro VR2000 / VR2016"),
     Subito("RIAPRI_DISEGNO", nullptr, {}, "File", "Riapri"),
     Subito("GESTIONE_DISEGNI", nullptr, {}, "File", "Gestione Disegni"),
     Subito("ANNULLA", AzioneAnnulla, {}, "Edit", "Annulla", "F9"),

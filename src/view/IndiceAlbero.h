@@ -75,7 +75,7 @@ void IndiceAlbero::Costruisci(int64_t n, Angoli angoli) {
   std::vector<Scatola> scatole;
   scatole.reserve(static_cast<size_t>(n_));
   for (int64_t i = 0; i < n_; ++i) {
-    double a, b, c, d;
+    double a = 0, b = 0, c = 0, d = 0;  // set by `angoli`; a caller that returns false may leave them
     if (!angoli(i, a, b, c, d)) continue;
     if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c) || !std::isfinite(d)) continue;
     scatole.push_back({std::min(a, c), std::min(b, d), std::max(a, c), std::max(b, d), i});
@@ -127,7 +127,7 @@ void IndiceAlbero::Aggiorna(int64_t n, Mappa mappa, const std::vector<int64_t>& 
   std::erase(aggiunti_, int64_t{-1});
   n_ = std::max<int64_t>(n, 0);
   for (int64_t i : nuovi) {
-    double a, b, c, d;
+    double a = 0, b = 0, c = 0, d = 0;  // set by `angoli`; a caller that returns false may leave them
     if (angoli(i, a, b, c, d) && std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d))
       aggiunti_.push_back(i);
   }
