@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "commands/Comandi.h"
 #include "commands/Gruppi.h"
@@ -85,7 +86,10 @@ bool ApriGestioneGruppi(Sessione& s) {
   Dialogo d;
   d.Nome = kDialogo;
   d.Titolo = "Gruppi";
-  d.AggiungiCampo("Nome", "Nome :", s.NomeGruppo).AggiungiCampo("GRUPPI", "", Elenco(s));
+  // The group last used, or the first of the library, stands chosen.
+  const std::vector<std::string> gruppi = ElencoGruppi(s);
+  const std::string nome = s.NomeGruppo.empty() && !gruppi.empty() ? gruppi.front() : s.NomeGruppo;
+  d.AggiungiCampo("Nome", "Nome :", nome).AggiungiCampo("GRUPPI", "", Elenco(s));
   d.AggiungiBottone("Nuovo", "Nuovo", Nuovo);
   d.AggiungiBottone("Incolla", "Incolla", [](Sessione& x) {
     // An empty or missing name is said at the click, as the command finds the file there.
