@@ -1,9 +1,11 @@
 // The group and symbol commands run click by click, from their dialog and tags.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <tuple>
 
 #include "commands/Attese.h"
+#include "core/Dialoghi.h"
 #include "core/SimboliUtente.h"
 
 namespace varena {
@@ -36,6 +38,10 @@ TEST_F(ComandiGruppi, SalvatoDalDialogoEIncollatoAdOgniClic) {
   EXPECT_EQ(std::tie(s.PuntoNome[2], s.PuntoX[2], s.PuntoY[2]), std::make_tuple("3", 12.0, 33.0));
   ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(Estremi(s, 2), (Valori{10, 30, 13, 34}));
+  // Deleted after a "yes", the file goes and the list is empty.
+  Script("TAG GESTIONE_GRUPPI\nANSWER yes\nPRESS Elimina\n");
+  EXPECT_FALSE(std::filesystem::exists(s.CartellaLavoro + "GRUPPI/CASA.GGG"));
+  EXPECT_EQ(TrovaDialogo(s, "GestioneGruppi")->Valore("GRUPPI"), "");
 }
 
 TEST_F(ComandiGruppi, SimboloNuovoDopoLaSelezioneDalClicDellOrigine) {
