@@ -93,6 +93,8 @@ void FinestraPrincipale::CreaMenu() {
   file->addSeparator();
   file->addAction(IconaFile("lavori-aperti"), tr("Lavori Aperti (recupero)..."), this, &FinestraPrincipale::LavoriAperti);
   file->addAction(IconaFile("includi-disegno"), tr("Includi Disegno..."), this, &FinestraPrincipale::IncludiDisegno);
+  file->addAction(IconaFile("includi-disegno"), tr("Togli Disegno Incluso..."), this,
+                  &FinestraPrincipale::TogliDisegnoIncluso);
   file->addAction(IconaFile("chiudi-lavoro"), tr("Chiudi Lavoro"), this, [this] {
     if (!ChiudiPrimaDi()) return;
     ClearAllTables(s_);

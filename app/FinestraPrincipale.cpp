@@ -8,8 +8,10 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMessageBox>
 #include <QResizeEvent>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -477,6 +479,18 @@ void FinestraPrincipale::IncludiDisegno() {
   std::vector<std::string> percorsi;
   for (const QString& p : scelti) percorsi.push_back(p.toStdString());
   if (varena::IncludiDisegno(s_, percorsi)) DopoCambioLavoro();
+}
+
+void FinestraPrincipale::TogliDisegnoIncluso() {
+  QStringList inclusi;
+  for (const std::string& p : varena::DisegniInclusi(s_)) inclusi << Qs(p);
+  if (inclusi.isEmpty()) {
+    QMessageBox::information(this, tr("Togli Disegno Incluso"), tr("Nessun disegno incluso."));
+    return;
+  }
+  bool scelto = false;
+  const QString p = QInputDialog::getItem(this, tr("Togli Disegno Incluso"), tr("Disegno :"), inclusi, 0, false, &scelto);
+  if (scelto && varena::TogliDisegnoIncluso(s_, p.toStdString())) DopoCambioLavoro();
 }
 
 void FinestraPrincipale::EsciSenzaDomande() {

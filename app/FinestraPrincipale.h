@@ -105,6 +105,7 @@ class FinestraPrincipale : public QMainWindow {
   // The field book's rows, in a window of their own.
   void MostraLibretto();
   void IncludiDisegno();
+  void TogliDisegnoIncluso();
   void AssegnaBottone(QToolButton* b);
   void InvioRiga(const QString& testo);
   void AggiornaRiposo();

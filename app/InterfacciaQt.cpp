@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QStyle>
 
+#include "AnteprimaGruppo.h"
 #include "DialogoQt.h"
 #include "Disposizione.h"
 #include "core/Dialoghi.h"
@@ -204,6 +205,7 @@ void InterfacciaQt::MostraDialogo(const Dialogo& d) {
   const QString nome = QString::fromStdString(d.Nome);
   if (DialogoQt* vecchio = dialoghi_.take(nome)) vecchio->deleteLater();
   auto* nuovo = new DialogoQt(s_, d, aggiorna_, finestra_);
+  if (nome == "GestioneGruppi") AggiungiAnteprimaGruppo(*nuovo, s_);
   dialoghi_.insert(nome, nuovo);
   Colloca(nuovo);
   nuovo->show();

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "commands/Comandi.h"
+#include "commands/ComandiGruppi.h"
 #include "commands/DialoghiSelezione.h"
 #include "commands/Modifica.h"
 #include "commands/Puntatore.h"
@@ -56,6 +57,7 @@ const char* PromptDopoSelezione(int32_t codice) {
     case 414: return "Cambia Allinea - Centro di Rotazione:";
     case 192: return "Rototraslazione con Selezione - Centro di Rotazione :";
     case 216: return "Cambia Quota - Dal Punto :";
+    case 256: return "Simbolo Nuovo - Punto di Inserimento :";
     default: return nullptr;
   }
 }
@@ -68,7 +70,8 @@ bool LavoroImmediato(int32_t codice) {
     case 141:
     case 148:
     case 163:
-    case 218: return true;
+    case 218:
+    case 265: return true;
     default: return false;
   }
 }
@@ -271,6 +274,10 @@ void ConfermaSelezione(Sessione& s) {
   if (c == 218) {
     s.Clip->Scrivi(EsportaSelezione(s));
     FineLavoro(s, false);
+    return;
+  }
+  if (c == 265) {
+    SalvaGruppoSelezionato(s);
     return;
   }
   Esegui(s);

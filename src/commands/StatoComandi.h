@@ -106,6 +106,8 @@ struct StatoComandi {
   double QuotaCopiata = 0;       // commands 320, 321
   std::string NomeCopiato;
   double OrigineFoglioX = 0, OrigineFoglioY = 0;  // command 254
+  // The base clicked for the group being saved (259, then 265); its name is `NomeGruppo`.
+  double BaseGruppoX = 0, BaseGruppoY = 0, BaseGruppoZ = 0;
   SchedaCostruzione Costruzione; // the known points of a point construction and its result
   StatoCalcoli Calcoli;          // the area division, the staking out, the eccentric station
   bool AnteprimaFoglio = false;

@@ -11,6 +11,7 @@
 #include "cadastre/Pregeo.h"
 #include "commands/Azioni.h"
 #include "commands/Campitura.h"
+#include "commands/ComandiGruppi.h"
 #include "commands/Routine.h"
 #include "commands/RoutineCostruzione.h"
 #include "commands/RoutineModifica.h"
@@ -347,6 +348,11 @@ constexpr VoceComando kTabella[] = {
     Subito("FONT_DEFAULT", nullptr, "FormFont", "Visualizza", "Carattere"),
     Subito("TUTTI", nullptr, "FormTutti", "Visualizza", "Tutti"),
     Subito("GESTIONE_GRUPPI", nullptr, "GestioneGruppi", "Disegno", "Gruppi"),
+    // The steps of the groups, armed from their dialog, which names the group.
+    Arma("GRUPPO_NUOVO", 259, "Nuovo Gruppo - Punto di Inserimento :", L, {}, {}, {}),
+    Arma("GRUPPO_SELEZIONA", 265, "Nuovo Gruppo - Seleziona Entità :", V, {}, {}, {}),
+    Arma("GRUPPO_INCOLLA", 260, "Incolla Gruppo - Punto di Inserimento :", L, {}, {}, {}),
+    Arma("SIMBOLO_NUOVO", 256, {}, L, {}, "Punto", "Nuovo Simbolo"),
     Subito("ESPORTA_DXF", nullptr, "EsportaDxf", "File", "Esporta DXF"),
     Subito("CARICA_DXF", CaricaDXF, {}, "File", "Importa DXF"),
     Subito("CARICA_CXF", AzioneCaricaCxf, {}, "File", "Importa CXF"),
@@ -449,6 +455,9 @@ constexpr SchedaCodice kSchede[] = {
     {377, subMarcaVertice, FormaElastico::Nessuna, nullptr},
     {378, subMarcaDirezione, FormaElastico::Nessuna, nullptr},
     {219, subMemorizzaPunto, FormaElastico::Nessuna, nullptr},
+    {259, subNuovoGruppo, FormaElastico::Nessuna, nullptr},
+    {260, subIncollaGruppo, FormaElastico::Nessuna, nullptr},
+    {256, subNuovoSimbolo, FormaElastico::Nessuna, nullptr},
     {132, subDisegnoCerchioTrePunti, FormaElastico::Cerchio3P, nullptr},
     {133, subDisegnoCerchioCentroTangente, FormaElastico::CerchioCentro, nullptr},
     {134, subDisegnoCerchioCentroRaggio, FormaElastico::CerchioRaggio, nullptr},

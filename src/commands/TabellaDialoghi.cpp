@@ -4,6 +4,7 @@
 #include "cadastre/ComandiContorno.h"
 #include "cadastre/ComandiEstratto.h"
 #include "commands/Comandi.h"
+#include "commands/ComandiGruppi.h"
 #include "commands/DialoghiDisegno.h"
 #include "commands/DialoghiScelta.h"
 #include "commands/RoutineCostruzione.h"
@@ -62,6 +63,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"SelezPunti", ApriSelezPunti},
     {"DN", ApriDN},
     {"FormRotoTraslazione", ApriRotoTraslazione},
+    {"GestioneGruppi", ApriGestioneGruppi},
     // The pickers of the current layer, line type and colour.
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},

@@ -182,4 +182,19 @@ bool IncludiDisegno(Sessione& s, const std::vector<std::string>& percorsi) {
   return true;
 }
 
+std::vector<std::string> DisegniInclusi(const Sessione& s) {
+  std::vector<std::string> inclusi;
+  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
+    if (!Rifila(nome).empty()) inclusi.push_back(Rifila(nome));
+  return inclusi;
+}
+
+bool TogliDisegnoIncluso(Sessione& s, const std::string& percorso) {
+  std::vector<std::string> inclusi = DisegniInclusi(s);
+  const auto togli = std::find(inclusi.begin(), inclusi.end(), percorso);
+  if (togli == inclusi.end()) return false;
+  inclusi.erase(togli);
+  return IncludiDisegno(s, inclusi);
+}
+
 }  // namespace varena

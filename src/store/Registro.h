@@ -47,5 +47,10 @@ bool ApriLavoroScelto(Sessione& s, const std::string& percorso);
 // `IncludiDisegno`: the chosen files, each followed by "|", become `FileAssociati`; a
 // snapshot, then the job is reloaded, which reads the included tables.
 bool IncludiDisegno(Sessione& s, const std::vector<std::string>& percorsi);
+// The drawings included, as `FileAssociati` lists them.
+std::vector<std::string> DisegniInclusi(const Sessione& s);
+// One of them taken out of the list, and the job reloaded without it. False when it was not
+// listed.
+bool TogliDisegnoIncluso(Sessione& s, const std::string& percorso);
 
 }  // namespace varena

@@ -99,6 +99,10 @@ TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   EXPECT_EQ(p.ui.Messaggi.size(), prima);
   ASSERT_EQ(p.s.ContaEntita[SlotPunti], 21);
   EXPECT_EQ(std::tie(p.s.PuntoNome[20], p.s.PuntoPiano[20]), std::make_tuple("PF01/0120/A123", "INCLUSI"));
+  // Taken out again, its point goes with it; the other name stays listed.
+  ASSERT_TRUE(TogliDisegnoIncluso(p.s, taf));
+  EXPECT_EQ(p.s.Cfg.VB(B_FileAssociati, 0).Testo, "/dati/MANCANTE.TAF|");
+  EXPECT_EQ(p.s.ContaEntita[SlotPunti], 20);
 }
 
 }  // namespace
