@@ -7,38 +7,29 @@
 #include "cadastre/Pregeo.h"
 #include "commands/RoutineModifica.h"
 #include "core/Dialoghi.h"
-#include "core/Porte.h"
+#include "core/ProcessiSistema.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {
 namespace {
 
-struct Registra : Processi {  // a tool that keeps the words it was started with
-  std::vector<std::string> parole;
-  std::optional<int> Esegui(const std::string& p, const std::vector<std::string>& a, const std::string&) override {
-    parole = a, parole.insert(parole.begin(), p);
-    return 0;
-  }
-};
-
 TEST(PontiStrumenti, CalcoloGpsEMonografia) {
   prova::Banco b;
   prova::ApriLavoroVuoto(b);
-  Registra r;
-  b.s.Proc = &r;
-  b.s.Imp.Strumento_CalcoloGPS = "gps";
-  b.s.Imp.Strumento_SondaIII = "sonda %1";
+  ProcessiSistema sistema;
+  b.s.Proc = &sistema;
+  const std::string copia = b.cartella / "copia";  // what the stand-in tools were handed
+  b.s.Imp.Strumento_CalcoloGPS = "cp %1 " + copia;
+  b.s.Imp.Strumento_SondaIII = "/bin/sh -c \"echo $0 > " + copia + "\" %1";
   prova::MettiPunto(b.s, "101", 10.5, 20.25, 3);
   prova::MettiPunto(b.s, "A,1", -5.5, 0.0004, 1234.123456789);
   prova::MettiPunto(b.s, "5 B", 1, 2, 3);
   b.s.StatoPunto[0] = b.s.StatoPunto[1] = 1;  // only the picked points go
   AzioneCalcoloGPS(b.s);
-  ASSERT_EQ(r.parole.size(), 2u);
-  EXPECT_EQ(prova::LeggiFileProva(r.parole[1]),
-            "101,10.500,20.250,3.000,0,0,0\r\nA.1,-5.500,0.0004,1234.123456789,0,0,0\r\n");
+  EXPECT_EQ(prova::LeggiFileProva(copia), "101,10.500,20.250,3.000,0,0,0\r\nA.1,-5.500,0.0004,1234.123456789,0,0,0\r\n");
   subEditaEntita(b.s, SlotPunti, 2);
   ASSERT_TRUE(PremiBottone(b.s, "formEditaPunto", "MONOGRAFIE"));
-  EXPECT_EQ(r.parole, (std::vector<std::string>{"sonda", "5 B |MONOGRAFIE|"}));
+  EXPECT_EQ(prova::LeggiFileProva(copia), "5 B |MONOGRAFIE|\n");
 }
 
 // Pregeo's table before "comunt.dat"; a line of no name is no row; the file's code page.
