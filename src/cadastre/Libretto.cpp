@@ -119,12 +119,7 @@ void DatiDaRigaZero(Sessione& s) {
   d.CampoOtto = parti[8];
   d.DataBreve = d.CampoDue + (d.Data.size() >= 2 ? d.Data.substr(d.Data.size() - 2) : d.Data);
   d.Anno = d.Data.size() >= 4 ? d.Data.substr(d.Data.size() - 4) : d.Data;
-  CaricaComuni(s);
-  for (const Comune& c : s.Comuni.Righe)
-    if (c.Codice == d.CodiceComune) {
-      d.NomeComune = c.Resto;
-      break;
-    }
+  d.NomeComune = NomeComune(s, d.CodiceComune);
 }
 
 std::string ValoreRigaSei(std::string_view riga) {

@@ -22,11 +22,6 @@ std::string Singola(float v) {
   return std::string(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
 }
 
-// A record made with "|" between the fields: the commas of the values become points first,
-// and only then the bars become the commas of the file, so that a description with a comma
-// cannot split its record.
-std::string Record(const std::string& conBarre) { return Sostituisci(Sostituisci(conBarre, ",", "."), "|", ","); }
-
 std::string Etichetta(const std::string& particella) {
   const std::vector<std::string> f = Dividi(particella.empty() ? "||||" : particella, '|');
   return f[0] + "_" + (f.size() > 1 ? f[1] : "") + "_" + (f.size() > 2 ? f[2] : "");
@@ -40,14 +35,14 @@ std::vector<std::string> RigheLXC(const Sessione& s) {
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
     if (!IdentVivo(s.PuntoIdent[r])) continue;
-    righe.push_back(Record("P|" + s.PuntoNome[r] + "|" + N(s.PuntoX[r]) + "|" + N(s.PuntoY[r]) + "|" + N(s.PuntoZ[r]) +
-                           "|" + s.PuntoDescrizione[r] + "|" + Singola(s.PuntoHPrisma[r])));
+    righe.push_back(RecordConVirgole("P|" + s.PuntoNome[r] + "|" + N(s.PuntoX[r]) + "|" + N(s.PuntoY[r]) + "|" +
+                                     N(s.PuntoZ[r]) + "|" + s.PuntoDescrizione[r] + "|" + Singola(s.PuntoHPrisma[r])));
   }
   for (int32_t k = 0; k < s.ContaEntita[SlotLinee]; ++k) {
     const auto r = static_cast<size_t>(k);
     if (!IdentVivo(s.LineaIdent[r]) || s.LineaCongela[r] != 0) continue;
-    righe.push_back(Record("L|" + N(s.LineaX1[r]) + "|" + N(s.LineaY1[r]) + "|" + N(s.LineaZ1[r]) + "|" +
-                           N(s.LineaX2[r]) + "|" + N(s.LineaY2[r]) + "|" + N(s.LineaZ2[r])));
+    righe.push_back(RecordConVirgole("L|" + N(s.LineaX1[r]) + "|" + N(s.LineaY1[r]) + "|" + N(s.LineaZ1[r]) + "|" +
+                                     N(s.LineaX2[r]) + "|" + N(s.LineaY2[r]) + "|" + N(s.LineaZ2[r])));
   }
   // The contours go as they are: their vertex lists keep their bars.
   for (int32_t k = 0; k < s.ContaEntita[SlotSette]; ++k) {

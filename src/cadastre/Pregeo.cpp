@@ -14,6 +14,7 @@
 #include "core/Porte.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "selection/Selezione.h"
 #include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
@@ -32,6 +33,7 @@ const std::string* ComandoStrumento(const Sessione& s, std::string_view strument
       {kSondaIII, &Impostazioni::Strumento_SondaIII},       {kOmnia, &Impostazioni::Strumento_ZN_Omnia},
       {kOmniaMappa, &Impostazioni::Strumento_ZN_SuiteMappa}, {kSuiteLibretti, &Impostazioni::Strumento_ZN_SuiteLibretti},
       {kEstratti, &Impostazioni::Strumento_ZN_Estratti},    {kPregeo, &Impostazioni::Strumento_Pregeo},
+      {kCalcoloGPS, &Impostazioni::Strumento_CalcoloGPS},
   };
   for (const auto& [nome, campo] : righe)
     if (strumento == nome) return &(s.Imp.*campo);
@@ -414,6 +416,50 @@ void AzioneElaborazionePregeo(Sessione& s) {
                     Risposta::No) != Risposta::Si || !s.Clip)
     return;
   if (TabellaElaborazione(s, s.Clip->Leggi()) > 0) VR_SalvaUndo(s);
+}
+
+// --- The local computation of the GPS tool ------------------------------------------------
+
+std::string RecordConVirgole(std::string_view conBarre) {
+  return Sostituisci(Sostituisci(conBarre, ",", "."), "|", ",");
+}
+
+std::vector<std::string> RigheCalcoloLocale(const Sessione& s, const std::vector<int32_t>& punti) {
+  constexpr const char* maschera = "#############0.000######";
+  std::vector<std::string> righe;
+  for (int32_t p : punti) {
+    const size_t r = static_cast<size_t>(p);
+    righe.push_back(RecordConVirgole(s.PuntoNome[r] + "|" + FormatoMaschera(s.PuntoX[r], maschera) + "|" +
+                                     FormatoMaschera(s.PuntoY[r], maschera) + "|" +
+                                     FormatoMaschera(s.PuntoZ[r], maschera) + "|0|0|0"));
+  }
+  return righe;
+}
+
+void AzioneCalcoloGPS(Sessione& s) {
+  s.RoutineCorrente = "FormGPS";
+  // The points picked; with none picked, every point the drawing shows.
+  std::vector<int32_t> punti, visibili;
+  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
+    const size_t i = static_cast<size_t>(r);
+    if (s.PuntoIdent[i] != 0) continue;
+    if (s.StatoPunto[i] == 1) punti.push_back(r);
+    if (!Congelato(s, SlotPunti, i)) visibili.push_back(r);
+  }
+  if (punti.empty()) punti = visibili;
+  if (punti.empty()) {
+    s.Ui->Messaggio("Nessun punto da calcolare!", "Calcolo GPS", Icona::Avviso);
+    return;
+  }
+  const std::string percorso = FileSuite(s, "ZN_Suite/Temp/calcololocale.csv");
+  std::string testo;
+  for (const std::string& riga : RigheCalcoloLocale(s, punti)) testo += riga + "\r\n";
+  if (Protetto(s, [&] {
+        NuovaCartella(Cartella(Cartella(percorso)));
+        NuovaCartella(Cartella(percorso));
+        ScriviTesto(percorso, testo);
+      }))
+    LanciaStrumento(s, kCalcoloGPS, percorso);
 }
 
 }  // namespace varena

@@ -19,6 +19,7 @@ inline constexpr const char* kOmniaMappa = "ZN_SuiteMappa";
 inline constexpr const char* kSuiteLibretti = "ZN_SuiteLibretti";
 inline constexpr const char* kEstratti = "ZN_Estratti";
 inline constexpr const char* kPregeo = "Pregeo";
+inline constexpr const char* kCalcoloGPS = "CalcoloGPS";
 
 // The command line of a tool split into words, "%1" replaced by `argomento` (added at the
 // end when the line has no "%1"). Double quotes keep blanks inside a word. Empty when the
@@ -65,6 +66,15 @@ bool CaricaDATconNomefile(Sessione& s, const std::string& percorso);
 // of the view down. The number of texts made.
 int32_t TabellaElaborazione(Sessione& s, std::string_view testo);
 
+// A record made with "|" between the fields: the commas of the values become points first,
+// and only then the bars become the commas of the file, so that a description or a name
+// with a comma cannot split its record.
+std::string RecordConVirgole(std::string_view conBarre);
+
+// `FormGPS`: the rows of `calcololocale.csv` for the points given, "name,Est,Nord,Quota,0,0,0"
+// each, commas of a name turned into points.
+std::vector<std::string> RigheCalcoloLocale(const Sessione& s, const std::vector<int32_t>& punti);
+
 // The menu's actions.
 void AzioneCaricaDAT(Sessione& s);          // CaricaDAT: a file chosen by the user
 void AzioneDaPregeo(Sessione& s);           // IMPORTA_DA_PREGEO: `dapregeo`
@@ -74,5 +84,6 @@ void AzioneLanciaEstratto(Sessione& s);     // `Lanciaestratto`
 void AzionePregeo(Sessione& s);             // PREGEO: the book handed to Pregeo
 void AzioneModulistica(Sessione& s);        // "Importa Modulistica PDF"
 void AzioneElaborazionePregeo(Sessione& s); // `Importa Elaborazione Pregeo`, from the clipboard
+void AzioneCalcoloGPS(Sessione& s);         // `FormGPS`: the selected points to the GPS tool
 
 }  // namespace varena

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cadastre/CodiciPunto.h"
+#include "cadastre/Pregeo.h"
 #include "commands/Comandi.h"
 #include "commands/DialoghiSelezione.h"
 #include "commands/Modifica.h"
@@ -770,6 +771,11 @@ void subEditaEntita(Sessione& s, uint8_t tipo, int32_t riga) {
     });
   });
   d.AggiungiBottone("Annulla", "Annulla", [nome](Sessione& x) { ChiudiDialogo(x, nome); });
+  // The point's monograph card is kept by the field-book manager.
+  if (tipo == SlotPunti)
+    d.AggiungiBottone("MONOGRAFIE", "Monografia", [riga](Sessione& x) {
+      if (RigaValida(x, SlotPunti, riga)) LancioSondaIII(x, x.PuntoNome[static_cast<size_t>(riga)] + " |MONOGRAFIE|");
+    });
   d.BottoneEsc = "Annulla";
   ApriDialogo(s, std::move(d));
 }

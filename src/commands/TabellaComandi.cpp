@@ -361,6 +361,7 @@ constexpr VoceComando kTabella[] = {
     Subito("PROPOSTA_DA_PREGEO", AzionePropostaDaPregeo, {}, "Catasto", "Proposta da Pregeo"),
     Subito("IMPORTA_MODULISTICA", AzioneModulistica, {}, "Catasto", "Importa Modulistica PDF"),
     Subito("IMPORTA_ELABORAZIONE_PREGEO", AzioneElaborazionePregeo, {}, "Catasto", "Importa Elaborazione Pregeo"),
+    Subito("CALCOLO_GPS", AzioneCalcoloGPS, {}, "Catasto", "Calcolo locale GPS"),
     Subito("INQUADRA_N_PF", nullptr, "FormInquadraPF", "Catasto", "Inquadra su n PF"),
     Subito("SETUP_INQUADRAMENTO", nullptr, "SetupInquadramento", "Catasto", "Setup Inquadramento"),
     Subito("CARICA_PUNTI_RIL", CaricaPuntiRil, {}, "File", "Importa Punti RIL"),

@@ -53,4 +53,43 @@ void CaricaComuni(Sessione& s) {
   if (!fatto) MarcaErrato(s, "comunt.dat", percorso);
 }
 
+std::string PercorsoProsigle(const Sessione& s) { return s.Imp.Cartella_Pregeo + "/EXE/prosigle"; }
+
+std::vector<Comune> LeggiProsigle(std::string_view testo) {
+  constexpr std::string_view separatori = " \t;|";
+  std::vector<Comune> righe;
+  for (const std::string& grezza : RigheTesto(testo)) {
+    const std::string riga = Rifila(grezza);
+    const size_t fine = riga.find_first_of(separatori);
+    if (fine == std::string::npos) continue;
+    const size_t nome = riga.find_first_not_of(separatori, fine);
+    if (nome == std::string::npos) continue;
+    righe.push_back({riga.substr(0, fine), Rifila(riga.substr(nome))});
+  }
+  return righe;
+}
+
+void CaricaProsigle(Sessione& s) {
+  if (!s.Comuni.Sigle.empty()) return;
+  s.RoutineCorrente = "prosigle";
+  const std::string percorso = PercorsoProsigle(s);
+  const bool fatto = Protetto(s, [&] {
+    const auto trovato = TrovaFile(percorso);
+    const auto byte = trovato ? LeggiByte(*trovato) : std::nullopt;
+    if (!byte) return;
+    s.Comuni.Sigle = LeggiProsigle(Cp1252InUtf8(*byte));
+  });
+  if (!fatto) MarcaErrato(s, "prosigle", percorso);
+}
+
+std::string NomeComune(Sessione& s, std::string_view codice) {
+  CaricaProsigle(s);
+  for (const Comune& c : s.Comuni.Sigle)
+    if (c.Codice == codice) return c.Resto;
+  CaricaComuni(s);
+  for (const Comune& c : s.Comuni.Righe)
+    if (c.Codice == codice) return c.Resto;
+  return {};
+}
+
 }  // namespace varena

@@ -92,6 +92,7 @@ const std::vector<Riga>& Righe() {
       {{"Strumenti", "ZN_SuiteLibretti", 's', nullptr}, &I::Strumento_ZN_SuiteLibretti},
       {{"Strumenti", "ZN_Estratti", 's', nullptr}, &I::Strumento_ZN_Estratti},
       {{"Strumenti", "Pregeo", 's', nullptr}, &I::Strumento_Pregeo},
+      {{"Strumenti", "CalcoloGPS", 's', nullptr}, &I::Strumento_CalcoloGPS},
   };
   return righe;
 }

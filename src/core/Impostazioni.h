@@ -74,7 +74,7 @@ struct Impostazioni {
   // (on this system they run under a compatibility layer or are stand-ins): empty, the
   // tool is not there.
   std::string Strumento_SondaIII, Strumento_ZN_Omnia, Strumento_ZN_SuiteMappa, Strumento_ZN_SuiteLibretti,
-      Strumento_ZN_Estratti, Strumento_Pregeo;
+      Strumento_ZN_Estratti, Strumento_Pregeo, Strumento_CalcoloGPS;
   // The older program handed at most 10000 points to its triangulator, a fixed array bound;
   // a survey of a GNSS receiver or a scanner is larger, so here the bound is a setting
   // (0: no bound).

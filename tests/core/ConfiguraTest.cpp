@@ -77,7 +77,7 @@ std::string FileDefault(const std::string& radice) {
          "Cartelle,Cartella_Copia_Salvataggio,\r\n"
          "Terreno,Limite_Punti_Triangolazione,10000\r\n"
          "Strumenti,SondaIII,\r\nStrumenti,ZN_Omnia,\r\nStrumenti,ZN_SuiteMappa,\r\n"
-         "Strumenti,ZN_SuiteLibretti,\r\nStrumenti,ZN_Estratti,\r\nStrumenti,Pregeo,\r\n";
+         "Strumenti,ZN_SuiteLibretti,\r\nStrumenti,ZN_Estratti,\r\nStrumenti,Pregeo,\r\nStrumenti,CalcoloGPS,\r\n";
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {

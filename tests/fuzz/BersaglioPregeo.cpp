@@ -1,10 +1,13 @@
 // What the sibling tools hand back: the input stands as the file a tool wrote, and the
 // hand-off that started it reads it. The first byte chooses the hand-off: the proposal of
-// Pregeo (a `.DAT`), the book and points of the hub, or the book of the field-book manager.
+// Pregeo (a `.DAT`), the book and points of the hub, the book of the field-book manager, or
+// Pregeo's table of municipalities read for the book's heading.
 #include "Bersagli.h"
+#include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
 #include "core/Avvio.h"
+#include "core/File.h"
 #include "core/Porte.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -31,7 +34,7 @@ class StrumentoFinto : public Processi {
 }  // namespace
 
 void FuzzPregeo(const Ambiente& a, std::string_view byte) {
-  const size_t scelta = Scelta(byte, 3);
+  const size_t scelta = Scelta(byte, 4);
   Sessione s;
   a.Prepara(s);
   InizializzaDefault(s);
@@ -50,6 +53,12 @@ void FuzzPregeo(const Ambiente& a, std::string_view byte) {
   if (scelta == 0) AzionePropostaDaPregeo(s);
   if (scelta == 1) AzioneDaPregeo(s);
   if (scelta == 2) AzioneLibrettoDaDisegno(s);
+  if (scelta == 3) {
+    NuovaCartella(s.Imp.Cartella_Pregeo);
+    NuovaCartella(s.Imp.Cartella_Pregeo + "/EXE");
+    ScriviFileFuzz(PercorsoProsigle(s), byte);
+    DatiDaRigaZero(s);
+  }
   RigeneraModifiche(s);
   Dipingi(s);
 }
