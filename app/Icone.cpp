@@ -105,7 +105,7 @@ constexpr IconaDiTag kIcone[] = {
     // Info
     {"INFO_DISTANZA", "distanza"}, {"INFO_DISTANZA_2P", "distanza-2p"}, {"INFO_ANGOLO", "angolo"},
     {"INFO_AREA", "area"}, {"LISTA_ENTITA", "lista-entita"}, {"INFO_ELENCO_PUNTI_TUTTI", "elenco-punti"},
-    {"INFO_MISURATE", "misurate"}, {"VERIFICA_PARALLELE", "verifica-parallele"},
+    {"INFO_MISURATE", "misurate"}, {"MISURATE_DA_STAZIONE", "misurate"}, {"VERIFICA_PARALLELE", "verifica-parallele"},
     // Images
     {"DISEGNA_IMMAGINE", "inserisci-immagine"}, {"SPOSTA_BITMAP", "sposta-immagine"}, {"SCALA_500", "scala-immagine"},
     {"SCALA_1000", "scala-immagine"}, {"SCALA_1500", "scala-immagine"}, {"SCALA_2000", "scala-immagine"},

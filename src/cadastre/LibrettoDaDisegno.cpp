@@ -1,15 +1,19 @@
 // The `.LXC` of the drawing and the hand-off of the field book from the drawing.
 #include "cadastre/LibrettoDaDisegno.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
 #include "cadastre/Libretto.h"
 #include "cadastre/Pregeo.h"
+#include "core/Dialoghi.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "selection/Selezione.h"
+#include "store/Undo.h"
 
 namespace varena {
 
@@ -88,9 +92,102 @@ void AzioneLibrettoDaDisegno(Sessione& s) {
   if (CaricaLibrettoDaSondaIII(s)) RicaricaLibretto(s);
 }
 
-void AzioneInfoMisurate(Sessione& s) {
-  const auto lxc = SalvaGraficaxLibretto(s);
-  if (lxc) LancioSondaIII(s, s.NomeLavoro + "|INFO_MISURATE|");
+// --- The lines tied to points ------------------------------------------------------------
+
+namespace {
+
+constexpr double kTolleranzaEstremo = 0.005;
+
+// The first live point, shown and named, within the tolerance of (x, y); -1 when none.
+int32_t PuntoAllEstremo(const Sessione& s, double x, double y) {
+  for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
+    const auto r = static_cast<size_t>(k);
+    if (!IdentVivo(s.PuntoIdent[r]) || Congelato(s, SlotPunti, r) || Rifila(s.PuntoNome[r]).empty()) continue;
+    if (std::hypot(s.PuntoX[r] - x, s.PuntoY[r] - y) < kTolleranzaEstremo) return k;
+  }
+  return -1;
+}
+
+}  // namespace
+
+EstremiLinee LineePuntiEstremi(const Sessione& s, int codice) {
+  EstremiLinee e;
+  for (int32_t k = 0; k < s.ContaEntita[SlotLinee]; ++k) {
+    const auto r = static_cast<size_t>(k);
+    if (!IdentVivo(s.LineaIdent[r])) continue;
+    const int32_t a = PuntoAllEstremo(s, s.LineaX1[r], s.LineaY1[r]);
+    const int32_t b = a < 0 ? -1 : PuntoAllEstremo(s, s.LineaX2[r], s.LineaY2[r]);
+    if (b < 0) continue;
+    const std::string& na = s.PuntoNome[static_cast<size_t>(a)];
+    const std::string& nb = s.PuntoNome[static_cast<size_t>(b)];
+    if (std::find(e.Stazioni.begin(), e.Stazioni.end(), na) == e.Stazioni.end()) e.Stazioni.push_back(na);
+    if (codice == kCodiceMisurate) {
+      e.Righe.push_back(na + " - " + nb);
+      continue;
+    }
+    const double d = std::hypot(s.PuntoX[static_cast<size_t>(b)] - s.PuntoX[static_cast<size_t>(a)],
+                                s.PuntoY[static_cast<size_t>(b)] - s.PuntoY[static_cast<size_t>(a)]);
+    e.Righe.push_back(AllineaADestra(na, 15) + AllineaADestra(nb, 15) + " : " + FormatoMaschera(d, "######0.##0"));
+  }
+  return e;
+}
+
+namespace {
+
+constexpr const char* kDialogoEstremi = "LineePuntiEstremi";
+
+// "OK": the list goes at the end of the job's text, one generation of its own.
+void CopiaNelTesto(Sessione& s) {
+  Dialogo* d = TrovaDialogo(s, kDialogoEstremi);
+  if (!d) return;
+  std::string testo = d->Valore("Elenco");
+  ChiudiDialogo(s, kDialogoEstremi);
+  if (testo.empty()) return;
+  for (size_t i = 0; (i = testo.find('\n', i)) != std::string::npos; i += 2) testo.insert(i, "\r");
+  s.Testo126 += testo + "\r\n";
+  SegnaModificato(s, Slot126);
+  VR_SalvaUndo(s);
+}
+
+void ApriEstremi(Sessione& s, int codice, const EstremiLinee& e) {
+  Dialogo d;
+  d.Nome = kDialogoEstremi;
+  d.Titolo = "Libretto da Disegno";
+  if (codice == kCodiceMisurate) {
+    // A click in the list of stations writes the one picked into the field above it.
+    std::string stazioni;
+    for (const std::string& n : e.Stazioni) stazioni += n + "\n";
+    d.AggiungiCampo("Stazione", "Stazione :", e.Stazioni.front());
+    d.AggiungiCampo("Stazioni", "", stazioni);
+    d.AggiungiBottone("Misurate", "Misurate dalla Stazione", [](Sessione& x) {
+      const std::string stazione = Rifila(TrovaDialogo(x, kDialogoEstremi)->Valore("Stazione"));
+      if (!stazione.empty() && SalvaGraficaxLibretto(x)) LancioSondaIII(x, stazione + "|" + "|MISURATE_DA1_PF");
+    });
+  } else {
+    d.AggiungiBottone("Misurate", "Info Misurate", [](Sessione& x) {
+      if (SalvaGraficaxLibretto(x)) LancioSondaIII(x, x.NomeLavoro + "|INFO_MISURATE|");
+    });
+  }
+  std::string righe;
+  for (const std::string& r : e.Righe) righe += (righe.empty() ? "" : "\n") + r;
+  d.AggiungiDato("Elenco", "Linee tra Punti :", righe);
+  d.AggiungiBottone("OK", "OK", CopiaNelTesto);
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) { ChiudiDialogo(x, kDialogoEstremi); });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+}
+
+}  // namespace
+
+void AzioneInfoMisurate(Sessione& s) { ApriEstremi(s, 0, LineePuntiEstremi(s, 0)); }
+
+void AzioneMisurateDaStazione(Sessione& s) {
+  const EstremiLinee e = LineePuntiEstremi(s, kCodiceMisurate);
+  if (e.Stazioni.empty()) {
+    s.Ui->Messaggio("Non è stata trovata nessuna Stazione nel Disegno!", "Libretto da Disegno", Icona::Avviso);
+    return;
+  }
+  ApriEstremi(s, kCodiceMisurate, e);
 }
 
 }  // namespace varena

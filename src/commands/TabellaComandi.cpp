@@ -342,6 +342,7 @@ constexpr VoceComando kTabella[] = {
     Subito("IMPORTA_DA_PREGEO", AzioneDaPregeo, {}, "Catasto", "Importa da Pregeo"),
     Subito("SCHEMA_DA_LIBRETTO", AzioneSchemaDaLibretto, {}, "Catasto", "Schema da Libretto"),
     Subito("INFO_MISURATE", AzioneInfoMisurate, {}, "Info", "Misurate"),
+    Subito("MISURATE_DA_STAZIONE", AzioneMisurateDaStazione, {}, "Catasto", "Misurate da Stazione"),
     Subito("CONVERTE_CAT_FIS", nullptr, {}, "Catasto", "Converti Catastale Fiscale"),
     Subito("LISTA_ENTITA", nullptr, "ElencoEntita", "Info", "Lista Entità"),
     Subito("CONGELA_SCONGELA_SIMBOLI", nullptr, "CongelaSimboli", "Visualizza", "Congela Simboli"),

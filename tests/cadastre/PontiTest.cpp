@@ -10,6 +10,7 @@
 #include "cadastre/Pregeo.h"
 #include "Terminale.h"
 #include "core/CodicePagina.h"
+#include "core/Dialoghi.h"
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
 #include "store/Cfg.h"
@@ -36,6 +37,23 @@ void Disegno(Sessione& s) {
   subAggiungiSetteSingolo(s, "|101|1234567890AB|NC|", "CONTORNO", "12|345|6||", 1, 1);
   subAggiungiSetteSingolo(s, "|5 B|101|", "POLIGONALE", "", 1, 1);
 }
+
+// The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
+std::string Sonda(Banco& b, const std::string& corpo) {
+  const std::string f = b.cartella / "sonda.sh";
+  prova::ScriviFileProva(f, "#!/bin/sh\nlxc=\"${1%%|*}\"\nlibro=\"${lxc%.LXC}.TXT\"\n" + corpo + "\n");
+  chmod(f.c_str(), 0755);
+  return f + " %1";
+}
+
+std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
+
+// A wait the user stopped.
+struct Interrotto : Processi {
+  std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
+    return kAttesaInterrotta;
+  }
+};
 
 TEST(Ponti, LxcDelDisegno) {
   Banco b;
@@ -80,23 +98,6 @@ TEST(Ponti, ElaborazioneInTabella) {
   EXPECT_EQ(b.s.TestoTesto[0] + "|" + b.s.TestoTesto[1] + "|" + b.s.TestoPiano[1], "Punto 101 +/- 0.01|SQM 0.02|Tabella");
 }
 
-// The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
-std::string Sonda(Banco& b, const std::string& corpo) {
-  const std::string f = b.cartella / "sonda.sh";
-  prova::ScriviFileProva(f, "#!/bin/sh\nlxc=\"${1%%|*}\"\nlibro=\"${lxc%.LXC}.TXT\"\n" + corpo + "\n");
-  chmod(f.c_str(), 0755);
-  return f + " %1";
-}
-
-std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
-
-// A wait the user stopped.
-struct Interrotto : Processi {
-  std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
-    return kAttesaInterrotta;
-  }
-};
-
 TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
   const std::string ok = "awk -F, '{sub(/\\r$/,\"\")} $1==\"P\"{printf \"2|%s|0|0|0|%s|\\r\\n\",$2,$7}' \"$lxc\" > \"$libro\"\n"
                          "printf '6|<EST>F9.EMP|\\r\\n' >> \"$libro\"";
@@ -132,6 +133,54 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
       EXPECT_EQ(b.s.FileEstratto, "F9.EMP");
     }
   }
+}
+
+// Lines on named points, worked out by hand: a 3-4-5 side, a side of 1.234, a side whose end
+// is on an unnamed point, one whose end point is frozen but has a shown point 4 mm away, a
+// deleted side, and one from a deleted point to a long name 3 mm from it.
+TEST(Ponti, LineePuntiEstremi) {
+  Banco b;
+  prova::ApriLavoroVuoto(b);
+  InterfacciaRegistrata ui;
+  b.s.Ui = &ui;
+  ProcessiSistema sistema;
+  b.s.Proc = &sistema;
+  b.s.Imp.Strumento_SondaIII = Sonda(b, "printf '%s' \"$1\" > \"$(dirname \"$0\")/argomento\"");
+  AzioneMisurateDaStazione(b.s);
+  EXPECT_EQ(Ultimo(ui), "Non è stata trovata nessuna Stazione nel Disegno!");
+  EXPECT_FALSE(DialogoAperto(b.s, "LineePuntiEstremi"));
+  prova::MettiPunto(b.s, "100", 0, 0);
+  prova::MettiPunto(b.s, "101", 3, 4);
+  prova::MettiPunto(b.s, "102", 1.234, 0);
+  prova::MettiPunto(b.s, "", 10, 10);
+  const int32_t gelato = prova::MettiPunto(b.s, "103", 3, 9);
+  b.s.PuntoCongelaNome[static_cast<size_t>(gelato)] = b.s.PuntoCongelaSimbolo[static_cast<size_t>(gelato)] = -1;
+  prova::MettiPunto(b.s, "104", 3.004, 9);
+  b.s.PuntoIdent[static_cast<size_t>(prova::MettiPunto(b.s, "105", 30, 30))] = -1;
+  prova::MettiPunto(b.s, "ABCDEFGHIJKLMNOPQ", 30.003, 30);
+  prova::MettiPunto(b.s, "106", 30, 34);
+  prova::MettiLinea(b.s, 0, 0, 3, 4);
+  prova::MettiLinea(b.s, 1.234, 0, 0, 0);
+  prova::MettiLinea(b.s, 0, 0, 10, 10);
+  prova::MettiLinea(b.s, 3, 4, 3, 9);
+  b.s.LineaIdent[static_cast<size_t>(prova::MettiLinea(b.s, 3, 4, 0, 0))] = -1;
+  prova::MettiLinea(b.s, 30, 30, 30, 34);
+  const EstremiLinee info = LineePuntiEstremi(b.s, 0);
+  EXPECT_EQ(info.Righe, (std::vector<std::string>{"            100            101 : 5.0",
+                                                  "            102            100 : 1.234",
+                                                  "            101            104 : 5.0",
+                                                  "CDEFGHIJKLMNOPQ            106 : 4.0"}));
+  EXPECT_EQ(info.Stazioni, (std::vector<std::string>{"100", "102", "101", "ABCDEFGHIJKLMNOPQ"}));
+  EXPECT_EQ(LineePuntiEstremi(b.s, kCodiceMisurate).Righe,
+            (std::vector<std::string>{"100 - 101", "102 - 100", "101 - 104", "ABCDEFGHIJKLMNOPQ - 106"}));
+  // The station picked goes to the manager; "OK" puts the list at the end of the job's text.
+  AzioneMisurateDaStazione(b.s);
+  ASSERT_TRUE(ScriviCampo(b.s, "LineePuntiEstremi", "Stazione", "102"));
+  ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "Misurate"));
+  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "argomento"), "102||MISURATE_DA1_PF");
+  b.s.Testo126 = "nota\r\n";
+  ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "OK"));
+  EXPECT_EQ(b.s.Testo126, "nota\r\n100 - 101\r\n102 - 100\r\n101 - 104\r\nABCDEFGHIJKLMNOPQ - 106\r\n");
 }
 
 TEST(Ponti, DaPregeoEDat) {
