@@ -123,7 +123,8 @@ constexpr IconaDiTag kIcone[] = {
     {"IMPORTA_DA_PREGEO", "importa-pregeo"}, {"CONVERTE_CAT_FIS", "converti-cat-fis"},
     {"MANUALE_WEB_AUTOALLESTITO", "manuale"}, {"CARICA_DAT", "importa-pregeo"},
     {"PROPOSTA_DA_PREGEO", "importa-pregeo"}, {"IMPORTA_MODULISTICA", "manuale"},
-    {"IMPORTA_ELABORAZIONE_PREGEO", "importa-pregeo"}, {"CALCOLO_GPS", "misurate"},
+    {"IMPORTA_ELABORAZIONE_PREGEO", "importa-pregeo"},
+    {"IMPORTA_ELABORA_DAT_PREGEO", "importa-pregeo"}, {"CALCOLO_GPS", "misurate"},
     // The survey structures share the drawings of their constructions.
     {"DISEGNA_SQUADRI", "squadro"}, {"DISEGNA_COGO", "bilatera"}, {"DISEGNA_POLIGONALE", "contorno-7"},
     {"LIVELLAZIONE_DAL_MEZZO", "contorno-7"}, {"LIVELLAZIONE_RAGGIANTE", "contorno-7"},

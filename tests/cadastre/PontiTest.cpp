@@ -6,6 +6,7 @@
 
 #include "cadastre/Autoallestito.h"
 #include "cadastre/ContornoSette.h"
+#include "cadastre/ElaboratoPregeo.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
 #include "Terminale.h"
@@ -14,6 +15,7 @@
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
 #include "store/Cfg.h"
+#include "store/Undo.h"
 #include "support/ProvaCli.h"
 #include "support/ProvaComandi.h"
 
@@ -96,6 +98,35 @@ TEST(Ponti, ElaborazioneInTabella) {
   Banco b;
   EXPECT_EQ(TabellaElaborazione(b.s, "  Punto   101  +/-   0.01 \r\n\r\nSQM    0.02"), 2);
   EXPECT_EQ(b.s.TestoTesto[0] + "|" + b.s.TestoTesto[1] + "|" + b.s.TestoPiano[1], "Punto 101 +/- 0.01|SQM 0.02|Tabella");
+}
+
+// The rows picked from a computed `.DAT` go to the end of the book as one step; a choice of
+// rows that are not there leaves the book as it was.
+TEST(Ponti, ElaboratoDatNelLibretto) {
+  Banco b;
+  prova::ApriLavoroVuoto(b);
+  InterfacciaRegistrata ui;
+  b.s.Ui = &ui;
+  prova::ScriviFileProva(b.cartella / "elab.dat",
+                         "0|01012020|1|G693|\r\n6|PUNTI ELABORATI|\r\n6|<EST>F1.EMP|\r\n8|101|5020.25|1000.5|12.3456|\r\n"
+                         "8|PF01/0010/G693|100.1234567|-7.5|\r\n8|X|abc|1|\r\n7|3|1|2|3|NC|\r\n");
+  b.s.LibrettoMisure = {"0|x|"};
+  for (const char* righe : {"1,2", "3-1", "2-4"}) {
+    ui.RispondiFile(b.cartella / "elab.dat");
+    AzioneImportaElaboraDat(b.s);
+    ASSERT_TRUE(ScriviCampo(b.s, "FormImportaElaboraDatPregeo", "Righe", righe));
+    ASSERT_TRUE(PremiBottone(b.s, "FormImportaElaboraDatPregeo", "Aggiungi"));
+  }
+  EXPECT_EQ(Ultimo(ui), "Righe non valide: 2-4\nIndicare numeri da 1 a 3, come 1-3,5.");
+  EXPECT_EQ(b.s.LibrettoMisure, (std::vector<std::string>{"0|x|", "6|PUNTI ELABORATI|0.00|0.00|0.00|",
+                                                          "8|101|5020.25|1000.5|12.346|"}));
+  ui.RispondiFile(b.cartella / "elab.dat");
+  AzioneImportaElaboraDat(b.s);
+  PremiBottone(b.s, "FormImportaElaboraDatPregeo", "Aggiungi");  // nothing typed: every row
+  EXPECT_EQ(b.s.LibrettoMisure.back(), "8|PF01/0010/G693|100.123457|-7.5|.000|");
+  EXPECT_EQ(b.s.LibrettoMisure.size(), 6u);
+  ASSERT_TRUE(VR_UNDO(b.s));  // the three rows go back together
+  EXPECT_EQ(b.s.LibrettoMisure.size(), 3u);
 }
 
 TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
