@@ -244,6 +244,18 @@ TEST(Ponti, DaPregeoEDat) {
                                   "../TEMP/ESTRATTOASSOCIATO.txt'\"";
   AzioneLanciaEstratto(b.s);
   EXPECT_EQ(b.s.FileEstratto + " " + b.s.FileImmagineEstratto, "F12.EMP F12.PNG");
+  // The map hub leaves its proposal; the book manager adds a row to the book it is named.
+  const std::string dat = b.cartella / "p.dat";
+  prova::ScriviFileProva(dat, prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  b.s.Imp.Strumento_ZN_SuiteMappa = "cp " + dat + " " + temp + "ESPORTA_PROPOSTA.TXT";
+  ui.Rispondi(Risposta::No);
+  AzionePropostaDaPregeo(b.s);
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  b.s.Imp.Strumento_ZN_SuiteLibretti = "/bin/sh -c \"printf '9|x|\\r\\n' >> $0\"";
+  std::vector<std::string> libro = b.s.LibrettoMisure;
+  libro.push_back("9|x|");
+  AzioneLibrettoMisure(b.s);
+  EXPECT_EQ(b.s.LibrettoMisure, libro);
 }
 
 TEST(Ponti, RigaDiComando) {
