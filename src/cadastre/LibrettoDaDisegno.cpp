@@ -120,7 +120,10 @@ EstremiLinee LineePuntiEstremi(const Sessione& s, int codice) {
     if (b < 0) continue;
     const std::string& na = s.PuntoNome[static_cast<size_t>(a)];
     const std::string& nb = s.PuntoNome[static_cast<size_t>(b)];
-    if (std::find(e.Stazioni.begin(), e.Stazioni.end(), na) == e.Stazioni.end()) e.Stazioni.push_back(na);
+    // A station is named as the program names them everywhere: ending in "00".
+    for (const std::string* n : {&na, &nb})
+      if (FinisceCon(Rifila(*n), "00") && std::find(e.Stazioni.begin(), e.Stazioni.end(), *n) == e.Stazioni.end())
+        e.Stazioni.push_back(*n);
     if (codice == kCodiceMisurate) {
       e.Righe.push_back(na + " - " + nb);
       continue;

@@ -26,8 +26,8 @@ void AzioneLibrettoDaDisegno(Sessione& s);
 // distances from a station; any other code as the plan distance of each pair.
 inline constexpr int kCodiceMisurate = 222;
 struct EstremiLinee {
-  // The points the tied lines start from, once each in drawing order: a measure is drawn
-  // from where the instrument stood, so those are the stations.
+  // The stations at either end of the tied lines, once each in drawing order: names ending
+  // in "00", as stations are named throughout the program.
   std::vector<std::string> Stazioni;
   std::vector<std::string> Righe;  // one a tied line
 };

@@ -168,7 +168,7 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
 
 // Lines on named points, worked out by hand: a 3-4-5 side, a side of 1.234, a side whose end
 // is on an unnamed point, one whose end point is frozen but has a shown point 4 mm away, a
-// deleted side, and one from a deleted point to a long name 3 mm from it.
+// deleted side, and one from a deleted point to a long station name 3 mm from it.
 TEST(Ponti, LineePuntiEstremi) {
   Banco b;
   prova::ApriLavoroVuoto(b);
@@ -188,7 +188,7 @@ TEST(Ponti, LineePuntiEstremi) {
   b.s.PuntoCongelaNome[static_cast<size_t>(gelato)] = b.s.PuntoCongelaSimbolo[static_cast<size_t>(gelato)] = -1;
   prova::MettiPunto(b.s, "104", 3.004, 9);
   b.s.PuntoIdent[static_cast<size_t>(prova::MettiPunto(b.s, "105", 30, 30))] = -1;
-  prova::MettiPunto(b.s, "ABCDEFGHIJKLMNOPQ", 30.003, 30);
+  prova::MettiPunto(b.s, "ABCDEFGHIJKLMNO00", 30.003, 30);
   prova::MettiPunto(b.s, "106", 30, 34);
   prova::MettiLinea(b.s, 0, 0, 3, 4);
   prova::MettiLinea(b.s, 1.234, 0, 0, 0);
@@ -200,18 +200,18 @@ TEST(Ponti, LineePuntiEstremi) {
   EXPECT_EQ(info.Righe, (std::vector<std::string>{"            100            101 : 5.0",
                                                   "            102            100 : 1.234",
                                                   "            101            104 : 5.0",
-                                                  "CDEFGHIJKLMNOPQ            106 : 4.0"}));
-  EXPECT_EQ(info.Stazioni, (std::vector<std::string>{"100", "102", "101", "ABCDEFGHIJKLMNOPQ"}));
+                                                  "CDEFGHIJKLMNO00            106 : 4.0"}));
+  EXPECT_EQ(info.Stazioni, (std::vector<std::string>{"100", "ABCDEFGHIJKLMNO00"}));
   EXPECT_EQ(LineePuntiEstremi(b.s, kCodiceMisurate).Righe,
-            (std::vector<std::string>{"100 - 101", "102 - 100", "101 - 104", "ABCDEFGHIJKLMNOPQ - 106"}));
+            (std::vector<std::string>{"100 - 101", "102 - 100", "101 - 104", "ABCDEFGHIJKLMNO00 - 106"}));
   // The station picked goes to the manager; "OK" puts the list at the end of the job's text.
   AzioneMisurateDaStazione(b.s);
-  ASSERT_TRUE(ScriviCampo(b.s, "LineePuntiEstremi", "Stazione", "102"));
+  ASSERT_TRUE(ScriviCampo(b.s, "LineePuntiEstremi", "Stazione", "ABCDEFGHIJKLMNO00"));
   ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "Misurate"));
-  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "argomento"), "102||MISURATE_DA1_PF");
+  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "argomento"), "ABCDEFGHIJKLMNO00||MISURATE_DA1_PF");
   b.s.Testo126 = "nota\r\n";
   ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "OK"));
-  EXPECT_EQ(b.s.Testo126, "nota\r\n100 - 101\r\n102 - 100\r\n101 - 104\r\nABCDEFGHIJKLMNOPQ - 106\r\n");
+  EXPECT_EQ(b.s.Testo126, "nota\r\n100 - 101\r\n102 - 100\r\n101 - 104\r\nABCDEFGHIJKLMNO00 - 106\r\n");
 }
 
 TEST(Ponti, DaPregeoEDat) {
