@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <map>
 
 #include "cadastre/Libretto.h"
 #include "cadastre/Pregeo.h"
@@ -98,25 +99,60 @@ namespace {
 
 constexpr double kTolleranzaEstremo = 0.005;
 
-// The first live point, shown and named, within the tolerance of (x, y); -1 when none.
-int32_t PuntoAllEstremo(const Sessione& s, double x, double y) {
-  for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
-    const auto r = static_cast<size_t>(k);
-    if (!IdentVivo(s.PuntoIdent[r]) || Congelato(s, SlotPunti, r) || Rifila(s.PuntoNome[r]).empty()) continue;
-    if (std::hypot(s.PuntoX[r] - x, s.PuntoY[r] - y) < kTolleranzaEstremo) return k;
+// The live points, shown and named, by cells of the tolerance's size: the point at an end
+// is looked for only in the nine cells about it, so that a large drawing is not scanned
+// once a line.
+class PuntiPerCella {
+ public:
+  explicit PuntiPerCella(const Sessione& s) : s_(s) {
+    for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
+      const auto r = static_cast<size_t>(k);
+      if (!IdentVivo(s.PuntoIdent[r]) || Congelato(s, SlotPunti, r) || Rifila(s.PuntoNome[r]).empty()) continue;
+      const auto c = Cella(s.PuntoX[r], s.PuntoY[r]);
+      if (c) celle_[*c].push_back(k);
+    }
   }
-  return -1;
-}
+
+  // The first such point in drawing order within the tolerance of (x, y); -1 when none.
+  int32_t Estremo(double x, double y) const {
+    const auto c = Cella(x, y);
+    if (!c) return -1;
+    int32_t primo = -1;
+    for (int64_t i = -1; i <= 1; ++i)
+      for (int64_t j = -1; j <= 1; ++j) {
+        const auto it = celle_.find({c->first + i, c->second + j});
+        if (it == celle_.end()) continue;
+        for (int32_t k : it->second) {
+          const auto r = static_cast<size_t>(k);
+          if ((primo < 0 || k < primo) && std::hypot(s_.PuntoX[r] - x, s_.PuntoY[r] - y) < kTolleranzaEstremo)
+            primo = k;
+        }
+      }
+    return primo;
+  }
+
+ private:
+  // No cell for a coordinate that is not a number or beyond the integers of a cell.
+  static std::optional<std::pair<int64_t, int64_t>> Cella(double x, double y) {
+    const double cx = std::floor(x / kTolleranzaEstremo), cy = std::floor(y / kTolleranzaEstremo);
+    if (!(std::fabs(cx) < 1e15 && std::fabs(cy) < 1e15)) return std::nullopt;
+    return std::pair{static_cast<int64_t>(cx), static_cast<int64_t>(cy)};
+  }
+
+  const Sessione& s_;
+  std::map<std::pair<int64_t, int64_t>, std::vector<int32_t>> celle_;
+};
 
 }  // namespace
 
 EstremiLinee LineePuntiEstremi(const Sessione& s, int codice) {
   EstremiLinee e;
+  const PuntiPerCella punti(s);
   for (int32_t k = 0; k < s.ContaEntita[SlotLinee]; ++k) {
     const auto r = static_cast<size_t>(k);
     if (!IdentVivo(s.LineaIdent[r])) continue;
-    const int32_t a = PuntoAllEstremo(s, s.LineaX1[r], s.LineaY1[r]);
-    const int32_t b = a < 0 ? -1 : PuntoAllEstremo(s, s.LineaX2[r], s.LineaY2[r]);
+    const int32_t a = punti.Estremo(s.LineaX1[r], s.LineaY1[r]);
+    const int32_t b = a < 0 ? -1 : punti.Estremo(s.LineaX2[r], s.LineaY2[r]);
     if (b < 0) continue;
     const std::string& na = s.PuntoNome[static_cast<size_t>(a)];
     const std::string& nb = s.PuntoNome[static_cast<size_t>(b)];

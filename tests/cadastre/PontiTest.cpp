@@ -181,7 +181,8 @@ TEST(Ponti, LineePuntiEstremi) {
   EXPECT_EQ(Ultimo(ui), "Non è stata trovata nessuna Stazione nel Disegno!");
   const std::pair<const char*, std::array<double, 2>> punti[] = {
       {"100", {0, 0}},    {"101", {3, 4}},      {"102", {1.234, 0}},      {"", {10, 10}},  {"103", {3, 9}},
-      {"104", {3.004, 9}}, {"105", {30, 30}}, {"ABCDEFGHIJKLMNO00", {30.003, 30}}, {"106", {30, 34}}};
+      {"104", {3.004, 9}}, {"105", {30, 30}}, {"ABCDEFGHIJKLMNO00", {30.003, 30}}, {"106", {30, 34}},
+      {"107", {-0.001, 0}}};  // 1 mm from 100, drawn after it: 100 stands
   for (const auto& [nome, xy] : punti) prova::MettiPunto(b.s, nome, xy[0], xy[1]);
   b.s.PuntoCongelaNome[4] = b.s.PuntoCongelaSimbolo[4] = -1;  // 103
   b.s.PuntoIdent[6] = -1;                                     // 105
