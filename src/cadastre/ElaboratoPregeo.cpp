@@ -27,7 +27,7 @@ std::vector<RigaElaborato> RigheElaborato(std::string_view testo) {
       const std::string nord = FormatoMaschera(Val(p[2]), "########0.######");
       const std::string est = FormatoMaschera(Val(p[3]), "########0.######");
       const std::string quota = FormatoMaschera(p.size() > 4 ? Val(p[4]) : 0.0, "#########.000");
-      righe.push_back({nome + "  " + nord + "  " + est + "  " + quota,
+      righe.push_back({nome + "\t" + nord + "\t" + est + "\t" + quota,
                        "8|" + nome + "|" + nord + "|" + est + "|" + quota + "|"});
     }
   }
@@ -91,11 +91,11 @@ void AzioneImportaElaboraDat(Sessione& s) {
     return;
   }
   std::string elenco;
-  for (size_t i = 0; i < righe.size(); ++i) elenco += std::to_string(i + 1) + "\t" + righe[i].Testo + "\n";
+  for (const RigaElaborato& r : righe) elenco += r.Testo + "\n";  // the grid numbers the rows
   Dialogo d;
   d.Nome = kDialogo;
   d.Titolo = kTitolo;
-  d.AggiungiCampo("Righe", "Righe da aggiungere al Libretto (es. 1-3,5; vuoto = tutte) :");
+  d.AggiungiCampo("Righe", "Righe da aggiungere (es. 1-3,5) :");
   d.AggiungiDato("Elenco", "", elenco);
   d.AggiungiBottone("Aggiungi", "Aggiungi", [righe](Sessione& x) { Aggiungi(x, righe); });
   d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, kDialogo); });

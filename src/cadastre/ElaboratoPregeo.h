@@ -12,7 +12,7 @@ namespace varena {
 struct Sessione;
 
 struct RigaElaborato {
-  std::string Testo;  // as the list shows it
+  std::string Testo;  // as the list shows it, the values of a point in columns
   std::string Libro;  // the book row it becomes
 };
 // The note rows and the rows 8 with a name and numeric coordinates, in file order. A point
