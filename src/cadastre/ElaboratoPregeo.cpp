@@ -21,7 +21,10 @@ std::vector<RigaElaborato> RigheElaborato(std::string_view testo) {
     if (tipo == 6 && IniziaCon(Rifila(p[1]), "<")) {
       continue;  // the extract, book code and enrolment of the file, not notes of the book
     } else if (tipo == 6) {
-      righe.push_back({p[1], "6|" + p[1] + "|0.00|0.00|0.00|"});
+      // A long note may hold bars of its own: all of it after the type is its text.
+      std::string nota = riga.size() >= 41 ? riga.substr(2) : p[1];
+      if (riga.size() >= 41 && nota.back() == '|') nota.pop_back();
+      righe.push_back({nota, "6|" + nota + "|0.00|0.00|0.00|"});
     } else if (tipo == 8 && p.size() > 3 && Numerico(p[2]) && Numerico(p[3])) {
       const std::string nome = Rifila(p[1]);
       const std::string nord = FormatoMaschera(Val(p[2]), "########0.######");

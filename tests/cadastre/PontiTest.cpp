@@ -111,21 +111,23 @@ TEST(Ponti, ElaboratoDatNelLibretto) {
   b.s.Ui = &ui;
   prova::ScriviFileProva(b.cartella / "elab.dat",
                          "0|01012020|1|G693|\r\n6|PUNTI ELABORATI|\r\n6|<EST>F1.EMP|\r\n8|101|5020.25|1000.5|12.3456|\r\n"
-                         "8|PF01/0010/G693|100.1234567|-7.5|\r\n8|X|abc|1|\r\n7|3|1|2|3|NC|\r\n");
+                         "8|PF01/0010/G693|100.1234567|-7.5|\r\n8|X|abc|1|\r\n7|3|1|2|3|NC|\r\n"
+                         "6|CONFINE A|B VEDI ALLEGATO DEL 12 MARZO 2020|\r\n");
   b.s.LibrettoMisure = {"0|x|"};
-  for (const char* righe : {"1,2", "3-1", "2-4", ""}) {  // nothing typed: every row
+  for (const char* righe : {"1,2", "3-1", "2-5", ""}) {  // nothing typed: every row
     ui.RispondiFile(b.cartella / "elab.dat");
     AzioneImportaElaboraDat(b.s);
     ASSERT_TRUE(ScriviCampo(b.s, "FormImportaElaboraDatPregeo", "Righe", righe));
     ASSERT_TRUE(PremiBottone(b.s, "FormImportaElaboraDatPregeo", "Aggiungi"));
     if (*righe == '2') {
-      EXPECT_EQ(Ultimo(ui), "Righe non valide: 2-4\nIndicare numeri da 1 a 3, come 1-3,5.");
+      EXPECT_EQ(Ultimo(ui), "Righe non valide: 2-5\nIndicare numeri da 1 a 4, come 1-3,5.");
     }
   }
   const std::string nota = "6|PUNTI ELABORATI|0.00|0.00|0.00|", punto = "8|101|5020.25|1000.5|12.346|";
   EXPECT_EQ(b.s.LibrettoMisure, (std::vector<std::string>{"0|x|", nota, punto, nota, punto,
-                                                          "8|PF01/0010/G693|100.123457|-7.5|.000|"}));
-  ASSERT_TRUE(VR_UNDO(b.s));  // the three rows go back together
+                                                          "8|PF01/0010/G693|100.123457|-7.5|.000|",
+                                                          "6|CONFINE A|B VEDI ALLEGATO DEL 12 MARZO 2020|0.00|0.00|0.00|"}));
+  ASSERT_TRUE(VR_UNDO(b.s));  // the four rows go back together
   EXPECT_EQ(b.s.LibrettoMisure.size(), 3u);
 }
 
