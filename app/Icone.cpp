@@ -105,7 +105,7 @@ constexpr IconaDiTag kIcone[] = {
     // Info
     {"INFO_DISTANZA", "distanza"}, {"INFO_DISTANZA_2P", "distanza-2p"}, {"INFO_ANGOLO", "angolo"},
     {"INFO_AREA", "area"}, {"LISTA_ENTITA", "lista-entita"}, {"INFO_ELENCO_PUNTI_TUTTI", "elenco-punti"},
-    {"INFO_MISURATE", "misurate"}, {"VERIFICA_PARALLELE", "verifica-parallele"},
+    {"INFO_MISURATE", "misurate"}, {"MISURATE_DA_STAZIONE", "misurate"}, {"VERIFICA_PARALLELE", "verifica-parallele"},
     // Images
     {"DISEGNA_IMMAGINE", "inserisci-immagine"}, {"SPOSTA_BITMAP", "sposta-immagine"}, {"SCALA_500", "scala-immagine"},
     {"SCALA_1000", "scala-immagine"}, {"SCALA_1500", "scala-immagine"}, {"SCALA_2000", "scala-immagine"},
@@ -123,7 +123,8 @@ constexpr IconaDiTag kIcone[] = {
     {"IMPORTA_DA_PREGEO", "importa-pregeo"}, {"CONVERTE_CAT_FIS", "converti-cat-fis"},
     {"MANUALE_WEB_AUTOALLESTITO", "manuale"}, {"CARICA_DAT", "importa-pregeo"},
     {"PROPOSTA_DA_PREGEO", "importa-pregeo"}, {"IMPORTA_MODULISTICA", "manuale"},
-    {"IMPORTA_ELABORAZIONE_PREGEO", "importa-pregeo"}, {"CALCOLO_GPS", "misurate"},
+    {"IMPORTA_ELABORAZIONE_PREGEO", "importa-pregeo"},
+    {"IMPORTA_ELABORA_DAT_PREGEO", "importa-pregeo"}, {"CALCOLO_GPS", "misurate"},
     // The survey structures share the drawings of their constructions.
     {"DISEGNA_SQUADRI", "squadro"}, {"DISEGNA_COGO", "bilatera"}, {"DISEGNA_POLIGONALE", "contorno-7"},
     {"LIVELLAZIONE_DAL_MEZZO", "contorno-7"}, {"LIVELLAZIONE_RAGGIANTE", "contorno-7"},

@@ -1,5 +1,6 @@
 // The field book of a large survey turned into the drawing (scheme, heights, tags and
-// structures), and the regeneration of its structures from the points, on a synthetic job.
+// structures), the regeneration of its structures from the points, and the lines of the
+// drawing tied to its points, on a synthetic job.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -7,6 +8,7 @@
 
 #include "LavoroSintetico.h"
 #include "cadastre/ContornoSette.h"
+#include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/LibrettoDisegno.h"
 #include "core/Sessione.h"
 
@@ -67,6 +69,21 @@ void RigeneraStrutture(benchmark::State& stato) {
   stato.counters["record"] = static_cast<double>(s.ListaDisegno.Conta());
 }
 
+// Every end of every line looked up among the points: a tenth of the book's points, as
+// many lines.
+void LineeTraPunti(benchmark::State& stato) {
+  Sessione s;
+  RiempiLavoroSintetico(s, MisureLavoro{gMisure.Punti / 10, gMisure.Punti / 10, 0, 0});
+  // Each line from a point to the next, as a survey's sides are drawn.
+  for (size_t r = 0; r + 1 < static_cast<size_t>(s.ContaEntita[SlotLinee]); ++r) {
+    s.LineaX1[r] = s.PuntoX[r], s.LineaY1[r] = s.PuntoY[r];
+    s.LineaX2[r] = s.PuntoX[r + 1], s.LineaY2[r] = s.PuntoY[r + 1];
+  }
+  size_t legate = 0;
+  for (auto _ : stato) benchmark::DoNotOptimize(legate = LineePuntiEstremi(s, 0).Righe.size());
+  stato.counters["linee legate"] = static_cast<double>(legate);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -75,6 +92,7 @@ int main(int argc, char** argv) {
   std::printf("Libretto sintetico: %lld punti\n", static_cast<long long>(gMisure.Punti));
   benchmark::RegisterBenchmark("AssumeTuttoDaTXT", AssumeTutto)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   benchmark::RegisterBenchmark("RigeneraSetteSette", RigeneraStrutture)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
+  benchmark::RegisterBenchmark("LineePuntiEstremi", LineeTraPunti)->Unit(benchmark::kMillisecond)->MinTime(rapido ? 0.05 : 2);
   InizializzaBenchmark(argc, argv);
   RaccoltaTempi r;
   benchmark::RunSpecifiedBenchmarks(&r);

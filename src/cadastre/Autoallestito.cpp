@@ -32,12 +32,6 @@ int32_t PrimaImmagine(const Sessione& s) {
   return -1;
 }
 
-std::string NomeAllineato(const std::string& nome) {
-  std::string n = nome + "%";
-  if (n.size() < 10) n.insert(0, 10 - n.size(), ' ');
-  return n.substr(n.size() - 10);
-}
-
 std::string BaseNome(const std::string& nome) {
   std::string n = Rifila(nome);
   if (n.size() > 4 && UgualeSenzaCaso(n.substr(n.size() - 4), ".EMP")) n.resize(n.size() - 4);
@@ -65,8 +59,9 @@ std::vector<std::string> RigheAutoallestito(const Sessione& s) {
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
     if (!IdentVivo(s.PuntoIdent[r])) continue;
-    righe.push_back("8|" + NomeAllineato(s.PuntoNome[r]) + "|" + FormatoMaschera(s.PuntoY[r], "########0.000") + "|" +
-                    FormatoMaschera(s.PuntoX[r], "#########0.000") + "|");
+    righe.push_back("8|" + AllineaADestra(s.PuntoNome[r] + "%", 10) + "|" +
+                    FormatoMaschera(s.PuntoY[r], "########0.000") + "|" + FormatoMaschera(s.PuntoX[r], "#########0.000") +
+                    "|");
   }
   // Every blank goes from the rows made so far, the padding of the names with it; the
   // contours come after and keep theirs, so that a name with a blank inside no longer

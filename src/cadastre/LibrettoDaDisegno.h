@@ -20,7 +20,24 @@ std::optional<std::string> SalvaGraficaxLibretto(Sessione& s);
 // `LIBRETTO_DA_DISEGNO`: the question on numeric descriptions, the `.LXC`, the manager, and
 // the book it wrote loaded back.
 void AzioneLibrettoDaDisegno(Sessione& s);
-// `INFO_MISURATE`: the `.LXC`, and the manager asked for the measured distances.
+
+// `LineePuntiEstremi`: the lines both of whose ends lie on named points, the measures the
+// drawing holds. `kCodiceMisurate` asks for them as pairs of names, for the measured
+// distances from a station; any other code as the plan distance of each pair.
+inline constexpr int kCodiceMisurate = 222;
+struct EstremiLinee {
+  // The stations at either end of the tied lines, once each in drawing order: names ending
+  // in "00", as stations are named throughout the program.
+  std::vector<std::string> Stazioni;
+  std::vector<std::string> Righe;  // one a tied line
+};
+EstremiLinee LineePuntiEstremi(const Sessione& s, int codice);
+
+// `INFO_MISURATE`: the list with the distances; its button writes the `.LXC` and asks the
+// manager for the measured distances.
 void AzioneInfoMisurate(Sessione& s);
+// `MISURATE_DA_STAZIONE`: the list as pairs and its stations; the button hands the station
+// picked to the manager. "Non è stata trovata nessuna Stazione nel Disegno!" with none.
+void AzioneMisurateDaStazione(Sessione& s);
 
 }  // namespace varena

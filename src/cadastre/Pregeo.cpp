@@ -424,6 +424,11 @@ std::string RecordConVirgole(std::string_view conBarre) {
   return Sostituisci(Sostituisci(conBarre, ",", "."), "|", ",");
 }
 
+std::string AllineaADestra(std::string testo, size_t larghezza) {
+  if (testo.size() < larghezza) testo.insert(0, larghezza - testo.size(), ' ');
+  return testo.substr(testo.size() - larghezza);
+}
+
 std::vector<std::string> RigheCalcoloLocale(const Sessione& s, const std::vector<int32_t>& punti) {
   constexpr const char* maschera = "#############0.000######";
   std::vector<std::string> righe;

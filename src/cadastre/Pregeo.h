@@ -70,6 +70,9 @@ int32_t TabellaElaborazione(Sessione& s, std::string_view testo);
 // and only then the bars become the commas of the file, so that a description or a name
 // with a comma cannot split its record.
 std::string RecordConVirgole(std::string_view conBarre);
+// A name in a column of the tools' lists: blanks in front up to `larghezza`, and of a longer
+// one only its last `larghezza` characters.
+std::string AllineaADestra(std::string testo, size_t larghezza);
 
 // `FormGPS`: the rows of `calcololocale.csv` for the points given, "name,Est,Nord,Quota,0,0,0"
 // each, commas of a name turned into points.

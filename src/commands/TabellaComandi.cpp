@@ -7,6 +7,7 @@
 #include "cadastre/ComandiContorno.h"
 #include "cadastre/Autoallestito.h"
 #include "cadastre/ComandiEstratto.h"
+#include "cadastre/ElaboratoPregeo.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
 #include "commands/Azioni.h"
@@ -342,6 +343,7 @@ constexpr VoceComando kTabella[] = {
     Subito("IMPORTA_DA_PREGEO", AzioneDaPregeo, {}, "Catasto", "Importa da Pregeo"),
     Subito("SCHEMA_DA_LIBRETTO", AzioneSchemaDaLibretto, {}, "Catasto", "Schema da Libretto"),
     Subito("INFO_MISURATE", AzioneInfoMisurate, {}, "Info", "Misurate"),
+    Subito("MISURATE_DA_STAZIONE", AzioneMisurateDaStazione, {}, "Catasto", "Misurate da Stazione"),
     Subito("CONVERTE_CAT_FIS", nullptr, {}, "Catasto", "Converti Catastale Fiscale"),
     Subito("LISTA_ENTITA", nullptr, "ElencoEntita", "Info", "Lista Entità"),
     Subito("CONGELA_SCONGELA_SIMBOLI", nullptr, "CongelaSimboli", "Visualizza", "Congela Simboli"),
@@ -361,6 +363,7 @@ constexpr VoceComando kTabella[] = {
     Subito("PROPOSTA_DA_PREGEO", AzionePropostaDaPregeo, {}, "Catasto", "Proposta da Pregeo"),
     Subito("IMPORTA_MODULISTICA", AzioneModulistica, {}, "Catasto", "Importa Modulistica PDF"),
     Subito("IMPORTA_ELABORAZIONE_PREGEO", AzioneElaborazionePregeo, {}, "Catasto", "Importa Elaborazione Pregeo"),
+    Subito("IMPORTA_ELABORA_DAT_PREGEO", AzioneImportaElaboraDat, {}, "Catasto", "Importa Elaborazione da DAT"),
     Subito("CALCOLO_GPS", AzioneCalcoloGPS, {}, "Catasto", "Calcolo locale GPS"),
     Subito("INQUADRA_N_PF", nullptr, "FormInquadraPF", "Catasto", "Inquadra su n PF"),
     Subito("SETUP_INQUADRAMENTO", nullptr, "SetupInquadramento", "Catasto", "Setup Inquadramento"),

@@ -4,15 +4,20 @@
 
 #include <sys/stat.h>
 
+#include <array>
+
 #include "cadastre/Autoallestito.h"
 #include "cadastre/ContornoSette.h"
+#include "cadastre/ElaboratoPregeo.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
 #include "Terminale.h"
 #include "core/CodicePagina.h"
+#include "core/Dialoghi.h"
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
 #include "store/Cfg.h"
+#include "store/Undo.h"
 #include "support/ProvaCli.h"
 #include "support/ProvaComandi.h"
 
@@ -36,6 +41,23 @@ void Disegno(Sessione& s) {
   subAggiungiSetteSingolo(s, "|101|1234567890AB|NC|", "CONTORNO", "12|345|6||", 1, 1);
   subAggiungiSetteSingolo(s, "|5 B|101|", "POLIGONALE", "", 1, 1);
 }
+
+// The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
+std::string Sonda(Banco& b, const std::string& corpo) {
+  const std::string f = b.cartella / "sonda.sh";
+  prova::ScriviFileProva(f, "#!/bin/sh\nlxc=\"${1%%|*}\"\nlibro=\"${lxc%.LXC}.TXT\"\n" + corpo + "\n");
+  chmod(f.c_str(), 0755);
+  return f + " %1";
+}
+
+std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
+
+// A wait the user stopped.
+struct Interrotto : Processi {
+  std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
+    return kAttesaInterrotta;
+  }
+};
 
 TEST(Ponti, LxcDelDisegno) {
   Banco b;
@@ -80,22 +102,34 @@ TEST(Ponti, ElaborazioneInTabella) {
   EXPECT_EQ(b.s.TestoTesto[0] + "|" + b.s.TestoTesto[1] + "|" + b.s.TestoPiano[1], "Punto 101 +/- 0.01|SQM 0.02|Tabella");
 }
 
-// The stand-in of the field-book manager: "%1" is "JOB.LXC|LIBRETTO_DA_DISEGNO".
-std::string Sonda(Banco& b, const std::string& corpo) {
-  const std::string f = b.cartella / "sonda.sh";
-  prova::ScriviFileProva(f, "#!/bin/sh\nlxc=\"${1%%|*}\"\nlibro=\"${lxc%.LXC}.TXT\"\n" + corpo + "\n");
-  chmod(f.c_str(), 0755);
-  return f + " %1";
-}
-
-std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
-
-// A wait the user stopped.
-struct Interrotto : Processi {
-  std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
-    return kAttesaInterrotta;
+// The rows picked from a computed `.DAT` go to the end of the book as one step; a choice of
+// rows that are not there leaves the book as it was.
+TEST(Ponti, ElaboratoDatNelLibretto) {
+  Banco b;
+  prova::ApriLavoroVuoto(b);
+  InterfacciaRegistrata ui;
+  b.s.Ui = &ui;
+  prova::ScriviFileProva(b.cartella / "elab.dat",
+                         "0|01012020|1|G693|\r\n6|PUNTI ELABORATI|\r\n6|<EST>F1.EMP|\r\n8|101|5020.25|1000.5|12.3456|\r\n"
+                         "8|PF01/0010/G693|100.1234567|-7.5|\r\n8|X|abc|1|\r\n7|3|1|2|3|NC|\r\n"
+                         "6|CONFINE A|B VEDI ALLEGATO DEL 12 MARZO 2020|\r\n");
+  b.s.LibrettoMisure = {"0|x|"};
+  for (const char* righe : {"1,2", "3-1", "2-5", ""}) {  // nothing typed: every row
+    ui.RispondiFile(b.cartella / "elab.dat");
+    AzioneImportaElaboraDat(b.s);
+    ASSERT_TRUE(ScriviCampo(b.s, "FormImportaElaboraDatPregeo", "Righe", righe));
+    ASSERT_TRUE(PremiBottone(b.s, "FormImportaElaboraDatPregeo", "Aggiungi"));
+    if (*righe == '2') {
+      EXPECT_EQ(Ultimo(ui), "Righe non valide: 2-5\nIndicare numeri da 1 a 4, come 1-3,5.");
+    }
   }
-};
+  const std::string nota = "6|PUNTI ELABORATI|0.00|0.00|0.00|", punto = "8|101|5020.25|1000.5|12.346|";
+  EXPECT_EQ(b.s.LibrettoMisure, (std::vector<std::string>{"0|x|", nota, punto, nota, punto,
+                                                          "8|PF01/0010/G693|100.123457|-7.5|.000|",
+                                                          "6|CONFINE A|B VEDI ALLEGATO DEL 12 MARZO 2020|0.00|0.00|0.00|"}));
+  ASSERT_TRUE(VR_UNDO(b.s));  // the four rows go back together
+  EXPECT_EQ(b.s.LibrettoMisure.size(), 3u);
+}
 
 TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
   const std::string ok = "awk -F, '{sub(/\\r$/,\"\")} $1==\"P\"{printf \"2|%s|0|0|0|%s|\\r\\n\",$2,$7}' \"$lxc\" > \"$libro\"\n"
@@ -134,6 +168,48 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
   }
 }
 
+// Lines on named points, worked out by hand: a 3-4-5 side, a side of 1.234, a side whose end
+// is on an unnamed point, one whose end point is frozen but has a shown point 4 mm away, a
+// deleted side, and one from a deleted point to a long station name 3 mm from it.
+TEST(Ponti, LineePuntiEstremi) {
+  Banco b;
+  prova::ApriLavoroVuoto(b);
+  InterfacciaRegistrata ui;
+  b.s.Ui = &ui;
+  ProcessiSistema sistema;
+  b.s.Proc = &sistema;
+  b.s.Imp.Strumento_SondaIII = Sonda(b, "printf '%s' \"$1\" > \"$(dirname \"$0\")/argomento\"");
+  AzioneMisurateDaStazione(b.s);
+  EXPECT_EQ(Ultimo(ui), "Non è stata trovata nessuna Stazione nel Disegno!");
+  const std::pair<const char*, std::array<double, 2>> punti[] = {
+      {"100", {0, 0}},    {"101", {3, 4}},      {"102", {1.234, 0}},      {"", {10, 10}},  {"103", {3, 9}},
+      {"104", {3.004, 9}}, {"105", {30, 30}}, {"ABCDEFGHIJKLMNO00", {30.003, 30}}, {"106", {30, 34}},
+      {"107", {-0.001, 0}}};  // 1 mm from 100, drawn after it: 100 stands
+  for (const auto& [nome, xy] : punti) prova::MettiPunto(b.s, nome, xy[0], xy[1]);
+  b.s.PuntoCongelaNome[4] = b.s.PuntoCongelaSimbolo[4] = -1;  // 103
+  b.s.PuntoIdent[6] = -1;                                     // 105
+  for (const auto& l : {std::array<double, 4>{0, 0, 3, 4}, {1.234, 0, 0, 0}, {0, 0, 10, 10}, {3, 4, 3, 9},
+                        {3, 4, 0, 0}, {30, 30, 30, 34}})
+    prova::MettiLinea(b.s, l[0], l[1], l[2], l[3]);
+  b.s.LineaIdent[4] = -1;
+  const EstremiLinee info = LineePuntiEstremi(b.s, 0);
+  EXPECT_EQ(info.Righe, (std::vector<std::string>{"            100            101 : 5.0",
+                                                  "            102            100 : 1.234",
+                                                  "            101            104 : 5.0",
+                                                  "CDEFGHIJKLMNO00            106 : 4.0"}));
+  EXPECT_EQ(info.Stazioni, (std::vector<std::string>{"100", "ABCDEFGHIJKLMNO00"}));
+  EXPECT_EQ(LineePuntiEstremi(b.s, kCodiceMisurate).Righe,
+            (std::vector<std::string>{"100 - 101", "102 - 100", "101 - 104", "ABCDEFGHIJKLMNO00 - 106"}));
+  // The station picked goes to the manager; "OK" puts the list at the end of the job's text.
+  AzioneMisurateDaStazione(b.s);
+  ASSERT_TRUE(ScriviCampo(b.s, "LineePuntiEstremi", "Stazione", "ABCDEFGHIJKLMNO00"));
+  ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "Misurate"));
+  EXPECT_EQ(prova::LeggiFileProva(b.cartella / "argomento"), "ABCDEFGHIJKLMNO00||MISURATE_DA1_PF");
+  b.s.Testo126 = "nota\r\n";
+  ASSERT_TRUE(PremiBottone(b.s, "LineePuntiEstremi", "OK"));
+  EXPECT_EQ(b.s.Testo126, "nota\r\n100 - 101\r\n102 - 100\r\n101 - 104\r\nABCDEFGHIJKLMNO00 - 106\r\n");
+}
+
 TEST(Ponti, DaPregeoEDat) {
   Banco b;
   prova::ApriLavoroVuoto(b);
@@ -164,6 +240,18 @@ TEST(Ponti, DaPregeoEDat) {
                                   "../TEMP/ESTRATTOASSOCIATO.txt'\"";
   AzioneLanciaEstratto(b.s);
   EXPECT_EQ(b.s.FileEstratto + " " + b.s.FileImmagineEstratto, "F12.EMP F12.PNG");
+  // The map hub leaves its proposal; the book manager adds a row to the book it is named.
+  const std::string dat = b.cartella / "p.dat";
+  prova::ScriviFileProva(dat, prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  b.s.Imp.Strumento_ZN_SuiteMappa = "cp " + dat + " " + temp + "ESPORTA_PROPOSTA.TXT";
+  ui.Rispondi(Risposta::No);
+  AzionePropostaDaPregeo(b.s);
+  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 4);
+  b.s.Imp.Strumento_ZN_SuiteLibretti = "/bin/sh -c \"printf '9|x|\\r\\n' >> $0\"";
+  std::vector<std::string> libro = b.s.LibrettoMisure;
+  libro.push_back("9|x|");
+  AzioneLibrettoMisure(b.s);
+  EXPECT_EQ(b.s.LibrettoMisure, libro);
 }
 
 TEST(Ponti, RigaDiComando) {

@@ -1,8 +1,10 @@
 // What the sibling tools hand back: the input stands as the file a tool wrote, and the
 // hand-off that started it reads it. The first byte chooses the hand-off: the proposal of
-// Pregeo (a `.DAT`), the book and points of the hub, the book of the field-book manager, or
-// Pregeo's table of municipalities read for the book's heading.
+// Pregeo (a `.DAT`), the book and points of the hub, the book of the field-book manager,
+// Pregeo's table of municipalities read for the book's heading, or a computed `.DAT` whose
+// rows go into the book.
 #include "Bersagli.h"
+#include "cadastre/ElaboratoPregeo.h"
 #include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
@@ -34,7 +36,7 @@ class StrumentoFinto : public Processi {
 }  // namespace
 
 void FuzzPregeo(const Ambiente& a, std::string_view byte) {
-  const size_t scelta = Scelta(byte, 4);
+  const size_t scelta = Scelta(byte, 5);
   Sessione s;
   a.Prepara(s);
   InizializzaDefault(s);
@@ -59,6 +61,8 @@ void FuzzPregeo(const Ambiente& a, std::string_view byte) {
     ScriviFileFuzz(PercorsoProsigle(s), byte);
     DatiDaRigaZero(s);
   }
+  if (scelta == 4)
+    for (const RigaElaborato& r : RigheElaborato(byte)) AggiungiRigaLibretto(s, r.Libro);
   RigeneraModifiche(s);
   Dipingi(s);
 }
