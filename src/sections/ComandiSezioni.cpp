@@ -157,9 +157,9 @@ void subQuotaProgettoSezione(Sessione& s) {
     InterrompiComando(s);
     return;
   }
-  const Vicina v = IlPiuVicinoSezione(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
-  if (!RigaViva(s, SlotSezioni, v.Riga)) return;
-  Sezione z = ScompattaSezione(s, v.Riga);
+  const int32_t riga = RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  if (riga < 0) return;
+  Sezione z = ScompattaSezione(s, riga);
   const std::optional<double> q = ChiediNumero(s, "Quota Progetto :", "Quota Progetto",
                                                FormaSemplice(z.Stazioni.empty() ? 0 : z.Stazioni.front().QuotaProgetto));
   if (!q) return;
@@ -167,7 +167,7 @@ void subQuotaProgettoSezione(Sessione& s) {
   z.Cfg.ProfiloProgetto = 1;
   z.Cfg.QuoteProgetto.Disegna = 1;
   z.Cfg.QuotaProgetto = *q;
-  CompattaSezione(s, v.Riga, std::move(z));
+  CompattaSezione(s, riga, std::move(z));
   Riprendi(s);
 }
 

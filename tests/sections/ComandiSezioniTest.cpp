@@ -4,6 +4,7 @@
 
 #include "sections/ComandiSezioni.h"
 #include "commands/Attese.h"
+#include "sections/FileSezioni.h"
 
 namespace varena {
 namespace {
@@ -67,6 +68,32 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
   EXPECT_DOUBLE_EQ(st[1].Y, 430.0 / 11);
   EXPECT_DOUBLE_EQ(st[1].QuotaTerreno, 100 + 153.0 / 11);
   EXPECT_DOUBLE_EQ(st[2].QuotaTerreno, 118);
+}
+
+// A section drawn on the sheet is reached by a click as any entity: the editing commands
+// select it, move it by its origin, delete it; its own commands find its row, not the
+// record of the drawing under the pointer.
+TEST_F(SezioniBanco, ComandiSezioniUnaSezioneSulFoglioSiPrendeColClic) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.QuotaRiferimento = 0;
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  AggiungiSezione(s, z);  // its terrain from (0, 5) to (30, 5)
+  z.OrigineY = -100;
+  AggiungiSezione(s, z);  // from (0, -95) to (30, -95)
+  Pronto(15, -50, 200);
+  Script("TAG CAMBIA_SPOSTA\nPRESS Singola\nCLICK left 15 -94\nKEY ESC\nPRESS OK\nCLICK left 0 0\nCLICK left 100 50\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].OrigineX, s.SezioneDati[1].OrigineX, s.SezioneDati[1].OrigineY),
+            std::make_tuple(0, 100, -50));
+  ui.Accoda("7");
+  Script("KEY ESC\nTAG SEZIONI_QUOTA_PROGETTO\nCLICK left 115 -44\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].Stazioni[0].QuotaProgetto, s.SezioneDati[1].Stazioni[1].QuotaProgetto),
+            std::make_tuple(5, 7));
+  // A window drawn right to left takes the section whose frame it crosses.
+  Script("KEY ESC\nTAG CAMBIA_ELIMINA\nPRESS Finestra\nCLICK left 20 10\nCLICK left 10 4\nPRESS OK\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneIdent[0], s.SezioneIdent[1]), std::make_tuple(-1, 0));
 }
 
 }  // namespace
