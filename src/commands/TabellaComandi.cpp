@@ -27,6 +27,7 @@
 #include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
+#include "sections/DialoghiSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -192,6 +193,8 @@ constexpr VoceComando kTabella[] = {
     Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
     Arma("SEZIONI_CATTURA_PUNTI", 373, "Sezione - Primo Punto :", P, {}, "Terreno", "Sezioni Cattura Punti"),
     Arma("SEZIONI_QUOTA_PROGETTO", 374, "Indica la sezione :", L, {}, "Terreno", "Quota Progetto Sezione"),
+    Arma("SEZIONI_CONFIGURA", 375, "Indica la sezione :", L, {}, "Terreno", "Configura Sezioni / Profili"),
+    Arma("SEZIONI_EDITA_PUNTI", 376, "Indica la sezione :", L, {}, "Terreno", "Edita Punti Sezione"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -504,6 +507,8 @@ constexpr SchedaCodice kSchede[] = {
     {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
     {373, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
     {374, subQuotaProgettoSezione, FormaElastico::Nessuna, nullptr},
+    {375, subConfiguraSezione, FormaElastico::Nessuna, nullptr},
+    {376, subEditaPuntiSezione, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

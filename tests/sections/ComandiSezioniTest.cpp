@@ -96,5 +96,35 @@ TEST_F(SezioniBanco, ComandiSezioniUnaSezioneSulFoglioSiPrendeColClic) {
   EXPECT_EQ(std::make_tuple(s.SezioneIdent[0], s.SezioneIdent[1]), std::make_tuple(-1, 0));
 }
 
+// The stations edited one at a time and the layout through its dialog, kept in a file of
+// the user's and read back the same.
+TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  AggiungiSezione(s, z);
+  Pronto(15, 0, 100);
+  Script("TAG SEZIONI_EDITA_PUNTI\nCLICK left 15 5\nPRESS EditaPunti.Successivo\n");
+  EXPECT_EQ(TrovaDialogo(s, "EditaPunti")->Valore("Nome"), "B");
+  Script("FIELD EditaPunti.QuotaProgetto 7,5\nPRESS EditaPunti.Precedente\nPRESS EditaPunti.Inserisci\n"
+         "FIELD EditaPunti.Nome M\nFIELD EditaPunti.X 15\nPRESS EditaPunti.OK\n");
+  EXPECT_EQ(s.SezioneDati[0].Stazioni,
+            (std::vector<StazioneSezione>{{"A", 0, 0, 5, 5}, {"M", 15, 0, 5, 5}, {"B", 30, 0, 5, 7.5}}));
+
+  const std::string file = cartella / "STRADA.INI";
+  ui.Accoda(file);
+  Script("KEY ESC\nTAG SEZIONI_CONFIGURA\nCLICK left 15 5\nFIELD Sezioni.NomeBase PROVA\nFIELD Sezioni.ScalaAltezze 20\n"
+         "PRESS Sezioni.mnuSalvaConfigurazioneConNome\nPRESS Sezioni.OK\n");
+  EXPECT_EQ(ui.UltimoMessaggio, "La configurazione  | " + file + " |  è stata salvata su disco con successo.");
+  const ConfigurazioneSezione& c = s.SezioneDati[0].Cfg;
+  EXPECT_EQ(std::make_tuple(c.NomeBase, c.ScalaAltezze, c.ScalaLunghezze), std::make_tuple("PROVA", 20, 200));
+  EXPECT_EQ(CaricaConfigurazione(s, file), c);
+  int64_t profilo = 0;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) profilo += s.ListaDisegno.Piano(i) == "PROVA_ProfRili";
+  EXPECT_GT(profilo, 0);
+}
+
 }  // namespace
 }  // namespace varena

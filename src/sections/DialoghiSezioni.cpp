@@ -1,0 +1,319 @@
+// `Sezioni` and `EditaPunti`. Each field of the layout is one row of a table that knows how
+// to show it and how to read it back, so that the dialog, its files and its test share one
+// list.
+#include "sections/DialoghiSezioni.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "commands/AiutiDisegno.h"
+#include "commands/Comandi.h"
+#include "core/Dialoghi.h"
+#include "core/Errori.h"
+#include "core/Sessione.h"
+#include "core/Testo.h"
+#include "sections/ComandiSezioni.h"
+#include "sections/FileSezioni.h"
+#include "snap/Vicino.h"
+
+namespace varena {
+
+namespace {
+
+constexpr const char* kSezioni = "Sezioni";
+constexpr const char* kEditaPunti = "EditaPunti";
+constexpr const char* kFiltro = "Configurazione Sezioni (*.INI)|*.INI|";
+
+template <class T>
+std::string Mostra(const T& v) {
+  if constexpr (std::is_same_v<T, std::string>)
+    return v;
+  else if constexpr (std::is_floating_point_v<T>)
+    return FormaSemplice(v);
+  else
+    return std::to_string(v);
+}
+
+// What the user typed, a comma read as a point.
+template <class T>
+void Prendi(T& v, const std::string& t) {
+  if constexpr (std::is_same_v<T, std::string>)
+    v = Rifila(t);
+  else if constexpr (std::is_floating_point_v<T>)
+    v = Val(VirgolaInPunto(t));
+  else if constexpr (sizeof(T) == 2)
+    v = InteroCorto(Val(VirgolaInPunto(t)));
+  else
+    v = InteroLungo(Val(VirgolaInPunto(t)));
+}
+
+struct CampoSezione {
+  std::string Nome, Etichetta;
+  std::function<std::string(const Sezione&)> Leggi;
+  std::function<void(Sezione&, const std::string&)> Scrivi;
+};
+
+// A field reached from the section through a chain of members.
+template <class Via>
+CampoSezione Campo(std::string nome, std::string etichetta, Via via) {
+  return {std::move(nome), std::move(etichetta), [via](const Sezione& z) { return Mostra(via(const_cast<Sezione&>(z))); },
+          [via](Sezione& z, const std::string& t) { Prendi(via(z), t); }};
+}
+
+template <class T>
+CampoSezione Di(std::string nome, std::string etichetta, T ConfigurazioneSezione::*m) {
+  return Campo(std::move(nome), std::move(etichetta), [m](Sezione& z) -> T& { return z.Cfg.*m; });
+}
+
+template <class G, class T>
+CampoSezione Di(std::string nome, std::string etichetta, G ConfigurazioneSezione::*g, T G::*m) {
+  return Campo(std::move(nome), std::move(etichetta), [g, m](Sezione& z) -> T& { return z.Cfg.*g.*m; });
+}
+
+// The values of one group, as many as it has in the file.
+void Gruppo(std::vector<CampoSezione>& c, const std::string& nome, const std::string& titolo,
+            GruppoSezione ConfigurazioneSezione::*g, bool fincatura, bool riga) {
+  using GS = GruppoSezione;
+  c.push_back(Di(nome + "Disegna", titolo + " - Disegna", g, &GS::Disegna));
+  if (fincatura) c.push_back(Di(nome + "Fincatura", titolo + " - Altezza Fincatura", g, &GS::AltezzaFincatura));
+  c.push_back(Di(nome + "Testo", titolo + " - Altezza Testo", g, &GS::AltezzaTesto));
+  c.push_back(Di(nome + "Colore", titolo + " - Colore", g, &GS::Colore));
+  if (!riga) return;
+  c.push_back(Di(nome + "Titolo", titolo + " - Titolo", g, &GS::Titolo));
+  c.push_back(Di(nome + "Verticale", titolo + " - Orientamento Verticale", g, &GS::OrientamentoVerticale));
+}
+
+void Blocco(std::vector<CampoSezione>& c, const std::string& nome, const std::string& titolo,
+            BloccoCornice ConfigurazioneSezione::*b) {
+  c.push_back(Di(nome + "Disegna", titolo + " - Disegna", b, &BloccoCornice::Disegna));
+  c.push_back(Di(nome + "Testo", titolo + " - Altezza Testo", b, &BloccoCornice::AltezzaTesto));
+  c.push_back(Di(nome + "Colore", titolo + " - Colore", b, &BloccoCornice::Colore));
+}
+
+const std::vector<CampoSezione>& CampiSezione() {
+  using C = ConfigurazioneSezione;
+  static const std::vector<CampoSezione> campi = [] {
+    std::vector<CampoSezione> c;
+    c.push_back(Campo("Indice", "Indice Sezione", [](Sezione& z) -> std::string& { return z.IndiceSezione; }));
+    c.push_back(Campo("OrigineX", "Origine X", [](Sezione& z) -> double& { return z.OrigineX; }));
+    c.push_back(Campo("OrigineY", "Origine Y", [](Sezione& z) -> double& { return z.OrigineY; }));
+    c.push_back(Di("ScalaLunghezze", "Scale Sezioni - Lunghezze 1:", &C::ScalaLunghezze));
+    c.push_back(Di("ScalaAltezze", "Scale Sezioni - Altezze 1:", &C::ScalaAltezze));
+    c.push_back(Di("TerrenoTesto", "Profilo del Terreno - Altezza Testo", &C::Terreno, &GruppoSezione::AltezzaTesto));
+    c.push_back(Di("TerrenoColore", "Profilo del Terreno - Colore", &C::Terreno, &GruppoSezione::Colore));
+    c.push_back(Di("QuoteRosse", "Quote Rosse", &C::QuoteRosse));
+    c.push_back(Di("ColoreQuoteRosse", "Quote Rosse - Colore", &C::ColoreQuoteRosse));
+    c.push_back(Di("VerticaliDisegna", "Linee Verticali - Disegna", &C::Verticali, &GruppoSezione::Disegna));
+    c.push_back(Di("VerticaliColore", "Linee Verticali - Colore", &C::Verticali, &GruppoSezione::Colore));
+    c.push_back(Di("ColoreQuotaRiferimento", "Linea Quota Riferimento - Colore", &C::ColoreQuotaRiferimento));
+    Gruppo(c, "NomiPunti", "Nomi Punti", &C::NomiPunti, true, true);
+    c.push_back(Di("NomiOrdinati", "Usa Nomi Punti Ordinati", &C::NomiPuntiOrdinati));
+    c.push_back(Di("ProfiloProgetto", "Profilo di Progetto - Disegna", &C::ProfiloProgetto));
+    c.push_back(Di("ColoreProgetto", "Profilo di Progetto - Colore", &C::ColoreProgetto));
+    c.push_back(Di("QuotaRiferimento", "Quota Riferimento", &C::QuotaRiferimento));
+    Gruppo(c, "Parziali", "Distanze Parziali", &C::DistanzeParziali, true, true);
+    c.push_back(Di("Decimali", "Distanze Parziali - Decimali", &C::DecimaliParziali));
+    Gruppo(c, "Progressive", "Distanze Progressive", &C::DistanzeProgressive, true, true);
+    c.push_back(Di("OrigineQuotatura", "Origine Quotatura", &C::OrigineQuotatura));
+    Gruppo(c, "Inclinate", "Distanze Inclinate / Pendenza", &C::DistanzeInclinate, true, true);
+    c.push_back(Di("MostraPendenza", "Mostra Pendenza", &C::MostraPendenza));
+    c.push_back(Di("Percentuale", "Visualizza Pendenza in Percentuale", &C::PendenzaPercentuale));
+    Gruppo(c, "QuoteTerreno", "Quote Terreno", &C::QuoteTerreno, true, true);
+    Gruppo(c, "QuoteProgetto", "Quote Progetto", &C::QuoteProgetto, true, true);
+    c.push_back(Di("InvasoDisegna", "Linea Quota Di Invaso - Disegna", &C::LineaInvaso, &GruppoSezione::Disegna));
+    c.push_back(Di("InvasoColore", "Linea Quota Di Invaso - Colore", &C::LineaInvaso, &GruppoSezione::Colore));
+    c.push_back(Di("QuotaInvaso", "Quota Di Invaso", &C::QuotaInvaso));
+    c.push_back(Di("NomeBase", "Nome Base dei Piani", &C::NomeBase));
+    Blocco(c, "Nome", "Nome/Numero Sezione", &C::NomeSezione);
+    Blocco(c, "Numero", "Sezione N°", &C::NumeroSezione);
+    c.push_back(Di("Centra", "Centra Nome Sezione", &C::CentraNomeSezione));
+    Blocco(c, "DistanzaPrecedente", "Distanza Da Precedente", &C::DistanzaPrecedente);
+    Blocco(c, "BloccoQuota", "Quota Riferimento", &C::BloccoQuotaRiferimento);
+    c.push_back(Di("SterroRiporto", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
+    c.push_back(Di("Quotatura", "Disegna Quotatura", &C::DisegnaQuotatura));
+    return c;
+  }();
+  return campi;
+}
+
+// The fields of the dialog written into `z`, over what it holds.
+Sezione DalDialogo(const Dialogo& d, Sezione z) {
+  for (const CampoSezione& c : CampiSezione())
+    if (d.Campo(c.Nome)) c.Scrivi(z, d.Valore(c.Nome));
+  return z;
+}
+
+// A layout read from a file shown in the dialog; the section's own values stay as typed.
+void NelDialogo(Sessione& s, const ConfigurazioneSezione& cfg) {
+  Sezione z;
+  z.Cfg = cfg;
+  for (const CampoSezione& c : CampiSezione())
+    if (c.Nome != "Indice" && c.Nome != "OrigineX" && c.Nome != "OrigineY") AggiornaCampo(s, kSezioni, c.Nome, c.Leggi(z));
+}
+
+// A button of a dialog: its work protected, on the dialog still open.
+template <class Fai>
+std::function<void(Sessione&)> Azione(const char* nome, Fai fai) {
+  return [nome, fai](Sessione& x) {
+    x.RoutineCorrente = nome;
+    Protetto(x, [&] {
+      if (const Dialogo* d = TrovaDialogo(x, nome)) fai(x, *d);
+    });
+  };
+}
+
+void SalvaConNome(Sessione& s, const Dialogo& d) {
+  const auto scelto = s.Ui->ScegliFile(true, "Salva Configurazione", kFiltro, "", "");
+  if (!scelto || !SalvaConfigurazione(s, *scelto, DalDialogo(d, {}).Cfg)) return;
+  s.Ui->Messaggio("La configurazione \n" + *scelto + "\n è stata salvata su disco con successo.", "Sezioni",
+                  Icona::Informazione);
+}
+
+void CaricaDaFile(Sessione& s, const std::string& percorso, const char* conferma) {
+  s.UltimoErrore.clear();
+  const ConfigurazioneSezione c = CaricaConfigurazione(s, percorso);
+  if (!s.UltimoErrore.empty()) return;
+  NelDialogo(s, c);
+  if (conferma) s.Ui->Messaggio(conferma, "Sezioni", Icona::Informazione);
+}
+
+// --- EditaPunti ---------------------------------------------------------------------------
+
+// The section being edited and the station shown, between the presses of the dialog.
+struct Modifica {
+  int32_t Riga;
+  Sezione Z;
+  size_t Corrente = 0;
+};
+
+constexpr const char* kCampiStazione[] = {"Nome", "X", "Y", "QuotaTerreno", "QuotaProgetto"};
+
+void MostraStazione(Sessione& s, const Modifica& m) {
+  const StazioneSezione& p = m.Z.Stazioni[m.Corrente];
+  const std::string valori[] = {p.Nome, FormaSemplice(p.X), FormaSemplice(p.Y), FormaSemplice(p.QuotaTerreno),
+                                FormaSemplice(p.QuotaProgetto)};
+  for (size_t i = 0; i < std::size(kCampiStazione); ++i) AggiornaCampo(s, kEditaPunti, kCampiStazione[i], valori[i]);
+  AggiornaCampo(s, kEditaPunti, "Punto",
+                std::to_string(m.Corrente + 1) + " / " + std::to_string(m.Z.Stazioni.size()));
+}
+
+void LeggiStazione(const Dialogo& d, Modifica& m) {
+  StazioneSezione& p = m.Z.Stazioni[m.Corrente];
+  p.Nome = Rifila(d.Valore("Nome"));
+  Prendi(p.X, d.Valore("X"));
+  Prendi(p.Y, d.Valore("Y"));
+  Prendi(p.QuotaTerreno, d.Valore("QuotaTerreno"));
+  Prendi(p.QuotaProgetto, d.Valore("QuotaProgetto"));
+}
+
+// A press that first keeps what was typed for the station shown.
+template <class Fai>
+std::function<void(Sessione&)> SuStazione(std::shared_ptr<Modifica> m, Fai fai) {
+  return Azione(kEditaPunti, [m, fai](Sessione& x, const Dialogo& d) {
+    LeggiStazione(d, *m);
+    fai(x, *m);
+    if (DialogoAperto(x, kEditaPunti)) MostraStazione(x, *m);
+  });
+}
+
+int32_t SezioneCliccata(Sessione& s) {
+  if (RigheVive(s, SlotSezioni) == 0) {
+    s.Ui->Messaggio("Sezioni assenti!!", "Impossibile continuare", Icona::Avviso);
+    InterrompiComando(s);
+    return -1;
+  }
+  return RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+}
+
+}  // namespace
+
+void ApriDialogoSezioni(Sessione& s, int32_t riga) {
+  if (!RigaViva(s, SlotSezioni, riga)) return;
+  const Sezione& z = s.SezioneDati[static_cast<size_t>(riga)];
+  Dialogo d;
+  d.Nome = kSezioni;
+  d.Titolo = "Configura Sezioni / Profili";
+  d.DiLavoro = true;
+  for (const CampoSezione& c : CampiSezione()) d.AggiungiCampo(c.Nome, c.Etichetta, c.Leggi(z));
+  d.AggiungiBottone("OK", "OK", Azione(kSezioni, [riga](Sessione& x, const Dialogo& dd) {
+                      if (!RigaViva(x, SlotSezioni, riga)) return;
+                      Sezione nuova = DalDialogo(dd, ScompattaSezione(x, riga));
+                      ChiudiDialogo(x, kSezioni);
+                      CompattaSezione(x, riga, std::move(nuova));
+                    }));
+  d.AggiungiBottone("SalvaDefault", "Salva Default", Azione(kSezioni, [](Sessione& x, const Dialogo& dd) {
+                      if (SalvaConfigurazione(x, PercorsoConfigurazioneDefault(x), DalDialogo(dd, {}).Cfg))
+                        x.Ui->Messaggio("La configurazione di default è stata salvata su disco.", "Sezioni",
+                                        Icona::Informazione);
+                    }));
+  d.AggiungiBottone("CaricaDefault", "Carica Default", Azione(kSezioni, [](Sessione& x, const Dialogo&) {
+                      CaricaDaFile(x, PercorsoConfigurazioneDefault(x),
+                                   "La configurazione di default è stata caricata con successo.");
+                    }));
+  d.AggiungiBottone("CaricaConfigurazione", "Carica Configurazione", Azione(kSezioni, [](Sessione& x, const Dialogo&) {
+                      const auto scelto = x.Ui->ScegliFile(false, "Carica Configurazione", kFiltro, "", "");
+                      if (scelto) CaricaDaFile(x, *scelto, nullptr);
+                    }));
+  d.AggiungiBottone("mnuSalvaConfigurazioneConNome", "Salva Configurazione con Nome", Azione(kSezioni, SalvaConNome));
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) { ChiudiDialogo(x, kSezioni); });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+}
+
+void ApriEditaPunti(Sessione& s, int32_t riga) {
+  if (!RigaViva(s, SlotSezioni, riga) || s.SezioneDati[static_cast<size_t>(riga)].Stazioni.empty()) return;
+  auto m = std::make_shared<Modifica>(Modifica{riga, ScompattaSezione(s, riga)});
+  Dialogo d;
+  d.Nome = kEditaPunti;
+  d.Titolo = "Punti Sezione " + m->Z.IndiceSezione;
+  d.AggiungiDato("Punto", "Punto", "");
+  d.AggiungiCampo("Nome", "Nome");
+  d.AggiungiCampo("X", "Est");
+  d.AggiungiCampo("Y", "Nord");
+  d.AggiungiCampo("QuotaTerreno", "Quota Terreno");
+  d.AggiungiCampo("QuotaProgetto", "Quota Progetto");
+  d.AggiungiBottone("Precedente", "<", SuStazione(m, [](Sessione&, Modifica& x) {
+                      if (x.Corrente > 0) --x.Corrente;
+                    }));
+  d.AggiungiBottone("Successivo", ">", SuStazione(m, [](Sessione&, Modifica& x) {
+                      if (x.Corrente + 1 < x.Z.Stazioni.size()) ++x.Corrente;
+                    }));
+  // A new station after the one shown, a copy of it to be corrected.
+  d.AggiungiBottone("Inserisci", "Inserisci", SuStazione(m, [](Sessione& x, Modifica& e) {
+                      if (e.Z.Stazioni.size() >= static_cast<size_t>(kMassimoPuntiSezione)) {
+                        x.Ui->Messaggio("Una sezione ha al massimo 500 punti!", "Impossibile continuare", Icona::Avviso);
+                        return;
+                      }
+                      const StazioneSezione copia = e.Z.Stazioni[e.Corrente];
+                      e.Z.Stazioni.insert(e.Z.Stazioni.begin() + static_cast<std::ptrdiff_t>(++e.Corrente), copia);
+                    }));
+  // A section keeps at least two stations, or it would no longer be drawn.
+  d.AggiungiBottone("Elimina", "Elimina", SuStazione(m, [](Sessione&, Modifica& e) {
+                      if (e.Z.Stazioni.size() <= 2) return;
+                      e.Z.Stazioni.erase(e.Z.Stazioni.begin() + static_cast<std::ptrdiff_t>(e.Corrente));
+                      if (e.Corrente == e.Z.Stazioni.size()) --e.Corrente;
+                    }));
+  d.AggiungiBottone("OK", "OK", SuStazione(m, [](Sessione& x, Modifica& e) {
+                      ChiudiDialogo(x, kEditaPunti);
+                      if (RigaViva(x, SlotSezioni, e.Riga)) CompattaSezione(x, e.Riga, e.Z);
+                    }));
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) { ChiudiDialogo(x, kEditaPunti); });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+  MostraStazione(s, *m);
+}
+
+void subConfiguraSezione(Sessione& s) {
+  const int32_t riga = SezioneCliccata(s);
+  if (riga >= 0) ApriDialogoSezioni(s, riga);
+}
+
+void subEditaPuntiSezione(Sessione& s) {
+  const int32_t riga = SezioneCliccata(s);
+  if (riga >= 0) ApriEditaPunti(s, riga);
+}
+
+}  // namespace varena
