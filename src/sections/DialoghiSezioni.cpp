@@ -73,67 +73,72 @@ CampoSezione Di(std::string nome, std::string etichetta, G ConfigurazioneSezione
   return Campo(std::move(nome), std::move(etichetta), [g, m](Sezione& z) -> T& { return z.Cfg.*g.*m; });
 }
 
-// The values of one group, as many as it has in the file.
+// The values of one group, as many as it has in the file. Fields are named row and
+// column, "Gruppo_Valore", so that the form lays them out as a table: a row a group.
 void Gruppo(std::vector<CampoSezione>& c, const std::string& nome, const std::string& titolo,
-            GruppoSezione ConfigurazioneSezione::*g, bool fincatura, bool riga) {
+            GruppoSezione ConfigurazioneSezione::*g, bool riga) {
   using GS = GruppoSezione;
-  c.push_back(Di(nome + "Disegna", titolo + " - Disegna", g, &GS::Disegna));
-  if (fincatura) c.push_back(Di(nome + "Fincatura", titolo + " - Altezza Fincatura", g, &GS::AltezzaFincatura));
-  c.push_back(Di(nome + "Testo", titolo + " - Altezza Testo", g, &GS::AltezzaTesto));
-  c.push_back(Di(nome + "Colore", titolo + " - Colore", g, &GS::Colore));
+  c.push_back(Di(nome + "_Disegna", titolo + " - Disegna", g, &GS::Disegna));
+  if (riga) c.push_back(Di(nome + "_Fincatura", titolo + " - Altezza Fincatura", g, &GS::AltezzaFincatura));
+  c.push_back(Di(nome + "_Testo", titolo + " - Altezza Testo", g, &GS::AltezzaTesto));
+  c.push_back(Di(nome + "_Colore", titolo + " - Colore", g, &GS::Colore));
   if (!riga) return;
-  c.push_back(Di(nome + "Titolo", titolo + " - Titolo", g, &GS::Titolo));
-  c.push_back(Di(nome + "Verticale", titolo + " - Orientamento Verticale", g, &GS::OrientamentoVerticale));
+  c.push_back(Di(nome + "_Titolo", titolo + " - Titolo", g, &GS::Titolo));
+  c.push_back(Di(nome + "_Verticale", titolo + " - Orientamento Verticale", g, &GS::OrientamentoVerticale));
 }
 
 void Blocco(std::vector<CampoSezione>& c, const std::string& nome, const std::string& titolo,
             BloccoCornice ConfigurazioneSezione::*b) {
-  c.push_back(Di(nome + "Disegna", titolo + " - Disegna", b, &BloccoCornice::Disegna));
-  c.push_back(Di(nome + "Testo", titolo + " - Altezza Testo", b, &BloccoCornice::AltezzaTesto));
-  c.push_back(Di(nome + "Colore", titolo + " - Colore", b, &BloccoCornice::Colore));
+  c.push_back(Di(nome + "_Disegna", titolo + " - Disegna", b, &BloccoCornice::Disegna));
+  c.push_back(Di(nome + "_Testo", titolo + " - Altezza Testo", b, &BloccoCornice::AltezzaTesto));
+  c.push_back(Di(nome + "_Colore", titolo + " - Colore", b, &BloccoCornice::Colore));
 }
+
+// The fields of the section itself, not of its layout.
+bool DellaSezione(const std::string& nome) { return nome.starts_with("Sezione_") || nome.starts_with("Origine_"); }
 
 const std::vector<CampoSezione>& CampiSezione() {
   using C = ConfigurazioneSezione;
+  using GS = GruppoSezione;
   static const std::vector<CampoSezione> campi = [] {
     std::vector<CampoSezione> c;
-    c.push_back(Campo("Indice", "Indice Sezione", [](Sezione& z) -> std::string& { return z.IndiceSezione; }));
-    c.push_back(Campo("OrigineX", "Origine X", [](Sezione& z) -> double& { return z.OrigineX; }));
-    c.push_back(Campo("OrigineY", "Origine Y", [](Sezione& z) -> double& { return z.OrigineY; }));
-    c.push_back(Di("ScalaLunghezze", "Scale Sezioni - Lunghezze 1:", &C::ScalaLunghezze));
-    c.push_back(Di("ScalaAltezze", "Scale Sezioni - Altezze 1:", &C::ScalaAltezze));
-    c.push_back(Di("TerrenoTesto", "Profilo del Terreno - Altezza Testo", &C::Terreno, &GruppoSezione::AltezzaTesto));
-    c.push_back(Di("TerrenoColore", "Profilo del Terreno - Colore", &C::Terreno, &GruppoSezione::Colore));
-    c.push_back(Di("QuoteRosse", "Quote Rosse", &C::QuoteRosse));
-    c.push_back(Di("ColoreQuoteRosse", "Quote Rosse - Colore", &C::ColoreQuoteRosse));
-    c.push_back(Di("VerticaliDisegna", "Linee Verticali - Disegna", &C::Verticali, &GruppoSezione::Disegna));
-    c.push_back(Di("VerticaliColore", "Linee Verticali - Colore", &C::Verticali, &GruppoSezione::Colore));
-    c.push_back(Di("ColoreQuotaRiferimento", "Linea Quota Riferimento - Colore", &C::ColoreQuotaRiferimento));
-    Gruppo(c, "NomiPunti", "Nomi Punti", &C::NomiPunti, true, true);
-    c.push_back(Di("NomiOrdinati", "Usa Nomi Punti Ordinati", &C::NomiPuntiOrdinati));
-    c.push_back(Di("ProfiloProgetto", "Profilo di Progetto - Disegna", &C::ProfiloProgetto));
-    c.push_back(Di("ColoreProgetto", "Profilo di Progetto - Colore", &C::ColoreProgetto));
-    c.push_back(Di("QuotaRiferimento", "Quota Riferimento", &C::QuotaRiferimento));
-    Gruppo(c, "Parziali", "Distanze Parziali", &C::DistanzeParziali, true, true);
-    c.push_back(Di("Decimali", "Distanze Parziali - Decimali", &C::DecimaliParziali));
-    Gruppo(c, "Progressive", "Distanze Progressive", &C::DistanzeProgressive, true, true);
-    c.push_back(Di("OrigineQuotatura", "Origine Quotatura", &C::OrigineQuotatura));
-    Gruppo(c, "Inclinate", "Distanze Inclinate / Pendenza", &C::DistanzeInclinate, true, true);
-    c.push_back(Di("MostraPendenza", "Mostra Pendenza", &C::MostraPendenza));
-    c.push_back(Di("Percentuale", "Visualizza Pendenza in Percentuale", &C::PendenzaPercentuale));
-    Gruppo(c, "QuoteTerreno", "Quote Terreno", &C::QuoteTerreno, true, true);
-    Gruppo(c, "QuoteProgetto", "Quote Progetto", &C::QuoteProgetto, true, true);
-    c.push_back(Di("InvasoDisegna", "Linea Quota Di Invaso - Disegna", &C::LineaInvaso, &GruppoSezione::Disegna));
-    c.push_back(Di("InvasoColore", "Linea Quota Di Invaso - Colore", &C::LineaInvaso, &GruppoSezione::Colore));
-    c.push_back(Di("QuotaInvaso", "Quota Di Invaso", &C::QuotaInvaso));
-    c.push_back(Di("NomeBase", "Nome Base dei Piani", &C::NomeBase));
-    Blocco(c, "Nome", "Nome/Numero Sezione", &C::NomeSezione);
-    Blocco(c, "Numero", "Sezione N°", &C::NumeroSezione);
-    c.push_back(Di("Centra", "Centra Nome Sezione", &C::CentraNomeSezione));
-    Blocco(c, "DistanzaPrecedente", "Distanza Da Precedente", &C::DistanzaPrecedente);
+    c.push_back(Campo("Sezione_Titolo", "Indice Sezione", [](Sezione& z) -> std::string& { return z.IndiceSezione; }));
+    c.push_back(Campo("Origine_Valore", "Origine X", [](Sezione& z) -> double& { return z.OrigineX; }));
+    c.push_back(Campo("Origine_Valore2", "Origine Y", [](Sezione& z) -> double& { return z.OrigineY; }));
+    c.push_back(Di("Scale_Valore", "Scale Sezioni - Lunghezze 1:", &C::ScalaLunghezze));
+    c.push_back(Di("Scale_Valore2", "Scale Sezioni - Altezze 1:", &C::ScalaAltezze));
+    c.push_back(Di("Piani_Titolo", "Nome Base dei Piani", &C::NomeBase));
+    c.push_back(Di("Terreno_Testo", "Profilo del Terreno - Altezza Testo", &C::Terreno, &GS::AltezzaTesto));
+    c.push_back(Di("Terreno_Colore", "Profilo del Terreno - Colore", &C::Terreno, &GS::Colore));
+    c.push_back(Di("QuoteRosse_Disegna", "Quote Rosse", &C::QuoteRosse));
+    c.push_back(Di("QuoteRosse_Colore", "Quote Rosse - Colore", &C::ColoreQuoteRosse));
+    c.push_back(Di("Verticali_Disegna", "Linee Verticali - Disegna", &C::Verticali, &GS::Disegna));
+    c.push_back(Di("Verticali_Colore", "Linee Verticali - Colore", &C::Verticali, &GS::Colore));
+    c.push_back(Di("QuotaRif_Colore", "Linea Quota Riferimento - Colore", &C::ColoreQuotaRiferimento));
+    c.push_back(Di("QuotaRif_Valore", "Quota Riferimento", &C::QuotaRiferimento));
+    c.push_back(Di("Progetto_Disegna", "Profilo di Progetto - Disegna", &C::ProfiloProgetto));
+    c.push_back(Di("Progetto_Colore", "Profilo di Progetto - Colore", &C::ColoreProgetto));
+    c.push_back(Di("Progetto_Valore", "Disegna Quotatura", &C::DisegnaQuotatura));
+    c.push_back(Di("SterroRiporto_Disegna", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
+    Gruppo(c, "NomiPunti", "Nomi Punti", &C::NomiPunti, true);
+    c.push_back(Di("NomiPunti_Valore", "Usa Nomi Punti Ordinati", &C::NomiPuntiOrdinati));
+    Gruppo(c, "QuoteTerreno", "Quote Terreno", &C::QuoteTerreno, true);
+    Gruppo(c, "QuoteProgetto", "Quote Progetto", &C::QuoteProgetto, true);
+    Gruppo(c, "Progressive", "Distanze Progressive", &C::DistanzeProgressive, true);
+    c.push_back(Di("Progressive_Valore", "Origine Quotatura", &C::OrigineQuotatura));
+    Gruppo(c, "Parziali", "Distanze Parziali", &C::DistanzeParziali, true);
+    c.push_back(Di("Parziali_Valore", "Distanze Parziali - Decimali", &C::DecimaliParziali));
+    Gruppo(c, "Inclinate", "Distanze Inclinate / Pendenza", &C::DistanzeInclinate, true);
+    c.push_back(Di("Inclinate_Valore", "Mostra Pendenza", &C::MostraPendenza));
+    c.push_back(Di("Inclinate_Valore2", "Visualizza Pendenza in Percentuale", &C::PendenzaPercentuale));
+    c.push_back(Di("Invaso_Disegna", "Linea Quota Di Invaso - Disegna", &C::LineaInvaso, &GS::Disegna));
+    c.push_back(Di("Invaso_Colore", "Linea Quota Di Invaso - Colore", &C::LineaInvaso, &GS::Colore));
+    c.push_back(Di("Invaso_Valore", "Quota Di Invaso", &C::QuotaInvaso));
+    Blocco(c, "NomeSezione", "Nome/Numero Sezione", &C::NomeSezione);
+    c.push_back(Di("NomeSezione_Valore", "Centra Nome Sezione", &C::CentraNomeSezione));
+    Blocco(c, "NumeroSezione", "Sezione N°", &C::NumeroSezione);
+    Blocco(c, "DistPrecedente", "Distanza Da Precedente", &C::DistanzaPrecedente);
     Blocco(c, "BloccoQuota", "Quota Riferimento", &C::BloccoQuotaRiferimento);
-    c.push_back(Di("SterroRiporto", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
-    c.push_back(Di("Quotatura", "Disegna Quotatura", &C::DisegnaQuotatura));
     return c;
   }();
   return campi;
@@ -151,7 +156,7 @@ void NelDialogo(Sessione& s, const ConfigurazioneSezione& cfg) {
   Sezione z;
   z.Cfg = cfg;
   for (const CampoSezione& c : CampiSezione())
-    if (c.Nome != "Indice" && c.Nome != "OrigineX" && c.Nome != "OrigineY") AggiornaCampo(s, kSezioni, c.Nome, c.Leggi(z));
+    if (!DellaSezione(c.Nome)) AggiornaCampo(s, kSezioni, c.Nome, c.Leggi(z));
 }
 
 // A button of a dialog: its work protected, on the dialog still open.

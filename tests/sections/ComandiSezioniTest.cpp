@@ -115,7 +115,7 @@ TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
 
   const std::string file = cartella / "STRADA.INI";
   ui.Accoda(file);
-  Script("KEY ESC\nTAG SEZIONI_CONFIGURA\nCLICK left 15 5\nFIELD Sezioni.NomeBase PROVA\nFIELD Sezioni.ScalaAltezze 20\n"
+  Script("KEY ESC\nTAG SEZIONI_CONFIGURA\nCLICK left 15 5\nFIELD Sezioni.Piani_Titolo PROVA\nFIELD Sezioni.Scale_Valore2 20\n"
          "PRESS Sezioni.mnuSalvaConfigurazioneConNome\nPRESS Sezioni.OK\n");
   EXPECT_EQ(ui.UltimoMessaggio, "La configurazione  | " + file + " |  è stata salvata su disco con successo.");
   const ConfigurazioneSezione& c = s.SezioneDati[0].Cfg;
