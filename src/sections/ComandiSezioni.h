@@ -17,6 +17,20 @@ void subSezioniCatturaPunti(Sessione& s);
 void FineCatturaSezione(Sessione& s);
 // The click of code 374 (SEZIONI_QUOTA_PROGETTO) on a section: its project height asked.
 void subQuotaProgettoSezione(Sessione& s);
+// Code 368 (CATTURA_SPEZZATA): a click on a line; the section runs along the chain of lines
+// that meet end to end with it, from its western end, its heights from the lines or from
+// the facets.
+void subCatturaSpezzata(Sessione& s);
+// Code 382 (SEZIONI_IN_SERIE): the clicks of an axis like those of 373; the right button
+// asks the spacing and the width, and makes a cross section through the facets every
+// spacing along the axis, square to it.
+void FineSezioniInSerie(Sessione& s);
+// Code 380 (SEZIONI_SOMMA): two sections clicked; the second goes on the end of the first
+// and is deleted.
+void subSommaSezioni(Sessione& s);
+// Code 381 (SEZIONI_DIVIDI): a section clicked and the station asked where it is cut in
+// two; the second part is a new section under the first.
+void subDividiSezione(Sessione& s);
 
 // The stations of a section along a polyline through the facets: one at each vertex and one
 // where the line crosses a side, each with the height of the facet it lies on. Stations

@@ -126,5 +126,69 @@ TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
   EXPECT_GT(profilo, 0);
 }
 
+// Two sections summed end to end, the station they share taken once; then one divided at a
+// station, which both parts keep.
+TEST_F(SezioniBanco, ComandiSezioniSommaEDividi) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}};
+  AggiungiSezione(s, z);  // terrain at y 5 to 7 over x 0 to 20
+  z.Stazioni = {{"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
+  z.OrigineY = -100;
+  AggiungiSezione(s, z);  // terrain at y -93 to -92
+  Pronto(15, -50, 200);
+  Script("TAG SEZIONI_SOMMA\nCLICK left 5 5.5\nCLICK left 5 -92.5\n");
+  const std::vector<StazioneSezione> tutte = {
+      {"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].Stazioni, s.SezioneIdent[1]), std::make_tuple(tutte, -1));
+  ui.Accoda("2");
+  Script("KEY ESC\nTAG SEZIONI_DIVIDI\nCLICK left 5 5.5\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
+  EXPECT_EQ(s.SezioneDati[0].Stazioni, std::vector<StazioneSezione>(tutte.begin(), tutte.begin() + 2));
+  EXPECT_EQ(s.SezioneDati[2].Stazioni, std::vector<StazioneSezione>(tutte.begin() + 1, tutte.end()));
+}
+
+// A section along lines that meet end to end, whatever their direction and order, with
+// the lines' heights; a line apart is not taken.
+TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
+  ApriLavoroVuoto(*this);
+  MettiLinea(s, 10, 0, 20, 5, 11, 12);
+  MettiLinea(s, 30, 5, 20, 5, 13, 12);
+  MettiLinea(s, 0, 0, 10, 0, 10, 11);
+  MettiLinea(s, 31, 5, 40, 5, 1, 1);
+  Pronto(15, 0, 100);
+  Script("TAG CATTURA_SPEZZATA\nCLICK left 25 5\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
+  std::vector<std::tuple<double, double, double>> st;
+  for (const StazioneSezione& p : s.SezioneDati[0].Stazioni) st.emplace_back(p.X, p.Y, p.QuotaTerreno);
+  EXPECT_EQ(st, (std::vector<std::tuple<double, double, double>>{{0, 0, 10}, {10, 0, 11}, {20, 5, 12}, {30, 5, 13}}));
+}
+
+// Cross sections every 40 metres along an axis going East, 20 wide, from North to South,
+// through the plane z = 100 + x/10 + y/5 of two facets.
+TEST_F(SezioniBanco, ComandiSezioniInSerie) {
+  ApriLavoroVuoto(*this);
+  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
+  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+  MettiPunti(s, {{"A", 10, 50, 0}, {"B", 90, 50, 0}});
+  Pronto(50, 50, 400);
+  ui.Accoda("40");
+  ui.Accoda("20");
+  Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
+  std::vector<std::vector<double>> quote;
+  for (const Sezione& z : {s.SezioneDati[0], s.SezioneDati[1], s.SezioneDati[2]}) {
+    quote.emplace_back();
+    for (const StazioneSezione& p : z.Stazioni) quote.back().push_back(p.QuotaTerreno);
+  }
+  // At x 10 from (10, 60) to (10, 40); at 50 the shared side crossed at (50, 50); at 90.
+  EXPECT_EQ(quote, (std::vector<std::vector<double>>{{113, 109}, {117, 115, 113}, {121, 117}}));
+  // One under the other, each clear of the one before.
+  EXPECT_LT(s.SezioneBoxY2[1], s.SezioneBoxY1[0]);
+  EXPECT_LT(s.SezioneBoxY2[2], s.SezioneBoxY1[1]);
+}
+
 }  // namespace
 }  // namespace varena
