@@ -195,13 +195,6 @@ void CreaDaSpezzata(Sessione& s, const SpezzataTemporanea& sp) {
   FineModifica(s);
 }
 
-bool SezioniAssenti(Sessione& s) {
-  if (RigheVive(s, SlotSezioni) > 0) return false;
-  s.Ui->Messaggio("Sezioni assenti!!", kImpossibile, Icona::Avviso);
-  InterrompiComando(s);
-  return true;
-}
-
 bool Vicini(double x1, double y1, double x2, double y2) { return std::hypot(x1 - x2, y1 - y2) < 0.001; }
 
 // The chain of lines that meet end to end, grown from line r at both its ends.
@@ -239,6 +232,15 @@ SpezzataTemporanea Catena(const Sessione& s, int32_t r) {
 }
 
 }  // namespace
+
+int32_t SezioneCliccata(Sessione& s) {
+  if (RigheVive(s, SlotSezioni) == 0) {
+    s.Ui->Messaggio("Sezioni assenti!!", kImpossibile, Icona::Avviso);
+    InterrompiComando(s);
+    return -1;
+  }
+  return RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+}
 
 void FineCatturaSezione(Sessione& s) {
   const SpezzataTemporanea sp = s.SpezzataTemporanea;
@@ -296,8 +298,7 @@ void FineSezioniInSerie(Sessione& s) {
 }
 
 void subSommaSezioni(Sessione& s) {
-  if (SezioniAssenti(s)) return;
-  const int32_t riga = RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  const int32_t riga = SezioneCliccata(s);
   if (riga < 0) return;
   if (s.PassoComando == 0) {
     // The first is found again from its click: no row number is kept across the clicks.
@@ -330,8 +331,7 @@ void subSommaSezioni(Sessione& s) {
 }
 
 void subDividiSezione(Sessione& s) {
-  if (SezioniAssenti(s)) return;
-  const int32_t riga = RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  const int32_t riga = SezioneCliccata(s);
   if (riga < 0) return;
   Sezione a = ScompattaSezione(s, riga);
   const auto n = a.Stazioni.size();
@@ -361,8 +361,7 @@ void subDividiSezione(Sessione& s) {
 }
 
 void subQuotaProgettoSezione(Sessione& s) {
-  if (SezioniAssenti(s)) return;
-  const int32_t riga = RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
+  const int32_t riga = SezioneCliccata(s);
   if (riga < 0) return;
   Sezione z = ScompattaSezione(s, riga);
   const std::optional<double> q = ChiediNumero(s, "Quota Progetto :", "Quota Progetto",

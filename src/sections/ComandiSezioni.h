@@ -38,6 +38,10 @@ void subDividiSezione(Sessione& s);
 std::vector<StazioneSezione> StazioniSuFalde(const Sessione& s, const std::vector<double>& x,
                                              const std::vector<double>& y);
 
+// The row of the section under the click of a command on sections; -1 for none, and with
+// no section at all the user is told and the command ends.
+int32_t SezioneCliccata(Sessione& s);
+
 // The working copy of a section, and its return to the table with the regeneration and the
 // undo snapshot every finished edit takes.
 Sezione ScompattaSezione(const Sessione& s, int32_t riga);

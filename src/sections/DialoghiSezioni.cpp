@@ -224,15 +224,6 @@ std::function<void(Sessione&)> SuStazione(std::shared_ptr<Modifica> m, Fai fai) 
   });
 }
 
-int32_t SezioneCliccata(Sessione& s) {
-  if (RigheVive(s, SlotSezioni) == 0) {
-    s.Ui->Messaggio("Sezioni assenti!!", "Impossibile continuare", Icona::Avviso);
-    InterrompiComando(s);
-    return -1;
-  }
-  return RigaSezioneVicina(s, s.PuntoCorrenteX, s.PuntoCorrenteY);
-}
-
 }  // namespace
 
 void ApriDialogoSezioni(Sessione& s, int32_t riga) {

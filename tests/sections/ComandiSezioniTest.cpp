@@ -23,6 +23,12 @@ void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double 
   s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
 }
 
+// Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
+void DueFalde(Sessione& s) {
+  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
+  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+}
+
 TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
   ApriLavoroVuoto(*this);
   MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 12}, {"3", 30, 60, 11}});
@@ -52,9 +58,7 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
   ApriLavoroVuoto(*this);
-  // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
-  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
-  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+  DueFalde(s);
   MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
   Pronto(50, 50, 400);
   ui.Accoda("yes");
@@ -170,8 +174,7 @@ TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
 // through the plane z = 100 + x/10 + y/5 of two facets.
 TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   ApriLavoroVuoto(*this);
-  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
-  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+  DueFalde(s);
   MettiPunti(s, {{"A", 10, 50, 0}, {"B", 90, 50, 0}});
   Pronto(50, 50, 400);
   ui.Accoda("40");
