@@ -11,8 +11,10 @@
 
 #include "commands/AiutiDisegno.h"
 #include "commands/Comandi.h"
+#include "commands/Costruttori.h"
 #include "commands/Modifica.h"
 #include "core/Sessione.h"
+#include "core/ImpostazioniUtente.h"
 #include "core/Testo.h"
 #include "sections/DisegnoSezioni.h"
 #include "sections/FileSezioni.h"
@@ -143,6 +145,28 @@ double IngombroVerticale(const Sezione& z) {
          righe + 2 * ScalaSezione(c.ScalaLunghezze);
 }
 
+// The options of the dialog on a section just made: its stations numbered in order, a
+// point of the job at each station that stands on none (named after the section and the
+// station), the trace of the section drawn on the plan.
+void ImpostazioniCreazione(Sessione& s, int32_t riga) {
+  std::vector<StazioneSezione>& st = s.SezioneDati[static_cast<size_t>(riga)].Stazioni;
+  if (ImpostazioneSezioni(s, kRinumeraPunti))
+    for (size_t i = 0; i < st.size(); ++i) st[i].Nome = Nome(i + 1);
+  if (ImpostazioneSezioni(s, kGeneraPunti))
+    for (size_t i = 0; i < st.size(); ++i) {
+      const Vicina v = IlPiuVicinoPunto(s, st[i].X, st[i].Y);
+      const bool sopra = v.Riga >= 0 && std::hypot(s.PuntoX[static_cast<size_t>(v.Riga)] - st[i].X,
+                                                    s.PuntoY[static_cast<size_t>(v.Riga)] - st[i].Y) < 0.001;
+      if (sopra) continue;
+      st[i].Nome = "S" + std::to_string(riga + 1) + "-" + Nome(i + 1);
+      ScriviPunto(s, st[i].Nome, {st[i].X, st[i].Y, st[i].QuotaTerreno}, "", "SEZIONI");
+    }
+  if (ImpostazioneSezioni(s, kGeneraLinee))
+    for (size_t i = 0; i + 1 < st.size(); ++i)
+      ScriviLinea(s, {st[i].X, st[i].Y, st[i].QuotaTerreno}, {st[i + 1].X, st[i + 1].Y, st[i + 1].QuotaTerreno},
+                  "SEZIONI");
+}
+
 // A new section of these stations, taken along the plan line (x, y): the default layout, the
 // datum a whole metre under the lowest ground, the sheet to the right of the line and under
 // every section already drawn (and under `sotto`, for one made before it and not yet
@@ -170,6 +194,7 @@ int32_t NuovaSezione(Sessione& s, std::vector<StazioneSezione> stazioni, const s
   const int32_t riga = AggiungiSezione(s, std::move(z));
   s.SezioneDati[static_cast<size_t>(riga)].IndiceSezione = std::to_string(riga + 1);
   SegnaRiga(s, SlotSezioni, riga);
+  ImpostazioniCreazione(s, riga);
   return riga;
 }
 
@@ -232,6 +257,10 @@ SpezzataTemporanea Catena(const Sessione& s, int32_t r) {
 }
 
 }  // namespace
+
+bool ImpostazioneSezioni(Sessione& s, const char* chiave) {
+  return Rifila(LeggiImpostazioneUtente(s, "SEZIONI", chiave, "0")) == "1";
+}
 
 int32_t SezioneCliccata(Sessione& s) {
   if (RigheVive(s, SlotSezioni) == 0) {

@@ -38,6 +38,14 @@ void subDividiSezione(Sessione& s);
 std::vector<StazioneSezione> StazioniSuFalde(const Sessione& s, const std::vector<double>& x,
                                              const std::vector<double>& y);
 
+// The options of the dialog `Sezioni` for the sections made from the plan, kept among the
+// user's settings (section "SEZIONI"), 1 on: stations renumbered in order, new points at
+// the stations, lines along the trace.
+inline constexpr const char* kRinumeraPunti = "SEZIONI_RINUMERA_PUNTI";
+inline constexpr const char* kGeneraPunti = "GENERA_PUNTI";
+inline constexpr const char* kGeneraLinee = "GENERA_LINEE";
+bool ImpostazioneSezioni(Sessione& s, const char* chiave);
+
 // The row of the section under the click of a command on sections; -1 for none, and with
 // no section at all the user is told and the command ends.
 int32_t SezioneCliccata(Sessione& s);

@@ -13,6 +13,7 @@
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
 #include "core/Errori.h"
+#include "core/ImpostazioniUtente.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "sections/ComandiSezioni.h"
@@ -49,6 +50,17 @@ void Prendi(T& v, const std::string& t) {
   else
     v = InteroLungo(Val(VirgolaInPunto(t)));
 }
+
+// The options of the dialog that are the user's settings, not the section's: a switch each.
+// They share one row of the table; their labels tell them apart.
+struct Opzione {
+  const char* Campo;
+  const char* Etichetta;
+  const char* Chiave;
+};
+constexpr Opzione kOpzioni[] = {{"Opzioni_Valore", "Rinumera Punti", kRinumeraPunti},
+                                {"Opzioni_Valore2", "Genera Punti", kGeneraPunti},
+                                {"Opzioni_Disegna", "Genera Linee", kGeneraLinee}};
 
 struct CampoSezione {
   std::string Nome, Etichetta;
@@ -95,7 +107,7 @@ void Blocco(std::vector<CampoSezione>& c, const std::string& nome, const std::st
 }
 
 // The fields of the section itself, not of its layout.
-bool DellaSezione(const std::string& nome) { return nome.starts_with("Sezione_") || nome.starts_with("Origine_"); }
+bool DellaSezione(const std::string& nome) { return nome.starts_with("Sezione_"); }
 
 const std::vector<CampoSezione>& CampiSezione() {
   using C = ConfigurazioneSezione;
@@ -103,8 +115,8 @@ const std::vector<CampoSezione>& CampiSezione() {
   static const std::vector<CampoSezione> campi = [] {
     std::vector<CampoSezione> c;
     c.push_back(Campo("Sezione_Titolo", "Indice Sezione", [](Sezione& z) -> std::string& { return z.IndiceSezione; }));
-    c.push_back(Campo("Origine_Valore", "Origine X", [](Sezione& z) -> double& { return z.OrigineX; }));
-    c.push_back(Campo("Origine_Valore2", "Origine Y", [](Sezione& z) -> double& { return z.OrigineY; }));
+    c.push_back(Campo("Sezione_Valore", "Origine X", [](Sezione& z) -> double& { return z.OrigineX; }));
+    c.push_back(Campo("Sezione_Valore2", "Origine Y", [](Sezione& z) -> double& { return z.OrigineY; }));
     c.push_back(Di("Scale_Valore", "Scale Sezioni - Lunghezze 1:", &C::ScalaLunghezze));
     c.push_back(Di("Scale_Valore2", "Scale Sezioni - Altezze 1:", &C::ScalaAltezze));
     c.push_back(Di("Piani_Titolo", "Nome Base dei Piani", &C::NomeBase));
@@ -119,7 +131,7 @@ const std::vector<CampoSezione>& CampiSezione() {
     c.push_back(Di("Progetto_Disegna", "Profilo di Progetto - Disegna", &C::ProfiloProgetto));
     c.push_back(Di("Progetto_Colore", "Profilo di Progetto - Colore", &C::ColoreProgetto));
     c.push_back(Di("Progetto_Valore", "Disegna Quotatura", &C::DisegnaQuotatura));
-    c.push_back(Di("SterroRiporto_Disegna", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
+    c.push_back(Di("Progetto_Valore2", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
     Gruppo(c, "NomiPunti", "Nomi Punti", &C::NomiPunti, true);
     c.push_back(Di("NomiPunti_Valore", "Usa Nomi Punti Ordinati", &C::NomiPuntiOrdinati));
     Gruppo(c, "QuoteTerreno", "Quote Terreno", &C::QuoteTerreno, true);
@@ -234,7 +246,10 @@ void ApriDialogoSezioni(Sessione& s, int32_t riga) {
   d.Titolo = "Configura Sezioni / Profili";
   d.DiLavoro = true;
   for (const CampoSezione& c : CampiSezione()) d.AggiungiCampo(c.Nome, c.Etichetta, c.Leggi(z));
+  for (const Opzione& o : kOpzioni) d.AggiungiCampo(o.Campo, o.Etichetta, ImpostazioneSezioni(s, o.Chiave) ? "1" : "0");
   d.AggiungiBottone("OK", "OK", Azione(kSezioni, [riga](Sessione& x, const Dialogo& dd) {
+                      for (const Opzione& o : kOpzioni)
+                        ScriviImpostazioneUtente(x, "SEZIONI", o.Chiave, Rifila(dd.Valore(o.Campo)) == "1" ? "1" : "0");
                       if (!RigaViva(x, SlotSezioni, riga)) return;
                       Sezione nuova = DalDialogo(dd, ScompattaSezione(x, riga));
                       ChiudiDialogo(x, kSezioni);

@@ -4,6 +4,7 @@
 
 #include "sections/ComandiSezioni.h"
 #include "commands/Attese.h"
+#include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
 
 namespace varena {
@@ -61,11 +62,17 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
   DueFalde(s);
   MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
   Pronto(50, 50, 400);
+  // The options on: stations renumbered, a point where the side is crossed, the trace drawn.
+  for (const char* chiave : {kRinumeraPunti, kGeneraPunti, kGeneraLinee}) ScriviImpostazioneUtente(s, "SEZIONI", chiave, "1");
   ui.Accoda("yes");
   Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
   const auto& st = s.SezioneDati[0].Stazioni;
   ASSERT_EQ(st.size(), 3u);
+  EXPECT_EQ(std::make_tuple(st[0].Nome, st[1].Nome, st[2].Nome, s.ContaEntita[SlotLinee]),
+            std::make_tuple("1", "S1-2", "3", 2));
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 3);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[2], s.PuntoX[2], s.PuntoZ[2]), std::make_tuple("S1-2", st[1].X, st[1].QuotaTerreno));
   EXPECT_DOUBLE_EQ(st[0].QuotaTerreno, 103);
   // The shared side is crossed at t = 8/11 of the way: (670/11, 430/11), at 100 + 153/11.
   EXPECT_DOUBLE_EQ(st[1].X, 670.0 / 11);
@@ -120,11 +127,13 @@ TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
   const std::string file = cartella / "STRADA.INI";
   ui.Accoda(file);
   Script("KEY ESC\nTAG SEZIONI_CONFIGURA\nCLICK left 15 5\nFIELD Sezioni.Piani_Titolo PROVA\nFIELD Sezioni.Scale_Valore2 20\n"
+         "FIELD Sezioni.Opzioni_Disegna 1\n"
          "PRESS Sezioni.mnuSalvaConfigurazioneConNome\nPRESS Sezioni.OK\n");
   EXPECT_EQ(ui.UltimoMessaggio, "La configurazione  | " + file + " |  è stata salvata su disco con successo.");
   const ConfigurazioneSezione& c = s.SezioneDati[0].Cfg;
   EXPECT_EQ(std::make_tuple(c.NomeBase, c.ScalaAltezze, c.ScalaLunghezze), std::make_tuple("PROVA", 20, 200));
   EXPECT_EQ(CaricaConfigurazione(s, file), c);
+  EXPECT_TRUE(ImpostazioneSezioni(s, kGeneraLinee));
   int64_t profilo = 0;
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) profilo += s.ListaDisegno.Piano(i) == "PROVA_ProfRili";
   EXPECT_GT(profilo, 0);
