@@ -28,6 +28,7 @@ namespace {
 
 constexpr const char* kImpossibile = "Impossibile continuare";
 constexpr double kInfinito = std::numeric_limits<double>::infinity();
+constexpr double kMassimoSezioniInSerie = 1000;
 
 bool FaldaAttiva(const Sessione& s, size_t r) { return IdentVivo(s.FaldaIdent[r]) && s.FaldaCongela[r] == 0; }
 
@@ -302,6 +303,13 @@ void FineSezioniInSerie(Sessione& s) {
   if (!passo) return;
   const std::optional<double> larghezza = ChiediNumero(s, "Larghezza Sezioni :", "Sezioni in Serie", "20");
   if (!larghezza || !(*passo > 0) || !(*larghezza > 0)) return;
+  double lunghezza = 0;
+  for (size_t i = 0; i + 1 < asse.Conta(); ++i) lunghezza += std::hypot(asse.X[i + 1] - asse.X[i], asse.Y[i + 1] - asse.Y[i]);
+  // A spacing typed wrong (a millimetre for a metre) would fill the job with sections.
+  if (lunghezza / *passo > kMassimoSezioniInSerie) {
+    s.Ui->Messaggio("Troppe sezioni: aumentare l'interasse!", "Sezioni in Serie", Icona::Avviso);
+    return;
+  }
   // Along the axis every `passo` metres, from its start: a section square to the stretch it
   // falls on, half the width on each side, from the left of the axis to its right.
   double sotto = kInfinito, inizio = 0;

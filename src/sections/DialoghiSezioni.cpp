@@ -280,6 +280,9 @@ void ApriEditaPunti(Sessione& s, int32_t riga) {
   Dialogo d;
   d.Nome = kEditaPunti;
   d.Titolo = "Punti Sezione " + m->Z.IndiceSezione;
+  // It holds a row number: whatever may reload the tables (another command, an undo)
+  // closes it first.
+  d.DiLavoro = true;
   d.AggiungiDato("Punto", "Punto", "");
   d.AggiungiCampo("Nome", "Nome");
   d.AggiungiCampo("X", "Est");

@@ -200,6 +200,12 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   // One under the other, each clear of the one before.
   EXPECT_LT(s.SezioneBoxY2[1], s.SezioneBoxY1[0]);
   EXPECT_LT(s.SezioneBoxY2[2], s.SezioneBoxY1[1]);
+  // A spacing that would make more than a thousand sections is refused.
+  ui.Accoda("0.07");
+  ui.Accoda("20");
+  Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
+            std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
 }
 
 }  // namespace
