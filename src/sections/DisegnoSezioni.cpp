@@ -206,6 +206,31 @@ void EtichetteProgetto(Disegnatore& d, const Sezione& z, const std::vector<doubl
   }
 }
 
+// The height of a profile at progressive p, along the stretch that holds it.
+double QuotaA(const Sezione& z, const std::vector<double>& xs, double p, double StazioneSezione::*quota) {
+  const double x = xs.front() + p;
+  for (size_t i = 0; i + 1 < xs.size(); ++i)
+    if (x <= xs[i + 1] && xs[i + 1] > xs[i]) {
+      const double t = std::clamp((x - xs[i]) / (xs[i + 1] - xs[i]), 0.0, 1.0);
+      return z.Stazioni[i].*quota + t * (z.Stazioni[i + 1].*quota - z.Stazioni[i].*quota);
+    }
+  return z.Stazioni.back().*quota;
+}
+
+// Each zone of cut ("S= ") or fill ("R= ") labelled with its area in its middle, halfway
+// between the two profiles.
+template <class Quota>
+void EtichetteAree(Disegnatore& d, const Sezione& z, const std::vector<double>& xs, Quota Y) {
+  d.Gruppo("_ProfProg", z.Cfg.ColoreProgetto);
+  const double H = z.Cfg.Terreno.AltezzaTesto;
+  for (const ZonaArea& k : ZoneSterroRiporto(z)) {
+    const double p = (k.Da + k.A) / 2;
+    const double q = (QuotaA(z, xs, p, &StazioneSezione::QuotaTerreno) + QuotaA(z, xs, p, &StazioneSezione::QuotaProgetto)) / 2;
+    const std::string t = (k.Sterro ? "S= " : "R= ") + FormatoMaschera(k.Area, "########0.#0");
+    d.Testo(t, H, 0, xs.front() + p - LunghezzaTesto(t, H) / 2, Y(q) - H / 2);
+  }
+}
+
 void Disegna(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   const Sezione& z = s.SezioneDati[r];
@@ -244,6 +269,8 @@ void Disegna(Sessione& s, int32_t riga) {
               xs[i] - H + spostamento, Y(alta(i)) + 0.3 * H);
     }
   }
+
+  if (c.ProfiloProgetto == 1 && c.TestoSterroRiporto == 1) EtichetteAree(d, z, xs, Y);
 
   const double scala = ScalaSezione(c.ScalaLunghezze);
   d.Gruppo("_QuotaRif", c.ColoreQuotaRiferimento);
@@ -305,23 +332,46 @@ void Disegna(Sessione& s, int32_t riga) {
 
 }  // namespace
 
-AreeSezione AreeSterroRiporto(const Sezione& z) {
-  AreeSezione a;
+// The stretches where terrain and project part, each a run of one sign: its progressives
+// and its area. The height of terrain over project is linear along a stretch, so a stretch
+// where they cross is two triangles meeting at the crossing; a stretch where they agree
+// ends a run.
+std::vector<ZonaArea> ZoneSterroRiporto(const Sezione& z) {
+  std::vector<ZonaArea> zone;
   const std::vector<double> d = DistanzePiane(z);
-  // The height of terrain over project at each end of a stretch: positive is cut.
-  auto somma = [&a](double e, double lunghezza) { (e > 0 ? a.Sterro : a.Riporto) += std::fabs(e) * lunghezza / 2; };
+  double p = 0;
+  bool aperta = false;
+  auto pezzo = [&](double e, double da, double a) {
+    const double area = std::fabs(e) * (a - da) / 2;
+    if (!(area > 0)) {
+      aperta = false;
+      return;
+    }
+    if (aperta && zone.back().Sterro == (e > 0)) {
+      zone.back().Area += area, zone.back().A = a;
+    } else {
+      zone.push_back({e > 0, area, da, a});
+      aperta = true;
+    }
+  };
   for (size_t i = 0; i < d.size(); ++i) {
     const double e0 = z.Stazioni[i].QuotaTerreno - z.Stazioni[i].QuotaProgetto;
     const double e1 = z.Stazioni[i + 1].QuotaTerreno - z.Stazioni[i + 1].QuotaProgetto;
     if ((e0 > 0 && e1 < 0) || (e0 < 0 && e1 > 0)) {
-      // Two triangles meeting where the lines cross.
       const double t = e0 / (e0 - e1);
-      somma(e0, t * d[i]);
-      somma(e1, (1 - t) * d[i]);
+      pezzo(e0, p, p + t * d[i]);
+      pezzo(e1, p + t * d[i], p + d[i]);
     } else {
-      somma(e0 + e1, d[i]);
+      pezzo(e0 + e1, p, p + d[i]);
     }
+    p += d[i];
   }
+  return zone;
+}
+
+AreeSezione AreeSterroRiporto(const Sezione& z) {
+  AreeSezione a;
+  for (const ZonaArea& k : ZoneSterroRiporto(z)) (k.Sterro ? a.Sterro : a.Riporto) += k.Area;
   return a;
 }
 

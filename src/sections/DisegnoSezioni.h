@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "sections/Sezione.h"
 
@@ -25,6 +26,12 @@ struct AreeSezione {
   double Sterro = 0, Riporto = 0;
 };
 AreeSezione AreeSterroRiporto(const Sezione& z);
+// The same zone by zone: a run of stretches of one sign, from progressive `Da` to `A`.
+struct ZonaArea {
+  bool Sterro;
+  double Area, Da, A;
+};
+std::vector<ZonaArea> ZoneSterroRiporto(const Sezione& z);
 
 // The plan distance from the previous live section of the table, between the middles of
 // the two lines of stations; none for the first.

@@ -139,12 +139,14 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
   z.Cfg.NomeBase = "DOPO";
   AggiungiSezione(d.s, z);
   RigeneraLista(d.s);
-  // Grades of the project over each stretch with a length: rise over run, by hand.
+  // Grades of the project over each stretch with a length: rise over run, by hand. Then the
+  // zones: fill under the project on the stretch 0-1 (1.25), then, after a stretch where
+  // the two agree, on 2-3, 3-4, 4-5 (3.25 + 5 + 4.25); cut over it on 7-8 and 8-9
+  // (2.625 + 0.0875).
   EXPECT_EQ(d.Testi("TRAS_ProfProg"), (std::vector<std::string>{"i= -24.0%", "i= -50.0%", "i= -1.92%", "i= 0.0%",
                                                                 "i= 0.0%", "i= 40.0%", "i= 2.67%", "i= 120.0%",
-                                                                "i= 2.0%", "i= 2.50%"}));
-  // Fill under the project on the stretches 0-1, 2-3, 3-4, 4-5: 1.25 + 3.25 + 5 + 4.25;
-  // cut over it on 7-8 and 8-9: 2.625 + 0.0875.
+                                                                "i= 2.0%", "i= 2.50%", "R= 1.25", "R= 12.50",
+                                                                "S= 2.71"}));
   const auto titolo = d.Testi("TRAS_QuotaRif");
   for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75"})
     EXPECT_NE(std::find(titolo.begin(), titolo.end(), atteso), titolo.end()) << atteso;
