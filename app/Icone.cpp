@@ -141,7 +141,9 @@ constexpr IconaDiTag kIcone[] = {
     // Sections
     {"SEZIONI_CATTURA_PUNTI", "cattura-spezzata"}, {"SEZIONI_QUOTA_PROGETTO", "quota"},
     {"SEZIONI_APPLICA_DEFAULT", "configura-tutto"}, {"SEZIONI_SALVA_DEFAULT", "salva"},
-    {"SEZIONI_CARICA_DEFAULT", "apri"},
+    {"SEZIONI_CARICA_DEFAULT", "apri"}, {"SEZIONI_CONFIGURA", "configurazione"},
+    {"SEZIONI_EDITA_PUNTI", "modifica-entita"}, {"SEZIONI_SOMMA", "allunga"}, {"SEZIONI_DIVIDI", "divide"},
+    {"SEZIONI_IN_SERIE", "serie-allineata"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

@@ -8,6 +8,7 @@
 #include "core/Record.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/DisegnoSezioni.h"
 #include "view/Zoom.h"
 
 namespace varena::cli {
@@ -80,6 +81,9 @@ int ComandoInfo(const Argomenti& a, std::ostream& out, std::ostream& err) {
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
   if (!CaricaInLettura(s, a.Posizionali[0], err)) return 1;
+  // A section stands on the sheet where its drawing puts it: its frame is measured by
+  // drawing it.
+  for (int32_t k = 0; k < s.ContaEntita[SlotSezioni]; ++k) RigeneraSezione(s, k);
   a.Ha("--json") ? InfoJson(s, out) : InfoTesto(s, out);
   return ui.Errori ? 2 : 0;
 }

@@ -3,7 +3,8 @@
 # desktop window at 1280x800 and at 1920x1080, in the light and in the dark theme
 # (docs/finestra*.png), the job as varena-cli render paints it (docs/esempio.png), the
 # drawing commands of examples/disegno-comandi.txt (docs/disegno-comandi.png) and the
-# sections of examples/sezioni.txt (docs/sezioni.png). Run it after
+# sections of examples/sezioni.txt (docs/sezioni.png) with the dialog of their layout
+# (docs/sezioni-configura.png). Run it after
 # any change that shows in them; this is the only way the pictures are made, so they never
 # lag behind the program.
 set -eu
@@ -61,6 +62,10 @@ cp examples/RILIEVO.* "$tmp/sezioni/"
 
 ./build/cli/varena-cli script "$tmp/sezioni/RILIEVO" examples/sezioni.txt --rigoroso >/dev/null
 ./build/cli/varena-cli render "$tmp/sezioni/RILIEVO" docs/sezioni.png --size 1200x800 --view 1725357,5031114,60
+printf 'VIEW 1725357 5031114 60\nTAG SEZIONI_CONFIGURA\nCLICK left 1725342 5031121.5\n' >"$tmp/configura.txt"
+xvfb-run -a -s "-screen 0 1280x800x24" ./build/app/varena "$tmp/sezioni/RILIEVO.CFG" --dimensioni 1280x800 \
+  --tema chiaro --script "$tmp/configura.txt" --schermata docs/sezioni-configura.png >/dev/null
 
 echo "Immagini rifatte: docs/finestra.png docs/finestra-scura.png docs/finestra-1920.png" \
-  "docs/finestra-1920-scura.png docs/esempio.png docs/disegno-comandi.png docs/sezioni.png"
+  "docs/finestra-1920-scura.png docs/esempio.png docs/disegno-comandi.png docs/sezioni.png" \
+  "docs/sezioni-configura.png"

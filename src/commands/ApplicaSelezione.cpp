@@ -247,6 +247,11 @@ bool Trasforma(Sessione& s, const Trasformazione& t, bool copia) {
   if (t.Codice != 216)
     fatto |= PerOgniSelezionata(s, SlotCurve, DimensionaCurve, static_cast<TabellaCurve&>(s), s.StatoCurva, copia,
                                 [&](size_t k) { t.Piano(s.CurvaX[k], s.CurvaY[k]); });
+  // A section moves as a drawing on the sheet: its origin, never the plan positions of its
+  // stations, which belong to the survey.
+  if (t.Codice != 216)
+    fatto |= PerOgniSelezionata(s, SlotSezioni, DimensionaSezioni, static_cast<TabellaSezioni&>(s), s.StatoSezione,
+                                copia, [&](size_t k) { t.Piano(s.SezioneDati[k].OrigineX, s.SezioneDati[k].OrigineY); });
   if (t.Codice != 216)
     fatto |= PerOgniSelezionata(s, SlotBitmap, DimensionaBitmap, static_cast<TabellaBitmap&>(s), s.StatoBitmap, copia,
                                 [&](size_t k) {
@@ -278,6 +283,7 @@ bool Proprieta(Sessione& s, Fai fai) {
   kind(SlotArchi, s.StatoArco);
   kind(SlotTesti, s.StatoTesto);
   kind(SlotFalde, s.StatoFalda);
+  kind(SlotSezioni, s.StatoSezione);
   kind(SlotBitmap, s.StatoBitmap);
   return fatto;
 }
@@ -291,6 +297,7 @@ bool Elimina(Sessione& s) {
       case SlotArchi: s.ArcoIdent[r] = -1; return true;
       case SlotTesti: s.TestoIdent[r] = -1; return true;
       case SlotFalde: s.FaldaIdent[r] = -1; return true;
+      case SlotSezioni: s.SezioneIdent[r] = -1; return true;
       case SlotBitmap: s.BitmapIdent[r] = -1; return true;
       default: return false;
     }
@@ -324,6 +331,7 @@ bool Congela(Sessione& s, int16_t v) {
       case SlotArchi: s.ArcoCongela[r] = v; return true;
       case SlotTesti: s.TestoCongela[r] = v; return true;
       case SlotFalde: s.FaldaCongela[r] = v; return true;
+      case SlotSezioni: s.SezioneDati[r].Cfg.Congela = v; return true;
       case SlotBitmap: s.BitmapCongela[r] = v; return true;
       default: return false;
     }

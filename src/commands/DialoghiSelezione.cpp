@@ -431,10 +431,10 @@ void ClicDiSelezione(Sessione& s) {
       if (v.RigaLista >= 0) Alterna(s, SlotFalde, s.ListaDisegno.Riga[static_cast<size_t>(v.RigaLista)]);
       break;
     }
+    case 12: Alterna(s, SlotSezioni, RigaSezioneVicina(s, x, y)); break;
     case 13: Alterna(s, SlotBitmap, IlPiuVicinoBitMap(s, x, y).Riga); break;
     case 7:
-    case 8:
-    case 12: break;  // contours and sections are picked through their own commands
+    case 8: break;  // contours are picked through their own commands
     default: {
       uint8_t tipo = 0;
       int32_t riga = -1;

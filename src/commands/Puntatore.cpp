@@ -97,6 +97,10 @@ void PulsanteDestro(Sessione& s) {
     FineCatturaSezione(s);
     return;
   }
+  if (c == 382) {
+    FineSezioniInSerie(s);
+    return;
+  }
   InterrompiComando(s);
 }
 

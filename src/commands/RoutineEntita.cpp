@@ -13,6 +13,7 @@
 #include "core/Dialoghi.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
+#include "sections/DialoghiSezioni.h"
 #include "core/Testo.h"
 #include "selection/Selezione.h"
 #include "survey/Convenzioni.h"
@@ -740,6 +741,11 @@ void subEditaEntitaComando(Sessione& s) {
 }
 
 void subEditaEntita(Sessione& s, uint8_t tipo, int32_t riga) {
+  // A section is edited by its stations.
+  if (tipo == SlotSezioni) {
+    ApriEditaPunti(s, riga);
+    return;
+  }
   if (!RigaValida(s, tipo, riga)) return;
   const std::vector<CampoEntita> campi = CampiDi(tipo);
   if (campi.empty()) return;

@@ -245,6 +245,10 @@ bool EntitaVicina(const Sessione& s, double x, double y, uint8_t& tipo, int32_t&
       tipo = SlotFalde;
       riga = s.ListaDisegno.Riga[static_cast<size_t>(r.VicinaRigaLista)];
       return riga >= 0 && riga < s.ContaEntita[SlotFalde];
+    case SlotSezioni:
+      tipo = SlotSezioni;
+      riga = RigaSezioneVicina(s, x, y);
+      return riga >= 0;
     default: return false;
   }
 }

@@ -224,7 +224,7 @@ uint64_t Selezionati(const Sessione& s) {
   };
   somma(s.StatoPunto, SlotPunti), somma(s.StatoLinea, SlotLinee), somma(s.StatoCerchio, SlotCerchi);
   somma(s.StatoArco, SlotArchi), somma(s.StatoTesto, SlotTesti), somma(s.StatoFalda, SlotFalde);
-  somma(s.StatoCurva, SlotCurve), somma(s.StatoBitmap, SlotBitmap);
+  somma(s.StatoCurva, SlotCurve), somma(s.StatoSezione, SlotSezioni), somma(s.StatoBitmap, SlotBitmap);
   return n;
 }
 

@@ -28,6 +28,7 @@
 #include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
+#include "sections/DialoghiSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -193,6 +194,11 @@ constexpr VoceComando kTabella[] = {
     Arma("CATTURA_SPEZZATA", 368, "Indica la sezione :", V, {}, "Terreno", "Cattura Spezzata"),
     Arma("SEZIONI_CATTURA_PUNTI", 373, "Sezione - Primo Punto :", P, {}, "Terreno", "Sezioni Cattura Punti"),
     Arma("SEZIONI_QUOTA_PROGETTO", 374, "Indica la sezione :", L, {}, "Terreno", "Quota Progetto Sezione"),
+    Arma("SEZIONI_CONFIGURA", 375, "Indica la sezione :", L, {}, "Terreno", "Configura Sezioni / Profili"),
+    Arma("SEZIONI_EDITA_PUNTI", 376, "Indica la sezione :", L, {}, "Terreno", "Edita Punti Sezione"),
+    Arma("SEZIONI_SOMMA", 380, "Somma Sezioni - Prima Sezione :", L, {}, "Terreno", "Somma Sezioni"),
+    Arma("SEZIONI_DIVIDI", 381, "Indica la sezione :", L, {}, "Terreno", "Dividi Sezione"),
+    Arma("SEZIONI_IN_SERIE", 382, "Sezioni in Serie - Primo Punto Asse :", P, {}, "Terreno", "Sezoni in Serie"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -507,6 +513,12 @@ constexpr SchedaCodice kSchede[] = {
     {188, subDefinizioneFalde, FormaElastico::Linea, nullptr},
     {373, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
     {374, subQuotaProgettoSezione, FormaElastico::Nessuna, nullptr},
+    {375, subConfiguraSezione, FormaElastico::Nessuna, nullptr},
+    {376, subEditaPuntiSezione, FormaElastico::Nessuna, nullptr},
+    {368, subCatturaSpezzata, FormaElastico::Nessuna, nullptr},
+    {380, subSommaSezioni, FormaElastico::Nessuna, nullptr},
+    {381, subDividiSezione, FormaElastico::Nessuna, nullptr},
+    {382, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

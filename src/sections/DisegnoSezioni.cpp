@@ -131,27 +131,57 @@ void Riga(Disegnatore& d, Fincatura& f, const GruppoSezione& g, const char* suff
 
 std::string ZeriDecimali(int n) { return std::string(static_cast<size_t>(std::clamp(n, 0, 9)), '0'); }
 
-// The title over the profile: name and number, then the plan coordinates of the ends.
-void Titolo(Disegnatore& d, const Sezione& z, int32_t riga, double totale) {
+// A piece of the title row: its text, height and colour.
+struct PezzoTitolo {
+  std::string Testo;
+  double Altezza;
+  int32_t Colore;
+};
+
+// The blocks of the title row that are switched on: name, number, distance from the
+// previous section, and with a project its cut and fill.
+std::vector<PezzoTitolo> PezziTitolo(const Sessione& s, const Sezione& z, int32_t riga) {
+  const ConfigurazioneSezione& c = z.Cfg;
+  std::vector<PezzoTitolo> p;
+  if (c.NomeSezione.Disegna == 1) p.push_back({z.IndiceSezione, c.NomeSezione.AltezzaTesto, c.NomeSezione.Colore});
+  const double h = c.NumeroSezione.AltezzaTesto;
+  if (c.NumeroSezione.Disegna == 1)
+    p.push_back({"Sezione N° " + FormatoMaschera(riga + 1, "########0"), h, c.NumeroSezione.Colore});
+  if (c.DistanzaPrecedente.Disegna == 1)
+    if (const std::optional<double> d = DistanzaDaPrecedente(s, riga))
+      p.push_back({"Distanza Da Precedente= " + FormatoMaschera(*d, "########0.#0"), c.DistanzaPrecedente.AltezzaTesto,
+                   c.DistanzaPrecedente.Colore});
+  if (c.ProfiloProgetto == 1 && c.TestoSterroRiporto == 1) {
+    const AreeSezione a = AreeSterroRiporto(z);
+    p.push_back({"Area Sterro= " + FormatoMaschera(a.Sterro, "########0.#0"), h, c.ColoreProgetto});
+    p.push_back({"Area Riporto= " + FormatoMaschera(a.Riporto, "########0.#0"), h, c.ColoreProgetto});
+  }
+  std::erase_if(p, [](const PezzoTitolo& x) { return x.Testo.empty(); });
+  return p;
+}
+
+// The title over the profile, its blocks one after the other a text height apart, then
+// the plan coordinates of the ends.
+void Titolo(Disegnatore& d, const Sessione& s, const Sezione& z, int32_t riga, double totale) {
   const ConfigurazioneSezione& c = z.Cfg;
   const double alto = d.Box()[3];
-  const double larghezza = totale;
-  std::string nome = c.NomeSezione.Disegna == 1 ? z.IndiceSezione : "";
-  const std::string numero = c.NumeroSezione.Disegna == 1 ? "Sezione N° " + FormatoMaschera(riga + 1, "########0") : "";
-  const double h = std::max(c.NomeSezione.AltezzaTesto, c.NumeroSezione.AltezzaTesto);
+  const std::vector<PezzoTitolo> pezzi = PezziTitolo(s, z, riga);
+  double h = 0, w = 0;
+  for (const PezzoTitolo& p : pezzi) {
+    h = std::max(h, p.Altezza);
+    w += (w > 0 ? p.Altezza : 0) + LunghezzaTesto(p.Testo, p.Altezza);
+  }
   const double y = alto + 1.5 * h;
   double x = z.OrigineX;
-  const double w = LunghezzaTesto(nome, c.NomeSezione.AltezzaTesto) +
-                   (nome.empty() ? 0 : c.NumeroSezione.AltezzaTesto) +
-                   LunghezzaTesto(numero, c.NumeroSezione.AltezzaTesto);
-  if (c.CentraNomeSezione == 1) x += larghezza / 2 - w / 2;
-  d.Gruppo("_QuotaRif", c.NomeSezione.Colore);
-  d.Testo(nome, c.NomeSezione.AltezzaTesto, 0, x, y);
-  if (!nome.empty()) x += LunghezzaTesto(nome, c.NomeSezione.AltezzaTesto) + c.NumeroSezione.AltezzaTesto;
-  d.Gruppo("_QuotaRif", c.NumeroSezione.Colore);
-  d.Testo(numero, c.NumeroSezione.AltezzaTesto, 0, x, y);
+  if (c.CentraNomeSezione == 1) x += totale / 2 - w / 2;
+  for (const PezzoTitolo& p : pezzi) {
+    d.Gruppo("_QuotaRif", p.Colore);
+    d.Testo(p.Testo, p.Altezza, 0, x, y);
+    x += LunghezzaTesto(p.Testo, p.Altezza) + p.Altezza;
+  }
   if (c.NumeroSezione.Disegna != 1) return;
   // The plan position of the first and last station, under the title, at the two ends.
+  d.Gruppo("_QuotaRif", c.NumeroSezione.Colore);
   const double hc = c.NumeroSezione.AltezzaTesto * 0.7;
   const auto& a = z.Stazioni.front();
   const auto& b = z.Stazioni.back();
@@ -160,6 +190,45 @@ void Titolo(Disegnatore& d, const Sezione& z, int32_t riga, double totale) {
   const double yc = alto + 0.3 * hc;
   d.Testo(primo, hc, 0, z.OrigineX, yc);
   d.Testo(ultimo, hc, 0, z.OrigineX + totale - LunghezzaTesto(ultimo, hc), yc);
+}
+
+// The grade of each stretch of the project, in percent, over its middle: what the builder
+// reads off a profile. A stretch of no length has none.
+template <class Quota>
+void EtichetteProgetto(Disegnatore& d, const Sezione& z, const std::vector<double>& xs,
+                       const std::vector<double>& parziali, Quota Y) {
+  const double H = z.Cfg.Terreno.AltezzaTesto;
+  for (size_t i = 0; i + 1 < xs.size(); ++i) {
+    if (!(parziali[i] > 0)) continue;
+    const double q0 = z.Stazioni[i].QuotaProgetto, q1 = z.Stazioni[i + 1].QuotaProgetto;
+    const std::string t = "i= " + FormatoMaschera(100 * (q1 - q0) / parziali[i], "##0.#0") + "%";
+    d.Testo(t, H, 0, (xs[i] + xs[i + 1]) / 2 - LunghezzaTesto(t, H) / 2, Y((q0 + q1) / 2) + 0.3 * H);
+  }
+}
+
+// The height of a profile at progressive p, along the stretch that holds it.
+double QuotaA(const Sezione& z, const std::vector<double>& xs, double p, double StazioneSezione::*quota) {
+  const double x = xs.front() + p;
+  for (size_t i = 0; i + 1 < xs.size(); ++i)
+    if (x <= xs[i + 1] && xs[i + 1] > xs[i]) {
+      const double t = std::clamp((x - xs[i]) / (xs[i + 1] - xs[i]), 0.0, 1.0);
+      return z.Stazioni[i].*quota + t * (z.Stazioni[i + 1].*quota - z.Stazioni[i].*quota);
+    }
+  return z.Stazioni.back().*quota;
+}
+
+// Each zone of cut ("S= ") or fill ("R= ") labelled with its area in its middle, halfway
+// between the two profiles.
+template <class Quota>
+void EtichetteAree(Disegnatore& d, const Sezione& z, const std::vector<double>& xs, Quota Y) {
+  d.Gruppo("_ProfProg", z.Cfg.ColoreProgetto);
+  const double H = z.Cfg.Terreno.AltezzaTesto;
+  for (const ZonaArea& k : ZoneSterroRiporto(z)) {
+    const double p = (k.Da + k.A) / 2;
+    const double q = (QuotaA(z, xs, p, &StazioneSezione::QuotaTerreno) + QuotaA(z, xs, p, &StazioneSezione::QuotaProgetto)) / 2;
+    const std::string t = (k.Sterro ? "S= " : "R= ") + FormatoMaschera(k.Area, "########0.#0");
+    d.Testo(t, H, 0, xs.front() + p - LunghezzaTesto(t, H) / 2, Y(q) - H / 2);
+  }
 }
 
 void Disegna(Sessione& s, int32_t riga) {
@@ -184,6 +253,7 @@ void Disegna(Sessione& s, int32_t riga) {
     d.Gruppo("_ProfProg", c.ColoreProgetto);
     for (size_t i = 0; i + 1 < n; ++i)
       d.Linea(xs[i], Y(z.Stazioni[i].QuotaProgetto), xs[i + 1], Y(z.Stazioni[i + 1].QuotaProgetto));
+    if (c.DisegnaQuotatura == 1) EtichetteProgetto(d, z, xs, parziali, Y);
   }
   d.Gruppo("_ProfRili", c.Terreno.Colore);
   for (size_t i = 0; i + 1 < n; ++i)
@@ -200,6 +270,8 @@ void Disegna(Sessione& s, int32_t riga) {
     }
   }
 
+  if (c.ProfiloProgetto == 1 && c.TestoSterroRiporto == 1) EtichetteAree(d, z, xs, Y);
+
   const double scala = ScalaSezione(c.ScalaLunghezze);
   d.Gruppo("_QuotaRif", c.ColoreQuotaRiferimento);
   d.Linea(z.OrigineX, z.OrigineY, xs.back(), z.OrigineY);
@@ -209,7 +281,7 @@ void Disegna(Sessione& s, int32_t riga) {
     d.Testo("Q.Rif. " + FormatoMaschera(c.QuotaRiferimento, "########0.##0"), h, 0, z.OrigineX - 2 * scala,
             z.OrigineY + 0.3 * h);
   }
-  Titolo(d, z, riga, totale);
+  Titolo(d, s, z, riga, totale);
 
   // The rows, from the datum line down.
   Fincatura f{z.OrigineX - 2 * scala, xs.back(), z.OrigineY};
@@ -259,6 +331,63 @@ void Disegna(Sessione& s, int32_t riga) {
 }
 
 }  // namespace
+
+// The stretches where terrain and project part, each a run of one sign: its progressives
+// and its area. The height of terrain over project is linear along a stretch, so a stretch
+// where they cross is two triangles meeting at the crossing; a stretch where they agree
+// ends a run.
+std::vector<ZonaArea> ZoneSterroRiporto(const Sezione& z) {
+  std::vector<ZonaArea> zone;
+  const std::vector<double> d = DistanzePiane(z);
+  double p = 0;
+  bool aperta = false;
+  auto pezzo = [&](double e, double da, double a) {
+    const double area = std::fabs(e) * (a - da) / 2;
+    if (!(area > 0)) {
+      aperta = false;
+      return;
+    }
+    if (aperta && zone.back().Sterro == (e > 0)) {
+      zone.back().Area += area, zone.back().A = a;
+    } else {
+      zone.push_back({e > 0, area, da, a});
+      aperta = true;
+    }
+  };
+  for (size_t i = 0; i < d.size(); ++i) {
+    const double e0 = z.Stazioni[i].QuotaTerreno - z.Stazioni[i].QuotaProgetto;
+    const double e1 = z.Stazioni[i + 1].QuotaTerreno - z.Stazioni[i + 1].QuotaProgetto;
+    if ((e0 > 0 && e1 < 0) || (e0 < 0 && e1 > 0)) {
+      const double t = e0 / (e0 - e1);
+      pezzo(e0, p, p + t * d[i]);
+      pezzo(e1, p + t * d[i], p + d[i]);
+    } else {
+      pezzo(e0 + e1, p, p + d[i]);
+    }
+    p += d[i];
+  }
+  return zone;
+}
+
+AreeSezione AreeSterroRiporto(const Sezione& z) {
+  AreeSezione a;
+  for (const ZonaArea& k : ZoneSterroRiporto(z)) (k.Sterro ? a.Sterro : a.Riporto) += k.Area;
+  return a;
+}
+
+std::optional<double> DistanzaDaPrecedente(const Sessione& s, int32_t riga) {
+  auto mezzo = [&s](int32_t k, double& x, double& y) {
+    const auto& st = s.SezioneDati[static_cast<size_t>(k)].Stazioni;
+    if (st.empty()) return false;
+    x = (st.front().X + st.back().X) / 2, y = (st.front().Y + st.back().Y) / 2;
+    return true;
+  };
+  double x = 0, y = 0, xp = 0, yp = 0;
+  if (!mezzo(riga, x, y)) return std::nullopt;
+  for (int32_t k = riga - 1; k >= 0; --k)
+    if (IdentVivo(s.SezioneIdent[static_cast<size_t>(k)]) && mezzo(k, xp, yp)) return std::hypot(x - xp, y - yp);
+  return std::nullopt;
+}
 
 void RigeneraSezione(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);

@@ -24,6 +24,7 @@ std::vector<uint8_t>* ColonnaStato(Sessione& s, int tipo) {
     case SlotTesti: return &s.StatoTesto;
     case SlotFalde: return &s.StatoFalda;
     case SlotCurve: return &s.StatoCurva;
+    case SlotSezioni: return &s.StatoSezione;
     case SlotBitmap: return &s.StatoBitmap;
     default: return nullptr;
   }
@@ -178,6 +179,12 @@ bool ContornoTocca(const Box& b, const double (&x)[N], const double (&y)[N]) {
   return false;
 }
 
+// A section is taken by the frame of its drawing, the only place it has on the sheet.
+void AngoliSezione(const Sessione& s, size_t r, double (&x)[4], double (&y)[4]) {
+  x[0] = x[3] = s.SezioneBoxX1[r], x[1] = x[2] = s.SezioneBoxX2[r];
+  y[0] = y[1] = s.SezioneBoxY1[r], y[2] = y[3] = s.SezioneBoxY2[r];
+}
+
 void AngoliImmagine(const Sessione& s, size_t r, double (&x)[4], double (&y)[4]) {
   const double x0 = s.BitmapX[r], y0 = s.BitmapY[r];
   const double x1 = x0 + s.BitmapLarghezza[r] * s.BitmapScalaLar[r];
@@ -196,6 +203,8 @@ bool Congelato(const Sessione& s, int tipo, size_t r) {
     case SlotTesti: return s.TestoCongela[r] != 0;
     case SlotFalde: return s.FaldaCongela[r] != 0;
     case SlotBitmap: return s.BitmapCongela[r] != 0;
+    // As the drawing leaves it out.
+    case SlotSezioni: return s.SezioneDati[r].Cfg.Congela < 0;
     default: return false;
   }
 }
@@ -344,12 +353,16 @@ std::optional<Rettangolo> IngombroSelezione(const Sessione& s) {
       ingombro.Aggiungi(s.FaldaX2[r], s.FaldaY2[r]);
       ingombro.Aggiungi(s.FaldaX3[r], s.FaldaY3[r]);
     }
-  for (size_t r = 0; r < righe(SlotBitmap, s.StatoBitmap); ++r)
-    if (s.StatoBitmap[r] == 1) {
-      double x[4], y[4];
-      AngoliImmagine(s, r, x, y);
-      for (int k = 0; k < 4; ++k) ingombro.Aggiungi(x[k], y[k]);
-    }
+  auto angoli = [&](int tipo, const std::vector<uint8_t>& stato, auto contorno) {
+    for (size_t r = 0; r < righe(tipo, stato); ++r)
+      if (stato[r] == 1) {
+        double x[4], y[4];
+        contorno(s, r, x, y);
+        for (int k = 0; k < 4; ++k) ingombro.Aggiungi(x[k], y[k]);
+      }
+  };
+  angoli(SlotSezioni, s.StatoSezione, AngoliSezione);
+  angoli(SlotBitmap, s.StatoBitmap, AngoliImmagine);
   return ingombro.Risultato();
 }
 
@@ -377,11 +390,15 @@ int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y
     return dentro ? ContornoDentro(b, x, y) : ContornoTocca(b, x, y);
   });
   n += Marca(s, SlotCurve, [&](size_t r) { return b.Dentro(s.CurvaX[r], s.CurvaY[r]); });
-  n += Marca(s, SlotBitmap, [&](size_t r) {
-    double x[4], y[4];
-    AngoliImmagine(s, r, x, y);
-    return dentro ? ContornoDentro(b, x, y) : ContornoTocca(b, x, y);
-  });
+  auto perContorno = [&](int tipo, auto contorno) {
+    n += Marca(s, tipo, [&](size_t r) {
+      double x[4], y[4];
+      contorno(s, r, x, y);
+      return dentro ? ContornoDentro(b, x, y) : ContornoTocca(b, x, y);
+    });
+  };
+  perContorno(SlotSezioni, AngoliSezione);
+  perContorno(SlotBitmap, AngoliImmagine);
   return n;
 }
 

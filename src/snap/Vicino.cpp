@@ -184,6 +184,12 @@ Vicina IlPiuVicinoTesto(const Sessione& s, double x, double y) { return DiUnTipo
 Vicina IlPiuVicinoFalda(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotFalde, kLimiteEntita); }
 Vicina IlPiuVicinoSette(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotSette, kLimiteEntita); }
 Vicina IlPiuVicinoSezione(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotSezioni, kLimiteEntita); }
+int32_t RigaSezioneVicina(const Sessione& s, double x, double y) {
+  const Vicina v = IlPiuVicinoSezione(s, x, y);
+  if (v.RigaLista < 0 || v.RigaLista >= s.ListaDisegno.Conta()) return -1;
+  const int32_t riga = s.ListaDisegno.Riga[static_cast<size_t>(v.RigaLista)];
+  return RigaViva(s, SlotSezioni, riga) ? riga : -1;
+}
 Vicina IlPiuVicinoEstratto(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, 14, kLimiteEntita); }
 Vicina IlPiuVicinoBitMap(const Sessione& s, double x, double y) { return DiUnTipo(s, x, y, SlotBitmap, kLimiteEntita); }
 

@@ -45,6 +45,8 @@ Vicina IlPiuVicinoSette(const Sessione& s, double x, double y);
 Vicina IlPiuVicinoSezione(const Sessione& s, double x, double y);
 Vicina IlPiuVicinoEstratto(const Sessione& s, double x, double y);
 Vicina IlPiuVicinoBitMap(const Sessione& s, double x, double y);
+// The row of the section table whose drawing is nearest; -1 when none is drawn.
+int32_t RigaSezioneVicina(const Sessione& s, double x, double y);
 
 // The first live point whose trimmed name equals the trimmed `nome`; -1 when none.
 int32_t IlPiuVicinoPerNome(const Sessione& s, std::string_view nome);

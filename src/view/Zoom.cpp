@@ -100,6 +100,12 @@ std::optional<Rettangolo> IngombroEntita(const Sessione& s) {
       b.Aggiungi(s.FaldaX2[i], s.FaldaY2[i]);
       b.Aggiungi(s.FaldaX3[i], s.FaldaY3[i]);
     }
+  // A section by the frame its drawing left in its row: one never drawn has none.
+  for (size_t i = 0; i < N(s, SlotSezioni); ++i)
+    if (IdentVivo(s.SezioneIdent[i]) && s.SezioneBoxX1[i] < s.SezioneBoxX2[i]) {
+      b.Aggiungi(s.SezioneBoxX1[i], s.SezioneBoxY1[i]);
+      b.Aggiungi(s.SezioneBoxX2[i], s.SezioneBoxY2[i]);
+    }
   return b.Risultato();
 }
 

@@ -52,7 +52,8 @@ Ingombro IngombroTabelle(const Sessione& s);
 // The extent that `TuttoTutto` frames. No value when there is nothing to measure.
 std::optional<Rettangolo> IngombroDisegno(const Sessione& s);
 
-// Extent of every live entity of the tables, for reports.
+// Extent of every live entity of the tables, for reports; the sections by the frames of
+// their drawing.
 std::optional<Rettangolo> IngombroEntita(const Sessione& s);
 
 // Centre and height of the extent into the view: the larger side of the box, no margin;

@@ -1,7 +1,9 @@
 // varena-cli info and dump on jobs built byte by byte.
 #include <gtest/gtest.h>
 
+#include "sections/FileSezioni.h"
 #include "support/ProvaCli.h"
+#include "support/Supporto.h"
 
 namespace varena {
 namespace {
@@ -56,6 +58,24 @@ TEST_F(CliInfo, JsonConValoriEsatti) {
                 "\"libretto\":2,\"piani\":1}\n");
   // Read in place: nothing is created beside the job, not even the default layer table.
   EXPECT_EQ(Elenco(dir.Percorso()), prima);
+}
+
+// A section counts in the extent by the frame of its drawing, far from the rest here: from
+// the datum at 5032000 the ground at 5 rises ten times (1:200 over 1:20), the frame adds
+// three partial rows (3 x 1.6) at the right and six terrain texts (6 x 0.4) at the top.
+TEST_F(CliInfo, LIngombroContaLeSezioni) {
+  prova::SessioneProva p;
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.QuoteRosse = z.Cfg.NomeSezione.Disegna = z.Cfg.NumeroSezione.Disegna = 0;
+  for (GruppoSezione* g : {&z.Cfg.NomiPunti, &z.Cfg.QuoteTerreno, &z.Cfg.DistanzeProgressive, &z.Cfg.DistanzeParziali})
+    g->Disegna = 0;
+  z.OrigineX = 1726000, z.OrigineY = 5032000;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  AggiungiSezione(p.s, z);
+  ScriviFileProva(base + ".SEZ", *ByteSezioni(p.s));
+  const Esito e = Cli({"info", base, "--json"});
+  EXPECT_NE(e.out.find("\"ingombro\":[1725090,5031190,1726034.8,5032052.4]"), std::string::npos) << e.out;
 }
 
 TEST_F(CliInfo, DumpDeiCampi) {

@@ -4,6 +4,8 @@
 
 #include "sections/ComandiSezioni.h"
 #include "commands/Attese.h"
+#include "core/ImpostazioniUtente.h"
+#include "sections/FileSezioni.h"
 
 namespace varena {
 namespace {
@@ -20,6 +22,12 @@ void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double 
   s.FaldaX1[r] = x1, s.FaldaY1[r] = y1, s.FaldaZ1[r] = z1;
   s.FaldaX2[r] = x2, s.FaldaY2[r] = y2, s.FaldaZ2[r] = z2;
   s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
+}
+
+// Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
+void DueFalde(Sessione& s) {
+  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
+  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
 }
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
@@ -51,22 +59,153 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
   ApriLavoroVuoto(*this);
-  // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
-  MettiFalda(s, 0, 0, 100, 100, 0, 110, 0, 100, 120);
-  MettiFalda(s, 100, 0, 110, 100, 100, 130, 0, 100, 120);
+  DueFalde(s);
   MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
   Pronto(50, 50, 400);
+  // The options on: stations renumbered, a point where the side is crossed, the trace drawn.
+  for (const char* chiave : {kRinumeraPunti, kGeneraPunti, kGeneraLinee}) ScriviImpostazioneUtente(s, "SEZIONI", chiave, "1");
   ui.Accoda("yes");
   Script("TAG SEZIONI_CATTURA_PUNTI\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
   const auto& st = s.SezioneDati[0].Stazioni;
   ASSERT_EQ(st.size(), 3u);
+  EXPECT_EQ(std::make_tuple(st[0].Nome, st[1].Nome, st[2].Nome, s.ContaEntita[SlotLinee]),
+            std::make_tuple("1", "S1-2", "3", 2));
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 3);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[2], s.PuntoX[2], s.PuntoZ[2]), std::make_tuple("S1-2", st[1].X, st[1].QuotaTerreno));
   EXPECT_DOUBLE_EQ(st[0].QuotaTerreno, 103);
   // The shared side is crossed at t = 8/11 of the way: (670/11, 430/11), at 100 + 153/11.
   EXPECT_DOUBLE_EQ(st[1].X, 670.0 / 11);
   EXPECT_DOUBLE_EQ(st[1].Y, 430.0 / 11);
   EXPECT_DOUBLE_EQ(st[1].QuotaTerreno, 100 + 153.0 / 11);
   EXPECT_DOUBLE_EQ(st[2].QuotaTerreno, 118);
+}
+
+// A section drawn on the sheet is reached by a click as any entity: the editing commands
+// select it, move it by its origin, delete it; its own commands find its row, not the
+// record of the drawing under the pointer.
+TEST_F(SezioniBanco, ComandiSezioniUnaSezioneSulFoglioSiPrendeColClic) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.QuotaRiferimento = 0;
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  AggiungiSezione(s, z);  // its terrain from (0, 5) to (30, 5)
+  z.OrigineY = -100;
+  AggiungiSezione(s, z);  // from (0, -95) to (30, -95)
+  Pronto(15, -50, 200);
+  Script("TAG CAMBIA_SPOSTA\nPRESS Singola\nCLICK left 15 -94\nKEY ESC\nPRESS OK\nCLICK left 0 0\nCLICK left 100 50\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].OrigineX, s.SezioneDati[1].OrigineX, s.SezioneDati[1].OrigineY),
+            std::make_tuple(0, 100, -50));
+  ui.Accoda("7");
+  Script("KEY ESC\nTAG SEZIONI_QUOTA_PROGETTO\nCLICK left 115 -44\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].Stazioni[0].QuotaProgetto, s.SezioneDati[1].Stazioni[1].QuotaProgetto),
+            std::make_tuple(5, 7));
+  // A window drawn right to left takes the section whose frame it crosses.
+  Script("KEY ESC\nTAG CAMBIA_ELIMINA\nPRESS Finestra\nCLICK left 20 10\nCLICK left 10 4\nPRESS OK\n");
+  EXPECT_EQ(std::make_tuple(s.SezioneIdent[0], s.SezioneIdent[1]), std::make_tuple(-1, 0));
+}
+
+// The stations edited one at a time and the layout through its dialog, kept in a file of
+// the user's and read back the same.
+TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  AggiungiSezione(s, z);
+  Pronto(15, 0, 100);
+  Script("TAG SEZIONI_EDITA_PUNTI\nCLICK left 15 5\nPRESS EditaPunti.Successivo\n");
+  EXPECT_EQ(TrovaDialogo(s, "EditaPunti")->Valore("Nome"), "B");
+  Script("FIELD EditaPunti.QuotaProgetto 7,5\nPRESS EditaPunti.Precedente\nPRESS EditaPunti.Inserisci\n"
+         "FIELD EditaPunti.Nome M\nFIELD EditaPunti.X 15\nPRESS EditaPunti.OK\n");
+  EXPECT_EQ(s.SezioneDati[0].Stazioni,
+            (std::vector<StazioneSezione>{{"A", 0, 0, 5, 5}, {"M", 15, 0, 5, 5}, {"B", 30, 0, 5, 7.5}}));
+
+  const std::string file = cartella / "STRADA.INI";
+  ui.Accoda(file);
+  Script("KEY ESC\nTAG SEZIONI_CONFIGURA\nCLICK left 15 5\nFIELD Sezioni.Piani_Titolo PROVA\nFIELD Sezioni.Scale_Valore2 20\n"
+         "FIELD Sezioni.Opzioni_Disegna 1\n"
+         "PRESS Sezioni.mnuSalvaConfigurazioneConNome\nPRESS Sezioni.OK\n");
+  EXPECT_EQ(ui.UltimoMessaggio, "La configurazione  | " + file + " |  è stata salvata su disco con successo.");
+  const ConfigurazioneSezione& c = s.SezioneDati[0].Cfg;
+  EXPECT_EQ(std::make_tuple(c.NomeBase, c.ScalaAltezze, c.ScalaLunghezze), std::make_tuple("PROVA", 20, 200));
+  EXPECT_EQ(CaricaConfigurazione(s, file), c);
+  EXPECT_TRUE(ImpostazioneSezioni(s, kGeneraLinee));
+  int64_t profilo = 0;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) profilo += s.ListaDisegno.Piano(i) == "PROVA_ProfRili";
+  EXPECT_GT(profilo, 0);
+}
+
+// Two sections summed end to end, the station they share taken once; then one divided at a
+// station, which both parts keep.
+TEST_F(SezioniBanco, ComandiSezioniSommaEDividi) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}};
+  AggiungiSezione(s, z);  // terrain at y 5 to 7 over x 0 to 20
+  z.Stazioni = {{"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
+  z.OrigineY = -100;
+  AggiungiSezione(s, z);  // terrain at y -93 to -92
+  Pronto(15, -50, 200);
+  Script("TAG SEZIONI_SOMMA\nCLICK left 5 5.5\nCLICK left 5 -92.5\n");
+  const std::vector<StazioneSezione> tutte = {
+      {"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
+  EXPECT_EQ(std::make_tuple(s.SezioneDati[0].Stazioni, s.SezioneIdent[1]), std::make_tuple(tutte, -1));
+  ui.Accoda("2");
+  Script("KEY ESC\nTAG SEZIONI_DIVIDI\nCLICK left 5 5.5\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
+  EXPECT_EQ(s.SezioneDati[0].Stazioni, std::vector<StazioneSezione>(tutte.begin(), tutte.begin() + 2));
+  EXPECT_EQ(s.SezioneDati[2].Stazioni, std::vector<StazioneSezione>(tutte.begin() + 1, tutte.end()));
+}
+
+// A section along lines that meet end to end, whatever their direction and order, with
+// the lines' heights; a line apart is not taken.
+TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
+  ApriLavoroVuoto(*this);
+  MettiLinea(s, 10, 0, 20, 5, 11, 12);
+  MettiLinea(s, 30, 5, 20, 5, 13, 12);
+  MettiLinea(s, 0, 0, 10, 0, 10, 11);
+  MettiLinea(s, 31, 5, 40, 5, 1, 1);
+  Pronto(15, 0, 100);
+  Script("TAG CATTURA_SPEZZATA\nCLICK left 25 5\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
+  std::vector<std::tuple<double, double, double>> st;
+  for (const StazioneSezione& p : s.SezioneDati[0].Stazioni) st.emplace_back(p.X, p.Y, p.QuotaTerreno);
+  EXPECT_EQ(st, (std::vector<std::tuple<double, double, double>>{{0, 0, 10}, {10, 0, 11}, {20, 5, 12}, {30, 5, 13}}));
+}
+
+// Cross sections every 40 metres along an axis going East, 20 wide, from North to South,
+// through the plane z = 100 + x/10 + y/5 of two facets.
+TEST_F(SezioniBanco, ComandiSezioniInSerie) {
+  ApriLavoroVuoto(*this);
+  DueFalde(s);
+  MettiPunti(s, {{"A", 10, 50, 0}, {"B", 90, 50, 0}});
+  Pronto(50, 50, 400);
+  ui.Accoda("40");
+  ui.Accoda("20");
+  Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
+  std::vector<std::vector<double>> quote;
+  for (const Sezione& z : {s.SezioneDati[0], s.SezioneDati[1], s.SezioneDati[2]}) {
+    quote.emplace_back();
+    for (const StazioneSezione& p : z.Stazioni) quote.back().push_back(p.QuotaTerreno);
+  }
+  // At x 10 from (10, 60) to (10, 40); at 50 the shared side crossed at (50, 50); at 90.
+  EXPECT_EQ(quote, (std::vector<std::vector<double>>{{113, 109}, {117, 115, 113}, {121, 117}}));
+  // One under the other, each clear of the one before.
+  EXPECT_LT(s.SezioneBoxY2[1], s.SezioneBoxY1[0]);
+  EXPECT_LT(s.SezioneBoxY2[2], s.SezioneBoxY1[1]);
+  // A spacing that would make more than a thousand sections is refused.
+  ui.Accoda("0.07");
+  ui.Accoda("20");
+  Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
+            std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
 }
 
 }  // namespace

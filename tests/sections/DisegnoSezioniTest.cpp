@@ -2,6 +2,7 @@
 // rows against values worked out here by other means, the frame around everything.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "sections/DisegnoSezioni.h"
@@ -121,6 +122,7 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
   z.Cfg.QuotaRiferimento = 100;
   z.Cfg.Terreno.AltezzaTesto = 0.4;
   z.Cfg.DistanzeInclinate.Disegna = 1;
+  z.Cfg.ProfiloProgetto = z.Cfg.TestoSterroRiporto = z.Cfg.DistanzaPrecedente.Disegna = 1;
   z.OrigineX = 0, z.OrigineY = 0;
   // Steps along Pythagorean triples, so that every distance is exact; one of length 0.
   const double passi[11][2] = {{3, 4}, {0, 2.5}, {5, 12}, {6, 8}, {8, 15}, {0, 0}, {1.5, 2}, {9, 12}, {0.3, 0.4}, {7, 24}, {12, 16}};
@@ -132,7 +134,31 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
     if (i < 11) x += passi[i][0], y += passi[i][1];
   }
   const int32_t riga = AggiungiSezione(d.s, z);
+  // The next section 30 East and 40 North of it: 50 metres on.
+  for (auto& p : z.Stazioni) p.X += 30, p.Y += 40;
+  z.Cfg.NomeBase = "DOPO";
+  AggiungiSezione(d.s, z);
   RigeneraLista(d.s);
+  // Grades of the project over each stretch with a length: rise over run, by hand. Then the
+  // zones: fill under the project on the stretch 0-1 (1.25), then, after a stretch where
+  // the two agree, on 2-3, 3-4, 4-5 (3.25 + 5 + 4.25); cut over it on 7-8 and 8-9
+  // (2.625 + 0.0875).
+  EXPECT_EQ(d.Testi("TRAS_ProfProg"), (std::vector<std::string>{"i= -24.0%", "i= -50.0%", "i= -1.92%", "i= 0.0%",
+                                                                "i= 0.0%", "i= 40.0%", "i= 2.67%", "i= 120.0%",
+                                                                "i= 2.0%", "i= 2.50%", "R= 1.25", "R= 12.50",
+                                                                "S= 2.71"}));
+  const auto titolo = d.Testi("TRAS_QuotaRif");
+  for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75"})
+    EXPECT_NE(std::find(titolo.begin(), titolo.end(), atteso), titolo.end()) << atteso;
+  EXPECT_EQ(std::count_if(titolo.begin(), titolo.end(), [](const std::string& x) { return x.starts_with("Distanza"); }), 0);
+  const auto dopo = d.Testi("DOPO_QuotaRif");
+  EXPECT_NE(std::find(dopo.begin(), dopo.end(), "Distanza Da Precedente= 50.0"), dopo.end());
+  // Terrain rising 0.2 a metre to the middle and back, against a level project at 10.5:
+  // crossings at 2.5 and 17.5, a cut triangle 15 long and 1.5 high, two fill triangles of
+  // 2.5 by 0.5.
+  Sezione v;
+  v.Stazioni = {{"", 0, 0, 10, 10.5}, {"", 10, 0, 12, 10.5}, {"", 20, 0, 10, 10.5}};
+  EXPECT_EQ(std::make_pair(AreeSterroRiporto(v).Sterro, AreeSterroRiporto(v).Riporto), std::make_pair(11.25, 1.25));
   EXPECT_EQ(d.Testi("TRAS_DistParz", "Distanze Parziali"),
             (std::vector<std::string>{"0", "5.00", "2.50", "13.00", "10.00", "17.00", "0.00", "2.50", "15.00", "0.50",
                                       "25.00", "20.00"}));
