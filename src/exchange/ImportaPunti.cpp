@@ -20,6 +20,7 @@ constexpr DescrizioneFormatoPunti kFormati[] = {
      "File RIL xyz   (*.RIL)|*.RIL|File RIL xyz   (*.RAW)|*.RAW|Generico file *.* (*.*)|*.*|", "RIL", ""},
     {FormatoPunti::Sho, "sho", "CaricaPuntiSHO", "File SHO xyz   (*.SHO)|*.SHO|", "", ""},
     {FormatoPunti::Gsi, "gsi", "CaricaPuntiGSI", "File Leica XYZ (*.GSI)|*.GSI|", "", ""},
+    {FormatoPunti::Asc, "asc", "CaricaPuntiASC", "File asc   (*.asc)|*.asc|Generico file *.* (*.*)|*.*|", "ASC", ""},
     {FormatoPunti::Nuvola, "nuvola", "ImportaNuvola", "File Nuvola   (*.XYZ)|*.XYZ|", "VR4", ""},
     {FormatoPunti::Vr4, "vr4", "CaricaVR4", "File VR100 / VR4     (*.L)|*.L|", "VR4", ""},
     // The tables of the text import: the CSV as the point export writes it (North before
@@ -66,6 +67,7 @@ EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o
     case FormatoPunti::Ril: return LeggiPuntiRil(testo, d, a);
     case FormatoPunti::Sho: return LeggiPuntiSho(testo, d, a);
     case FormatoPunti::Gsi: return LeggiPuntiGsi(testo, d, a);
+    case FormatoPunti::Asc: return LeggiPuntiAsc(testo, d, a);
     case FormatoPunti::Nuvola: return LeggiNuvola(testo, d, a);
     case FormatoPunti::Vr4: return LeggiPuntiVR4(testo, d, a);
     case FormatoPunti::Csv:
@@ -155,6 +157,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
 void CaricaPuntiRil(Sessione& s) { Comando(s, FormatoPunti::Ril); }
 void CaricaPuntiSHO(Sessione& s) { Comando(s, FormatoPunti::Sho); }
 void CaricaPuntiGSI(Sessione& s) { Comando(s, FormatoPunti::Gsi); }
+void CaricaPuntiASC(Sessione& s) { Comando(s, FormatoPunti::Asc); }
 void ImportaNuvola(Sessione& s) { Comando(s, FormatoPunti::Nuvola); }
 void CaricaVR4(Sessione& s) { Comando(s, FormatoPunti::Vr4); }
 

@@ -12,7 +12,7 @@ namespace varena {
 
 struct Sessione;
 
-enum class FormatoPunti { Ril, Sho, Gsi, Nuvola, Csv, Xyz, Txt, Vr4 };
+enum class FormatoPunti { Ril, Sho, Gsi, Asc, Nuvola, Csv, Xyz, Txt, Vr4 };
 
 struct DescrizioneFormatoPunti {
   FormatoPunti Formato;
@@ -39,6 +39,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
 void CaricaPuntiRil(Sessione& s);
 void CaricaPuntiSHO(Sessione& s);
 void CaricaPuntiGSI(Sessione& s);
+void CaricaPuntiASC(Sessione& s);
 void ImportaNuvola(Sessione& s);
 // The points of an older job's `.L`.
 void CaricaVR4(Sessione& s);

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "cadastre/CodiciPunto.h"
+#include "cadastre/Libretto.h"
 #include "core/CodicePagina.h"
 #include "core/Lista.h"
 #include "core/Testo.h"
@@ -435,6 +436,83 @@ int RigaCad(std::string_view riga, const ColonneCad& colonne, DestinoPunti& d, i
 }
 
 }  // namespace
+
+namespace {
+
+// The fixed opening of the book an ASC report starts: heading row 0 and row 9.
+constexpr const char* kApertureAsc[] = {"0|24012018|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|",
+                                        "9|20|10|20|1070|10.00-G,STDA 2.08|18|TIPO SENZA GEOMETRIA|"};
+
+// The fields of an ASC record, counted so that the name is field 1 whether or not the record
+// opens with its kind: then the readings, the coordinates.
+struct RecordAsc {
+  std::vector<std::string_view> f;
+  size_t Salto = 0;  // 1 for a measure, whose name opens the record
+  std::string_view Testo(size_t k) const {
+    return k >= Salto && k - Salto < f.size() ? Rifilata(f[k - Salto]) : std::string_view();
+  }
+  bool Numero(size_t k) const { return Numerico(Testo(k)); }
+  std::string Maschera(size_t k, const char* m) const { return FormatoMaschera(varena::Numero(Testo(k)), m); }
+};
+
+}  // namespace
+
+// ASC: a total-station report. "TPS" opens it; "COD,code" names what is measured next;
+// "STN,name,hi[,E,N,H]" a station; "ORT,name,Hz,V,SD,HP" its orientation; any other record
+// "name,Hz,V,SD,HP[,E,N,H]" a measure. Stations and measures carrying E and N are points.
+EsitoLettura LeggiPuntiAsc(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a) {
+  int64_t punti = 0;
+  bool aperto = false, libretto = false;
+  std::string codice;
+  auto riga = [&](const std::string& r) {
+    if (!libretto)
+      for (const char* l : kApertureAsc) d.RigaLibretto(l);
+    libretto = true;
+    d.RigaLibretto(r);
+  };
+  // The coordinates at `k`, when the record has them: a point of the job.
+  auto punto = [&](const RecordAsc& r, size_t k) {
+    if (!r.Numero(k) || !r.Numero(k + 1)) return;
+    d.Punto(r.Testo(1), codice, varena::Numero(r.Testo(k)), varena::Numero(r.Testo(k + 1)),
+            varena::Numero(r.Testo(k + 2)), {});
+    ++punti;
+  };
+  auto nota = [&] { return codice.empty() ? std::string() : codice + "|"; };
+  EsitoLettura e = PerOgniRiga(testo, a, [&](std::string_view linea, EsitoLettura&) {
+    if (Rifilata(linea).empty()) return 1;
+    if (!aperto) {
+      aperto = IniziaCon(Rifilata(linea), "TPS");
+      return aperto ? 1 : -1;
+    }
+    RecordAsc r{CampiVirgola(linea), 0};
+    const std::string_view tipo = r.Testo(0);
+    if (tipo == "COD") {
+      codice = r.Testo(1);
+      return 1;
+    }
+    if (tipo == "STN") {
+      if (r.Testo(1).empty() || !r.Numero(2)) return 0;
+      riga("1|" + std::string(r.Testo(1)) + "|" + r.Maschera(2, "####0.000") + "|" + nota());
+      punto(r, 3);
+      return 1;
+    }
+    // An orientation is a reading like a measure, to a point already known.
+    const bool orientamento = tipo == "ORT";
+    r.Salto = orientamento ? 0 : 1;
+    if (r.Testo(1).empty() || !r.Numero(2) || !r.Numero(3) || !r.Numero(4)) return 0;
+    riga("2|" + std::string(r.Testo(1)) + "|" + r.Maschera(2, "######0.0000") + "|" + r.Maschera(3, "######0.0000") +
+         "|" + r.Maschera(4, "######0.000") + "|" + r.Maschera(5, "####0.000") + "|" + nota());
+    if (!orientamento) punto(r, 6);
+    return 1;
+  });
+  // A file that does not open with "TPS" is no report: its first line is named.
+  if (!aperto && e.Righe > 0 && e.TotaleDanneggiate == 0) {
+    e.RigheDanneggiate.push_back(1);
+    e.TotaleDanneggiate = 1;
+  }
+  e.Punti = punti;
+  return e;
+}
 
 // A text table: the columns in the order the options give.
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,

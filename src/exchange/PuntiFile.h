@@ -54,6 +54,9 @@ struct OpzioniTesto {
 
 EsitoLettura LeggiPuntiRil(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiSho(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
+// A total-station ASC report: records by their first field, cut at ","; stations and
+// measures become field-book rows 1 and 2 under the fixed opening of the book.
+EsitoLettura LeggiPuntiAsc(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiGsi(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 // The point list `.L` of an older job: "1001", a heading statement, then one statement a point:
 // name, description, X, Y, Z. Texts in the Windows code page.

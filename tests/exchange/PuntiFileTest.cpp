@@ -82,6 +82,27 @@ TEST(LeggiPuntiSho, DueFormeFinoAEnd) {
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
 }
 
+TEST(LeggiPuntiAsc, StazioniMisureECodici) {
+  // East, North, height after the readings; the code names the points measured after it.
+  const std::string asc =
+      "TPS,TS06,REPORT\r\nCOD,SPIGOLO\r\nSTN,100,1.55,1000.000,2000.000,50.000\r\nORT,101,0,100,25,1.6\r\n"
+      "102,123.45678,99.8765,45.6789,1.6,1010.123,2010.456,51.789\r\nrotta,x,y\r\nCOD,\r\n103,1,2,3\r\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiAsc(asc, r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  EXPECT_EQ(r.Punti[0], (Letto{"100", "SPIGOLO", "", 1000, 2000, 50}));
+  EXPECT_EQ(r.Punti[1], (Letto{"102", "SPIGOLO", "", 1010.123, 2010.456, 51.789}));
+  EXPECT_EQ(r.Libretto, (std::vector<std::string>{"0|24012018|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|",
+                                                  "9|20|10|20|1070|10.00-G,STDA 2.08|18|TIPO SENZA GEOMETRIA|",
+                                                  "1|100|1.550|SPIGOLO|", "2|101|0.0000|100.0000|25.000|1.600|SPIGOLO|",
+                                                  "2|102|123.4568|99.8765|45.679|1.600|SPIGOLO|",
+                                                  "2|103|1.0000|2.0000|3.000|0.000|"}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
+  Raccolta altro;
+  EXPECT_EQ(LeggiPuntiAsc("STN,1,1.5,1,2,3\r\n", altro).RigheDanneggiate, (std::vector<int64_t>{1}));
+  EXPECT_TRUE(altro.Punti.empty() && altro.Libretto.empty());
+}
+
 TEST(LeggiPuntiVR4, ListaDelLavoroVecchio) {
   // As the list statements of the job write it: texts quoted in the code page, numbers plain.
   Raccolta r;

@@ -38,6 +38,7 @@ constexpr Bersaglio kBersagli[] = {
     {"ril", FuzzRil, true},
     {"sho", FuzzSho, true},
     {"gsi", FuzzGsi, true},
+    {"asc", FuzzAsc, true},
     {"nuvola", FuzzNuvola, true},
     {"testopunti", FuzzTestoPunti, true},
     {"vr4", FuzzVr4, true},

@@ -51,6 +51,7 @@ void FuzzTaf(const Ambiente& a, std::string_view byte);
 void FuzzRil(const Ambiente& a, std::string_view byte);
 void FuzzSho(const Ambiente& a, std::string_view byte);
 void FuzzGsi(const Ambiente& a, std::string_view byte);
+void FuzzAsc(const Ambiente& a, std::string_view byte);
 void FuzzNuvola(const Ambiente& a, std::string_view byte);
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
 void FuzzVr4(const Ambiente& a, std::string_view byte);
