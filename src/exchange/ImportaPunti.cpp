@@ -1,6 +1,9 @@
 // The point file imports: the table of formats, the adapter into the job, the commands.
 #include "exchange/ImportaPunti.h"
 
+#include <cmath>
+#include <unordered_map>
+
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -55,11 +58,63 @@ class PuntiNelLavoro : public DestinoPunti {
     ScriviCerchio(s_, {x, y, z}, raggio, piano.empty() ? piano_ : piano);
     SegnaModificato(s_, SlotCerchi);
   }
+  void Arco(double x, double y, double z, double raggio, double inizio, double ampiezza, std::string_view piano) override {
+    ScriviArco(s_, {x, y, z}, raggio, inizio, ampiezza, z, z, piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotArchi);
+  }
+  void Testo(double x, double y, std::string_view testo, std::string_view piano) override {
+    if (CampoDelPunto(piano)) {
+      legati_.push_back({x, y, std::string(testo), std::string(piano)});
+      return;
+    }
+    ScriviTesto(s_, x, y, testo, s_.Imp.AltezzaTestoDefault, 0, s_.Imp.Colore_Default, s_.Imp.FontTestoDefault,
+                piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotTesti);
+  }
+  // The texts of the point layers given to the point read at their place, among those from
+  // `primo` on; one with no point there stays a text.
+  void LegaTesti(int32_t primo);
 
  private:
+  struct TestoLegato {
+    double X, Y;
+    std::string Testo, Piano;
+  };
+  // The layers on which a CAD drawing of this program's points writes their labels.
+  static bool CampoDelPunto(std::string_view piano) {
+    return piano == "PUNTI_N" || piano == "PUNTI_D" || piano == "PUNTI_Q" || piano == "PUNTI_HPS";
+  }
   Sessione& s_;
   std::string piano_;
+  std::vector<TestoLegato> legati_;
 };
+
+void PuntiNelLavoro::LegaTesti(int32_t primo) {
+  // A point by its place to the millimetre, as the drawing that wrote the table placed it.
+  auto chiave = [](double x, double y) {
+    return std::to_string(std::llround(x * 1000)) + "," + std::to_string(std::llround(y * 1000));
+  };
+  std::unordered_map<std::string, size_t> posti;
+  for (auto k = static_cast<size_t>(primo); k < static_cast<size_t>(s_.ContaEntita[SlotPunti]); ++k)
+    posti.emplace(chiave(s_.PuntoX[k], s_.PuntoY[k]), k);
+  for (const TestoLegato& t : legati_) {
+    const auto p = std::isfinite(t.X) && std::isfinite(t.Y) && std::abs(t.X) < 1e12 && std::abs(t.Y) < 1e12
+                       ? posti.find(chiave(t.X, t.Y))
+                       : posti.end();
+    if (p == posti.end()) {
+      ScriviTesto(s_, t.X, t.Y, t.Testo, s_.Imp.AltezzaTestoDefault, 0, s_.Imp.Colore_Default,
+                  s_.Imp.FontTestoDefault, t.Piano);
+      SegnaModificato(s_, SlotTesti);
+      continue;
+    }
+    const size_t k = p->second;
+    if (t.Piano == "PUNTI_N") s_.PuntoNome[k] = t.Testo;
+    if (t.Piano == "PUNTI_D") s_.PuntoDescrizione[k] = t.Testo;
+    if (t.Piano == "PUNTI_Q") s_.PuntoZ[k] = Val(VirgolaInPunto(t.Testo));
+    if (t.Piano == "PUNTI_HPS") s_.PuntoHPrisma[k] = static_cast<float>(Val(VirgolaInPunto(t.Testo)));
+  }
+  legati_.clear();
+}
 
 EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                    const AvanzamentoLettura& a) {
@@ -140,6 +195,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
       return;
     }
     if (!danni.empty()) s.Ui->Messaggio(danni + "\n" + percorso, d.Routine, Icona::Avviso);
+    destino.LegaTesti(prima[SlotPunti]);
     letto = true;
     RicostruisciPianiDxf(s);
   });

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "cadastre/CodiciPunto.h"
@@ -372,7 +373,7 @@ std::string PreparaRiga(std::string_view riga) {
 
 // The columns of a CAD table, found by their titles in Italian or English.
 enum CampoCad { CadNome, CadPiano, CadSX, CadSY, CadSZ, CadEX, CadEY, CadEZ, CadPX, CadPY, CadPZ, CadCX, CadCY, CadCZ,
-                CadRaggio, NumeroCampiCad };
+                CadRaggio, CadValore, CadAngoloIniziale, CadAngoloTotale, NumeroCampiCad };
 
 struct TitoloCad {
   CampoCad Campo;
@@ -385,6 +386,8 @@ constexpr TitoloCad kTitoliCad[] = {
     {CadEY, "fine y", "end y"},          {CadEZ, "fine z", "end z"},          {CadPX, "posizione x", "position x"},
     {CadPY, "posizione y", "position y"}, {CadPZ, "posizione z", "position z"}, {CadCX, "centro x", "center x"},
     {CadCY, "centro y", "center y"},     {CadCZ, "centro z", "center z"},     {CadRaggio, "raggio", "radius"},
+    {CadValore, "valore", "value"},      {CadAngoloIniziale, "angolo iniziale", "start angle"},
+    {CadAngoloTotale, "angolo totale", "total angle"},
 };
 
 using ColonneCad = std::array<int, NumeroCampiCad>;
@@ -430,8 +433,20 @@ int RigaCad(std::string_view riga, const ColonneCad& colonne, DestinoPunti& d, i
   } else if (tipo == "cerchio" || tipo == "circle") {
     d.Cerchio(n(CadCX), n(CadCY), n(CadCZ), n(CadRaggio), piano);
     ++altre;
+  } else if (tipo == "arco" || tipo == "arc") {
+    // Degrees counter-clockwise from East, as the CAD counts them, made the job's azimuth of
+    // the arc's clockwise start (its CAD end) and sweep in gon.
+    const double totale = n(CadAngoloTotale) * 400 / 360;
+    double inizio = std::fmod(500 - n(CadAngoloIniziale) * 400 / 360 - totale, 400.0);
+    if (inizio < 0) inizio += 400;
+    if (!std::isfinite(inizio) || !std::isfinite(totale)) return 0;
+    d.Arco(n(CadCX), n(CadCY), n(CadCZ), n(CadRaggio), inizio, totale, piano);
+    ++altre;
+  } else if (tipo == "testo" || tipo == "teston") {
+    d.Testo(n(CadPX), n(CadPY), testo(CadValore), piano);
+    ++altre;
   }
-  // Other kinds of the table (arcs, texts, polylines) are not read here.
+  // Other kinds of the table (polylines, blocks) are not read here.
   return 1;
 }
 

@@ -29,11 +29,19 @@ class DestinoPunti {
   virtual void Cerchio(double x, double y, double z, double raggio, std::string_view piano) {
     (void)x, (void)y, (void)z, (void)raggio, (void)piano;
   }
+  // An arc as the job holds it: start azimuth and clockwise sweep in gon.
+  virtual void Arco(double x, double y, double z, double raggio, double inizio, double ampiezza,
+                    std::string_view piano) {
+    (void)x, (void)y, (void)z, (void)raggio, (void)inizio, (void)ampiezza, (void)piano;
+  }
+  virtual void Testo(double x, double y, std::string_view testo, std::string_view piano) {
+    (void)x, (void)y, (void)testo, (void)piano;
+  }
 };
 
 struct EsitoLettura {
   int64_t Punti = 0;
-  int64_t Altre = 0;  // lines and circles of a CAD table
+  int64_t Altre = 0;  // lines, circles, arcs and texts of a CAD table
   int64_t Righe = 0;
   // The lines, counted from 1, that held something other than a record of the format.
   std::vector<int64_t> RigheDanneggiate;
@@ -64,7 +72,8 @@ EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const Avanzam
 EsitoLettura LeggiNuvola(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 // A text table: the columns the options give; or, when its first line holds the column titles
 // of a CAD's table export ("Nome"/"Name", "Layer", "Posizione X"/"Position X", "Inizio X",
-// "Fine X", "Centro X", "Raggio" ...), its points, lines and circles by the first column.
+// "Fine X", "Centro X", "Raggio", "Valore", "Angolo iniziale" ...), its points, lines, circles,
+// arcs and texts by the first column.
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                              const AvanzamentoLettura& a = {});
 

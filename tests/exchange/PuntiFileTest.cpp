@@ -198,23 +198,34 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
 }
 
 TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
-  // The first line names the columns; the first column of each row names the kind.
+  // The first line names the columns; the first column of each row names the kind. Angles
+  // in degrees counter-clockwise from East.
   prova::ScriviFileProva(dir / "cad.csv",
                          "Conteggio;Nome;Layer;Posizione X;Posizione Y;Posizione Z;Inizio X;Inizio Y;Inizio Z;Fine X;"
-                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio\r\n"
-                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;\r\n"
-                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;\r\n"
-                         "Cerchio;;;;;;;;;;;;5;6;0;1.5\r\n"
-                         "Testo;;;1;2;0;;;;;;;;;;\r\n");
+                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio;Valore;Angolo iniziale;Angolo totale\r\n"
+                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;;;;\r\n"
+                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Cerchio;;;;;;;;;;;;5;6;0;1.5;;;\r\n"
+                         "Arco;;ARCHI;;;;;;;;;;7;8;0;2;;45;90\r\n"
+                         "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
+                         "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]),
-            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0));
+  // The text on the layer of descriptions is the description of the point at its place.
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
+            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
   ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
   ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
+  // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
+  EXPECT_EQ(std::make_tuple(s.ArcoX[0], s.ArcoY[0], s.ArcoRaggio[0], s.ArcoInizio[0], s.ArcoFine[0], s.ArcoPiano[0]),
+            std::make_tuple(7.0, 8.0, 2.0, 350.0, 100.0, std::string("ARCHI")));
+  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
+  EXPECT_EQ(std::make_tuple(s.TestoX[0], s.TestoY[0], s.TestoTesto[0], s.TestoPiano[0]),
+            std::make_tuple(1.0, 2.0, std::string("Casa Rossi"), std::string("SCRITTE")));
 }
 
 TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {
