@@ -6,7 +6,9 @@
 
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
+#include "core/Colori.h"
 #include "core/File.h"
+#include "core/FileTabella.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
@@ -116,6 +118,40 @@ void PuntiNelLavoro::LegaTesti(int32_t primo) {
   legati_.clear();
 }
 
+// `ColoriVR4.ini` of the working root: "NOME=", "DESCRIZIONE=", "SIMBOLO=", "QUOTA=" give the
+// colours of the four parts of the points of an older job. Read tolerantly, since users
+// write it by hand: any case, blanks anywhere, ";" comments, "[...]" headings passed over; a
+// key unknown, a value that is no colour index, or a file that is not text change nothing.
+void ColoriVR4(Sessione& s, int32_t primo) {
+  std::optional<std::string> testo;
+  try {
+    testo = LeggiTestoImpostazioni(s, "ColoriVR4.ini", s.CartellaLavoro + "ColoriVR4.ini");
+  } catch (const std::exception&) {
+    return;
+  }
+  if (!testo) return;
+  struct Parte {
+    const char* Chiave;
+    Colonna<int32_t> Sessione::*Campo;
+  };
+  static constexpr Parte kParti[] = {{"NOME", &Sessione::PuntoColoreNome},
+                                     {"DESCRIZIONE", &Sessione::PuntoColoreDescrizione},
+                                     {"SIMBOLO", &Sessione::PuntoColoreSimbolo},
+                                     {"QUOTA", &Sessione::PuntoColoreQuota}};
+  for (const std::string& riga : RigheTesto(*testo)) {
+    const std::string r = riga.substr(0, riga.find(';'));
+    const size_t uguale = r.find('=');
+    if (uguale == std::string::npos) continue;
+    const std::string chiave = Maiuscolo(Rifila(r.substr(0, uguale))), valore = Rifila(r.substr(uguale + 1));
+    if (!EUnNumero(valore) || Val(valore) < 0 || Val(valore) > kMassimoColori || Val(valore) != std::floor(Val(valore)))
+      continue;
+    for (const Parte& p : kParti)
+      if (chiave == p.Chiave)
+        for (auto k = static_cast<size_t>(primo); k < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++k)
+          (s.*p.Campo)[k] = static_cast<int32_t>(Val(valore));
+  }
+}
+
 EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                    const AvanzamentoLettura& a) {
   switch (f) {
@@ -196,6 +232,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
     }
     if (!danni.empty()) s.Ui->Messaggio(danni + "\n" + percorso, d.Routine, Icona::Avviso);
     destino.LegaTesti(prima[SlotPunti]);
+    if (f == FormatoPunti::Vr4) ColoriVR4(s, prima[SlotPunti]);
     letto = true;
     RicostruisciPianiDxf(s);
   });

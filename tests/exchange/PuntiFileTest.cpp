@@ -197,6 +197,19 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
 }
 
+TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
+  prova::ScriviFileProva(s.CartellaLavoro + "ColoriVR4.ini",
+                         "[COLORI]\r\n nome = 4 ; verde\r\nDescrizione=300\r\nSIMBOLO=x\r\nQuota=7\r\nALTRO=2\r\n");
+  prova::ScriviFileProva(dir / "v.L", "1001\r\n\"0\",\"0\",0,0,0\r\n\"100\",\"\",1,2,3\r\n");
+  const int32_t simbolo = s.ConfiguraPunti.Classi[ClassePunti].ColSimbolo;
+  const int32_t descrizione = s.ConfiguraPunti.Classi[ClassePunti].ColDescrizione;
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Vr4, dir / "v.L", {}));
+  // 300 is no colour and "x" no number: those parts keep the class's.
+  EXPECT_EQ(std::make_tuple(s.PuntoColoreNome[0], s.PuntoColoreDescrizione[0], s.PuntoColoreSimbolo[0], s.PuntoColoreQuota[0],
+                            s.PuntoPiano[0]),
+            std::make_tuple(4, descrizione, simbolo, 7, std::string("VR4")));
+}
+
 TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
   // The first line names the columns; the first column of each row names the kind. Angles
   // in degrees counter-clockwise from East.
