@@ -33,6 +33,7 @@ constexpr DescrizioneFormatoPunti kFormati[] = {
     {FormatoPunti::Csv, "csv", "CaricaTXT", "Importa file CSV (*.CSV)|*.CSV|", "", "NYXZD"},
     {FormatoPunti::Xyz, "xyz", "CaricaTXT", "Importa file xyz di Pregeo (*.xyz)|*.xyz|", "", "NXYZD"},
     {FormatoPunti::Txt, "txt", "CaricaTXT", "Generico file TXT (*.TXT)|*.TXT|", "", "NXYZD"},
+    {FormatoPunti::LineeDxf, "linee-dxf", "CaricaLineeDaDXF", "Generico (*.*)|*.*|", "", ""},
 };
 
 constexpr const char* kFiltroTesti =
@@ -164,6 +165,7 @@ EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o
     case FormatoPunti::Csv:
     case FormatoPunti::Xyz:
     case FormatoPunti::Txt: return LeggiPuntiTesto(testo, o, d, a);
+    case FormatoPunti::LineeDxf: return LeggiLineeDxf(testo, d, a);
   }
   return {};
 }
@@ -260,7 +262,10 @@ void CaricaPuntiCXF(Sessione& s) {
   if (!scelto || scelto->empty()) return;
   const std::string estensione = Maiuscolo(scelto->substr(scelto->rfind('.') == std::string::npos ? scelto->size()
                                                                                                    : scelto->rfind('.') + 1));
-  const FormatoPunti f = estensione == "CSV" ? FormatoPunti::Csv : estensione == "XYZ" ? FormatoPunti::Xyz : FormatoPunti::Txt;
+  const FormatoPunti f = estensione == "CSV"   ? FormatoPunti::Csv
+                         : estensione == "XYZ" ? FormatoPunti::Xyz
+                         : estensione == "DXF" ? FormatoPunti::LineeDxf
+                                               : FormatoPunti::Txt;
   OpzioniTesto o;
   o.Colonne = FormatoDi(f).Colonne;
   if (!ImportaPunti(s, f, *scelto, o, nullptr, BarraDi(s))) return;

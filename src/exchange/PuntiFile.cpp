@@ -579,6 +579,44 @@ EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, Dest
   return e;
 }
 
+EsitoLettura LeggiLineeDxf(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a) {
+  int64_t linee = 0;
+  int codice = -1;
+  bool valore = false, linea = false;
+  double v[6] = {0, 0, 0, 0, 0, 0};
+  auto chiudi = [&] {
+    if (linea) d.Linea(v[0], v[1], v[2], v[3], v[4], v[5], {}), ++linee;
+    linea = false;
+  };
+  EsitoLettura e = PerOgniRiga(testo, a, [&](std::string_view riga, EsitoLettura&) {
+    const std::string_view r = Rifilata(riga);
+    if (!valore) {
+      // A group code is a whole number; anything else puts the pairs out of step, and the
+      // line is named.
+      int c = 0;
+      const auto [fine, errore] = std::from_chars(r.data(), r.data() + r.size(), c);
+      if (errore != std::errc() || fine != r.data() + r.size()) return 0;
+      codice = c, valore = true;
+      return 1;
+    }
+    valore = false;
+    if (codice == 0) {
+      chiudi();
+      if (r == "EOF") return -1;
+      linea = r == "LINE" || r == "LINEA";
+      std::fill(std::begin(v), std::end(v), 0.0);
+      return 1;
+    }
+    constexpr int kGruppi[] = {10, 20, 30, 11, 21, 31};
+    for (size_t k = 0; k < 6; ++k)
+      if (codice == kGruppi[k]) v[k] = Numero(r);
+    return 1;
+  });
+  if (!e.Interrotto) chiudi();
+  e.Altre = linee;
+  return e;
+}
+
 std::string DescriviRigheDanneggiate(const EsitoLettura& e) {
   if (e.TotaleDanneggiate == 0) return {};
   std::string t = e.TotaleDanneggiate == 1 ? "Riga non letta: " : "Righe non lette: ";

@@ -77,6 +77,10 @@ EsitoLettura LeggiNuvola(std::string_view testo, DestinoPunti& d, const Avanzame
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                              const AvanzamentoLettura& a = {});
 
+// `CaricaLineeDaDXF`: the LINE (or LINEA) entities of a DXF, ends from the groups 10, 20, 30
+// and 11, 21, 31, up to "EOF"; every other entity and group passed over.
+EsitoLettura LeggiLineeDxf(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
+
 // The damaged lines named for the user: the first few, and how many more.
 std::string DescriviRigheDanneggiate(const EsitoLettura& e);
 

@@ -3,6 +3,8 @@
 // tables; damaged lines named, and nothing of a file that did not come in left behind.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/Avvio.h"
 #include "exchange/ImportaPunti.h"
 #include "exchange/PuntiFile.h"
@@ -28,6 +30,10 @@ struct Raccolta : DestinoPunti {
     Punti.push_back({std::string(n), std::string(d), std::string(f), x, y, z});
   }
   void RigaLibretto(std::string r) override { Libretto.push_back(r); }
+  std::vector<std::array<double, 6>> Linee;
+  void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view) override {
+    Linee.push_back({x1, y1, z1, x2, y2, z2});
+  }
 };
 
 TEST(LeggiPuntiGsi, ParoleDaOttoESedici) {
@@ -101,6 +107,16 @@ TEST(LeggiPuntiAsc, StazioniMisureECodici) {
   Raccolta altro;
   EXPECT_EQ(LeggiPuntiAsc("STN,1,1.5,1,2,3\r\n", altro).RigheDanneggiate, (std::vector<int64_t>{1}));
   EXPECT_TRUE(altro.Punti.empty() && altro.Libretto.empty());
+}
+
+TEST(LeggiLineeDxf, SoloLeLineeFinoAEof) {
+  const std::string dxf =
+      "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n10\n1.5\n20\n2.5\n30\n0\n11\n3\n21\n4\n31\n1\n"
+      "0\nCIRCLE\n10\n9\n20\n9\n40\n1\n0\nLINEA\n10\n5\n20\n6\n11\n7\n21\n8\nxx\nxx\n0\nEOF\n0\nLINE\n10\n1\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiLineeDxf(dxf, r);
+  EXPECT_EQ(r.Linee, (std::vector<std::array<double, 6>>{{1.5, 2.5, 0, 3, 4, 1}, {5, 6, 0, 7, 8, 0}}));
+  EXPECT_EQ(std::make_tuple(e.Altre, e.RigheDanneggiate), std::make_tuple(int64_t{2}, std::vector<int64_t>{39, 40}));
 }
 
 TEST(LeggiPuntiVR4, ListaDelLavoroVecchio) {

@@ -42,6 +42,7 @@ constexpr Bersaglio kBersagli[] = {
     {"nuvola", FuzzNuvola, true},
     {"testopunti", FuzzTestoPunti, true},
     {"vr4", FuzzVr4, true},
+    {"lineedxf", FuzzLineeDxf, true},
     {"flusso", FuzzFlusso, false},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},

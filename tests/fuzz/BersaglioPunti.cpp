@@ -34,6 +34,7 @@ void FuzzGsi(const Ambiente& a, std::string_view byte) { Importa(a, byte, Format
 void FuzzAsc(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Asc); }
 void FuzzNuvola(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Nuvola); }
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Csv); }
+void FuzzLineeDxf(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::LineeDxf); }
 void FuzzVr4(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Vr4); }
 
 }  // namespace varena::fuzz
