@@ -216,13 +216,28 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
   const size_t righeLibretto = s.LibrettoMisure.size();
   bool letto = false;
   const bool ok = Protetto(s, [&] {
-    const auto byte = LeggiByte(percorso);
+    // The bar runs over the reading of the file, then over its lines: a file of gigabytes
+    // shows both and can be stopped in either.
+    bool fermato = false;
+    const auto byte = avanzamento ? LeggiByte(percorso, [&](int64_t fatto, int64_t totale) {
+      fermato = !avanzamento(fatto / 2, totale);
+      return !fermato;
+    })
+                                  : LeggiByte(percorso);
+    if (fermato) {
+      if (esito) esito->Interrotto = true;
+      s.Ui->Progresso(0, 0);
+      return;
+    }
     if (!byte) {
       s.Ui->Messaggio("File non trovato:\n" + percorso, d.Routine, Icona::Avviso);
       return;
     }
     PuntiNelLavoro destino(s, *d.Piano ? std::string(d.Piano) : s.PianoCorrente);
-    const EsitoLettura e = Leggi(f, *byte, o, destino, avanzamento);
+    const AvanzamentoLettura secondaMeta = [&](int64_t fatto, int64_t totale) {
+      return avanzamento(totale / 2 + fatto / 2, totale);
+    };
+    const EsitoLettura e = Leggi(f, *byte, o, destino, avanzamento ? secondaMeta : AvanzamentoLettura());
     if (esito) *esito = e;
     if (avanzamento) s.Ui->Progresso(0, 0);
     if (e.Interrotto) return;

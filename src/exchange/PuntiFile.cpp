@@ -17,6 +17,7 @@ namespace varena {
 namespace {
 
 constexpr int64_t kRigheTraAvanzamenti = 1 << 16;
+constexpr size_t kByteTraAvanzamenti = size_t{1} << 24;
 constexpr size_t kRigheNominate = 10;
 
 // A number as `Val` reads it; the plain form of instruments ("-123.456") straight through
@@ -76,7 +77,7 @@ std::vector<std::string_view> Parole(std::string_view riga) {
 template <class F>
 EsitoLettura PerOgniRiga(std::string_view testo, const AvanzamentoLettura& a, F&& f) {
   EsitoLettura e;
-  size_t pos = 0;
+  size_t pos = 0, avvisato = 0;
   while (pos < testo.size()) {
     const void* nl = std::memchr(testo.data() + pos, '\n', testo.size() - pos);
     const size_t fine = nl ? static_cast<size_t>(static_cast<const char*>(nl) - testo.data()) : testo.size();
@@ -94,9 +95,13 @@ EsitoLettura PerOgniRiga(std::string_view testo, const AvanzamentoLettura& a, F&
       if (e.RigheDanneggiate.size() < kRigheNominate) e.RigheDanneggiate.push_back(e.Righe);
       ++e.TotaleDanneggiate;
     }
-    if (a && e.Righe % kRigheTraAvanzamenti == 0 && !a(static_cast<int64_t>(pos), static_cast<int64_t>(testo.size()))) {
-      e.Interrotto = true;
-      break;
+    // Every so many lines, or so many bytes when the lines are long.
+    if (a && (e.Righe % kRigheTraAvanzamenti == 0 || pos - avvisato > kByteTraAvanzamenti)) {
+      avvisato = pos;
+      if (!a(static_cast<int64_t>(std::min(pos, testo.size())), static_cast<int64_t>(testo.size()))) {
+        e.Interrotto = true;
+        break;
+      }
     }
   }
   return e;

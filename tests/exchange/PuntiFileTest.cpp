@@ -211,6 +211,24 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "n.xyz", {}, &e, [](int64_t, int64_t) { return false; }));
   EXPECT_TRUE(e.Interrotto);
   EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+
+  // A huge file is read in pieces of 16 MiB, the first half of the bar, and lines that long
+  // report by their bytes: either can be stopped.
+  const std::string lunga(size_t{17} << 20, '1');
+  prova::ScriviFileProva(dir / "g.xyz", lunga + " 2 3\n");
+  std::vector<std::pair<int64_t, int64_t>> avvisi;
+  auto ferma = [&](int64_t fatto, int64_t totale) {
+    avvisi.emplace_back(fatto, totale);
+    return false;
+  };
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "g.xyz", {}, &e, ferma));
+  const auto totale = static_cast<int64_t>(lunga.size() + 5);
+  EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{int64_t{8} << 20, totale}}));
+  EXPECT_TRUE(e.Interrotto);
+  Raccolta r;
+  avvisi.clear();
+  EXPECT_TRUE(LeggiNuvola(lunga + " 2 3\n" + lunga + " 2 3\n", r, ferma).Interrotto);
+  EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{totale, 2 * totale}}));
 }
 
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
