@@ -43,13 +43,19 @@ constexpr const char* kFiltroTesti =
 // The adapter: each point a row with the drawing defaults, its origin in the font field.
 class PuntiNelLavoro : public DestinoPunti {
  public:
-  PuntiNelLavoro(Sessione& s, std::string piano) : s_(s), piano_(std::move(piano)) {}
+  PuntiNelLavoro(Sessione& s, std::string piano)
+      : s_(s), piano_(std::move(piano)), librettoAperto_(!s.LibrettoMisure.empty()) {}
   void Punto(std::string_view nome, std::string_view descrizione, double x, double y, double z,
              std::string_view font) override {
     const int32_t r = ScriviPunto(s_, nome, {x, y, z}, descrizione, piano_);
     if (!font.empty()) s_.PuntoFont[static_cast<size_t>(r)] = std::string(font);
   }
-  void RigaLibretto(std::string riga) override { s_.LibrettoMisure.push_back(Rifila(riga)); }
+  // A book already begun keeps its own heading: the opening rows 0 and 9 of a report go
+  // only into an empty one.
+  void RigaLibretto(std::string riga) override {
+    if (librettoAperto_ && (IniziaCon(riga, "0|") || IniziaCon(riga, "9|"))) return;
+    s_.LibrettoMisure.push_back(Rifila(riga));
+  }
   void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) override {
     ScriviPunto(s_, nome, {x, y, z}, {}, piano.empty() ? piano_ : piano);
   }
@@ -89,6 +95,7 @@ class PuntiNelLavoro : public DestinoPunti {
   }
   Sessione& s_;
   std::string piano_;
+  bool librettoAperto_;
   std::vector<TestoLegato> legati_;
 };
 
@@ -242,7 +249,8 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
     if (avanzamento) s.Ui->Progresso(0, 0);
     if (e.Interrotto) return;
     const std::string danni = DescriviRigheDanneggiate(e);
-    if (e.Punti + e.Altre == 0) {
+    // A report of readings alone brings only field-book rows: those are what it is for.
+    if (e.Punti + e.Altre == 0 && s.LibrettoMisure.size() == righeLibretto) {
       s.Ui->Messaggio("Nessun punto letto:\n" + percorso + (danni.empty() ? "" : "\n" + danni), d.Routine,
                       Icona::Avviso);
       return;

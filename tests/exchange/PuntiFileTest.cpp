@@ -231,6 +231,15 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{totale, 2 * totale}}));
 }
 
+TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
+  s.LibrettoMisure = {"0|01012020|x|"};
+  // A station of no coordinates: a row of the book and no point, and the import stands.
+  prova::ScriviFileProva(dir / "a.asc", "TPS\r\nSTN,1,1.5\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Asc, dir / "a.asc", {}));
+  EXPECT_EQ(s.LibrettoMisure, (std::vector<std::string>{"0|01012020|x|", "1|1|1.500|"}));
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+}
+
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
   prova::ScriviFileProva(s.CartellaLavoro + "ColoriVR4.ini",
                          "[COLORI]\r\n nome = 4 ; verde\r\nDescrizione=300\r\nSIMBOLO=x\r\nQuota=7\r\nALTRO=2\r\n");
