@@ -135,9 +135,8 @@ TEST_F(Elenco, CodiciDellaTabellaEAltimetriciPerClasse) {
   for (size_t k = 0; k < 5; ++k) s.PuntoDescrizione[k] = prima[k];
   ui.Rispondi(Risposta::Si);
   EXPECT_TRUE(Esegui("CODICI_ALTIMETRICI", {0, 1, 3, 4}));
-  EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1], s.PuntoDescrizione[2], s.PuntoDescrizione[3],
-                     s.PuntoDescrizione[4]),
-            std::make_tuple("<P!>muro", "<8Q>", "x", "RC pilastro", "<8Q>"));
+  const char* dopo[] = {"<P!>muro", "<8Q>", "x", "RC pilastro", "<8Q>"};
+  for (size_t k = 0; k < 5; ++k) EXPECT_EQ(s.PuntoDescrizione[k], dopo[k]) << k;
 }
 
 TEST_F(Elenco, RigheOttoNelLibrettoDalleCelle) {

