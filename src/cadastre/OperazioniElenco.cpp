@@ -170,10 +170,12 @@ bool CodiciAltimetrici(Sessione& s, const std::vector<int32_t>& righe) {
     const auto k = static_cast<size_t>(r);
     const std::string& nome = s.PuntoNome[k];
     std::string d = TogliCodice(D(s, k), kCodicePlanimetrico);
-    if (FinisceCon(nome, "00")) {
+    // A PF is one whatever its name ends with, as the classes of the points have it.
+    const bool pf = IniziaCon(Maiuscolo(nome), "PF");
+    if (!pf && FinisceCon(nome, "00")) {
       const std::string libero = SenzaCodici(d);
       if (!IniziaCon(libero, "RC")) d = SoloCodici(d) + Rifila("RC " + libero);
-    } else if (IniziaCon(Maiuscolo(nome), "PF") || vertici.count(nome)) {
+    } else if (pf || vertici.count(nome)) {
       d = MettiCodice(d, kCodiceRiga8Quota);
     } else {
       d = MettiCodice(d, kCodicePlanimetrico);

@@ -126,11 +126,12 @@ TEST_F(Elenco, CodiciDellaTabellaEAltimetriciPerClasse) {
   EXPECT_TRUE(Esegui("CODICI_IN_DESCRIZIONI", {0, 1}));
   EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1], ui.Domande.back().Testo),
             std::make_tuple("<PV>PICCHETTO IN FERRO lato", "33", "Trasforma i Codici in Descrizi"));
-  // "3" stands on a contour, "100" is a station, "12" is neither, nor is "7" though deleted.
+  // "3" stands on a contour, "100" is a station, a PF stays one though its name ends in "00",
+  // "12" is none of them, and "7" is deleted.
   DimensionaSette(s);
   s.SetteIdent[0] = 0, s.SetteContorno[0] = "3|5|";
   s.ContaEntita[SlotSette] = 1;
-  prova::MettiPunto(s, "PF01/0010/A123", 1, 2, 3);
+  prova::MettiPunto(s, "PF01/0010/A100", 1, 2, 3);
   const char* prima[] = {"muro", "<P!>", "x", "<P!>pilastro", ""};
   for (size_t k = 0; k < 5; ++k) s.PuntoDescrizione[k] = prima[k];
   ui.Rispondi(Risposta::Si);
