@@ -291,9 +291,23 @@ void CaricaPuntiCXF(Sessione& s) {
                                                : FormatoPunti::Txt;
   OpzioniTesto o;
   o.Colonne = FormatoDi(f).Colonne;
+  // A table's columns and the prefix of names made of digits are the user's: the format's
+  // order and "PF" are offered.
+  if (f != FormatoPunti::LineeDxf) {
+    const auto colonne = s.Ui->Imputa("Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :",
+                                      "Importa da File Testo : ", o.Colonne);
+    if (!colonne) return;
+    const auto prefisso = s.Ui->Imputa("Prefisso dei Nomi numerici :", "Importa da File Testo : ", "PF");
+    if (!prefisso) return;
+    if (!Rifila(*colonne).empty()) o.Colonne = Maiuscolo(Rifila(*colonne));
+    o.Prefisso = Rifila(*prefisso);
+  }
+  s.RoutineCorrente = "Caricatxt";
   if (!ImportaPunti(s, f, *scelto, o, nullptr, BarraDi(s))) return;
+  s.RoutineCorrente = "CaricaTXT1";
   TuttoTutto(s);
   VR_SalvaUndo(s);
+  s.RoutineCorrente = "CaricaTXT0-1";
 }
 
 bool ImportaPuntiAvvio(Sessione& s, FormatoPunti f, const std::string& percorso) {

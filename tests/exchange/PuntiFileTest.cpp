@@ -237,6 +237,16 @@ TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
             std::make_tuple(std::vector<std::string>{"0|01012020|x|", "1|1|1.500|"}, 0));
 }
 
+TEST_F(ImportaPuntiProva, TestoConLeColonneDellUtente) {
+  prova::ScriviFileProva(dir / "p.txt", "x 7 1.5 2.5 muro\r\n");
+  ui.RispondiFile(dir / "p.txt");
+  ui.RispondiValore("-nyxd"), ui.RispondiValore("S");
+  CaricaPuntiCXF(s);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0], ui.Richieste[0]),
+            std::make_tuple("S7", 2.5, 1.5, "muro", "Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :"));
+}
+
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
   prova::ScriviFileProva(s.CartellaLavoro + "ColoriVR4.ini",
                          "[COLORI]\r\n nome = 4 ; verde\r\nDescrizione=300\r\nSIMBOLO=x\r\nQuota=7\r\nALTRO=2\r\n");
