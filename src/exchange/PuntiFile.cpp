@@ -107,6 +107,14 @@ EsitoLettura PerOgniRiga(std::string_view testo, const AvanzamentoLettura& a, F&
   return e;
 }
 
+// A file whose first line is not its format's opening: that line is named, unless the
+// reading already named one.
+void NominaPrimaRiga(EsitoLettura& e) {
+  if (e.Righe == 0 || e.TotaleDanneggiate > 0) return;
+  e.RigheDanneggiate.push_back(1);
+  e.TotaleDanneggiate = 1;
+}
+
 }  // namespace
 
 // RIL: "n=value" lines; "5=" opens the record of a point and closes the one before.
@@ -307,10 +315,7 @@ EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const Avanzam
     }
   });
   // A file that does not open as a point list is named by its first line.
-  if (!lista && e.Righe > 0 && e.TotaleDanneggiate == 0) {
-    e.RigheDanneggiate.push_back(1);
-    e.TotaleDanneggiate = 1;
-  }
+  if (!lista) NominaPrimaRiga(e);
   e.Punti = punti;
   return e;
 }
@@ -525,11 +530,8 @@ EsitoLettura LeggiPuntiAsc(std::string_view testo, DestinoPunti& d, const Avanza
     if (!orientamento) punto(r, 6);
     return 1;
   });
-  // A file that does not open with "TPS" is no report: its first line is named.
-  if (!aperto && e.Righe > 0 && e.TotaleDanneggiate == 0) {
-    e.RigheDanneggiate.push_back(1);
-    e.TotaleDanneggiate = 1;
-  }
+  // A file that does not open with "TPS" is no report.
+  if (!aperto) NominaPrimaRiga(e);
   e.Punti = punti;
   return e;
 }
