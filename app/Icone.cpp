@@ -33,7 +33,7 @@ constexpr IconaDiTag kIcone[] = {
     {"ESPORTAINCSV1", "esporta-dxf"}, {"GENERAPUNTIRIL", "esporta-dxf"}, {"ESPORTAINSCRIPT", "esporta-selezione"},
     {"DACAD", "testo-appunti"}, {"INCOLLAPUNTIDAEXCEL", "testo-appunti"},
     {"CARICA_CXF", "importa-cxf"}, {"CARICA_TAF", "importa-taf"}, {"CARICA_PUNTI_RIL", "importa-punti"}, {"CARICA_PUNTI_SHO", "importa-punti"},
-    {"CARICA_PUNTI_GSI", "importa-punti"}, {"CARICA_PUNTI_TXT", "importa-punti"}, {"IMPORTA_NUVOLA", "importa-nuvola"}, {"CARICA_VR4", "importa-punti"}, {"IMPORTA_XVR", "importa-punti"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
+    {"CARICA_PUNTI_GSI", "importa-punti"}, {"CARICA_PUNTI_ASC", "importa-punti"}, {"CARICA_PUNTI_TXT", "importa-punti"}, {"IMPORTA_NUVOLA", "importa-nuvola"}, {"CARICA_VR4", "importa-punti"}, {"IMPORTA_XVR", "importa-punti"}, {"TESTO_IN_PUNTO", "testo-in-punto"}, {"ESPORTA_SELEZIONE", "esporta-selezione"},
     {"ANTEPRIMA_STAMPA", "anteprima-stampa"}, {"SPESSORI_STAMPA", "spessori-stampa"}, {"ANTEPRIMA_FOGLIO", "anteprima-foglio"},
     {"CONFIGURAZIONE", "configurazione"}, {"ORIGINE_FOGLIO", "origine-foglio"},
     // Edit

@@ -64,6 +64,7 @@ struct FormatoImport {
 
 constexpr FormatoImport kFormati[] = {
     {"ril", Punti<FormatoPunti::Ril>},       {"sho", Punti<FormatoPunti::Sho>}, {"gsi", Punti<FormatoPunti::Gsi>},
+    {"asc", Punti<FormatoPunti::Asc>},
     {"csv", Punti<FormatoPunti::Csv>},       {"xyz", Punti<FormatoPunti::Xyz>}, {"txt", Punti<FormatoPunti::Txt>},
     {"nuvola", Punti<FormatoPunti::Nuvola>}, {"vr4", Punti<FormatoPunti::Vr4>},
     {"cxf", Cxf},                            {"taf", Taf},

@@ -5,8 +5,14 @@
 #include "cadastre/ElencoPunti.h"
 #include "cadastre/Libretto.h"
 #include "commands/Modifica.h"
+#include "core/Errori.h"
+#include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Incolla.h"
+#include "store/TestoLavoro.h"
+
+#include <unordered_set>
 
 namespace varena {
 
@@ -98,6 +104,16 @@ void Minuscole(Sessione& s, size_t k, const std::string&, int64_t) {
   D(s, k) = ConCodici(D(s, k), Minuscolo(PulisciCodici(D(s, k))));
 }
 
+// A code of `VRPUNTI.COD` at the head of the free text gives way to its description:
+// "3 lato nord" becomes "PICCHETTO IN FERRO lato nord"; the tags stay in front.
+void CodiciInDescrizione(Sessione& s, size_t k, const std::string&, int64_t) {
+  const std::string libero = PulisciCodici(D(s, k));
+  const size_t fine = std::min(libero.find(' '), libero.size());
+  if (fine == 0) return;
+  if (const CodicePunto* c = CercaCodice(s.Codici, libero.substr(0, fine)))
+    D(s, k) = ConCodici(D(s, k), c->Descrizione + libero.substr(fine));
+}
+
 void DescrizioneInPiano(Sessione& s, size_t k, const std::string&, int64_t) {
   const std::string t = PulisciCodici(D(s, k));
   if (!t.empty()) s.PuntoPiano[k] = t;
@@ -135,8 +151,81 @@ void PlanimetricoSenzaPrisma(Sessione& s, size_t k, const std::string&, int64_t)
   if (s.PuntoHPrisma[k] == 0) D(s, k) = MettiCodice(D(s, k), kCodicePlanimetrico);
 }
 
+// The names standing in the lists of the live contours.
+std::unordered_set<std::string> VerticiContorni(const Sessione& s) {
+  std::unordered_set<std::string> nomi;
+  for (size_t r = 0; r < static_cast<size_t>(std::max(0, s.ContaEntita[SlotSette])); ++r)
+    if (s.SetteIdent[r] == 0)
+      for (const std::string& n : PartiRiga(s.SetteContorno[r]))
+        if (!Rifila(n).empty()) nomi.insert(Rifila(n));
+  return nomi;
+}
+
+// Heights stay only where the book asks for them: a station keeps its own and is marked
+// "RC" in its free text, a PF or a vertex of a contour gets a row 8 carrying its height;
+// every other selected point becomes planimetric.
+bool CodiciAltimetrici(Sessione& s, const std::vector<int32_t>& righe) {
+  const std::unordered_set<std::string> vertici = VerticiContorni(s);
+  for (int32_t r : righe) {
+    const auto k = static_cast<size_t>(r);
+    const std::string& nome = s.PuntoNome[k];
+    std::string d = TogliCodice(D(s, k), kCodicePlanimetrico);
+    // A PF is one whatever its name ends with, as the classes of the points have it.
+    const bool pf = IniziaCon(Maiuscolo(nome), "PF");
+    if (!pf && FinisceCon(nome, "00")) {
+      const std::string libero = SenzaCodici(d);
+      if (!IniziaCon(libero, "RC")) d = SoloCodici(d) + Rifila("RC " + libero);
+    } else if (pf || vertici.count(nome)) {
+      d = MettiCodice(d, kCodiceRiga8Quota);
+    } else {
+      d = MettiCodice(d, kCodicePlanimetrico);
+    }
+    D(s, k) = d;
+  }
+  SegnaModificato(s, SlotPunti);
+  return true;
+}
+
+// Rows 8 from the list's cells: the name, then Nord and Est as the list shows them.
+bool RigheOtto(Sessione& s, const std::vector<int32_t>& righe) {
+  for (size_t i = 0; i < righe.size(); ++i) {
+    auto c = [&](int colonna) { return CellaElencoPunti(s, righe, i, colonna); };
+    AggiungiRigaLibretto(s, PulisciRiga("8|" + c(ColonnaNome) + "|" + c(ColonnaNord) + "|04|" + c(ColonnaEst) + "|"));
+  }
+  SegnaModificato(s, SlotLibretto);
+  return true;
+}
+
+// Rows 8 of the fiducial points among the selected: Y, X and the description, code 12.
+bool RigheOttoPF(Sessione& s, const std::vector<int32_t>& righe) {
+  bool fatto = false;
+  for (size_t i = 0; i < righe.size(); ++i) {
+    auto c = [&](int colonna) { return CellaElencoPunti(s, righe, i, colonna); };
+    if (!IniziaCon(Maiuscolo(c(ColonnaNome)), "PF")) continue;
+    AggiungiRigaLibretto(s, PulisciRiga("8|" + c(ColonnaNome) + "|" + c(ColonnaNord) + "|" + c(ColonnaEst) + "|" +
+                                        c(ColonnaDescrizione) + "12|"));
+    fatto = true;
+  }
+  if (fatto) SegnaModificato(s, SlotLibretto);
+  return fatto;
+}
+
+// The selected points into the hand-over file of the copy commands, for a paste here or in
+// another job; the user is told where they went.
+bool CopiaSelezione(Sessione& s, const std::vector<int32_t>& righe) {
+  std::string testo;
+  for (int32_t r : righe) IstruzionePunto(s, static_cast<size_t>(r), "P", testo);
+  const std::string percorso = PercorsoCopiaInFile(s);
+  if (Protetto(s, [&] {
+        NuovaCartella(Cartella(percorso));
+        ScriviTesto(percorso, testo);
+      }))
+    s.Ui->Messaggio("I Punti selezionati sono stati", "Copia Selezione!", Icona::Informazione);
+  return false;
+}
+
 // The selected points as the list shows them, a tab between the cells, for a spreadsheet.
-void CopiaPerExcel(Sessione& s, const std::vector<int32_t>& righe) {
+bool CopiaPerExcel(Sessione& s, const std::vector<int32_t>& righe) {
   std::string t;
   for (int c = 0; c < NumeroColonneElenco; ++c) t += (c ? "\t" : "") + std::string(TitoloColonnaElenco(c));
   t += "\r\n";
@@ -145,6 +234,7 @@ void CopiaPerExcel(Sessione& s, const std::vector<int32_t>& righe) {
     t += "\r\n";
   }
   if (s.Clip) s.Clip->Scrivi(t);
+  return false;
 }
 
 void Nessuno(Sessione&, size_t, const std::string&, int64_t) {}
@@ -180,9 +270,13 @@ constexpr OperazioneElenco kOperazioni[] = {
      Togli<kCodiceEscluso>, nullptr},
     {"MAIUSCOLE", "Descrizioni Maiuscole", "Assegna Descrizioni Maiuscole \nai Punti Selezionati ??", nullptr, Maiuscole, nullptr},
     {"MINUSCOLE", "Descrizioni Minuscole", "Assegna Descrizioni Minuscole \nai Punti Selezionati ??", nullptr, Minuscole, nullptr},
+    {"CODICI_IN_DESCRIZIONI", "Codici in Descrizioni", "Trasforma i Codici in Descrizi", nullptr, CodiciInDescrizione,
+     nullptr},
     {"DESCRIZIONI_IN_PIANI", "Descrizioni in Piani", "Trasforma le Descrizioni in Piani", nullptr, DescrizioneInPiano, nullptr},
     {"TOGLI_PUNTI_DESCRIZIONI", "Elimina Punti Descrizioni", "Elimina i punti nelle Descrizioni\ndei Punti Selezionati ??",
      nullptr, TogliPuntiDescrizione, nullptr},
+    {"CODICI_ALTIMETRICI", "Assegna Codici Altimetrici",
+     "Assegnare Codici Altimetrici solo\na Stazioni, PF e Punti su Contorni??", nullptr, Nessuno, CodiciAltimetrici},
     {"8Q", "Assegna Codice Riga 8 Quota", "Assegnare Codice Riga 8 Quota <8Q>\nai Punti Selezionati ??", nullptr,
      Riga8Quota, nullptr},
     {"8P", "Assegna Codice Riga 8 Planim", "Assegnare Codice Riga 8 <8P>\nai Punti Selezionati ??", nullptr,
@@ -197,10 +291,17 @@ constexpr OperazioneElenco kOperazioni[] = {
      PianoPlanimet, nullptr},
     {"PLANIMETRICO_HP0", "Assegna Planimetrico", "Assegnare Punto Planimetrico ai Punti con H.Prisma=0 ?", nullptr,
      PlanimetricoSenzaPrisma, nullptr},
+    {"COPIA_SELEZIONE", "Copia Selezione!", nullptr, nullptr, Nessuno, CopiaSelezione},
     {"COPIA_EXCEL", "Copia x Excel", "Copia per Excel\ni Punti Selezionati ?", nullptr, Nessuno, CopiaPerExcel},
+    {"RIGHE_8", "Righe 8 nel Libretto", nullptr, nullptr, Nessuno, RigheOtto},
+    {"RIGHE_8_PF", "Righe 8 PF nel Libretto", nullptr, nullptr, Nessuno, RigheOttoPF},
 };
 
 }  // namespace
+
+std::string PulisciRiga(std::string_view riga) {
+  return Sostituisci(TogliCodice(riga, kCodicePlanimetrico), "||", "|NOTE:|");
+}
 
 std::span<const OperazioneElenco> OperazioniElenco() { return kOperazioni; }
 
@@ -234,24 +335,28 @@ void RinominaPuntoContorni(Sessione& s, std::string_view vecchio, std::string_vi
 bool EseguiOperazioneElenco(Sessione& s, const OperazioneElenco& op, const std::vector<int32_t>& righe) {
   if (righe.empty()) return false;
   s.RoutineCorrente = op.Titolo;
-  std::string domanda = op.Domanda;
-  if (op.Effetto == AssegnaPiano) domanda += s.PianoCorrente;
-  if (s.Ui->Domanda(domanda, op.Titolo, Bottoni::SiNo, Icona::Domanda, Risposta::No) != Risposta::Si) return false;
+  if (op.Domanda) {
+    std::string domanda = op.Domanda;
+    if (op.Effetto == AssegnaPiano) domanda += s.PianoCorrente;
+    if (s.Ui->Domanda(domanda, op.Titolo, Bottoni::SiNo, Icona::Domanda, Risposta::No) != Risposta::Si) return false;
+  }
   std::string valore;
   if (op.Richiesta) {
     const auto v = s.Ui->Imputa(op.Richiesta, op.Titolo, "");
     if (!v) return false;
     valore = *v;
   }
-  if (op.Lettura) {
-    op.Lettura(s, righe);
-    return true;
-  }
-  int64_t ordine = 0;
+  std::vector<int32_t> valide;
   for (int32_t r : righe)
-    if (r >= 0 && r < s.ContaEntita[SlotPunti]) op.Effetto(s, static_cast<size_t>(r), valore, ordine++);
-  SegnaModificato(s, SlotPunti);
-  if (op.Effetto == Rinumera || op.Effetto == Planimetrici) SegnaModificato(s, SlotLibretto);
+    if (r >= 0 && r < s.ContaEntita[SlotPunti]) valide.push_back(r);
+  if (op.Insieme) {
+    if (!op.Insieme(s, valide)) return true;
+  } else {
+    int64_t ordine = 0;
+    for (int32_t r : valide) op.Effetto(s, static_cast<size_t>(r), valore, ordine++);
+    SegnaModificato(s, SlotPunti);
+    if (op.Effetto == Rinumera || op.Effetto == Planimetrici) SegnaModificato(s, SlotLibretto);
+  }
   FineModifica(s, true);
   return true;
 }

@@ -376,6 +376,7 @@ constexpr VoceComando kTabella[] = {
     Subito("CARICA_PUNTI_RIL", CaricaPuntiRil, {}, "File", "Importa Punti RIL"),
     Subito("CARICA_PUNTI_SHO", CaricaPuntiSHO, {}, "File", "Importa Punti SHO"),
     Subito("CARICA_PUNTI_GSI", CaricaPuntiGSI, {}, "File", "Importa Punti GSI"),
+    Subito("CARICA_PUNTI_ASC", CaricaPuntiASC, {}, "File", "Importa Punti ASC"),
     Subito("CARICA_PUNTI_TXT", CaricaPuntiCXF, {}, "File", "Importa Punti da Testo"),
     Subito("IMPORTA_NUVOLA", ImportaNuvola, {}, "File", "Importa Nuvola di Punti"),
     Subito("CARICA_VR4", CaricaVR4, {}, "File", "Importa Punti VR4"),

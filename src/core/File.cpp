@@ -162,6 +162,24 @@ std::optional<std::string> LeggiByte(std::string_view percorso) {
   return dati;
 }
 
+std::optional<std::string> LeggiByte(std::string_view percorso,
+                                     const std::function<bool(int64_t fatto, int64_t totale)>& avanzamento) {
+  constexpr size_t kPezzo = size_t{1} << 24;
+  std::string dati;
+  const bool letto = LeggiFile(percorso, [&](FILE* f, size_t n) {
+    dati.resize(n);
+    size_t fatto = 0;
+    while (fatto < n) {
+      const size_t letti = std::fread(dati.data() + fatto, 1, std::min(kPezzo, n - fatto), f);
+      fatto += letti;
+      if (letti == 0 || !avanzamento(static_cast<int64_t>(fatto), static_cast<int64_t>(n))) break;
+    }
+    dati.resize(fatto);
+  });
+  if (!letto) return std::nullopt;
+  return dati;
+}
+
 namespace {
 
 // The write beside the file and the rename into place. With the fault seam set, the bytes go

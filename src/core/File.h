@@ -34,6 +34,11 @@ std::string PercorsoPerScrivere(std::string_view percorso);
 // The whole content of a file as bytes; no value when the file is absent.
 // A file that exists but cannot be read fails with the common error texts.
 std::optional<std::string> LeggiByte(std::string_view percorso);
+// The same in pieces, `avanzamento` told the bytes read and the total after each: a file of
+// gigabytes keeps the window alive and can be stopped. When it answers false the reading
+// ends there and what was read is given.
+std::optional<std::string> LeggiByte(std::string_view percorso,
+                                     const std::function<bool(int64_t fatto, int64_t totale)>& avanzamento);
 // Every write lands first beside its file, under the name + `kSuffissoTemporaneo`, and is
 // renamed into place only when complete: a failed or interrupted write leaves the old file
 // whole, and a file shared by a hard link is replaced, never changed under its other names.

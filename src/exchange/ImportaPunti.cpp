@@ -1,9 +1,14 @@
 // The point file imports: the table of formats, the adapter into the job, the commands.
 #include "exchange/ImportaPunti.h"
 
+#include <cmath>
+#include <unordered_map>
+
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
+#include "core/Colori.h"
 #include "core/File.h"
+#include "core/FileTabella.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfLettura.h"
@@ -20,6 +25,7 @@ constexpr DescrizioneFormatoPunti kFormati[] = {
      "File RIL xyz   (*.RIL)|*.RIL|File RIL xyz   (*.RAW)|*.RAW|Generico file *.* (*.*)|*.*|", "RIL", ""},
     {FormatoPunti::Sho, "sho", "CaricaPuntiSHO", "File SHO xyz   (*.SHO)|*.SHO|", "", ""},
     {FormatoPunti::Gsi, "gsi", "CaricaPuntiGSI", "File Leica XYZ (*.GSI)|*.GSI|", "", ""},
+    {FormatoPunti::Asc, "asc", "CaricaPuntiASC", "File asc   (*.asc)|*.asc|Generico file *.* (*.*)|*.*|", "ASC", ""},
     {FormatoPunti::Nuvola, "nuvola", "ImportaNuvola", "File Nuvola   (*.XYZ)|*.XYZ|", "VR4", ""},
     {FormatoPunti::Vr4, "vr4", "CaricaVR4", "File VR100 / VR4     (*.L)|*.L|", "VR4", ""},
     // The tables of the text import: the CSV as the point export writes it (North before
@@ -27,6 +33,7 @@ constexpr DescrizioneFormatoPunti kFormati[] = {
     {FormatoPunti::Csv, "csv", "CaricaTXT", "Importa file CSV (*.CSV)|*.CSV|", "", "NYXZD"},
     {FormatoPunti::Xyz, "xyz", "CaricaTXT", "Importa file xyz di Pregeo (*.xyz)|*.xyz|", "", "NXYZD"},
     {FormatoPunti::Txt, "txt", "CaricaTXT", "Generico file TXT (*.TXT)|*.TXT|", "", "NXYZD"},
+    {FormatoPunti::LineeDxf, "linee-dxf", "CaricaLineeDaDXF", "Generico (*.*)|*.*|", "", ""},
 };
 
 constexpr const char* kFiltroTesti =
@@ -36,13 +43,19 @@ constexpr const char* kFiltroTesti =
 // The adapter: each point a row with the drawing defaults, its origin in the font field.
 class PuntiNelLavoro : public DestinoPunti {
  public:
-  PuntiNelLavoro(Sessione& s, std::string piano) : s_(s), piano_(std::move(piano)) {}
+  PuntiNelLavoro(Sessione& s, std::string piano)
+      : s_(s), piano_(std::move(piano)), librettoAperto_(!s.LibrettoMisure.empty()) {}
   void Punto(std::string_view nome, std::string_view descrizione, double x, double y, double z,
              std::string_view font) override {
     const int32_t r = ScriviPunto(s_, nome, {x, y, z}, descrizione, piano_);
     if (!font.empty()) s_.PuntoFont[static_cast<size_t>(r)] = std::string(font);
   }
-  void RigaLibretto(std::string riga) override { s_.LibrettoMisure.push_back(Rifila(riga)); }
+  // A book already begun keeps its own heading: the opening rows 0 and 9 of a report go
+  // only into an empty one.
+  void RigaLibretto(std::string riga) override {
+    if (librettoAperto_ && (IniziaCon(riga, "0|") || IniziaCon(riga, "9|"))) return;
+    s_.LibrettoMisure.push_back(Rifila(riga));
+  }
   void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) override {
     ScriviPunto(s_, nome, {x, y, z}, {}, piano.empty() ? piano_ : piano);
   }
@@ -54,11 +67,98 @@ class PuntiNelLavoro : public DestinoPunti {
     ScriviCerchio(s_, {x, y, z}, raggio, piano.empty() ? piano_ : piano);
     SegnaModificato(s_, SlotCerchi);
   }
+  void Arco(double x, double y, double z, double raggio, double inizio, double ampiezza, std::string_view piano) override {
+    ScriviArco(s_, {x, y, z}, raggio, inizio, ampiezza, z, z, piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotArchi);
+  }
+  void Testo(double x, double y, std::string_view testo, std::string_view piano) override {
+    if (CampoDelPunto(piano)) {
+      legati_.push_back({x, y, std::string(testo), std::string(piano)});
+      return;
+    }
+    ScriviTesto(s_, x, y, testo, s_.Imp.AltezzaTestoDefault, 0, s_.Imp.Colore_Default, s_.Imp.FontTestoDefault,
+                piano.empty() ? piano_ : piano);
+    SegnaModificato(s_, SlotTesti);
+  }
+  // The texts of the point layers given to the point read at their place, among those from
+  // `primo` on; one with no point there stays a text.
+  void LegaTesti(int32_t primo);
 
  private:
+  struct TestoLegato {
+    double X, Y;
+    std::string Testo, Piano;
+  };
+  // The layers on which a CAD drawing of this program's points writes their labels.
+  static bool CampoDelPunto(std::string_view piano) {
+    return piano == "PUNTI_N" || piano == "PUNTI_D" || piano == "PUNTI_Q" || piano == "PUNTI_HPS";
+  }
   Sessione& s_;
   std::string piano_;
+  bool librettoAperto_;
+  std::vector<TestoLegato> legati_;
 };
+
+void PuntiNelLavoro::LegaTesti(int32_t primo) {
+  // A point by its place to the millimetre, as the drawing that wrote the table placed it.
+  auto chiave = [](double x, double y) {
+    return std::to_string(std::llround(x * 1000)) + "," + std::to_string(std::llround(y * 1000));
+  };
+  std::unordered_map<std::string, size_t> posti;
+  for (auto k = static_cast<size_t>(primo); k < static_cast<size_t>(s_.ContaEntita[SlotPunti]); ++k)
+    posti.emplace(chiave(s_.PuntoX[k], s_.PuntoY[k]), k);
+  for (const TestoLegato& t : legati_) {
+    const auto p = std::isfinite(t.X) && std::isfinite(t.Y) && std::abs(t.X) < 1e12 && std::abs(t.Y) < 1e12
+                       ? posti.find(chiave(t.X, t.Y))
+                       : posti.end();
+    if (p == posti.end()) {
+      ScriviTesto(s_, t.X, t.Y, t.Testo, s_.Imp.AltezzaTestoDefault, 0, s_.Imp.Colore_Default,
+                  s_.Imp.FontTestoDefault, t.Piano);
+      SegnaModificato(s_, SlotTesti);
+      continue;
+    }
+    const size_t k = p->second;
+    if (t.Piano == "PUNTI_N") s_.PuntoNome[k] = t.Testo;
+    if (t.Piano == "PUNTI_D") s_.PuntoDescrizione[k] = t.Testo;
+    if (t.Piano == "PUNTI_Q") s_.PuntoZ[k] = Val(VirgolaInPunto(t.Testo));
+    if (t.Piano == "PUNTI_HPS") s_.PuntoHPrisma[k] = static_cast<float>(Val(VirgolaInPunto(t.Testo)));
+  }
+  legati_.clear();
+}
+
+// `ColoriVR4.ini` of the working root: "NOME=", "DESCRIZIONE=", "SIMBOLO=", "QUOTA=" give the
+// colours of the four parts of the points of an older job. Read tolerantly, since users
+// write it by hand: any case, blanks anywhere, ";" comments, "[...]" headings passed over; a
+// key unknown, a value that is no colour index, or a file that is not text change nothing.
+void ColoriVR4(Sessione& s, int32_t primo) {
+  std::optional<std::string> testo;
+  try {
+    testo = LeggiTestoImpostazioni(s, "ColoriVR4.ini", s.CartellaLavoro + "ColoriVR4.ini");
+  } catch (const std::exception&) {
+    return;
+  }
+  if (!testo) return;
+  struct Parte {
+    const char* Chiave;
+    Colonna<int32_t> Sessione::*Campo;
+  };
+  static constexpr Parte kParti[] = {{"NOME", &Sessione::PuntoColoreNome},
+                                     {"DESCRIZIONE", &Sessione::PuntoColoreDescrizione},
+                                     {"SIMBOLO", &Sessione::PuntoColoreSimbolo},
+                                     {"QUOTA", &Sessione::PuntoColoreQuota}};
+  for (const std::string& riga : RigheTesto(*testo)) {
+    const std::string r = riga.substr(0, riga.find(';'));
+    const size_t uguale = r.find('=');
+    if (uguale == std::string::npos) continue;
+    const std::string chiave = Maiuscolo(Rifila(r.substr(0, uguale))), valore = Rifila(r.substr(uguale + 1));
+    if (!EUnNumero(valore) || Val(valore) < 0 || Val(valore) > kMassimoColori || Val(valore) != std::floor(Val(valore)))
+      continue;
+    for (const Parte& p : kParti)
+      if (chiave == p.Chiave)
+        for (auto k = static_cast<size_t>(primo); k < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++k)
+          (s.*p.Campo)[k] = static_cast<int32_t>(Val(valore));
+  }
+}
 
 EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                    const AvanzamentoLettura& a) {
@@ -66,11 +166,13 @@ EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o
     case FormatoPunti::Ril: return LeggiPuntiRil(testo, d, a);
     case FormatoPunti::Sho: return LeggiPuntiSho(testo, d, a);
     case FormatoPunti::Gsi: return LeggiPuntiGsi(testo, d, a);
+    case FormatoPunti::Asc: return LeggiPuntiAsc(testo, d, a);
     case FormatoPunti::Nuvola: return LeggiNuvola(testo, d, a);
     case FormatoPunti::Vr4: return LeggiPuntiVR4(testo, d, a);
     case FormatoPunti::Csv:
     case FormatoPunti::Xyz:
     case FormatoPunti::Txt: return LeggiPuntiTesto(testo, o, d, a);
+    case FormatoPunti::LineeDxf: return LeggiLineeDxf(testo, d, a);
   }
   return {};
 }
@@ -121,23 +223,41 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
   const size_t righeLibretto = s.LibrettoMisure.size();
   bool letto = false;
   const bool ok = Protetto(s, [&] {
-    const auto byte = LeggiByte(percorso);
+    // The bar runs over the reading of the file, then over its lines: a file of gigabytes
+    // shows both and can be stopped in either.
+    bool fermato = false;
+    const auto byte = avanzamento ? LeggiByte(percorso, [&](int64_t fatto, int64_t totale) {
+      fermato = !avanzamento(fatto / 2, totale);
+      return !fermato;
+    })
+                                  : LeggiByte(percorso);
+    if (fermato) {
+      if (esito) esito->Interrotto = true;
+      s.Ui->Progresso(0, 0);
+      return;
+    }
     if (!byte) {
       s.Ui->Messaggio("File non trovato:\n" + percorso, d.Routine, Icona::Avviso);
       return;
     }
     PuntiNelLavoro destino(s, *d.Piano ? std::string(d.Piano) : s.PianoCorrente);
-    const EsitoLettura e = Leggi(f, *byte, o, destino, avanzamento);
+    const AvanzamentoLettura secondaMeta = [&](int64_t fatto, int64_t totale) {
+      return avanzamento(totale / 2 + fatto / 2, totale);
+    };
+    const EsitoLettura e = Leggi(f, *byte, o, destino, avanzamento ? secondaMeta : AvanzamentoLettura());
     if (esito) *esito = e;
     if (avanzamento) s.Ui->Progresso(0, 0);
     if (e.Interrotto) return;
     const std::string danni = DescriviRigheDanneggiate(e);
-    if (e.Punti + e.Altre == 0) {
+    // A report of readings alone brings only field-book rows: those are what it is for.
+    if (e.Punti + e.Altre == 0 && s.LibrettoMisure.size() == righeLibretto) {
       s.Ui->Messaggio("Nessun punto letto:\n" + percorso + (danni.empty() ? "" : "\n" + danni), d.Routine,
                       Icona::Avviso);
       return;
     }
     if (!danni.empty()) s.Ui->Messaggio(danni + "\n" + percorso, d.Routine, Icona::Avviso);
+    destino.LegaTesti(prima[SlotPunti]);
+    if (f == FormatoPunti::Vr4) ColoriVR4(s, prima[SlotPunti]);
     letto = true;
     RicostruisciPianiDxf(s);
   });
@@ -155,6 +275,7 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
 void CaricaPuntiRil(Sessione& s) { Comando(s, FormatoPunti::Ril); }
 void CaricaPuntiSHO(Sessione& s) { Comando(s, FormatoPunti::Sho); }
 void CaricaPuntiGSI(Sessione& s) { Comando(s, FormatoPunti::Gsi); }
+void CaricaPuntiASC(Sessione& s) { Comando(s, FormatoPunti::Asc); }
 void ImportaNuvola(Sessione& s) { Comando(s, FormatoPunti::Nuvola); }
 void CaricaVR4(Sessione& s) { Comando(s, FormatoPunti::Vr4); }
 
@@ -164,12 +285,29 @@ void CaricaPuntiCXF(Sessione& s) {
   if (!scelto || scelto->empty()) return;
   const std::string estensione = Maiuscolo(scelto->substr(scelto->rfind('.') == std::string::npos ? scelto->size()
                                                                                                    : scelto->rfind('.') + 1));
-  const FormatoPunti f = estensione == "CSV" ? FormatoPunti::Csv : estensione == "XYZ" ? FormatoPunti::Xyz : FormatoPunti::Txt;
+  const FormatoPunti f = estensione == "CSV"   ? FormatoPunti::Csv
+                         : estensione == "XYZ" ? FormatoPunti::Xyz
+                         : estensione == "DXF" ? FormatoPunti::LineeDxf
+                                               : FormatoPunti::Txt;
   OpzioniTesto o;
   o.Colonne = FormatoDi(f).Colonne;
+  // A table's columns and the prefix of names made of digits are the user's: the format's
+  // order and "PF" are offered.
+  if (f != FormatoPunti::LineeDxf) {
+    const auto colonne = s.Ui->Imputa("Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :",
+                                      "Importa da File Testo : ", o.Colonne);
+    if (!colonne) return;
+    const auto prefisso = s.Ui->Imputa("Prefisso dei Nomi numerici :", "Importa da File Testo : ", "PF");
+    if (!prefisso) return;
+    if (!Rifila(*colonne).empty()) o.Colonne = Maiuscolo(Rifila(*colonne));
+    o.Prefisso = Rifila(*prefisso);
+  }
+  s.RoutineCorrente = "Caricatxt";
   if (!ImportaPunti(s, f, *scelto, o, nullptr, BarraDi(s))) return;
+  s.RoutineCorrente = "CaricaTXT1";
   TuttoTutto(s);
   VR_SalvaUndo(s);
+  s.RoutineCorrente = "CaricaTXT0-1";
 }
 
 bool ImportaPuntiAvvio(Sessione& s, FormatoPunti f, const std::string& percorso) {

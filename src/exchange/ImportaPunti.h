@@ -12,7 +12,7 @@ namespace varena {
 
 struct Sessione;
 
-enum class FormatoPunti { Ril, Sho, Gsi, Nuvola, Csv, Xyz, Txt, Vr4 };
+enum class FormatoPunti { Ril, Sho, Gsi, Asc, Nuvola, Csv, Xyz, Txt, LineeDxf, Vr4 };
 
 struct DescrizioneFormatoPunti {
   FormatoPunti Formato;
@@ -39,10 +39,12 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
 void CaricaPuntiRil(Sessione& s);
 void CaricaPuntiSHO(Sessione& s);
 void CaricaPuntiGSI(Sessione& s);
+void CaricaPuntiASC(Sessione& s);
 void ImportaNuvola(Sessione& s);
 // The points of an older job's `.L`.
 void CaricaVR4(Sessione& s);
-// The text tables: CSV, the xyz of Pregeo, a generic text, by the file's extension.
+// The text tables: CSV, the xyz of Pregeo, a generic text, by the file's extension; the lines
+// of a `.DXF`.
 void CaricaPuntiCXF(Sessione& s);
 // A file of a kind named on the command line (GSI, CSV) read into a new job.
 bool ImportaPuntiAvvio(Sessione& s, FormatoPunti f, const std::string& percorso);

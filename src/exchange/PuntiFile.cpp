@@ -3,9 +3,11 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "cadastre/CodiciPunto.h"
+#include "cadastre/Libretto.h"
 #include "core/CodicePagina.h"
 #include "core/Lista.h"
 #include "core/Testo.h"
@@ -15,6 +17,7 @@ namespace varena {
 namespace {
 
 constexpr int64_t kRigheTraAvanzamenti = 1 << 16;
+constexpr size_t kByteTraAvanzamenti = size_t{1} << 24;
 constexpr size_t kRigheNominate = 10;
 
 // A number as `Val` reads it; the plain form of instruments ("-123.456") straight through
@@ -74,7 +77,7 @@ std::vector<std::string_view> Parole(std::string_view riga) {
 template <class F>
 EsitoLettura PerOgniRiga(std::string_view testo, const AvanzamentoLettura& a, F&& f) {
   EsitoLettura e;
-  size_t pos = 0;
+  size_t pos = 0, avvisato = 0;
   while (pos < testo.size()) {
     const void* nl = std::memchr(testo.data() + pos, '\n', testo.size() - pos);
     const size_t fine = nl ? static_cast<size_t>(static_cast<const char*>(nl) - testo.data()) : testo.size();
@@ -92,12 +95,24 @@ EsitoLettura PerOgniRiga(std::string_view testo, const AvanzamentoLettura& a, F&
       if (e.RigheDanneggiate.size() < kRigheNominate) e.RigheDanneggiate.push_back(e.Righe);
       ++e.TotaleDanneggiate;
     }
-    if (a && e.Righe % kRigheTraAvanzamenti == 0 && !a(static_cast<int64_t>(pos), static_cast<int64_t>(testo.size()))) {
-      e.Interrotto = true;
-      break;
+    // Every so many lines, or so many bytes when the lines are long.
+    if (a && (e.Righe % kRigheTraAvanzamenti == 0 || pos - avvisato > kByteTraAvanzamenti)) {
+      avvisato = pos;
+      if (!a(static_cast<int64_t>(std::min(pos, testo.size())), static_cast<int64_t>(testo.size()))) {
+        e.Interrotto = true;
+        break;
+      }
     }
   }
   return e;
+}
+
+// A file whose first line is not its format's opening: that line is named, unless the
+// reading already named one.
+void NominaPrimaRiga(EsitoLettura& e) {
+  if (e.Righe == 0 || e.TotaleDanneggiate > 0) return;
+  e.RigheDanneggiate.push_back(1);
+  e.TotaleDanneggiate = 1;
 }
 
 }  // namespace
@@ -300,10 +315,7 @@ EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const Avanzam
     }
   });
   // A file that does not open as a point list is named by its first line.
-  if (!lista && e.Righe > 0 && e.TotaleDanneggiate == 0) {
-    e.RigheDanneggiate.push_back(1);
-    e.TotaleDanneggiate = 1;
-  }
+  if (!lista) NominaPrimaRiga(e);
   e.Punti = punti;
   return e;
 }
@@ -371,7 +383,7 @@ std::string PreparaRiga(std::string_view riga) {
 
 // The columns of a CAD table, found by their titles in Italian or English.
 enum CampoCad { CadNome, CadPiano, CadSX, CadSY, CadSZ, CadEX, CadEY, CadEZ, CadPX, CadPY, CadPZ, CadCX, CadCY, CadCZ,
-                CadRaggio, NumeroCampiCad };
+                CadRaggio, CadValore, CadAngoloIniziale, CadAngoloTotale, NumeroCampiCad };
 
 struct TitoloCad {
   CampoCad Campo;
@@ -384,6 +396,8 @@ constexpr TitoloCad kTitoliCad[] = {
     {CadEY, "fine y", "end y"},          {CadEZ, "fine z", "end z"},          {CadPX, "posizione x", "position x"},
     {CadPY, "posizione y", "position y"}, {CadPZ, "posizione z", "position z"}, {CadCX, "centro x", "center x"},
     {CadCY, "centro y", "center y"},     {CadCZ, "centro z", "center z"},     {CadRaggio, "raggio", "radius"},
+    {CadValore, "valore", "value"},      {CadAngoloIniziale, "angolo iniziale", "start angle"},
+    {CadAngoloTotale, "angolo totale", "total angle"},
 };
 
 using ColonneCad = std::array<int, NumeroCampiCad>;
@@ -429,12 +443,98 @@ int RigaCad(std::string_view riga, const ColonneCad& colonne, DestinoPunti& d, i
   } else if (tipo == "cerchio" || tipo == "circle") {
     d.Cerchio(n(CadCX), n(CadCY), n(CadCZ), n(CadRaggio), piano);
     ++altre;
+  } else if (tipo == "arco" || tipo == "arc") {
+    // Degrees counter-clockwise from East, as the CAD counts them, made the job's azimuth of
+    // the arc's clockwise start (its CAD end) and sweep in gon.
+    const double totale = n(CadAngoloTotale) * 400 / 360;
+    double inizio = std::fmod(500 - n(CadAngoloIniziale) * 400 / 360 - totale, 400.0);
+    if (inizio < 0) inizio += 400;
+    if (!std::isfinite(inizio) || !std::isfinite(totale)) return 0;
+    d.Arco(n(CadCX), n(CadCY), n(CadCZ), n(CadRaggio), inizio, totale, piano);
+    ++altre;
+  } else if (tipo == "testo" || tipo == "teston") {
+    d.Testo(n(CadPX), n(CadPY), testo(CadValore), piano);
+    ++altre;
   }
-  // Other kinds of the table (arcs, texts, polylines) are not read here.
+  // Other kinds of the table (polylines, blocks) are not read here.
   return 1;
 }
 
 }  // namespace
+
+namespace {
+
+// The fixed opening of the book an ASC report starts: heading row 0 and row 9.
+constexpr const char* kApertureAsc[] = {"0|24012018|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|",
+                                        "9|20|10|20|1070|10.00-G,STDA 2.08|18|TIPO SENZA GEOMETRIA|"};
+
+// The fields of an ASC record, counted so that the name is field 1 whether or not the record
+// opens with its kind: then the readings, the coordinates.
+struct RecordAsc {
+  std::vector<std::string_view> f;
+  size_t Salto = 0;  // 1 for a measure, whose name opens the record
+  std::string_view Testo(size_t k) const {
+    return k >= Salto && k - Salto < f.size() ? Rifilata(f[k - Salto]) : std::string_view();
+  }
+  bool Numero(size_t k) const { return Numerico(Testo(k)); }
+  std::string Maschera(size_t k, const char* m) const { return FormatoMaschera(varena::Numero(Testo(k)), m); }
+};
+
+}  // namespace
+
+// ASC: a total-station report. "TPS" opens it; "COD,code" names what is measured next;
+// "STN,name,hi[,E,N,H]" a station; "ORT,name,Hz,V,SD,HP" its orientation; any other record
+// "name,Hz,V,SD,HP[,E,N,H]" a measure. Stations and measures carrying E and N are points.
+EsitoLettura LeggiPuntiAsc(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a) {
+  int64_t punti = 0;
+  bool aperto = false, libretto = false;
+  std::string codice;
+  auto riga = [&](const std::string& r) {
+    if (!libretto)
+      for (const char* l : kApertureAsc) d.RigaLibretto(l);
+    libretto = true;
+    d.RigaLibretto(r);
+  };
+  // The coordinates at `k`, when the record has them: a point of the job.
+  auto punto = [&](const RecordAsc& r, size_t k) {
+    if (!r.Numero(k) || !r.Numero(k + 1)) return;
+    d.Punto(r.Testo(1), codice, varena::Numero(r.Testo(k)), varena::Numero(r.Testo(k + 1)),
+            varena::Numero(r.Testo(k + 2)), {});
+    ++punti;
+  };
+  auto nota = [&] { return codice.empty() ? std::string() : codice + "|"; };
+  EsitoLettura e = PerOgniRiga(testo, a, [&](std::string_view linea, EsitoLettura&) {
+    if (Rifilata(linea).empty()) return 1;
+    if (!aperto) {
+      aperto = IniziaCon(Rifilata(linea), "TPS");
+      return aperto ? 1 : -1;
+    }
+    RecordAsc r{CampiVirgola(linea), 0};
+    const std::string_view tipo = r.Testo(0);
+    if (tipo == "COD") {
+      codice = r.Testo(1);
+      return 1;
+    }
+    if (tipo == "STN") {
+      if (r.Testo(1).empty() || !r.Numero(2)) return 0;
+      riga("1|" + std::string(r.Testo(1)) + "|" + r.Maschera(2, "####0.000") + "|" + nota());
+      punto(r, 3);
+      return 1;
+    }
+    // An orientation is a reading like a measure, to a point already known.
+    const bool orientamento = tipo == "ORT";
+    r.Salto = orientamento ? 0 : 1;
+    if (r.Testo(1).empty() || !r.Numero(2) || !r.Numero(3) || !r.Numero(4)) return 0;
+    riga("2|" + std::string(r.Testo(1)) + "|" + r.Maschera(2, "######0.0000") + "|" + r.Maschera(3, "######0.0000") +
+         "|" + r.Maschera(4, "######0.000") + "|" + r.Maschera(5, "####0.000") + "|" + nota());
+    if (!orientamento) punto(r, 6);
+    return 1;
+  });
+  // A file that does not open with "TPS" is no report.
+  if (!aperto) NominaPrimaRiga(e);
+  e.Punti = punti;
+  return e;
+}
 
 // A text table: the columns in the order the options give.
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
@@ -483,6 +583,44 @@ EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, Dest
   });
   e.Punti = punti;
   e.Altre = altre;
+  return e;
+}
+
+EsitoLettura LeggiLineeDxf(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a) {
+  int64_t linee = 0;
+  int codice = -1;
+  bool valore = false, linea = false;
+  double v[6] = {0, 0, 0, 0, 0, 0};
+  auto chiudi = [&] {
+    if (linea) d.Linea(v[0], v[1], v[2], v[3], v[4], v[5], {}), ++linee;
+    linea = false;
+  };
+  EsitoLettura e = PerOgniRiga(testo, a, [&](std::string_view riga, EsitoLettura&) {
+    const std::string_view r = Rifilata(riga);
+    if (!valore) {
+      // A group code is a whole number; anything else puts the pairs out of step, and the
+      // line is named.
+      int c = 0;
+      const auto [fine, errore] = std::from_chars(r.data(), r.data() + r.size(), c);
+      if (errore != std::errc() || fine != r.data() + r.size()) return 0;
+      codice = c, valore = true;
+      return 1;
+    }
+    valore = false;
+    if (codice == 0) {
+      chiudi();
+      if (r == "EOF") return -1;
+      linea = r == "LINE" || r == "LINEA";
+      std::fill(std::begin(v), std::end(v), 0.0);
+      return 1;
+    }
+    constexpr int kGruppi[] = {10, 20, 30, 11, 21, 31};
+    for (size_t k = 0; k < 6; ++k)
+      if (codice == kGruppi[k]) v[k] = Numero(r);
+    return 1;
+  });
+  if (!e.Interrotto) chiudi();
+  e.Altre = linee;
   return e;
 }
 

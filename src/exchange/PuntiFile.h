@@ -29,11 +29,19 @@ class DestinoPunti {
   virtual void Cerchio(double x, double y, double z, double raggio, std::string_view piano) {
     (void)x, (void)y, (void)z, (void)raggio, (void)piano;
   }
+  // An arc as the job holds it: start azimuth and clockwise sweep in gon.
+  virtual void Arco(double x, double y, double z, double raggio, double inizio, double ampiezza,
+                    std::string_view piano) {
+    (void)x, (void)y, (void)z, (void)raggio, (void)inizio, (void)ampiezza, (void)piano;
+  }
+  virtual void Testo(double x, double y, std::string_view testo, std::string_view piano) {
+    (void)x, (void)y, (void)testo, (void)piano;
+  }
 };
 
 struct EsitoLettura {
   int64_t Punti = 0;
-  int64_t Altre = 0;  // lines and circles of a CAD table
+  int64_t Altre = 0;  // lines, circles, arcs and texts of a CAD table
   int64_t Righe = 0;
   // The lines, counted from 1, that held something other than a record of the format.
   std::vector<int64_t> RigheDanneggiate;
@@ -54,6 +62,9 @@ struct OpzioniTesto {
 
 EsitoLettura LeggiPuntiRil(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiSho(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
+// A total-station ASC report: records by their first field, cut at ","; stations and
+// measures become field-book rows 1 and 2 under the fixed opening of the book.
+EsitoLettura LeggiPuntiAsc(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 EsitoLettura LeggiPuntiGsi(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 // The point list `.L` of an older job: "1001", a heading statement, then one statement a point:
 // name, description, X, Y, Z. Texts in the Windows code page.
@@ -61,9 +72,14 @@ EsitoLettura LeggiPuntiVR4(std::string_view byte, DestinoPunti& d, const Avanzam
 EsitoLettura LeggiNuvola(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 // A text table: the columns the options give; or, when its first line holds the column titles
 // of a CAD's table export ("Nome"/"Name", "Layer", "Posizione X"/"Position X", "Inizio X",
-// "Fine X", "Centro X", "Raggio" ...), its points, lines and circles by the first column.
+// "Fine X", "Centro X", "Raggio", "Valore", "Angolo iniziale" ...), its points, lines, circles,
+// arcs and texts by the first column.
 EsitoLettura LeggiPuntiTesto(std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                              const AvanzamentoLettura& a = {});
+
+// `CaricaLineeDaDXF`: the LINE (or LINEA) entities of a DXF, ends from the groups 10, 20, 30
+// and 11, 21, 31, up to "EOF"; every other entity and group passed over.
+EsitoLettura LeggiLineeDxf(std::string_view testo, DestinoPunti& d, const AvanzamentoLettura& a = {});
 
 // The damaged lines named for the user: the first few, and how many more.
 std::string DescriviRigheDanneggiate(const EsitoLettura& e);

@@ -44,24 +44,30 @@ class Istruzione {
   IstruzioneLista l_;
 };
 
+}  // namespace
+
+void IstruzionePunto(const Sessione& s, size_t r, const char* tag, std::string& out) {
+  Istruzione(tag)
+      .T(s.PuntoNome[r])
+      .N_(s.PuntoColoreNome[r], s.PuntoCongelaNome[r], s.PuntoDimensioneNome[r])
+      .T(s.PuntoDescrizione[r])
+      .N_(s.PuntoColoreDescrizione[r], s.PuntoCongelaDescrizione[r], s.PuntoDimensioneDescrizione[r])
+      .N_(s.PuntoX[r], s.PuntoY[r], s.PuntoZ[r], s.PuntoSpoX[r], s.PuntoSpoY[r], s.PuntoSpoZ[r])
+      .N_(s.PuntoSimbolo[r], s.PuntoColoreSimbolo[r], s.PuntoCongelaSimbolo[r], s.PuntoDimensioneSimbolo[r])
+      .N_(s.PuntoColoreQuota[r], s.PuntoCongelaQuota[r], s.PuntoDimensioneQuota[r], s.PuntoAttendibilita[r])
+      .T(s.PuntoPiano[r])
+      .T(s.PuntoFont[r])
+      .N_(s.PuntoErroreOrientamento[r], s.PuntoHPrisma[r])
+      .In(out);
+}
+
+namespace {
+
 bool Vivo(int16_t ident) { return ident >= 0; }  // the text keeps every row but the erased ones
 
 void Punti(const Sessione& s, std::string& out) {
-  for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++r) {
-    if (!Vivo(s.PuntoIdent[r])) continue;
-    Istruzione("<PUNTO>")
-        .T(s.PuntoNome[r])
-        .N_(s.PuntoColoreNome[r], s.PuntoCongelaNome[r], s.PuntoDimensioneNome[r])
-        .T(s.PuntoDescrizione[r])
-        .N_(s.PuntoColoreDescrizione[r], s.PuntoCongelaDescrizione[r], s.PuntoDimensioneDescrizione[r])
-        .N_(s.PuntoX[r], s.PuntoY[r], s.PuntoZ[r], s.PuntoSpoX[r], s.PuntoSpoY[r], s.PuntoSpoZ[r])
-        .N_(s.PuntoSimbolo[r], s.PuntoColoreSimbolo[r], s.PuntoCongelaSimbolo[r], s.PuntoDimensioneSimbolo[r])
-        .N_(s.PuntoColoreQuota[r], s.PuntoCongelaQuota[r], s.PuntoDimensioneQuota[r], s.PuntoAttendibilita[r])
-        .T(s.PuntoPiano[r])
-        .T(s.PuntoFont[r])
-        .N_(s.PuntoErroreOrientamento[r], s.PuntoHPrisma[r])
-        .In(out);
-  }
+  for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++r)
+    if (Vivo(s.PuntoIdent[r])) IstruzionePunto(s, r, "<PUNTO>", out);
 }
 
 void Geometrie(const Sessione& s, std::string& out) {

@@ -2,6 +2,7 @@
 // outlives a change of the binary layout; read back for its points and lines only.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ struct Sessione;
 // The text of the whole job, UTF-8: header, settings, every kind's rows, field book,
 // sections, the small text members of `NomeLavoro`, the contour vertices.
 std::string TestoTuttoIla7(Sessione& s);
+
+// The statement of the point of row `r` with its tag first ("<PUNTO>" in the text, "P" in
+// the hand-over file of the copy commands): every field of the row, CR LF at the end.
+void IstruzionePunto(const Sessione& s, size_t r, const char* tag, std::string& out);
 
 // `SalvaTuttoIla7`: the text as the member `.XVR` of the provisional copy, which the save
 // then puts beside the job (the previous one becoming `.XVK`) like every other member. A

@@ -4,6 +4,7 @@
 
 #include "cadastre/ElencoPunti.h"
 #include "cadastre/OperazioniElenco.h"
+#include "exchange/Incolla.h"
 #include "support/ProvaComandi.h"
 
 namespace varena {
@@ -115,6 +116,55 @@ TEST_F(Elenco, PuntiNelleDescrizioniTranneAusiliarioENote) {
   ui.Rispondi(Risposta::Si);
   EXPECT_TRUE(Esegui("TOGLI_PUNTI_DESCRIZIONI", {0}));
   EXPECT_EQ(s.PuntoDescrizione[0], "[P.A.]sp muro Note: v. sopra");
+}
+
+TEST_F(Elenco, CodiciDellaTabellaEAltimetriciPerClasse) {
+  s.Codici.Righe = {{"3", "PICCHETTO IN FERRO"}};
+  s.PuntoDescrizione[0] = "<PV>3 lato";
+  s.PuntoDescrizione[1] = "33";
+  ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("CODICI_IN_DESCRIZIONI", {0, 1}));
+  EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1], ui.Domande.back().Testo),
+            std::make_tuple("<PV>PICCHETTO IN FERRO lato", "33", "Trasforma i Codici in Descrizi"));
+  // "3" stands on a contour, "100" is a station, a PF stays one though its name ends in "00",
+  // "12" is none of them, and "7" is deleted.
+  DimensionaSette(s);
+  s.SetteIdent[0] = 0, s.SetteContorno[0] = "3|5|";
+  s.ContaEntita[SlotSette] = 1;
+  prova::MettiPunto(s, "PF01/0010/A100", 1, 2, 3);
+  const char* prima[] = {"muro", "<P!>", "x", "<P!>pilastro", ""};
+  for (size_t k = 0; k < 5; ++k) s.PuntoDescrizione[k] = prima[k];
+  ui.Rispondi(Risposta::Si);
+  EXPECT_TRUE(Esegui("CODICI_ALTIMETRICI", {0, 1, 3, 4}));
+  const char* dopo[] = {"<P!>muro", "<8Q>", "x", "RC pilastro", "<8Q>"};
+  for (size_t k = 0; k < 5; ++k) EXPECT_EQ(s.PuntoDescrizione[k], dopo[k]) << k;
+}
+
+TEST_F(Elenco, RigheOttoNelLibrettoDalleCelle) {
+  prova::MettiPunto(s, "PF01/0010/A123", 1, 2, 3);
+  s.PuntoDescrizione[4] = "<P!>";
+  s.LibrettoMisure = {"0|x|"};
+  EXPECT_TRUE(Esegui("RIGHE_8", {0}));
+  EXPECT_TRUE(Esegui("RIGHE_8_PF", {0, 4}));
+  EXPECT_TRUE(ui.Domande.empty());
+  EXPECT_EQ(s.LibrettoMisure, (std::vector<std::string>{"0|x|", "8|12|5000.500|04|1500.250|",
+                                                        "8|PF01/0010/A123|2.000|1.000|12|"}));
+  EXPECT_EQ(PulisciRiga("8|A||04|<P!>|"), "8|A|NOTE:|04|NOTE:|");
+}
+
+TEST_F(Elenco, CopiaSelezioneSiIncollaUguale) {
+  prova::CartellaTemporanea c;
+  s.CartellaLavoro = c.Percorso() + "/";
+  s.PuntoDescrizione[3] = "<PV>pozzetto è";
+  s.PuntoHPrisma[3] = 1.5F;
+  EXPECT_TRUE(Esegui("COPIA_SELEZIONE", {3}));
+  EXPECT_EQ(std::tie(ui.Messaggi.back().Testo, ui.Messaggi.back().Titolo),
+            std::make_tuple("I Punti selezionati sono stati", "Copia Selezione!"));
+  ui.Rispondi(Risposta::No);  // no colour of its own
+  EXPECT_TRUE(IncollaDaFile(s));
+  const auto k = static_cast<size_t>(s.ContaEntita[SlotPunti] - 1);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[k], s.PuntoDescrizione[k], s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k], s.PuntoHPrisma[k]),
+            std::make_tuple("100", "<PV>pozzetto è", 4.0, 5.0, 6.0, 1.5F));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 // tables; damaged lines named, and nothing of a file that did not come in left behind.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/Avvio.h"
 #include "exchange/ImportaPunti.h"
 #include "exchange/PuntiFile.h"
@@ -28,6 +30,10 @@ struct Raccolta : DestinoPunti {
     Punti.push_back({std::string(n), std::string(d), std::string(f), x, y, z});
   }
   void RigaLibretto(std::string r) override { Libretto.push_back(r); }
+  std::vector<std::array<double, 6>> Linee;
+  void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view) override {
+    Linee.push_back({x1, y1, z1, x2, y2, z2});
+  }
 };
 
 TEST(LeggiPuntiGsi, ParoleDaOttoESedici) {
@@ -80,6 +86,37 @@ TEST(LeggiPuntiSho, DueFormeFinoAEnd) {
   EXPECT_EQ(r.Punti[0], (Letto{"10", "muro di cinta", "monotxt", 100.5, 200.25, 3.5}));
   EXPECT_EQ(r.Punti[1], (Letto{"11", "recinzione", "txt", 1, 2, 3}));
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{4}));
+}
+
+TEST(LeggiPuntiAsc, StazioniMisureECodici) {
+  // East, North, height after the readings; the code names the points measured after it.
+  const std::string asc =
+      "TPS,TS06,REPORT\r\nCOD,SPIGOLO\r\nSTN,100,1.55,1000.000,2000.000,50.000\r\nORT,101,0,100,25,1.6\r\n"
+      "102,123.45678,99.8765,45.6789,1.6,1010.123,2010.456,51.789\r\nrotta,x,y\r\nCOD,\r\n103,1,2,3\r\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiPuntiAsc(asc, r);
+  ASSERT_EQ(r.Punti.size(), 2u);
+  EXPECT_EQ(r.Punti[0], (Letto{"100", "SPIGOLO", "", 1000, 2000, 50}));
+  EXPECT_EQ(r.Punti[1], (Letto{"102", "SPIGOLO", "", 1010.123, 2010.456, 51.789}));
+  EXPECT_EQ(r.Libretto, (std::vector<std::string>{"0|24012018|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|",
+                                                  "9|20|10|20|1070|10.00-G,STDA 2.08|18|TIPO SENZA GEOMETRIA|",
+                                                  "1|100|1.550|SPIGOLO|", "2|101|0.0000|100.0000|25.000|1.600|SPIGOLO|",
+                                                  "2|102|123.4568|99.8765|45.679|1.600|SPIGOLO|",
+                                                  "2|103|1.0000|2.0000|3.000|0.000|"}));
+  EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
+  Raccolta altro;
+  EXPECT_EQ(LeggiPuntiAsc("STN,1,1.5,1,2,3\r\n", altro).RigheDanneggiate, (std::vector<int64_t>{1}));
+  EXPECT_TRUE(altro.Punti.empty() && altro.Libretto.empty());
+}
+
+TEST(LeggiLineeDxf, SoloLeLineeFinoAEof) {
+  const std::string dxf =
+      "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n10\n1.5\n20\n2.5\n30\n0\n11\n3\n21\n4\n31\n1\n"
+      "0\nCIRCLE\n10\n9\n20\n9\n40\n1\n0\nLINEA\n10\n5\n20\n6\n11\n7\n21\n8\nxx\nxx\n0\nEOF\n0\nLINE\n10\n1\n";
+  Raccolta r;
+  const EsitoLettura e = LeggiLineeDxf(dxf, r);
+  EXPECT_EQ(r.Linee, (std::vector<std::array<double, 6>>{{1.5, 2.5, 0, 3, 4, 1}, {5, 6, 0, 7, 8, 0}}));
+  EXPECT_EQ(std::make_tuple(e.Altre, e.RigheDanneggiate), std::make_tuple(int64_t{2}, std::vector<int64_t>{39, 40}));
 }
 
 TEST(LeggiPuntiVR4, ListaDelLavoroVecchio) {
@@ -174,26 +211,82 @@ TEST_F(ImportaPuntiProva, VuotoBinarioAssenteInterrotto) {
   EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "n.xyz", {}, &e, [](int64_t, int64_t) { return false; }));
   EXPECT_TRUE(e.Interrotto);
   EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+
+  // A huge file is read in pieces of 16 MiB, the first half of the bar, and lines that long
+  // report by their bytes: either can be stopped.
+  const std::string lunga(size_t{17} << 20, '1');
+  prova::ScriviFileProva(dir / "g.xyz", lunga + " 2 3\n");
+  std::vector<std::pair<int64_t, int64_t>> avvisi;
+  auto ferma = [&](int64_t fatto, int64_t totale) { return avvisi.emplace_back(fatto, totale), false; };
+  EXPECT_FALSE(ImportaPunti(s, FormatoPunti::Nuvola, dir / "g.xyz", {}, &e, ferma));
+  const auto totale = static_cast<int64_t>(lunga.size() + 5);
+  EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{int64_t{8} << 20, totale}}));
+  EXPECT_TRUE(e.Interrotto);
+  Raccolta r;
+  avvisi.clear();
+  EXPECT_TRUE(LeggiNuvola(lunga + " 2 3\n" + lunga + " 2 3\n", r, ferma).Interrotto);
+  EXPECT_EQ(avvisi, (std::vector<std::pair<int64_t, int64_t>>{{totale, 2 * totale}}));
+}
+
+TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
+  // A station of no coordinates: a row of the book and no point, and the import stands.
+  s.LibrettoMisure = {"0|01012020|x|"};
+  prova::ScriviFileProva(dir / "a.asc", "TPS\r\nSTN,1,1.5\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Asc, dir / "a.asc", {}));
+  EXPECT_EQ(std::make_tuple(s.LibrettoMisure, s.ContaEntita[SlotPunti]),
+            std::make_tuple(std::vector<std::string>{"0|01012020|x|", "1|1|1.500|"}, 0));
+}
+
+TEST_F(ImportaPuntiProva, TestoConLeColonneDellUtente) {
+  prova::ScriviFileProva(dir / "p.txt", "x 7 1.5 2.5 muro\r\n");
+  ui.RispondiFile(dir / "p.txt");
+  ui.RispondiValore("-nyxd"), ui.RispondiValore("S");
+  CaricaPuntiCXF(s);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0], ui.Richieste[0]),
+            std::make_tuple("S7", 2.5, 1.5, "muro", "Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :"));
+}
+
+TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
+  prova::ScriviFileProva(s.CartellaLavoro + "ColoriVR4.ini",
+                         "[COLORI]\r\n nome = 4 ; verde\r\nDescrizione=300\r\nSIMBOLO=x\r\nQuota=7\r\nALTRO=2\r\n");
+  prova::ScriviFileProva(dir / "v.L", "1001\r\n\"0\",\"0\",0,0,0\r\n\"100\",\"\",1,2,3\r\n");
+  ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Vr4, dir / "v.L", {}));
+  // 300 is no colour and "x" no number: those parts keep the class's.
+  const StilePunto& c = s.ConfiguraPunti.Classi[ClassePunti];
+  EXPECT_EQ(std::tie(s.PuntoColoreNome[0], s.PuntoColoreDescrizione[0], s.PuntoColoreSimbolo[0], s.PuntoColoreQuota[0]),
+            std::make_tuple(4, c.ColDescrizione, c.ColSimbolo, 7));
 }
 
 TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
-  // The first line names the columns; the first column of each row names the kind.
+  // The first line names the columns; the first column of each row names the kind. Angles
+  // in degrees counter-clockwise from East.
   prova::ScriviFileProva(dir / "cad.csv",
                          "Conteggio;Nome;Layer;Posizione X;Posizione Y;Posizione Z;Inizio X;Inizio Y;Inizio Z;Fine X;"
-                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio\r\n"
-                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;\r\n"
-                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;\r\n"
-                         "Cerchio;;;;;;;;;;;;5;6;0;1.5\r\n"
-                         "Testo;;;1;2;0;;;;;;;;;;\r\n");
+                         "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio;Valore;Angolo iniziale;Angolo totale\r\n"
+                         "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;;;;\r\n"
+                         "Linea;;STRADE;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Cerchio;;;;;;;;;;;;5;6;0;1.5;;;\r\n"
+                         "Arco;;ARCHI;;;;;;;;;;7;8;0;2;;45;90\r\n"
+                         "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
+                         "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]),
-            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0));
+  // The text on the layer of descriptions is the description of the point at its place.
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
+            std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
   ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
   ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
+  // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.
+  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
+  EXPECT_EQ(std::make_tuple(s.ArcoX[0], s.ArcoY[0], s.ArcoRaggio[0], s.ArcoInizio[0], s.ArcoFine[0], s.ArcoPiano[0]),
+            std::make_tuple(7.0, 8.0, 2.0, 350.0, 100.0, std::string("ARCHI")));
+  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
+  EXPECT_EQ(std::make_tuple(s.TestoX[0], s.TestoY[0], s.TestoTesto[0], s.TestoPiano[0]),
+            std::make_tuple(1.0, 2.0, std::string("Casa Rossi"), std::string("SCRITTE")));
 }
 
 TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {

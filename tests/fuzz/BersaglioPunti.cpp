@@ -31,8 +31,10 @@ void Importa(const Ambiente& a, std::string_view byte, FormatoPunti f) {
 void FuzzRil(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Ril); }
 void FuzzSho(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Sho); }
 void FuzzGsi(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Gsi); }
+void FuzzAsc(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Asc); }
 void FuzzNuvola(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Nuvola); }
 void FuzzTestoPunti(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Csv); }
+void FuzzLineeDxf(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::LineeDxf); }
 void FuzzVr4(const Ambiente& a, std::string_view byte) { Importa(a, byte, FormatoPunti::Vr4); }
 
 }  // namespace varena::fuzz
