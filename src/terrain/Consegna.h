@@ -21,8 +21,9 @@ struct DatiMesh {
   std::vector<std::vector<int32_t>> Catene;
 };
 
-// One row of `provviso.tom`: the three values rounded to 3 decimals in the plain write form.
-std::string RigaTom(double x, double y, double z);
+// One row of `provviso.tom` after `tom`: the three values rounded to 3 decimals in the plain
+// write form.
+void AggiungiRigaTom(std::string& tom, double x, double y, double z);
 
 // Reads both files. An empty text is returned when they are sound; otherwise the message
 // says the first fault met (a row that is not three numbers, a height that is not a
