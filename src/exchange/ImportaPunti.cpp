@@ -1,6 +1,8 @@
 // The point file imports: the table of formats, the adapter into the job, the commands.
 #include "exchange/ImportaPunti.h"
 
+#include <algorithm>
+
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -59,6 +61,15 @@ class PuntiNelLavoro : public DestinoPunti {
   Sessione& s_;
   std::string piano_;
 };
+
+// Room for a point on every line of the file, asked once: columns grown by doubling would
+// allocate, clear and copy twice what a large cloud fills. Room asked and not used costs
+// no memory, only addresses.
+void RiservaPunti(Sessione& s, std::string_view byte) {
+  const auto righe = static_cast<size_t>(std::count(byte.begin(), byte.end(), '\n')) + 1;
+  const size_t n = static_cast<size_t>(s.ContaEntita[SlotPunti]) + righe + 12;
+  static_cast<TabellaPunti&>(s).PerOgniColonna([n](auto& colonna) { colonna.reserve(n); });
+}
 
 EsitoLettura Leggi(FormatoPunti f, std::string_view testo, const OpzioniTesto& o, DestinoPunti& d,
                    const AvanzamentoLettura& a) {
@@ -121,13 +132,16 @@ bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, cons
   const size_t righeLibretto = s.LibrettoMisure.size();
   bool letto = false;
   const bool ok = Protetto(s, [&] {
-    const auto byte = LeggiByte(percorso);
-    if (!byte) {
+    // Raw storage: a cloud is hundreds of megabytes, not worth zeroing before the read.
+    const auto dati = LeggiDati(percorso);
+    if (!dati) {
       s.Ui->Messaggio("File non trovato:\n" + percorso, d.Routine, Icona::Avviso);
       return;
     }
+    const std::string_view byte(reinterpret_cast<const char*>(dati->Byte.get()), dati->Lunghezza);
+    RiservaPunti(s, byte);
     PuntiNelLavoro destino(s, *d.Piano ? std::string(d.Piano) : s.PianoCorrente);
-    const EsitoLettura e = Leggi(f, *byte, o, destino, avanzamento);
+    const EsitoLettura e = Leggi(f, byte, o, destino, avanzamento);
     if (esito) *esito = e;
     if (avanzamento) s.Ui->Progresso(0, 0);
     if (e.Interrotto) return;
