@@ -93,9 +93,13 @@ std::string Cp1252InUtf8(std::string_view byte) {
 }
 
 std::string Utf8InCp1252(std::string_view utf8) {
-  std::string out;
+  // Plain ASCII, most of every job's text, is the same in both: copied whole.
+  size_t pos = 0;
+  while (pos < utf8.size() && static_cast<unsigned char>(utf8[pos]) < 0x80) ++pos;
+  std::string out(utf8.substr(0, pos));
+  if (pos == utf8.size()) return out;
   out.reserve(utf8.size());
-  for (size_t pos = 0; pos < utf8.size();) {
+  while (pos < utf8.size()) {
     const int v = InByte(ProssimoCarattere(utf8, pos));
     out.push_back(v < 0 ? '?' : static_cast<char>(v));
   }

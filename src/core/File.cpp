@@ -182,25 +182,34 @@ std::optional<std::string> LeggiByte(std::string_view percorso,
 
 namespace {
 
-// The write beside the file and the rename into place. With the fault seam set, the bytes go
-// in two halves with the seam asked between them, so that a fault (or a test that kills the
-// process there) meets a temporary that is really half written.
-void ScriviAccanto(const std::string& p, std::string_view byte) {
+// The write beside the file and the rename into place; `produci` hands the bytes over in
+// as many pieces as it likes. With the fault seam set the seam is asked after the first
+// piece, so that a fault (or a test that kills the process there) meets a temporary that
+// is really half written.
+void ScriviAccanto(const std::string& p, const ProduttoreByte& produci) {
   // A file the user made read-only is refused, as a write in place would be.
   if (::access(p.c_str(), F_OK) == 0 && ::access(p.c_str(), W_OK) != 0) FallisceErrno(EACCES);
   const std::string tmp = p + kSuffissoTemporaneo;
   FILE* f = std::fopen(tmp.c_str(), "wb");
   if (!f) FallisceErrno(errno);
-  const size_t prima = gSonda ? byte.size() / 2 : byte.size();
-  size_t scritti = prima ? std::fwrite(byte.data(), 1, prima, f) : 0;
-  bool guasto = false;
-  if (gSonda) {
-    std::fflush(f);
-    guasto = Guasto(OperazioneFile::Scrittura, p);
-    if (!guasto && byte.size() > prima) scritti += std::fwrite(byte.data() + prima, 1, byte.size() - prima, f);
+  bool completo = true, guasto = false, chiesto = false;
+  try {
+    produci([&](std::string_view pezzo) {
+      if (guasto) return;
+      if (!pezzo.empty() && std::fwrite(pezzo.data(), 1, pezzo.size(), f) != pezzo.size()) completo = false;
+      if (gSonda && !chiesto) {
+        chiesto = true;
+        std::fflush(f);
+        guasto = Guasto(OperazioneFile::Scrittura, p);
+      }
+    });
+  } catch (...) {
+    std::fclose(f);
+    std::remove(tmp.c_str());
+    throw;
   }
   const bool chiuso = std::fclose(f) == 0;
-  if (guasto || scritti != byte.size() || !chiuso) {
+  if (guasto || !completo || !chiuso) {
     std::remove(tmp.c_str());
     throw ErroreVarena("Disk full");
   }
@@ -211,11 +220,23 @@ void ScriviAccanto(const std::string& p, std::string_view byte) {
   }
 }
 
+// Bytes held whole go in two halves when the fault seam is set.
+void ScriviAccanto(const std::string& p, std::string_view byte) {
+  const size_t prima = gSonda ? byte.size() / 2 : byte.size();
+  ScriviAccanto(p, [&](const std::function<void(std::string_view)>& scrivi) {
+    scrivi(byte.substr(0, prima));
+    if (byte.size() > prima) scrivi(byte.substr(prima));
+  });
+}
+
 }  // namespace
 
 void ImpostaSondaGuasti(SondaGuasti sonda) { gSonda = std::move(sonda); }
 
 void ScriviByte(std::string_view percorso, std::string_view byte) { ScriviAccanto(PercorsoPerScrivere(percorso), byte); }
+void ScriviByte(std::string_view percorso, const ProduttoreByte& produci) {
+  ScriviAccanto(PercorsoPerScrivere(percorso), produci);
+}
 void ScriviTesto(std::string_view percorso, std::string_view utf8) {
   ScriviAccanto(PercorsoPerScrivere(percorso), Utf8InCp1252(utf8));
 }

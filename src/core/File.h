@@ -43,6 +43,10 @@ std::optional<std::string> LeggiByte(std::string_view percorso,
 // renamed into place only when complete: a failed or interrupted write leaves the old file
 // whole, and a file shared by a hard link is replaced, never changed under its other names.
 void ScriviByte(std::string_view percorso, std::string_view byte);
+// The same write with the bytes handed over a piece at a time, to the function given to
+// `produci`: a file of hundreds of megabytes never sits whole in memory.
+using ProduttoreByte = std::function<void(const std::function<void(std::string_view)>& scrivi)>;
+void ScriviByte(std::string_view percorso, const ProduttoreByte& produci);
 // Text through the code page: UTF-8 in memory, Windows-1252 on disk.
 void ScriviTesto(std::string_view percorso, std::string_view utf8);
 void AggiungiTesto(std::string_view percorso, std::string_view utf8);

@@ -1,7 +1,10 @@
 // Savers of the job members.
 #include "store/Salva.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,10 +62,19 @@ void Scrivi(Passata& p, int slot, std::string_view byte) {
 }
 
 // The file holds exactly these bytes.
+// Compared a piece at a time: the member of a large job read whole would be a second copy
+// of it in fresh memory, every page of which costs more than the comparison.
 bool StessiByte(const std::string& percorso, std::string_view byte) {
   if (percorso.empty() || LunghezzaFile(percorso) != static_cast<int64_t>(byte.size())) return false;
-  const auto dati = LeggiDati(percorso);
-  return dati && dati->Lunghezza == byte.size() && std::memcmp(dati->Byte.get(), byte.data(), byte.size()) == 0;
+  std::unique_ptr<FILE, int (*)(FILE*)> f(std::fopen(percorso.c_str(), "rb"), &std::fclose);
+  if (!f) return false;
+  std::vector<char> pezzo(size_t{1} << 20);
+  for (size_t fatto = 0; fatto < byte.size();) {
+    const size_t n = std::fread(pezzo.data(), 1, std::min(pezzo.size(), byte.size() - fatto), f.get());
+    if (n == 0 || std::memcmp(pezzo.data(), byte.data() + fatto, n) != 0) return false;
+    fatto += n;
+  }
+  return std::fgetc(f.get()) == EOF;
 }
 
 // A record member. The legacy saver removed the file and wrote it anew; here the new file

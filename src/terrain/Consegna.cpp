@@ -1,17 +1,44 @@
 // The hand-off files of the triangulator, written and read.
 #include "terrain/Consegna.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
-#include "core/Lista.h"
+#include "core/Testo.h"
 #include "core/Record.h"
 
 namespace varena {
 
 namespace {
 
-double Tre(double v) { return std::round(v * 1000.0) / 1000.0; }
+// The value rounded to 3 decimals in the plain write form (15 significant digits, trailing
+// zeros dropped). Below 10^11 the thousandths have at most 14 digits, and the 15 digits of
+// the rounded double are exactly those thousandths: they are written out as integers, which
+// a million rows a terrain asks for do far sooner than the general conversion.
+void AggiungiTre(std::string& t, double v) {
+  const double millesimi = std::round(v * 1000.0);
+  if (!(std::fabs(millesimi) < 1e14)) {
+    t += FormaSemplice(millesimi / 1000.0);
+    return;
+  }
+  if (millesimi == 0) {
+    t += '0';
+    return;
+  }
+  if (millesimi < 0) t += '-';
+  const auto m = static_cast<uint64_t>(std::fabs(millesimi));
+  char buf[24];
+  char* fine = std::to_chars(buf, buf + sizeof buf, m / 1000).ptr;
+  if (uint64_t resto = m % 1000; resto != 0) {
+    *fine++ = '.';
+    for (uint64_t cifra = 100; resto != 0; cifra /= 10) {
+      *fine++ = static_cast<char>('0' + resto / cifra);
+      resto %= cifra;
+    }
+  }
+  t.append(buf, fine);
+}
 
 // A reader of the comma-separated numbers of one line at a time, quick enough for a
 // survey of a million points.
@@ -66,8 +93,13 @@ std::string Riga(const char* file, size_t n, const char* cosa) {
 
 }  // namespace
 
-std::string RigaTom(double x, double y, double z) {
-  return IstruzioneLista().Numero(Tre(x)).Numero(Tre(y)).Numero(Tre(z)).Riga();
+void AggiungiRigaTom(std::string& tom, double x, double y, double z) {
+  AggiungiTre(tom, x);
+  tom += ',';
+  AggiungiTre(tom, y);
+  tom += ',';
+  AggiungiTre(tom, z);
+  tom += "\r\n";
 }
 
 std::string LeggiConsegna(std::string_view tom, std::string_view dsq, DatiMesh& d) {
@@ -95,21 +127,38 @@ std::string LeggiConsegna(std::string_view tom, std::string_view dsq, DatiMesh& 
   return {};
 }
 
-std::string CodificaFaldeMesh(const DatiMesh& d, const std::vector<std::array<int32_t, 3>>& triangoli) {
-  TabellaFalde t;
-  RidimensionaTabella(t, triangoli.size());
-  std::vector<int64_t> righe(triangoli.size());
-  for (size_t k = 0; k < triangoli.size(); ++k) {
-    const auto& v = triangoli[k];
-    const auto a = static_cast<size_t>(v[0]), b = static_cast<size_t>(v[1]), c = static_cast<size_t>(v[2]);
-    t.FaldaX1[k] = d.X[a], t.FaldaY1[k] = d.Y[a], t.FaldaZ1[k] = d.Z[a];
-    t.FaldaX2[k] = d.X[b], t.FaldaY2[k] = d.Y[b], t.FaldaZ2[k] = d.Z[b];
-    t.FaldaX3[k] = d.X[c], t.FaldaY3[k] = d.Y[c], t.FaldaZ3[k] = d.Z[c];
-    righe[k] = static_cast<int64_t>(k);
-  }
+void CodificaFaldeMesh(const DatiMesh& d, const std::vector<std::array<int32_t, 3>>& triangoli,
+                       const std::function<void(std::string_view)>& scrivi) {
   const LayoutRecord<TabellaFalde>& l = LayoutFalde();
-  std::string out(triangoli.size() * static_cast<size_t>(l.Lunghezza), '\0');
-  CodificaRighe(l, t, righe, reinterpret_cast<unsigned char*>(out.data()));
+  const auto L = static_cast<size_t>(l.Lunghezza);
+  // A few thousand rows at a time through one small table and one buffer that stays in the
+  // cache: a table and a text of every facet would be the thirty columns of two million
+  // rows (all zero but nine) and half a gigabyte of fresh memory copied once more.
+  constexpr size_t kBlocco = 4096;
+  TabellaFalde t;
+  RidimensionaTabella(t, std::min(kBlocco, triangoli.size()));
+  std::vector<int64_t> righe;
+  std::string blocco;
+  for (size_t inizio = 0; inizio < triangoli.size(); inizio += kBlocco) {
+    const size_t quanti = std::min(kBlocco, triangoli.size() - inizio);
+    righe.resize(quanti);
+    for (size_t k = 0; k < quanti; ++k) {
+      const auto& v = triangoli[inizio + k];
+      const auto a = static_cast<size_t>(v[0]), b = static_cast<size_t>(v[1]), c = static_cast<size_t>(v[2]);
+      t.FaldaX1[k] = d.X[a], t.FaldaY1[k] = d.Y[a], t.FaldaZ1[k] = d.Z[a];
+      t.FaldaX2[k] = d.X[b], t.FaldaY2[k] = d.Y[b], t.FaldaZ2[k] = d.Z[b];
+      t.FaldaX3[k] = d.X[c], t.FaldaY3[k] = d.Y[c], t.FaldaZ3[k] = d.Z[c];
+      righe[k] = static_cast<int64_t>(k);
+    }
+    blocco.resize(quanti * L);
+    CodificaRighe(l, t, righe, reinterpret_cast<unsigned char*>(blocco.data()));
+    scrivi(blocco);
+  }
+}
+
+std::string CodificaFaldeMesh(const DatiMesh& d, const std::vector<std::array<int32_t, 3>>& triangoli) {
+  std::string out;
+  CodificaFaldeMesh(d, triangoli, [&out](std::string_view blocco) { out += blocco; });
   return out;
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,9 @@ struct DatiMesh {
   std::vector<std::vector<int32_t>> Catene;
 };
 
-// One row of `provviso.tom`: the three values rounded to 3 decimals in the plain write form.
-std::string RigaTom(double x, double y, double z);
+// One row of `provviso.tom` after `tom`: the three values rounded to 3 decimals in the plain
+// write form.
+void AggiungiRigaTom(std::string& tom, double x, double y, double z);
 
 // Reads both files. An empty text is returned when they are sound; otherwise the message
 // says the first fault met (a row that is not three numbers, a height that is not a
@@ -32,5 +34,8 @@ std::string LeggiConsegna(std::string_view tom, std::string_view dsq, DatiMesh& 
 // The facets of `triangoli` (rows of `d`) as `.EQU` records laid end to end: live `Ident`
 // and the three vertices set, every other field zero or blank.
 std::string CodificaFaldeMesh(const DatiMesh& d, const std::vector<std::array<int32_t, 3>>& triangoli);
+// The same records handed to `scrivi` a block at a time, for a file of millions of facets.
+void CodificaFaldeMesh(const DatiMesh& d, const std::vector<std::array<int32_t, 3>>& triangoli,
+                       const std::function<void(std::string_view)>& scrivi);
 
 }  // namespace varena

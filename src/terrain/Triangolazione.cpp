@@ -21,23 +21,41 @@ namespace varena {
 namespace {
 
 // Points bucketed by a square of the search distance, so that a million points find their
-// neighbours without comparing every pair.
+// neighbours without comparing every pair. The squares live in one open table of chains
+// threaded through the rows (a hash map of vectors allocated a million small blocks and
+// spent more time than the search): `testa_` holds the first row of a slot, `seguente_` the
+// next row of the same slot, `cella_` the square of each row, compared so that a slot shared
+// by two squares gives only the rows of the one asked.
 class Griglia {
  public:
-  explicit Griglia(double lato) : lato_(lato) {}
-  void Aggiungi(double x, double y, int32_t i) { celle_[Chiave(Cella(x), Cella(y))].push_back(i); }
+  // `righe`: rows go from 0 to righe - 1.
+  Griglia(double lato, size_t righe) : lato_(lato), seguente_(righe, -1), cella_(righe) {
+    while ((size_t{1} << bit_) < 2 * righe) ++bit_;
+    testa_.assign(size_t{1} << bit_, -1);
+  }
+  void Aggiungi(double x, double y, int32_t i) {
+    const uint64_t c = Chiave(Cella(x), Cella(y));
+    const auto k = static_cast<size_t>(i);
+    cella_[k] = c;
+    int32_t& t = testa_[Slot(c)];
+    seguente_[k] = t;
+    t = i;
+  }
   void Togli(double x, double y, int32_t i) {
-    auto& v = celle_[Chiave(Cella(x), Cella(y))];
-    v.erase(std::find(v.begin(), v.end(), i));
+    int32_t* p = &testa_[Slot(Chiave(Cella(x), Cella(y)))];
+    while (*p != i) p = &seguente_[static_cast<size_t>(*p)];
+    *p = seguente_[static_cast<size_t>(i)];
   }
   // Calls f on every point of the nine squares about (x, y).
   template <class F>
   void Intorno(double x, double y, F f) const {
     const int64_t cx = Cella(x), cy = Cella(y);
     for (int64_t a = cx - 1; a <= cx + 1; ++a)
-      for (int64_t b = cy - 1; b <= cy + 1; ++b)
-        if (auto it = celle_.find(Chiave(a, b)); it != celle_.end())
-          for (int32_t i : it->second) f(i);
+      for (int64_t b = cy - 1; b <= cy + 1; ++b) {
+        const uint64_t c = Chiave(a, b);
+        for (int32_t i = testa_[Slot(c)]; i >= 0; i = seguente_[static_cast<size_t>(i)])
+          if (cella_[static_cast<size_t>(i)] == c) f(i);
+      }
   }
 
  private:
@@ -45,8 +63,12 @@ class Griglia {
   static uint64_t Chiave(int64_t a, int64_t b) {
     return static_cast<uint64_t>(a) * 0x9E3779B97F4A7C15ull ^ static_cast<uint64_t>(b);
   }
+  // The high bits of a second multiplication: neighbouring squares spread over the table.
+  size_t Slot(uint64_t c) const { return static_cast<size_t>((c * 0xD6E8FEB86659FD93ull) >> (64 - bit_)); }
   double lato_;
-  std::unordered_map<uint64_t, std::vector<int32_t>> celle_;
+  int bit_ = 1;
+  std::vector<int32_t> testa_, seguente_;
+  std::vector<uint64_t> cella_;
 };
 
 constexpr double kGrappolo = 0.025;  // points closer than this are one for the triangulator
@@ -76,7 +98,7 @@ std::vector<int32_t> PreparaConsegna(Sessione& s, bool& troppi) {
   auto scelto = [&](int32_t i) { return sel[static_cast<size_t>(i)] == 1 && IdentVivo(s.PuntoIdent[static_cast<size_t>(i)]); };
   // Of a cluster only the last one survives: each point deselects the first earlier one
   // still selected within the distance.
-  Griglia g(kGrappolo);
+  Griglia g(kGrappolo, static_cast<size_t>(std::max(n, 0)));
   for (int32_t i = 0; i < n; ++i) {
     if (!scelto(i)) continue;
     const double x = s.PuntoX[static_cast<size_t>(i)], y = s.PuntoY[static_cast<size_t>(i)];
@@ -116,7 +138,7 @@ std::vector<int32_t> PreparaConsegna(Sessione& s, bool& troppi) {
   tom.reserve(righe.size() * 40);
   for (int32_t i : righe) {
     const auto k = static_cast<size_t>(i);
-    tom += RigaTom(s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k]);
+    AggiungiRigaTom(tom, s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k]);
   }
   ScriviByte(FileConsegna(s, kFileTom), tom);
   return righe;
@@ -182,7 +204,7 @@ std::vector<std::string> FormDSQ(Sessione& s) {
   DatiMesh d;
   // Our own file: a fault here is a fault of the disk, and the chains are simply none.
   if (!LeggiConsegna(*tom, {}, d).empty()) return {};
-  Griglia g(kEstremo);
+  Griglia g(kEstremo, d.X.size());
   for (size_t k = 0; k < d.X.size(); ++k) g.Aggiungi(d.X[k], d.Y[k], static_cast<int32_t>(k));
   auto riga = [&](double x, double y) {
     int32_t ultima = -1;
@@ -214,19 +236,20 @@ std::vector<std::string> FormDSQ(Sessione& s) {
 
 bool LeggiFaldeConsegna(Sessione& s) {
   s.RoutineCorrente = "LeggiFaldeConsegna";
-  const auto byte = LeggiByte(FileConsegna(s, kFileEquMesh));
+  // Raw storage: the facets of a large terrain are half a gigabyte, not worth zeroing first.
+  const auto byte = LeggiDati(FileConsegna(s, kFileEquMesh));
   if (!byte) return false;
   const LayoutRecord<TabellaFalde>& l = LayoutFalde();
   const size_t L = static_cast<size_t>(l.Lunghezza);
-  if (byte->size() % L != 0) {
+  if (byte->Lunghezza % L != 0) {
     MostraErroreComune(s, kErroreFineFile);
     return false;
   }
-  const auto n = static_cast<int64_t>(byte->size() / L);
+  const auto n = static_cast<int64_t>(byte->Lunghezza / L);
   s.ContaEntita[SlotFalde] = 0;
   PreparaRighe(s, SlotFalde, n);
   TabellaFalde& t = s;
-  DecodificaRecord(l, t, 0, reinterpret_cast<const unsigned char*>(byte->data()), n);
+  DecodificaRecord(l, t, 0, byte->Byte.get(), n);
   for (int64_t r = 0; r < n; ++r) s.StatoFalda[static_cast<size_t>(r)] = 0;
   s.ContaEntita[SlotFalde] = static_cast<int32_t>(n);
   SegnaModificato(s, SlotFalde);

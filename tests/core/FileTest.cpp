@@ -26,6 +26,15 @@ TEST(File, LeScrittureSostituisconoSenzaToccareGliAltriNomiDelFile) {
   EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "\xE8");
   AggiungiTesto(c / "C.LLL", "à\r\n");
   EXPECT_EQ(LeggiFileProva(c / "C.LLL"), "\xE8\xE0\r\n");
+  // Bytes handed over in pieces land as one file; a producer that fails leaves the old one.
+  ScriviByte(b, [](const std::function<void(std::string_view)>& scrivi) { scrivi("pez"), scrivi(""), scrivi("zi"); });
+  EXPECT_EQ(LeggiFileProva(b), "pezzi");
+  EXPECT_THROW(ScriviByte(b, [](const std::function<void(std::string_view)>& scrivi) {
+                 scrivi("mez");
+                 throw ErroreVarena("Out of memory");
+               }),
+               ErroreVarena);
+  EXPECT_EQ(LeggiFileProva(b), "pezzi");
   EXPECT_EQ(prova::NomiIn(c.Percorso()), (std::vector<std::string>{"A.LLL", "B.LLL", "C.LLL"}));
 }
 
@@ -59,6 +68,11 @@ TEST(File, LaSondaFaFallireOgniOperazioneELasciaIlFileComEra) {
       return p == a;
     });
     EXPECT_THROW(ScriviByte(a, "nuovo contenuto, piu lungo"), ErroreVarena);  // "Disk full", as the box shows
+    // In pieces the seam is asked once, after the first.
+    EXPECT_THROW(ScriviByte(a, [](const std::function<void(std::string_view)>& scrivi) {
+                   for (const char* p : {"nuovo", " in", " pezzi"}) scrivi(p);
+                 }),
+                 ErroreVarena);
     EXPECT_THROW(CopiaFile(b, a), ErroreVarena);
     EXPECT_THROW(RinominaFile(b, a), ErroreVarena);
     EXPECT_THROW(EliminaFile(a), ErroreVarena);
@@ -69,7 +83,7 @@ TEST(File, LaSondaFaFallireOgniOperazioneELasciaIlFileComEra) {
   }
   EXPECT_EQ(LeggiFileProva(a), "vecchio contenuto");
   EXPECT_EQ(LeggiFileProva(b), "scritto");
-  EXPECT_EQ(viste, (std::vector<OperazioneFile>{OperazioneFile::Scrittura, OperazioneFile::Copia,
+  EXPECT_EQ(viste, (std::vector<OperazioneFile>{OperazioneFile::Scrittura, OperazioneFile::Scrittura, OperazioneFile::Copia,
                                                 OperazioneFile::Rinomina, OperazioneFile::Eliminazione,
                                                 OperazioneFile::Eliminazione, OperazioneFile::Collegamento,
                                                 OperazioneFile::Scrittura}));

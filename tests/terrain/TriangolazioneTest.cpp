@@ -57,14 +57,16 @@ TEST(Consegna, PuntiDelGrappoloEPlanimetriciLasciati) {
   MettiPunto(s, "4", 0, 10, 3.14159);
   MettiPunto(s, "5", 10.0004, 10, -2.0625);  // 2062.5 thousandths: half away from zero
   MettiPunto(s, "6", 50, 50, 1);  // not selected
+  MettiPunto(s, "7", 1234567890123.4567, 0, 1);  // past fifteen digits once rounded
   SelezionaTutti(s);
   s.StatoPunto[5] = 0;
   bool troppi = true;
   const std::vector<int32_t> righe = PreparaConsegna(s, troppi);
   EXPECT_FALSE(troppi);
-  EXPECT_EQ(righe, (std::vector<int32_t>{1, 3, 4}));
-  EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)), "0.02,0,5\r\n0,10,3.142\r\n10,10,-2.063\r\n");
-  for (int k = 0; k < 6; ++k) EXPECT_EQ(s.StatoPunto[static_cast<size_t>(k)], 0) << k;
+  EXPECT_EQ(righe, (std::vector<int32_t>{1, 3, 4, 6}));
+  EXPECT_EQ(LeggiFileProva(FileConsegna(s, kFileTom)),
+            "0.02,0,5\r\n0,10,3.142\r\n10,10,-2.063\r\n1234567890123.46,0,1\r\n");
+  for (int k = 0; k < 7; ++k) EXPECT_EQ(s.StatoPunto[static_cast<size_t>(k)], 0) << k;
 
   // Past the bound nothing is written and the caller is told.
   prova::ScriviFileProva(FileConsegna(s, kFileTom), "vecchio");
@@ -77,7 +79,7 @@ TEST(Consegna, PuntiDelGrappoloEPlanimetriciLasciati) {
   SelezionaTutti(s);
   s.StatoPunto[5] = 0;
   s.Imp.Limite_Punti_Triangolazione = 0;
-  EXPECT_EQ(PreparaConsegna(s, troppi).size(), 3u);
+  EXPECT_EQ(PreparaConsegna(s, troppi).size(), 4u);
   EXPECT_FALSE(troppi);
 }
 

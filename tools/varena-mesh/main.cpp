@@ -38,8 +38,12 @@ int main(int argc, char**) {
     if (d.X.size() < 3) return Fallito(std::string(kFileTom) + ": meno di tre punti");
     std::vector<std::array<int32_t, 3>> triangoli;
     if (std::string e = mesh::Triangola(d, triangoli); !e.empty()) return Fallito(e);
-    // Written aside and renamed into place: the program never reads half a file.
-    ScriviByte(kFileEquMesh, CodificaFaldeMesh(d, triangoli));
+    // Written aside and renamed into place: the program never reads half a file. A block of
+    // records at a time, from a buffer that stays in the cache: the facets of a large
+    // terrain are half a gigabyte.
+    ScriviByte(kFileEquMesh, [&](const std::function<void(std::string_view)>& scrivi) {
+      CodificaFaldeMesh(d, triangoli, scrivi);
+    });
   } catch (const std::exception& e) {
     return Fallito(e.what());
   }
