@@ -4,10 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <cstdio>
 #include <QKeyEvent>
 #include <QPrinter>
 #include <QTest>
 
+#include "EditorStampe.h"
 #include "Stampa.h"
 #include "WidgetGrafica.h"
 #include "core/File.h"
@@ -48,6 +52,42 @@ TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
   EXPECT_EQ(p.ui.Messaggi[0].Testo, "La stampante ha rifiutato il lavoro: nulla e' stato stampato.");
   EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Stampa");
+}
+
+// A report: the editor's document holds the model as read, its PDF holds its words, a PDF
+// that cannot be written leaves nothing behind, and the close waits for the answer.
+TEST(Stampa, RelazioneInPdfEdEditor) {
+  prova::SessioneProva p;
+  const TestoRicco t{{{'c', {{"Relazione", true, false, false, 16, "Arial"}}},
+                      {'r', {{"Foglio 12\nMappale 3 ", false, false, false, 11, ""}, {"Rocca", false, true, true, 11, ""}}}}};
+  QTextDocument d;
+  InDocumento(t, d);
+  EXPECT_EQ(DaDocumento(d), t);
+
+  const std::string pdf = p.cartella / "relazione.pdf";
+  ASSERT_TRUE(RelazionePdf(p.s, d, pdf));
+  std::string testo;
+  if (FILE* f = popen(("pdftotext '" + pdf + "' -").c_str(), "r")) {
+    for (int c; (c = std::fgetc(f)) != EOF;) testo += static_cast<char>(c);
+    pclose(f);
+  }
+  EXPECT_NE(testo.find("Relazione"), std::string::npos) << testo;
+  EXPECT_NE(testo.find("Mappale 3 Rocca"), std::string::npos) << testo;
+  EXPECT_FALSE(EsisteFile(pdf + kSuffissoTemporaneo));
+  EXPECT_FALSE(RelazionePdf(p.s, d, p.cartella / "manca/relazione.pdf"));
+  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+  EXPECT_EQ(p.ui.Messaggi[0].Testo, "Impossibile scrivere il file " + (p.cartella / "manca/relazione.pdf"));
+
+  EditorStampe e(p.s, "Verbale.rtf", t);
+  e.show();
+  e.Testo()->append("Aggiunta");
+  p.ui.Rispondi(Risposta::Annulla);
+  e.reject();
+  EXPECT_TRUE(e.isVisible());
+  p.ui.Rispondi(Risposta::No);
+  e.reject();
+  EXPECT_FALSE(e.isVisible());
+  EXPECT_EQ(p.ui.Domande.size(), 2u);
 }
 
 TEST(WidgetGrafica, DisegnaEZoomProprio) {

@@ -42,6 +42,7 @@ constexpr Bersaglio kBersagli[] = {
     {"testopunti", FuzzTestoPunti, true},
     {"vr4", FuzzVr4, true},
     {"flusso", FuzzFlusso, false},
+    {"rtf", FuzzRtf, true},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
     {"vrz", FuzzVrz, true},
