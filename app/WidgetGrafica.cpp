@@ -55,6 +55,13 @@ void WidgetGrafica::paintEvent(QPaintEvent*) {
   p.setPen(Qt::blue);
   for (const Grafica::Nome& n : g_.Nomi())
     if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
+  // The last error kept stands at the foot of the control, with the count of the others.
+  if (!g_.Errori.empty()) {
+    const size_t altri = g_.Errori.size() - 1;
+    p.setPen(Qt::darkRed);
+    p.drawText(rect().adjusted(4, 0, -4, -4), Qt::AlignBottom | Qt::AlignLeft,
+               QString::fromStdString(g_.Errori.back() + (altri ? " (+" + std::to_string(altri) + ")" : "")));
+  }
 }
 
 void WidgetGrafica::wheelEvent(QWheelEvent* e) {
@@ -97,6 +104,17 @@ void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
   menu.addAction("Salva DXF", [this] { g_.VR_SalvaDXF(s_); });
   menu.addAction("Stampa", [this] { g_.GeneraStampa(s_); });
   menu.addAction("Pagina HTML", [this] { g_.GeneraHTML5_CANVAS(s_); });
+  menu.addAction("Copia in File", [this] { g_.VR_CopiaInFile(s_); });
+  menu.addSeparator();
+  auto carica = [this](const char* titolo, const char* filtro, bool (Grafica::*carica)(Sessione&, const std::string&)) {
+    const auto file = s_.Ui->ScegliFile(false, titolo, filtro, s_.CartellaLavoro, "");
+    if (!file) return;
+    (g_.*carica)(s_, *file);
+    update();
+  };
+  menu.addAction("Carica XVR...", [carica] { carica("Carica XVR", "Testo Lavoro (*.XVR)|*.XVR|", &Grafica::VR_CaricaXVR); });
+  menu.addAction("Carica Estratto...",
+                 [carica] { carica("Carica Estratto", "Estratto (*.EMP)|*.EMP|", &Grafica::VR_CaricaEstratto_EMP); });
   menu.exec(e->globalPos());
 }
 

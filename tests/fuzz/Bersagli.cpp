@@ -43,6 +43,7 @@ constexpr Bersaglio kBersagli[] = {
     {"vr4", FuzzVr4, true},
     {"flusso", FuzzFlusso, false},
     {"rtf", FuzzRtf, true},
+    {"grafica", FuzzGrafica, true},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
     {"vrz", FuzzVrz, true},
