@@ -30,7 +30,10 @@ QPointF WidgetGrafica::Metri(QPointF pixel) const {
   return {g_.CentroEst + (pixel.x() - width() / 2.0) / k, g_.CentroNord - (pixel.y() - height() / 2.0) / k};
 }
 
-void WidgetGrafica::resizeEvent(QResizeEvent*) { g_.Rapporto = height() > 0 ? double(width()) / height() : 1; }
+void WidgetGrafica::resizeEvent(QResizeEvent*) {
+  g_.Rapporto = height() > 0 ? double(width()) / height() : 1;
+  if (adattata_) g_.VR_ZoomTutto();
+}
 
 void WidgetGrafica::paintEvent(QPaintEvent*) {
   QPainter p(this);
@@ -65,6 +68,7 @@ void WidgetGrafica::paintEvent(QPaintEvent*) {
 }
 
 void WidgetGrafica::wheelEvent(QWheelEvent* e) {
+  adattata_ = false;
   e->angleDelta().y() > 0 ? g_.VR_ZoomPiu() : g_.VR_ZoomMeno();
   update();
 }
@@ -80,6 +84,7 @@ void WidgetGrafica::keyPressEvent(QKeyEvent* e) {
     case Qt::Key_Home: g_.VR_ZoomTutto(); break;
     default: QWidget::keyPressEvent(e); return;
   }
+  adattata_ = e->key() == Qt::Key_Home;
   update();
 }
 
@@ -93,13 +98,18 @@ void WidgetGrafica::mousePressEvent(QMouseEvent* e) {
 
 void WidgetGrafica::mouseDoubleClickEvent(QMouseEvent* e) {
   const QPointF m = Metri(e->position());
+  adattata_ = false;
   g_.CentraMouse(m.x(), m.y());
   update();
 }
 
 void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
   QMenu menu(this);
-  menu.addAction("Zoom Tutto", [this] { g_.VR_ZoomTutto(); update(); });
+  menu.addAction("Zoom Tutto", [this] {
+    g_.VR_ZoomTutto();
+    adattata_ = true;
+    update();
+  });
   menu.addSeparator();
   menu.addAction("Salva DXF", [this] { g_.VR_SalvaDXF(s_); });
   menu.addAction("Stampa", [this] { g_.GeneraStampa(s_); });
@@ -110,6 +120,7 @@ void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
     const auto file = s_.Ui->ScegliFile(false, titolo, filtro, s_.CartellaLavoro, "");
     if (!file) return;
     (g_.*carica)(s_, *file);
+    adattata_ = true;
     update();
   };
   menu.addAction("Carica XVR...", [carica] { carica("Carica XVR", "Testo Lavoro (*.XVR)|*.XVR|", &Grafica::VR_CaricaXVR); });

@@ -5,9 +5,12 @@
 #include <cctype>
 #include <cmath>
 #include <limits>
+#include <set>
+#include <unordered_map>
 #include <stdexcept>
 
 #include "cadastre/Estratto.h"
+#include "cadastre/Libretto.h"
 #include "core/AltreImpostazioni.h"
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
@@ -282,17 +285,94 @@ bool Grafica::VR_CaricaEstratto_EMP(Sessione& s, const std::string& percorso) {
   s.RoutineCorrente = "VR_CaricaEstratto_EMP";
   const std::optional<std::string> testo = TestoDaCaricare(s, *this, percorso);
   if (!testo) return false;
+  CaricaEstratto(*testo);
+  return true;
+}
+
+void Grafica::CaricaEstratto(std::string_view testo) {
   // The vertices are the rows 8 of the field-book grammar; the sides and the labels as the
   // drawing of the extract makes them.
   std::vector<std::string> vertici;
-  for (const std::string& riga : RigheTesto(*testo))
+  for (const std::string& riga : RigheTesto(testo))
     if (IniziaCon(Rifila(riga), "8|")) vertici.push_back(riga);
   AggiungiGrafica(vertici);
-  for (const ElementoEstratto& e : LeggiEstratto(*testo, 0, 0).Elementi) {
+  for (const ElementoEstratto& e : LeggiEstratto(testo, 0, 0).Elementi) {
     if (e.Primitiva == 2) VR_AggiungiLineaGraf2Punti(e.X1, e.Y1, e.X2, e.Y2);
     if (e.Primitiva == 5) VR_AggiungiNomeParticella(e.X1, e.Y1, e.Testo);
   }
   VR_ZoomTutto();
+}
+
+namespace {
+
+// The line letter of a contour's code as the kind of a line of the control; none when the
+// field is not one of the nine codes.
+std::optional<int32_t> TrattoCodice(const std::string& campo) {
+  const std::string c = Maiuscolo(Rifila(campo));
+  if (c.size() != 2 || std::string_view(Grafica::kTipiPunto).find("|" + c + "|") == std::string_view::npos)
+    return std::nullopt;
+  return c[1] == 'C' ? 0 : c[1] == 'T' ? 1 : 2;
+}
+
+}  // namespace
+
+void Grafica::CaricaLibretto(const Sessione& s) {
+  std::unordered_map<std::string, size_t> delLavoro;  // the first live point of each name
+  for (size_t k = static_cast<size_t>(s.ContaEntita[SlotPunti]); k-- > 0;)
+    if (s.PuntoIdent[k] == 0) delLavoro[s.PuntoNome[k]] = k;
+  std::vector<std::string> righe;
+  std::set<std::string> nomi;
+  // A name the book uses, once, where the job has it: "%" a station, "#" another point.
+  auto dalLavoro = [&](const std::string& nome, const char* marca) {
+    const auto k = delLavoro.find(nome);
+    if (nome.empty() || nomi.count(nome) || k == delLavoro.end()) return;
+    righe.push_back(std::string(marca) + "|" + nome + "|" + FormaSemplice(s.PuntoX[k->second]) + "|" +
+                    FormaSemplice(s.PuntoY[k->second]) + "|");
+    nomi.insert(nome);
+  };
+  std::vector<std::pair<std::vector<std::string>, int32_t>> contorni;
+  for (const std::string& riga : s.LibrettoMisure) {
+    const std::vector<std::string> parti = PartiRiga(riga);
+    const std::string nome = parti.size() > 1 ? Rifila(parti[1]) : std::string();
+    const int tipo = TipoRiga(riga);
+    if (tipo == 1 || tipo == 2) {
+      dalLavoro(nome, tipo == 1 ? "%" : "#");
+    } else if (tipo == 8 && !nomi.count(nome)) {
+      righe.push_back(riga);
+      nomi.insert(nome);
+    } else if (tipo == 7 && parti.size() > 2) {
+      const double n = Val(nome);
+      if (n > 1) contorni.push_back({{}, 0});
+      if (n <= 1 && (n != 0 || contorni.empty())) continue;
+      for (size_t i = 2; i + 1 < parti.size(); ++i) {
+        const auto tratto = TrattoCodice(parti[i]);
+        if (tratto) contorni.back().second = *tratto;
+        if (!tratto && !Rifila(parti[i]).empty()) contorni.back().first.push_back(Rifila(parti[i]));
+      }
+    }
+  }
+  for (const auto& contorno : contorni)
+    for (const std::string& v : contorno.first) dalLavoro(v, "#");
+  AggiungiGrafica(righe);
+  for (const auto& [vertici, tratto] : contorni)
+    for (size_t i = 1; i < vertici.size(); ++i)
+      if (nomi.count(vertici[i - 1]) && nomi.count(vertici[i])) VR_AggiungiLineaGraf(vertici[i - 1], vertici[i], tratto);
+  VR_ZoomTutto();
+}
+
+bool AnteprimaDialogo(const Sessione& s, std::string_view dialogo, Grafica& g) {
+  if (dialogo == "FormConfiguraEstratto") {
+    g.CaricaEstratto(s.TestoEstratto);
+  } else if (dialogo == "ContornoSette") {
+    const SpezzataTemporanea& v = s.SpezzataTemporanea;
+    for (size_t i = 0; i < v.Conta(); ++i) {
+      g.VR_AggiungiPuntoGraf(v.X[i], v.Y[i], i < v.Nome.size() && v.Nome[i] != "*" ? v.Nome[i] : "", "NP", 0);
+      if (i > 0) g.VR_AggiungiLineaGraf2Punti(v.X[i - 1], v.Y[i - 1], v.X[i], v.Y[i]);
+    }
+    g.VR_ZoomTutto();
+  } else {
+    return false;
+  }
   return true;
 }
 

@@ -12,6 +12,12 @@
 namespace varena {
 
 struct Sessione;
+class Grafica;
+
+// What a dialog of the program shows in its preview: the map extract of the job in
+// "FormConfiguraEstratto", the vertices taken so far in "ContornoSette". False for a dialog
+// that has no preview.
+bool AnteprimaDialogo(const Sessione& s, std::string_view dialogo, Grafica& g);
 
 class Grafica {
  public:
@@ -107,6 +113,11 @@ class Grafica {
   // error and the others go on.
   bool VR_CaricaXVR(Sessione& s, const std::string& percorso);
   bool VR_CaricaEstratto_EMP(Sessione& s, const std::string& percorso);
+  void CaricaEstratto(std::string_view testo);
+  // The job's field book: its stations (rows 1) and points (rows 2) where the job has them,
+  // the points of its coordinate rows 8, and its contours (rows 7) as lines, dashed by their
+  // code's line letter (C plain, T dashed, P dotted). The job is only read.
+  void CaricaLibretto(const Sessione& s);
 
   double DistanzaDuePuntiNuova(size_t a, size_t b) const;
   Punto PuntoMedio(size_t a, size_t b) const;

@@ -11,9 +11,11 @@
 #include <QPrinter>
 #include <QTest>
 
+#include "DialogoQt.h"
 #include "EditorStampe.h"
 #include "Stampa.h"
 #include "WidgetGrafica.h"
+#include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
@@ -90,6 +92,25 @@ TEST(Stampa, RelazioneInPdfEdEditor) {
   EXPECT_EQ(p.ui.Domande.size(), 2u);
 }
 
+// The dialog of the map extract shows the extract in its preview, and shows it anew when the
+// program changes the dialog.
+TEST(WidgetGrafica, NelDialogoDellEstratto) {
+  prova::SessioneProva p;
+  p.s.TestoEstratto = "8|A|100|200|\r\n8|B|100|210|\r\n7|2|A|B|\r\n";
+  Dialogo d;
+  d.Nome = "FormConfiguraEstratto";
+  DialogoQt q(p.s, d, [] {}, nullptr);
+  auto* w = q.findChild<WidgetGrafica*>("Anteprima");
+  ASSERT_NE(w, nullptr);
+  EXPECT_EQ(w->Modello().Punti().size(), 2u);
+  EXPECT_EQ(w->Modello().Linee().size(), 1u);
+  p.s.TestoEstratto += "8|C|120|210|\r\n";
+  q.Aggiorna(d);
+  EXPECT_EQ(w->Modello().Punti().size(), 3u);
+  d.Nome = "Altro";
+  EXPECT_EQ(DialogoQt(p.s, d, [] {}, nullptr).findChild<WidgetGrafica*>(), nullptr);
+}
+
 TEST(WidgetGrafica, DisegnaEZoomProprio) {
   prova::SessioneProva p;
   WidgetGrafica w(p.s);
@@ -98,7 +119,11 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   g.VR_AggiungiPuntoGraf(0, 0, "A", "NC", 1);
   g.VR_AggiungiPuntoGraf(100, 0, "B", "NP", 1);
   g.VR_AggiungiLineaGraf("A", "B");
-  g.CentroEst = 50, g.CentroNord = 0, g.Altezza = 100;
+  // The first layout fits the content to the widget, twice as wide as high: 100 m across
+  // in 50 m of height, and a tenth more.
+  w.grab();
+  EXPECT_DOUBLE_EQ(g.Altezza, 55);
+  w.Vista(50, 0, 100);
   // Two pixels a metre around the middle: the line runs along row 100 from x 100 to 300.
   EXPECT_EQ(w.Pixel(0, 0), QPointF(100, 100));
   EXPECT_EQ(w.Metri(QPointF(300, 50)), QPointF(100, 25));
@@ -111,7 +136,7 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   QTest::keyClick(&w, Qt::Key_Home);
   EXPECT_DOUBLE_EQ(g.CentroEst, 50);
   // With "NUOVOPUNTO" armed a click at pixel (300, 80) adds the point there.
-  g.Altezza = 100;
+  w.Vista(50, 0, 100);
   g.TagMouse = "NUOVOPUNTO";
   QTest::mouseClick(&w, Qt::LeftButton, {}, QPoint(300, 80));
   ASSERT_EQ(g.Punti().size(), 3u);

@@ -461,6 +461,27 @@ TEST(Grafica, FileDiPassaggioECaricatori) {
   EXPECT_EQ(m.Errori.back(), "VR_CaricaXVR: riga 6 <PUNTO>,1");
 }
 
+// The field book in the preview: a station the job has, a coordinate row, and a contour over
+// two rows whose code "RT" makes it dashed; a vertex nobody knows breaks no line but its own.
+TEST(Grafica, LibrettoDelLavoro) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  DimensionaPunti(s);
+  s.PuntoNome[0] = "100", s.PuntoX[0] = 10, s.PuntoY[0] = 20;
+  s.ContaEntita[SlotPunti] = 1;
+  s.LibrettoMisure = {"0|21112026|1|G693|0010|1|R|G|P|", "1|100|1.5|", "2|101|10|100|5|", "8|PF1|50|40|",
+                      "7|3|100|PF1|", "7|0|ZZ|RT|"};
+  Grafica g;
+  g.CaricaLibretto(s);
+  ASSERT_EQ(g.Punti().size(), 2u);
+  EXPECT_EQ(g.Punti()[0].Tipo, "NC");
+  EXPECT_EQ(g.Punti()[1].Est, 40);
+  ASSERT_EQ(g.Linee().size(), 1u);
+  EXPECT_EQ(g.Linee()[0].X1, 10);
+  EXPECT_EQ(g.Linee()[0].Y2, 50);
+  EXPECT_EQ(g.Linee()[0].Tipo, 1);
+}
+
 TEST(Grafica, SalvaDxfConIMessaggi) {
   prova::SessioneProva p;
   p.s.Ui = &p.ui;
