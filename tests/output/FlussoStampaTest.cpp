@@ -480,6 +480,14 @@ TEST(Grafica, LibrettoDelLavoro) {
   EXPECT_EQ(g.Linee()[0].X1, 10);
   EXPECT_EQ(g.Linee()[0].Y2, 50);
   EXPECT_EQ(g.Linee()[0].Tipo, 1);
+  // The contour being defined: its vertices, "*" for one taken on no point.
+  s.SpezzataTemporanea.Aggiungi(0, 0, 0, "100");
+  s.SpezzataTemporanea.Aggiungi(5, 5, 0, "*");
+  Grafica c;
+  ASSERT_TRUE(AnteprimaDialogo(s, "ContornoSette", c));
+  ASSERT_EQ(c.Punti().size(), 2u);
+  EXPECT_EQ(c.Punti()[1].Nome, "");
+  EXPECT_EQ(c.Linee().size(), 1u);
 }
 
 TEST(Grafica, SalvaDxfConIMessaggi) {
