@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "Stampa.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Sessione.h"
@@ -95,7 +96,7 @@ TestoRicco DaDocumento(const QTextDocument& d) {
 bool StampaRelazione(Sessione& s, const QTextDocument& d, QPrinter& stampante) {
   d.print(&stampante);
   if (stampante.printerState() != QPrinter::Error) return true;
-  s.Ui->Messaggio("La stampante ha rifiutato il lavoro: nulla e' stato stampato.", "Stampa", Icona::Critico);
+  StampanteRifiuta(s);
   return false;
 }
 

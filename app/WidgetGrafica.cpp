@@ -3,10 +3,16 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPageLayout>
 #include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QWheelEvent>
 
+#include "Plotter.h"
+#include "Stampa.h"
 #include "core/Sessione.h"
+#include "output/LetturaFlusso.h"
 
 namespace varena {
 
@@ -37,6 +43,29 @@ void WidgetGrafica::resizeEvent(QResizeEvent*) {
 
 void WidgetGrafica::paintEvent(QPaintEvent*) {
   QPainter p(this);
+  GeneraGrafica(p);
+}
+
+bool WidgetGrafica::VR_Stampa(QPrinter& stampante) {
+  const QSizeF mm = stampante.pageLayout().fullRect(QPageLayout::Millimeter).size();
+  OpzioniPlot o;
+  o.Foglio = {stampante.pageLayout().pageSize().name().toStdString(), mm.width(), mm.height()};
+  o.Colori = s_.Colori;
+  // The view's width and height both within the sheet: the smaller of the two scales.
+  const double scala = std::max(g_.Altezza * 1000 / mm.height(), g_.Altezza * g_.Rapporto * 1000 / mm.width());
+  o.Scala = std::isfinite(scala) && scala > 0 ? scala : 1000;
+  stampante.setFullPage(true);
+  QPainter p;
+  bool fatto = p.begin(&stampante);
+  if (fatto) {
+    DisegnaPaginaFlusso(p, LeggiFlussoStampa(g_.TestoStampa()), o, stampante.resolution());
+    fatto = p.end();
+  }
+  if (!fatto) StampanteRifiuta(s_);
+  return fatto;
+}
+
+void WidgetGrafica::GeneraGrafica(QPainter& p) const {
   p.setRenderHint(QPainter::Antialiasing);
   static const QColor kColori[3] = {Qt::red, Qt::darkGreen, Qt::black};
   static const Qt::PenStyle kTratti[3] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine};
@@ -112,7 +141,13 @@ void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
   });
   menu.addSeparator();
   menu.addAction("Salva DXF", [this] { g_.VR_SalvaDXF(s_); });
-  menu.addAction("Stampa", [this] { g_.GeneraStampa(s_); });
+  menu.addAction("Stampa...", [this] {
+    QPrinter stampante(QPrinter::HighResolution);
+    QPrintDialog dialogo(&stampante, this);
+    dialogo.setWindowTitle("Stampa");
+    if (dialogo.exec() == QDialog::Accepted) VR_Stampa(stampante);
+  });
+  menu.addAction("Flusso di Stampa", [this] { g_.GeneraStampa(s_); });
   menu.addAction("Pagina HTML", [this] { g_.GeneraHTML5_CANVAS(s_); });
   menu.addAction("Copia in File", [this] { g_.VR_CopiaInFile(s_); });
   menu.addSeparator();

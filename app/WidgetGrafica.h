@@ -6,6 +6,9 @@
 
 #include "output/Grafica.h"
 
+class QPainter;
+class QPrinter;
+
 namespace varena {
 
 struct Sessione;
@@ -21,6 +24,13 @@ class WidgetGrafica : public QWidget {
     adattata_ = false;
     update();
   }
+  // `VR_RidisegnaGrafica`: the control painted anew. `GeneraGrafica`: the drawing of the
+  // lists on a painter whose device is the control.
+  void VR_RidisegnaGrafica() { update(); }
+  void GeneraGrafica(QPainter& p) const;
+  // `VR_Stampa`: the preview's plot stream on a printer, the view on the sheet at the scale
+  // that makes it fit. False, with the printer's refusal said, when it refused the job.
+  bool VR_Stampa(QPrinter& stampante);
   // The model's point under a pixel of the widget, in metres.
   QPointF Metri(QPointF pixel) const;
   QPointF Pixel(double est, double nord) const;

@@ -25,6 +25,15 @@
 namespace varena {
 namespace {
 
+std::string Esegui(const std::string& comando) {
+  std::string uscita;
+  if (FILE* f = popen(comando.c_str(), "r")) {
+    for (int c; (c = std::fgetc(f)) != EOF;) uscita += static_cast<char>(c);
+    pclose(f);
+  }
+  return uscita;
+}
+
 TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
   prova::SessioneProva p;
   Sessione& s = p.s;
@@ -68,11 +77,7 @@ TEST(Stampa, RelazioneInPdfEdEditor) {
 
   const std::string pdf = p.cartella / "relazione.pdf";
   ASSERT_TRUE(RelazionePdf(p.s, d, pdf));
-  std::string testo;
-  if (FILE* f = popen(("pdftotext '" + pdf + "' -").c_str(), "r")) {
-    for (int c; (c = std::fgetc(f)) != EOF;) testo += static_cast<char>(c);
-    pclose(f);
-  }
+  const std::string testo = Esegui("pdftotext '" + pdf + "' -");
   EXPECT_NE(testo.find("Relazione"), std::string::npos) << testo;
   EXPECT_NE(testo.find("Mappale 3 Rocca"), std::string::npos) << testo;
   EXPECT_FALSE(EsisteFile(pdf + kSuffissoTemporaneo));
@@ -135,6 +140,22 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   EXPECT_DOUBLE_EQ(g.CentroEst, 50 + 100 * 2.0 / 4);
   QTest::keyClick(&w, Qt::Key_Home);
   EXPECT_DOUBLE_EQ(g.CentroEst, 50);
+  // Printed, the view of 200 x 100 m fits an upright A4 at 1:952.38: A and B, 100 m apart,
+  // stand 105 mm (297.6 points) apart on the sheet.
+  w.Vista(50, 0, 100);
+  QPrinter pdf(QPrinter::HighResolution);
+  pdf.setOutputFormat(QPrinter::PdfFormat);
+  const std::string file = p.cartella / "anteprima.pdf";
+  pdf.setOutputFileName(QString::fromStdString(file));
+  pdf.setPageSize(QPageSize(QPageSize::A4));
+  ASSERT_TRUE(w.VR_Stampa(pdf));
+  const std::string bbox = Esegui("pdftotext -bbox '" + file + "' -");
+  auto x = [&](const std::string& parola) {
+    const size_t fine = bbox.find(">" + parola + "</word>");
+    const size_t inizio = bbox.rfind("xMin=\"", fine);
+    return fine == std::string::npos ? -1.0 : std::stod(bbox.substr(inizio + 6));
+  };
+  EXPECT_NEAR(x("B") - x("A"), 297.6, 0.3) << bbox;
   // With "NUOVOPUNTO" armed a click at pixel (300, 80) adds the point there.
   w.Vista(50, 0, 100);
   g.TagMouse = "NUOVOPUNTO";
