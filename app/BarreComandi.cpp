@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QStatusBar>
 
+#include "EditorStampe.h"
 #include "FinestraPrincipale.h"
 #include "Icone.h"
 #include "commands/TabellaComandi.h"
@@ -95,6 +96,7 @@ void FinestraPrincipale::CreaMenu() {
   file->addAction(IconaFile("includi-disegno"), tr("Includi Disegno..."), this, &FinestraPrincipale::IncludiDisegno);
   file->addAction(IconaFile("includi-disegno"), tr("Togli Disegno Incluso..."), this,
                   &FinestraPrincipale::TogliDisegnoIncluso);
+  file->addAction(IconaTag("ANTEPRIMA_STAMPA"), tr("Stampe (modelli)..."), this, [this] { MostraModelliStampa(this, s_); });
   file->addAction(IconaFile("chiudi-lavoro"), tr("Chiudi Lavoro"), this, [this] {
     if (!ChiudiPrimaDi()) return;
     ClearAllTables(s_);

@@ -14,6 +14,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "WidgetGrafica.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 
@@ -137,6 +138,15 @@ DialogoQt::DialogoQt(Sessione& s, const Dialogo& d, std::function<void()> dopo, 
   setModal(false);
   auto* colonna = new QVBoxLayout(this);
   DisponiCampi(d, colonna);
+  // A first fill without a widget tells whether the dialog has a preview: the widget reads
+  // the user's options, which the other dialogs need not pay for.
+  if (Grafica prova; AnteprimaDialogo(s_, d.Nome, prova)) {
+    anteprima_ = new WidgetGrafica(s_, this);
+    anteprima_->setObjectName("Anteprima");
+    anteprima_->setMinimumSize(320, 240);
+    AnteprimaDialogo(s_, d.Nome, anteprima_->Modello());
+    colonna->addWidget(anteprima_, 1);
+  }
   DisponiBottoni(d, colonna);
   // Wide enough for the whole title and the frame's buttons beside it.
   QFont titolo = font();
@@ -239,6 +249,12 @@ void DialogoQt::MostraTesto(QWidget* w, const QString& testo) {
 
 void DialogoQt::Aggiorna(const Dialogo& d) {
   setWindowTitle(Qs(d.Titolo));
+  // What the preview shows follows what the program changed.
+  if (anteprima_) {
+    anteprima_->Modello().VR_Clear();
+    AnteprimaDialogo(s_, d.Nome, anteprima_->Modello());
+    anteprima_->update();
+  }
   // A button may change its caption (a switch that shows its state).
   for (const BottoneDialogo& b : d.Bottoni)
     if (QPushButton* q = bottoni_.value(Qs(b.Nome))) q->setText(Qs(b.Etichetta));

@@ -15,6 +15,7 @@ namespace varena {
 struct Sessione;
 struct Dialogo;
 struct CampoDialogo;
+class WidgetGrafica;
 
 class DialogoQt : public QDialog {
   Q_OBJECT
@@ -42,6 +43,7 @@ class DialogoQt : public QDialog {
 
   Sessione& s_;
   QString nome_;
+  WidgetGrafica* anteprima_ = nullptr;  // the preview of the dialogs that have one
   QString bottoneEsc_;
   QMap<QString, QWidget*> campi_;
   QMap<QString, QPushButton*> bottoni_;

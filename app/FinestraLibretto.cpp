@@ -4,10 +4,12 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "WidgetGrafica.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
 
@@ -67,7 +69,7 @@ QVariant ModelloLibretto::headerData(int sezione, Qt::Orientation o, int ruolo) 
   return sezione == 0 ? tr("Tipo") : QString::number(sezione);
 }
 
-FormLibretto::FormLibretto(const Sessione& s, QWidget* genitore) : QDialog(genitore) {
+FormLibretto::FormLibretto(Sessione& s, QWidget* genitore) : QDialog(genitore) {
   setObjectName("LibrettoMisure");
   setWindowTitle(tr("Libretto delle Misure"));
   auto* strati = new QVBoxLayout(this);
@@ -80,11 +82,17 @@ FormLibretto::FormLibretto(const Sessione& s, QWidget* genitore) : QDialog(genit
   tabella->horizontalHeader()->setDefaultSectionSize(90);
   tabella->horizontalHeader()->resizeSection(0, 40);
   tabella->verticalHeader()->setDefaultSectionSize(tabella->fontMetrics().height() + 6);
-  strati->addWidget(tabella);
+  auto* anteprima = new WidgetGrafica(s, this);
+  anteprima->Modello().CaricaLibretto(s);
+  auto* divisore = new QSplitter(this);
+  divisore->addWidget(tabella);
+  divisore->addWidget(anteprima);
+  divisore->setSizes({600, 400});
+  strati->addWidget(divisore, 1);
   auto* chiudi = new QPushButton(tr("Chiudi"), this);
   connect(chiudi, &QPushButton::clicked, this, &QDialog::accept);
   strati->addWidget(chiudi, 0, Qt::AlignRight);
-  resize(900, 500);
+  resize(1200, 560);
 }
 
 }  // namespace varena

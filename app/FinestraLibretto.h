@@ -32,11 +32,12 @@ class ModelloLibretto : public QAbstractTableModel {
   mutable QString errore_;
 };
 
-// "Libretto delle Misure": the table, read-only.
+// "Libretto delle Misure": the table, read-only, beside the preview control that draws what
+// the book names.
 class FormLibretto : public QDialog {
   Q_OBJECT
  public:
-  FormLibretto(const Sessione& s, QWidget* genitore);
+  FormLibretto(Sessione& s, QWidget* genitore);
 };
 
 }  // namespace varena

@@ -16,6 +16,10 @@
 
 namespace varena {
 
+void StampanteRifiuta(Sessione& s) {
+  s.Ui->Messaggio("La stampante ha rifiutato il lavoro: nulla e' stato stampato.", "Stampa", Icona::Critico);
+}
+
 bool StampaSuStampante(Sessione& s, QPrinter& stampante, double scala) {
   const QSizeF mm = stampante.pageLayout().fullRect(QPageLayout::Millimeter).size();
   OpzioniPlot o;
@@ -44,8 +48,7 @@ bool StampaSuStampante(Sessione& s, QPrinter& stampante, double scala) {
   });
   if (painter.isActive() && !painter.end()) rifiutata = true;
   s.ModoStampa = 0;
-  if (rifiutata)
-    s.Ui->Messaggio("La stampante ha rifiutato il lavoro: nulla e' stato stampato.", "Stampa", Icona::Critico);
+  if (rifiutata) StampanteRifiuta(s);
   return !rifiutata;
 }
 

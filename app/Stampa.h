@@ -11,6 +11,9 @@ namespace varena {
 
 struct Sessione;
 
+// What a printer that refused the job leaves said, under the title "Stampa".
+void StampanteRifiuta(Sessione& s);
+
 // The sheet the printer holds, at 1:`scala`, around the view's centre; with pagination on
 // (`StampaPaginato.ini`) the pages around it, each asked for. False, with a message, when
 // the printer refused the job; `ModoStampa` is 0 after it in any case.

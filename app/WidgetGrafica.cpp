@@ -3,10 +3,16 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPageLayout>
 #include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QWheelEvent>
 
+#include "Plotter.h"
+#include "Stampa.h"
 #include "core/Sessione.h"
+#include "output/LetturaFlusso.h"
 
 namespace varena {
 
@@ -30,10 +36,36 @@ QPointF WidgetGrafica::Metri(QPointF pixel) const {
   return {g_.CentroEst + (pixel.x() - width() / 2.0) / k, g_.CentroNord - (pixel.y() - height() / 2.0) / k};
 }
 
-void WidgetGrafica::resizeEvent(QResizeEvent*) { g_.Rapporto = height() > 0 ? double(width()) / height() : 1; }
+void WidgetGrafica::resizeEvent(QResizeEvent*) {
+  g_.Rapporto = height() > 0 ? double(width()) / height() : 1;
+  if (adattata_) g_.VR_ZoomTutto();
+}
 
 void WidgetGrafica::paintEvent(QPaintEvent*) {
   QPainter p(this);
+  GeneraGrafica(p);
+}
+
+bool WidgetGrafica::VR_Stampa(QPrinter& stampante) {
+  const QSizeF mm = stampante.pageLayout().fullRect(QPageLayout::Millimeter).size();
+  OpzioniPlot o;
+  o.Foglio = {stampante.pageLayout().pageSize().name().toStdString(), mm.width(), mm.height()};
+  o.Colori = s_.Colori;
+  // The view's width and height both within the sheet: the smaller of the two scales.
+  const double scala = std::max(g_.Altezza * 1000 / mm.height(), g_.Altezza * g_.Rapporto * 1000 / mm.width());
+  o.Scala = std::isfinite(scala) && scala > 0 ? scala : 1000;
+  stampante.setFullPage(true);
+  QPainter p;
+  bool fatto = p.begin(&stampante);
+  if (fatto) {
+    DisegnaPaginaFlusso(p, LeggiFlussoStampa(g_.TestoStampa()), o, stampante.resolution());
+    fatto = p.end();
+  }
+  if (!fatto) StampanteRifiuta(s_);
+  return fatto;
+}
+
+void WidgetGrafica::GeneraGrafica(QPainter& p) const {
   p.setRenderHint(QPainter::Antialiasing);
   static const QColor kColori[3] = {Qt::red, Qt::darkGreen, Qt::black};
   static const Qt::PenStyle kTratti[3] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine};
@@ -55,9 +87,17 @@ void WidgetGrafica::paintEvent(QPaintEvent*) {
   p.setPen(Qt::blue);
   for (const Grafica::Nome& n : g_.Nomi())
     if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
+  // The last error kept stands at the foot of the control, with the count of the others.
+  if (!g_.Errori.empty()) {
+    const size_t altri = g_.Errori.size() - 1;
+    p.setPen(Qt::darkRed);
+    p.drawText(rect().adjusted(4, 0, -4, -4), Qt::AlignBottom | Qt::AlignLeft,
+               QString::fromStdString(g_.Errori.back() + (altri ? " (+" + std::to_string(altri) + ")" : "")));
+  }
 }
 
 void WidgetGrafica::wheelEvent(QWheelEvent* e) {
+  adattata_ = false;
   e->angleDelta().y() > 0 ? g_.VR_ZoomPiu() : g_.VR_ZoomMeno();
   update();
 }
@@ -73,6 +113,7 @@ void WidgetGrafica::keyPressEvent(QKeyEvent* e) {
     case Qt::Key_Home: g_.VR_ZoomTutto(); break;
     default: QWidget::keyPressEvent(e); return;
   }
+  adattata_ = e->key() == Qt::Key_Home;
   update();
 }
 
@@ -86,17 +127,40 @@ void WidgetGrafica::mousePressEvent(QMouseEvent* e) {
 
 void WidgetGrafica::mouseDoubleClickEvent(QMouseEvent* e) {
   const QPointF m = Metri(e->position());
+  adattata_ = false;
   g_.CentraMouse(m.x(), m.y());
   update();
 }
 
 void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
   QMenu menu(this);
-  menu.addAction("Zoom Tutto", [this] { g_.VR_ZoomTutto(); update(); });
+  menu.addAction("Zoom Tutto", [this] {
+    g_.VR_ZoomTutto();
+    adattata_ = true;
+    update();
+  });
   menu.addSeparator();
   menu.addAction("Salva DXF", [this] { g_.VR_SalvaDXF(s_); });
-  menu.addAction("Stampa", [this] { g_.GeneraStampa(s_); });
+  menu.addAction("Stampa...", [this] {
+    QPrinter stampante(QPrinter::HighResolution);
+    QPrintDialog dialogo(&stampante, this);
+    dialogo.setWindowTitle("Stampa");
+    if (dialogo.exec() == QDialog::Accepted) VR_Stampa(stampante);
+  });
+  menu.addAction("Flusso di Stampa", [this] { g_.GeneraStampa(s_); });
   menu.addAction("Pagina HTML", [this] { g_.GeneraHTML5_CANVAS(s_); });
+  menu.addAction("Copia in File", [this] { g_.VR_CopiaInFile(s_); });
+  menu.addSeparator();
+  auto carica = [this](const char* titolo, const char* filtro, bool (Grafica::*carica)(Sessione&, const std::string&)) {
+    const auto file = s_.Ui->ScegliFile(false, titolo, filtro, s_.CartellaLavoro, "");
+    if (!file) return;
+    (g_.*carica)(s_, *file);
+    adattata_ = true;
+    update();
+  };
+  menu.addAction("Carica XVR...", [carica] { carica("Carica XVR", "Testo Lavoro (*.XVR)|*.XVR|", &Grafica::VR_CaricaXVR); });
+  menu.addAction("Carica Estratto...",
+                 [carica] { carica("Carica Estratto", "Estratto (*.EMP)|*.EMP|", &Grafica::VR_CaricaEstratto_EMP); });
   menu.exec(e->globalPos());
 }
 

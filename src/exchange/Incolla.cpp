@@ -339,7 +339,10 @@ EsitoIncolla LeggiCopiaInFile(std::string_view testo) {
     if (Rifila(riga).empty()) return true;
     try {
       LettoreLista l{std::string(riga)};
-      const std::string lettera = Rifila(l.Elemento());
+      std::string lettera = Rifila(l.Elemento());
+      // The preview control hands over its points and lines under the whole-job text's tags,
+      // whose items are those of "P" and "L".
+      if (lettera == "<PUNTO>" || lettera == "<LINEA>") lettera = lettera.substr(1, 1);
       if (lettera.size() != 1 || std::string_view("LCATFP").find(lettera[0]) == std::string_view::npos) return true;
       e.Entita.push_back(StatementoCopia(l, lettera[0]));
       return true;

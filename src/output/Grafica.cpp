@@ -5,13 +5,22 @@
 #include <cctype>
 #include <cmath>
 #include <limits>
+#include <set>
+#include <unordered_map>
+#include <stdexcept>
 
+#include "cadastre/Estratto.h"
+#include "cadastre/Libretto.h"
+#include "core/AltreImpostazioni.h"
+#include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/ImpostazioniUtente.h"
+#include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/DxfScrittura.h"
+#include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 
 namespace varena {
@@ -166,6 +175,205 @@ void Grafica::ClicMouse(Sessione& s, double est, double nord) {
     return;
   }
   clicPrima_ = std::make_pair(est, nord);
+}
+
+void Grafica::ApriCopiaInFile() { copia_.clear(); }
+
+void Grafica::SalvaPuntoCopiaInFile(const Sessione& s, const Punto& p) {
+  const char classe = p.Tipo.empty() ? 'P' : p.Tipo.back();
+  const StilePunto& st = s.ConfiguraPunti.Classi[classe == 'C'                                  ? ClasseStazioni
+                                                 : classe == 'T' || IniziaCon(Maiuscolo(p.Nome), "PF") ? ClassePF
+                                                                                                        : ClassePunti];
+  // A double quote would end the name's item early: it becomes a single one, as in the
+  // field-book statements of the whole-job text.
+  IstruzioneLista i;
+  i.Testo("<PUNTO>").Testo(Sostituisci(p.Nome, "\"", "'"));
+  i.Numero(st.ColNome).Numero(0).Numero(st.DimNome).Testo("");
+  i.Numero(st.ColDescrizione).Numero(0).Numero(st.DimDescrizione);
+  i.Numero(p.Est).Numero(p.Nord).Numero(0).Numero(0).Numero(0).Numero(0);
+  i.Numero(st.Simbolo).Numero(st.ColSimbolo).Numero(0).Numero(st.DimSimbolo);
+  i.Numero(st.ColQuota).Numero(0).Numero(st.DimQuota).Numero(0);
+  i.Testo(s.PianoCorrente).Testo(st.Font).Numero(0).Numero(0);
+  copia_ += i.Riga();
+}
+
+void Grafica::SalvaLineaCopiaInFile(const Sessione& s, const Linea& l) {
+  IstruzioneLista i;
+  i.Testo("<LINEA>").Numero(l.X1).Numero(l.Y1).Numero(0).Numero(l.X2).Numero(l.Y2).Numero(0);
+  i.Numero(s.Imp.Colore_Default).Numero(s.Imp.Tratteggio_Default).Numero(0).Testo(s.PianoCorrente).Numero(0);
+  copia_ += i.Riga();
+}
+
+bool Grafica::ChiudiCopiaInFile(Sessione& s) {
+  s.RoutineCorrente = "VR_CopiaInFile";
+  const bool fatto = Protetto(s, [&] {
+    NuovaCartella(s.CartellaLavoro + "temp");
+    ScriviTesto(PercorsoCopiaInFile(s), copia_);
+  });
+  copia_.clear();
+  return fatto;
+}
+
+bool Grafica::VR_CopiaInFile(Sessione& s) {
+  ApriCopiaInFile();
+  for (const Punto& p : punti_)
+    if (Visibile(p)) SalvaPuntoCopiaInFile(s, p);
+  for (const Linea& l : linee_) SalvaLineaCopiaInFile(s, l);
+  return ChiudiCopiaInFile(s);
+}
+
+bool Grafica::AggiungiPuntoAFile(Sessione& s, const Punto& p) {
+  s.RoutineCorrente = "AggiungiPuntoAFile";
+  const std::string prima = std::move(copia_);
+  ApriCopiaInFile();
+  SalvaPuntoCopiaInFile(s, p);
+  const bool fatto = Protetto(s, [&] {
+    NuovaCartella(s.CartellaLavoro + "temp");
+    AggiungiTesto(PercorsoCopiaInFile(s), copia_);
+  });
+  copia_ = prima;
+  return fatto;
+}
+
+namespace {
+
+// The text of a file for a loader; none, with the error kept, when it is absent.
+std::optional<std::string> TestoDaCaricare(Sessione& s, Grafica& g, const std::string& percorso) {
+  std::optional<std::string> byte;
+  if (!Protetto(s, [&] { byte = LeggiByte(percorso); })) return std::nullopt;
+  if (!byte) g.MostraErrore(percorso + " Non è stato trovato!");
+  if (!byte) return std::nullopt;
+  return Cp1252InUtf8(*byte);
+}
+
+}  // namespace
+
+bool Grafica::VR_CaricaXVR(Sessione& s, const std::string& percorso) {
+  s.RoutineCorrente = "VR_CaricaXVR";
+  const std::optional<std::string> testo = TestoDaCaricare(s, *this, percorso);
+  if (!testo) return false;
+  const std::vector<std::string> righe = RigheTesto(*testo);
+  for (size_t r = 0; r < righe.size(); ++r) {
+    // One reader a row: a statement cut short must not take its items from the next.
+    LettoreLista l(righe[r]);
+    try {
+      const std::string tag = l.Fine() ? std::string() : l.Elemento();
+      if (tag != "<PUNTO>" && tag != "<LINEA>") continue;
+      std::vector<double> v;
+      std::string nome;
+      if (tag == "<PUNTO>") {
+        nome = l.Elemento();
+        for (int k = 0; k < 7; ++k) l.Elemento();  // the attributes of the name and description
+      }
+      for (int k = 0; k < (tag == "<PUNTO>" ? 2 : 5); ++k) v.push_back(l.LeggiNumero());
+      if (!std::all_of(v.begin(), v.end(), [](double x) { return std::isfinite(x); }))
+        throw std::runtime_error("numero non valido");
+      if (tag == "<PUNTO>") {
+        VR_AggiungiPuntoGraf(v[0], v[1], nome, FinisceCon(Rifila(nome), "00") ? "NC" : "NP", 0);
+      } else {
+        VR_AggiungiLineaGraf2Punti(v[0], v[1], v[3], v[4]);
+      }
+    } catch (const std::exception&) {
+      MostraErrore("VR_CaricaXVR: riga " + std::to_string(r + 1) + " " + righe[r]);
+    }
+  }
+  VR_ZoomTutto();
+  return true;
+}
+
+bool Grafica::VR_CaricaEstratto_EMP(Sessione& s, const std::string& percorso) {
+  s.RoutineCorrente = "VR_CaricaEstratto_EMP";
+  const std::optional<std::string> testo = TestoDaCaricare(s, *this, percorso);
+  if (!testo) return false;
+  CaricaEstratto(*testo);
+  return true;
+}
+
+void Grafica::CaricaEstratto(std::string_view testo) {
+  // The vertices are the rows 8 of the field-book grammar; the sides and the labels as the
+  // drawing of the extract makes them.
+  std::vector<std::string> vertici;
+  for (const std::string& riga : RigheTesto(testo))
+    if (IniziaCon(Rifila(riga), "8|")) vertici.push_back(riga);
+  AggiungiGrafica(vertici);
+  for (const ElementoEstratto& e : LeggiEstratto(testo, 0, 0).Elementi) {
+    if (e.Primitiva == 2) VR_AggiungiLineaGraf2Punti(e.X1, e.Y1, e.X2, e.Y2);
+    if (e.Primitiva == 5) VR_AggiungiNomeParticella(e.X1, e.Y1, e.Testo);
+  }
+  VR_ZoomTutto();
+}
+
+namespace {
+
+// The line letter of a contour's code as the kind of a line of the control; none when the
+// field is not one of the nine codes.
+std::optional<int32_t> TrattoCodice(const std::string& campo) {
+  const std::string c = Maiuscolo(Rifila(campo));
+  if (c.size() != 2 || std::string_view(Grafica::kTipiPunto).find("|" + c + "|") == std::string_view::npos)
+    return std::nullopt;
+  return c[1] == 'C' ? 0 : c[1] == 'T' ? 1 : 2;
+}
+
+}  // namespace
+
+void Grafica::CaricaLibretto(const Sessione& s) {
+  std::unordered_map<std::string, size_t> delLavoro;  // the first live point of each name
+  for (size_t k = static_cast<size_t>(s.ContaEntita[SlotPunti]); k-- > 0;)
+    if (s.PuntoIdent[k] == 0) delLavoro[s.PuntoNome[k]] = k;
+  std::vector<std::string> righe;
+  std::set<std::string> nomi;
+  // A name the book uses, once, where the job has it: "%" a station, "#" another point.
+  auto dalLavoro = [&](const std::string& nome, const char* marca) {
+    const auto k = delLavoro.find(nome);
+    if (nome.empty() || nomi.count(nome) || k == delLavoro.end()) return;
+    righe.push_back(std::string(marca) + "|" + nome + "|" + FormaSemplice(s.PuntoX[k->second]) + "|" +
+                    FormaSemplice(s.PuntoY[k->second]) + "|");
+    nomi.insert(nome);
+  };
+  std::vector<std::pair<std::vector<std::string>, int32_t>> contorni;
+  for (const std::string& riga : s.LibrettoMisure) {
+    const std::vector<std::string> parti = PartiRiga(riga);
+    const std::string nome = parti.size() > 1 ? Rifila(parti[1]) : std::string();
+    const int tipo = TipoRiga(riga);
+    if (tipo == 1 || tipo == 2) {
+      dalLavoro(nome, tipo == 1 ? "%" : "#");
+    } else if (tipo == 8 && !nomi.count(nome)) {
+      righe.push_back(riga);
+      nomi.insert(nome);
+    } else if (tipo == 7 && parti.size() > 2) {
+      const double n = Val(nome);
+      if (n > 1) contorni.push_back({{}, 0});
+      if (n <= 1 && (n != 0 || contorni.empty())) continue;
+      for (size_t i = 2; i + 1 < parti.size(); ++i) {
+        const auto tratto = TrattoCodice(parti[i]);
+        if (tratto) contorni.back().second = *tratto;
+        if (!tratto && !Rifila(parti[i]).empty()) contorni.back().first.push_back(Rifila(parti[i]));
+      }
+    }
+  }
+  for (const auto& contorno : contorni)
+    for (const std::string& v : contorno.first) dalLavoro(v, "#");
+  AggiungiGrafica(righe);
+  for (const auto& [vertici, tratto] : contorni)
+    for (size_t i = 1; i < vertici.size(); ++i)
+      if (nomi.count(vertici[i - 1]) && nomi.count(vertici[i])) VR_AggiungiLineaGraf(vertici[i - 1], vertici[i], tratto);
+  VR_ZoomTutto();
+}
+
+bool AnteprimaDialogo(const Sessione& s, std::string_view dialogo, Grafica& g) {
+  if (dialogo == "FormConfiguraEstratto") {
+    g.CaricaEstratto(s.TestoEstratto);
+  } else if (dialogo == "ContornoSette") {
+    const SpezzataTemporanea& v = s.SpezzataTemporanea;
+    for (size_t i = 0; i < v.Conta(); ++i) {
+      g.VR_AggiungiPuntoGraf(v.X[i], v.Y[i], i < v.Nome.size() && v.Nome[i] != "*" ? v.Nome[i] : "", "NP", 0);
+      if (i > 0) g.VR_AggiungiLineaGraf2Punti(v.X[i - 1], v.Y[i - 1], v.X[i], v.Y[i]);
+    }
+    g.VR_ZoomTutto();
+  } else {
+    return false;
+  }
+  return true;
 }
 
 double Grafica::DistanzaDuePuntiNuova(size_t a, size_t b) const {

@@ -12,6 +12,12 @@
 namespace varena {
 
 struct Sessione;
+class Grafica;
+
+// What a dialog of the program shows in its preview: the map extract of the job in
+// "FormConfiguraEstratto", the vertices taken so far in "ContornoSette". False for a dialog
+// that has no preview.
+bool AnteprimaDialogo(const Sessione& s, std::string_view dialogo, Grafica& g);
 
 class Grafica {
  public:
@@ -84,6 +90,35 @@ class Grafica {
   std::string TagMouse;
   void ClicMouse(Sessione& s, double est, double nord);
 
+  // The hand-over file "temp/CopiaInFile.TXT" of the working root, read by the paste from
+  // file into the job and by `VR_CaricaXVR`: one statement a row, "<PUNTO>" and "<LINEA>"
+  // with the items of the whole-job text. A point comes as a new point of its class (the
+  // stations by their kind, the trig points and the "PF" as fiducial points), on the current
+  // layer; a line with the drawing's defaults. `ApriCopiaInFile` starts the file,
+  // `SalvaPuntoCopiaInFile` and `SalvaLineaCopiaInFile` add a statement, `ChiudiCopiaInFile`
+  // writes it whole (beside and renamed, as every write); `VR_CopiaInFile` hands over all that
+  // the control shows; `AggiungiPuntoAFile` adds one point to the file as it stands.
+  void ApriCopiaInFile();
+  void SalvaPuntoCopiaInFile(const Sessione& s, const Punto& p);
+  void SalvaLineaCopiaInFile(const Sessione& s, const Linea& l);
+  bool ChiudiCopiaInFile(Sessione& s);
+  bool VR_CopiaInFile(Sessione& s);
+  bool AggiungiPuntoAFile(Sessione& s, const Punto& p);
+
+  // The loaders, each adding to what the control holds and then fitting the view to it.
+  // `VR_CaricaXVR`: the "<PUNTO>" (name, East, North) and "<LINEA>" statements of a
+  // whole-job text or of a hand-over file. `VR_CaricaEstratto_EMP`: a map extract, its
+  // named vertices as points, its sides as lines, its texts as parcel names. False, with the
+  // error kept, when the file is absent; a statement whose numbers do not read is kept as an
+  // error and the others go on.
+  bool VR_CaricaXVR(Sessione& s, const std::string& percorso);
+  bool VR_CaricaEstratto_EMP(Sessione& s, const std::string& percorso);
+  void CaricaEstratto(std::string_view testo);
+  // The job's field book: its stations (rows 1) and points (rows 2) where the job has them,
+  // the points of its coordinate rows 8, and its contours (rows 7) as lines, dashed by their
+  // code's line letter (C plain, T dashed, P dotted). The job is only read.
+  void CaricaLibretto(const Sessione& s);
+
   double DistanzaDuePuntiNuova(size_t a, size_t b) const;
   Punto PuntoMedio(size_t a, size_t b) const;
   // The point nearest to (est, nord); none when there are no points.
@@ -108,6 +143,7 @@ class Grafica {
   // The click before, for the contours and the mid-point.
   std::optional<std::pair<double, double>> clicPrima_;
   std::string tagPrima_;
+  std::string copia_;  // the statements of the hand-over file not yet written
 };
 
 }  // namespace varena

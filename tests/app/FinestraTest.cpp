@@ -41,6 +41,7 @@
 #include "PannelloPiani.h"
 #include "PannelloPunti.h"
 #include "RigaComando.h"
+#include "WidgetGrafica.h"
 #include "Tema.h"
 #include "commands/Comandi.h"
 #include "commands/Puntatore.h"
@@ -428,6 +429,7 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
   ASSERT_TRUE(voce->isEnabled());
   QAbstractItemModel* modello = nullptr;
   bool sola = false;
+  Grafica anteprima;
   QTimer::singleShot(20, [&] {
     auto* form = qobject_cast<FormLibretto*>(QApplication::activeModalWidget());
     if (!form) return;
@@ -442,11 +444,19 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
     EXPECT_EQ(std::make_tuple(testo(0, 0), testo(0, 1), testo(0, 3), testo(0, 8)),
               std::make_tuple("0", "010199", "G693", "PADOVA"));
     EXPECT_EQ(std::make_tuple(testo(3, 0), testo(3, 1), testo(3, 2)), std::make_tuple("2", "Subscript out of range", ""));
+    if (auto* w = form->findChild<WidgetGrafica*>()) anteprima = w->Modello();
+    if (const char* png = std::getenv("VARENA_SCHERMATA_LIBRETTO")) form->grab().save(png);
     form->accept();
   });
   voce->trigger();
   ASSERT_NE(modello, nullptr);
   EXPECT_TRUE(sola);
+  // Beside the table the preview: the contour's two vertices where the job has them, one line.
+  ASSERT_EQ(anteprima.Punti().size(), 2u);
+  EXPECT_EQ(anteprima.Punti()[1].Nome, "102");
+  EXPECT_EQ(anteprima.Punti()[1].Est, s->PuntoX[6]);  // the seventh point of the example job
+  ASSERT_EQ(anteprima.Linee().size(), 1u);
+  EXPECT_EQ(anteprima.Linee()[0].X2, s->PuntoX[6]);
   // Looking changes nothing.
   EXPECT_EQ(s->LibrettoMisure.size(), 4u);
 }

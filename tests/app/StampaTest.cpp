@@ -4,12 +4,18 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <cstdio>
 #include <QKeyEvent>
 #include <QPrinter>
 #include <QTest>
 
+#include "DialogoQt.h"
+#include "EditorStampe.h"
 #include "Stampa.h"
 #include "WidgetGrafica.h"
+#include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
@@ -18,6 +24,15 @@
 
 namespace varena {
 namespace {
+
+std::string Esegui(const std::string& comando) {
+  std::string uscita;
+  if (FILE* f = popen(comando.c_str(), "r")) {
+    for (int c; (c = std::fgetc(f)) != EOF;) uscita += static_cast<char>(c);
+    pclose(f);
+  }
+  return uscita;
+}
 
 TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
   prova::SessioneProva p;
@@ -50,6 +65,52 @@ TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
   EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Stampa");
 }
 
+// A report: the editor's document holds the model as read, its PDF holds its words, a PDF
+// that cannot be written leaves nothing behind, and the close waits for the answer.
+TEST(Stampa, RelazioneInPdfEdEditor) {
+  prova::SessioneProva p;
+  const TestoRicco t{{{'c', {{"Relazione", true, false, false, 16, "Arial"}}},
+                      {'r', {{"Foglio 12\nMappale 3 ", false, false, false, 11, ""}, {"Rocca", false, true, true, 11, ""}}}}};
+  QTextDocument d;
+  InDocumento(t, d);
+  EXPECT_EQ(DaDocumento(d), t);
+
+  const std::string pdf = p.cartella / "relazione.pdf";
+  ASSERT_TRUE(RelazionePdf(p.s, d, pdf));
+  const std::string testo = Esegui("pdftotext '" + pdf + "' -");
+  EXPECT_NE(testo.find("Relazione"), std::string::npos) << testo;
+  EXPECT_NE(testo.find("Mappale 3 Rocca"), std::string::npos) << testo;
+  EXPECT_FALSE(EsisteFile(pdf + kSuffissoTemporaneo));
+  EXPECT_FALSE(RelazionePdf(p.s, d, p.cartella / "manca/relazione.pdf"));
+  EXPECT_EQ(p.ui.Messaggi.at(0).Testo, "Impossibile scrivere il file " + (p.cartella / "manca/relazione.pdf"));
+
+  EditorStampe e(p.s, "Verbale.rtf", t);
+  e.show();
+  e.Testo()->append("Aggiunta");
+  p.ui.Rispondi(Risposta::Annulla);
+  e.reject();
+  EXPECT_TRUE(e.isVisible() && p.ui.Domande.size() == 1);  // a changed text asked, and kept open
+}
+
+// The dialog of the map extract shows the extract in its preview, and shows it anew when the
+// program changes the dialog.
+TEST(WidgetGrafica, NelDialogoDellEstratto) {
+  prova::SessioneProva p;
+  p.s.TestoEstratto = "8|A|100|200|\r\n8|B|100|210|\r\n7|2|A|B|\r\n";
+  Dialogo d;
+  d.Nome = "FormConfiguraEstratto";
+  DialogoQt q(p.s, d, [] {}, nullptr);
+  auto* w = q.findChild<WidgetGrafica*>("Anteprima");
+  ASSERT_NE(w, nullptr);
+  EXPECT_EQ(w->Modello().Punti().size(), 2u);
+  EXPECT_EQ(w->Modello().Linee().size(), 1u);
+  p.s.TestoEstratto += "8|C|120|210|\r\n";
+  q.Aggiorna(d);
+  EXPECT_EQ(w->Modello().Punti().size(), 3u);
+  d.Nome = "Altro";
+  EXPECT_EQ(DialogoQt(p.s, d, [] {}, nullptr).findChild<WidgetGrafica*>(), nullptr);
+}
+
 TEST(WidgetGrafica, DisegnaEZoomProprio) {
   prova::SessioneProva p;
   WidgetGrafica w(p.s);
@@ -58,7 +119,11 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   g.VR_AggiungiPuntoGraf(0, 0, "A", "NC", 1);
   g.VR_AggiungiPuntoGraf(100, 0, "B", "NP", 1);
   g.VR_AggiungiLineaGraf("A", "B");
-  g.CentroEst = 50, g.CentroNord = 0, g.Altezza = 100;
+  // The first layout fits the content to the widget, twice as wide as high: 100 m across
+  // in 50 m of height, and a tenth more.
+  w.grab();
+  EXPECT_DOUBLE_EQ(g.Altezza, 55);
+  w.Vista(50, 0, 100);
   // Two pixels a metre around the middle: the line runs along row 100 from x 100 to 300.
   EXPECT_EQ(w.Pixel(0, 0), QPointF(100, 100));
   EXPECT_EQ(w.Metri(QPointF(300, 50)), QPointF(100, 25));
@@ -70,8 +135,24 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   EXPECT_DOUBLE_EQ(g.CentroEst, 50 + 100 * 2.0 / 4);
   QTest::keyClick(&w, Qt::Key_Home);
   EXPECT_DOUBLE_EQ(g.CentroEst, 50);
+  // Printed, the view of 200 x 100 m fits an upright A4 at 1:952.38: A and B, 100 m apart,
+  // stand 105 mm (297.6 points) apart on the sheet.
+  w.Vista(50, 0, 100);
+  QPrinter pdf(QPrinter::HighResolution);
+  pdf.setOutputFormat(QPrinter::PdfFormat);
+  const std::string file = p.cartella / "anteprima.pdf";
+  pdf.setOutputFileName(QString::fromStdString(file));
+  pdf.setPageSize(QPageSize(QPageSize::A4));
+  ASSERT_TRUE(w.VR_Stampa(pdf));
+  const std::string bbox = Esegui("pdftotext -bbox '" + file + "' -");
+  auto x = [&](const std::string& parola) {
+    const size_t fine = bbox.find(">" + parola + "</word>");
+    const size_t inizio = bbox.rfind("xMin=\"", fine);
+    return fine == std::string::npos ? -1.0 : std::stod(bbox.substr(inizio + 6));
+  };
+  EXPECT_NEAR(x("B") - x("A"), 297.6, 0.3) << bbox;
   // With "NUOVOPUNTO" armed a click at pixel (300, 80) adds the point there.
-  g.Altezza = 100;
+  w.Vista(50, 0, 100);
   g.TagMouse = "NUOVOPUNTO";
   QTest::mouseClick(&w, Qt::LeftButton, {}, QPoint(300, 80));
   ASSERT_EQ(g.Punti().size(), 3u);

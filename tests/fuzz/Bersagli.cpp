@@ -44,6 +44,8 @@ constexpr Bersaglio kBersagli[] = {
     {"vr4", FuzzVr4, true},
     {"lineedxf", FuzzLineeDxf, true},
     {"flusso", FuzzFlusso, false},
+    {"rtf", FuzzRtf, true},
+    {"grafica", FuzzGrafica, true},
     {"estratto", FuzzEstratto, true},
     {"sez", FuzzSez, true},
     {"vrz", FuzzVrz, true},

@@ -57,6 +57,8 @@ void FuzzTestoPunti(const Ambiente& a, std::string_view byte);
 void FuzzVr4(const Ambiente& a, std::string_view byte);
 void FuzzLineeDxf(const Ambiente& a, std::string_view byte);
 void FuzzFlusso(const Ambiente& a, std::string_view byte);
+void FuzzRtf(const Ambiente& a, std::string_view byte);
+void FuzzGrafica(const Ambiente& a, std::string_view byte);
 void FuzzEstratto(const Ambiente& a, std::string_view byte);
 void FuzzSez(const Ambiente& a, std::string_view byte);
 void FuzzVrz(const Ambiente& a, std::string_view byte);

@@ -7,9 +7,11 @@
 #include <locale>
 
 #include "commands/Comandi.h"
+#include "core/AltreImpostazioni.h"
 #include "core/Dialoghi.h"
 #include "core/File.h"
 #include "core/Testo.h"
+#include "exchange/Incolla.h"
 #include "output/DialogoSpessori.h"
 #include "output/FlussoStampa.h"
 #include "output/Grafica.h"
@@ -395,6 +397,82 @@ TEST(Grafica, DxfStampaEPaginaHtml) {
   EXPECT_EQ(vuota.find("moveTo"), std::string::npos);
   EXPECT_EQ(vuota.find("arc("), std::string::npos);
   EXPECT_TRUE(FinisceCon(vuota, "</html>\r\n"));
+}
+
+// The hand-over file: its bytes, the paste into the job reading them, and the preview's own
+// loaders taking them, and a map extract, back.
+TEST(Grafica, FileDiPassaggioECaricatori) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  s.ConfiguraPunti.Classi[ClasseStazioni] = {"Arial", 1.5, 3, 2, 0.5, 4, 1, 5, 1, 6};
+  s.ConfiguraPunti.Classi[ClassePF] = {"Courier New", 2, 7, 1, 0.25, 8, 2, 9, 3, 10};
+  s.Imp.Colore_Default = 5, s.Imp.Tratteggio_Default = 1, s.PianoCorrente = "RILIEVO";
+  Grafica g = Esempio();
+  g.VR_AggiungiPuntoGraf(3, 4, "PF\"9", "NP", 0);
+  g.MostraPF = false;  // not shown, not handed over
+  ASSERT_TRUE(g.VR_CopiaInFile(s));
+  const std::string atteso =
+      "\"<PUNTO>\",\"A\",3,0,1.5,\"\",6,0,1,0,0,0,0,0,0,2,4,0,0.5,5,0,1,0,\"RILIEVO\",\"Arial\",0,0\r\n"
+      "\"<PUNTO>\",\"B\",7,0,2,\"\",10,0,3,10,0,0,0,0,0,1,8,0,0.25,9,0,2,0,\"RILIEVO\",\"Courier New\",0,0\r\n"
+      "\"<LINEA>\",0,0,0,10,0,0,5,1,0,\"RILIEVO\",0\r\n";
+  EXPECT_EQ(prova::LeggiFileProva(PercorsoCopiaInFile(s)), atteso);
+  g.MostraPF = true;
+  ASSERT_TRUE(g.AggiungiPuntoAFile(s, g.Punti()[2]));
+  const std::string pf = "\"<PUNTO>\",\"PF'9\",7,0,2,\"\",10,0,3,3,4,0,0,0,0,1,8,0,0.25,9,0,2,0,\"RILIEVO\",\"Courier New\",0,0\r\n";
+  EXPECT_EQ(prova::LeggiFileProva(PercorsoCopiaInFile(s)), atteso + pf);
+
+  // The paste from file takes a point with its name, place and font, a line with its type.
+  const EsitoIncolla e = LeggiCopiaInFile(atteso + pf);
+  ASSERT_EQ(e.Entita.size(), 4u);
+  EXPECT_EQ(e.Entita[1].Nome + e.Entita[1].Attributi[18] + FormaSemplice(e.Entita[1].A.X), "BCourier New10");
+  EXPECT_EQ(std::string(1, e.Entita[2].Genere) + e.Entita[2].Attributi[1] + FormaSemplice(e.Entita[2].B.X), "L110");
+
+  Grafica h;
+  ASSERT_TRUE(h.VR_CaricaXVR(s, PercorsoCopiaInFile(s)));
+  ASSERT_EQ(h.Punti().size(), 3u);
+  EXPECT_EQ(h.Punti()[2].Nome + " " + FormaSemplice(h.Punti()[2].Est) + " " + FormaSemplice(h.Punti()[2].Nord), "PF'9 3 4");
+  ASSERT_EQ(h.Linee().size(), 1u);
+  EXPECT_EQ(h.CentroEst, 5);  // fitted to the content, 10 x 4
+
+  const std::string emp = s.CartellaLavoro + "F.EMP";
+  prova::ScriviFileProva(emp, "0|ESTRATTO|\r\n8|A|100|200|\r\n8|B|100|210|\r\n7|2|A|B|\r\n6|12|T|105|205|\r\n<PUNTO>,1\r\n");
+  Grafica m;
+  ASSERT_TRUE(m.VR_CaricaEstratto_EMP(s, emp));
+  ASSERT_EQ(m.Punti().size(), 2u);
+  EXPECT_EQ(FormaSemplice(m.Punti()[1].Est) + " " + FormaSemplice(m.Punti()[1].Nord), "210 100");
+  ASSERT_EQ(m.Linee().size(), 1u);
+  EXPECT_EQ(FormaSemplice(m.Linee()[0].X1) + " " + FormaSemplice(m.Linee()[0].Y2), "200 100");
+  ASSERT_EQ(m.Nomi().size(), 1u);
+  EXPECT_EQ(m.Nomi()[0].Testo + " " + FormaSemplice(m.Nomi()[0].Est), "12 205");
+  EXPECT_FALSE(m.VR_CaricaXVR(s, emp + "X"));
+  EXPECT_EQ(m.Errori, std::vector<std::string>{emp + "X Non è stato trovato!"});
+  ASSERT_TRUE(m.VR_CaricaXVR(s, emp));  // a statement cut short is an error of its row
+  EXPECT_EQ(m.Errori.back(), "VR_CaricaXVR: riga 6 <PUNTO>,1");
+}
+
+// The field book in the preview: a station the job has, a coordinate row, and a contour over
+// two rows whose code "RT" makes it dashed; a vertex nobody knows breaks no line but its own.
+TEST(Grafica, LibrettoDelLavoro) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  DimensionaPunti(s);
+  s.PuntoNome[0] = "100", s.PuntoX[0] = 10, s.PuntoY[0] = 20;
+  s.ContaEntita[SlotPunti] = 1;
+  s.LibrettoMisure = {"0|21112026|1|G693|0010|1|R|G|P|", "1|100|1.5|", "2|101|10|100|5|", "8|PF1|50|40|",
+                      "7|3|100|PF1|", "7|0|ZZ|RT|"};
+  Grafica g;
+  g.CaricaLibretto(s);
+  ASSERT_EQ(g.Punti().size(), 2u);
+  EXPECT_EQ(g.Punti()[0].Tipo + " " + FormaSemplice(g.Punti()[1].Est), "NC 40");
+  ASSERT_EQ(g.Linee().size(), 1u);
+  const Grafica::Linea& l = g.Linee()[0];
+  EXPECT_EQ(FormaSemplice(l.X1) + " " + FormaSemplice(l.Y2) + " " + std::to_string(l.Tipo), "10 50 1");
+  // The contour being defined: its vertices, "*" for one taken on no point.
+  s.SpezzataTemporanea.Aggiungi(0, 0, 0, "100");
+  s.SpezzataTemporanea.Aggiungi(5, 5, 0, "*");
+  Grafica c;
+  ASSERT_TRUE(AnteprimaDialogo(s, "ContornoSette", c));
+  EXPECT_TRUE(c.Punti().size() == 2 && c.Punti()[1].Nome.empty() && c.Linee().size() == 1);
 }
 
 TEST(Grafica, SalvaDxfConIMessaggi) {
