@@ -24,6 +24,7 @@ std::vector<uint8_t>* ColonnaStato(Sessione& s, int tipo) {
     case SlotTesti: return &s.StatoTesto;
     case SlotFalde: return &s.StatoFalda;
     case SlotCurve: return &s.StatoCurva;
+    case SlotSezioni: return &s.StatoSezione;
     case SlotBitmap: return &s.StatoBitmap;
     default: return nullptr;
   }
@@ -195,6 +196,7 @@ bool Congelato(const Sessione& s, int tipo, size_t r) {
     case SlotArchi: return s.ArcoCongela[r] != 0;
     case SlotTesti: return s.TestoCongela[r] != 0;
     case SlotFalde: return s.FaldaCongela[r] != 0;
+    case SlotSezioni: return s.SezioneDati[r].Cfg.Congela != 0;
     case SlotBitmap: return s.BitmapCongela[r] != 0;
     default: return false;
   }
@@ -377,6 +379,12 @@ int64_t SelezionaFinestra(Sessione& s, double x1, double y1, double x2, double y
     return dentro ? ContornoDentro(b, x, y) : ContornoTocca(b, x, y);
   });
   n += Marca(s, SlotCurve, [&](size_t r) { return b.Dentro(s.CurvaX[r], s.CurvaY[r]); });
+  // A section by the frame its drawing fills on the sheet.
+  n += Marca(s, SlotSezioni, [&](size_t r) {
+    const double x1 = s.SezioneBoxX1[r], y1 = s.SezioneBoxY1[r], x2 = s.SezioneBoxX2[r], y2 = s.SezioneBoxY2[r];
+    const double x[4] = {x1, x2, x2, x1}, y[4] = {y1, y1, y2, y2};
+    return dentro ? ContornoDentro(b, x, y) : ContornoTocca(b, x, y);
+  });
   n += Marca(s, SlotBitmap, [&](size_t r) {
     double x[4], y[4];
     AngoliImmagine(s, r, x, y);

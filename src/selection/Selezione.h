@@ -16,7 +16,7 @@ namespace varena {
 struct Sessione;
 
 // The kinds that have state bytes, in the order of their slots.
-inline constexpr int kGeneriSelezione[] = {1, 2, 3, 4, 5, 6, 9, 13};
+inline constexpr int kGeneriSelezione[] = {1, 2, 3, 4, 5, 6, 9, 12, 13};
 
 // The state byte of a row, or null for a kind without one or a row out of range.
 uint8_t* ByteStato(Sessione& s, int tipo, int32_t riga);

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "commands/Gruppi.h"
+#include "sections/FileSezioni.h"
 #include "selection/Selezione.h"
 #include "support/ProvaComandi.h"
 
@@ -69,6 +70,29 @@ TEST(Gruppi, SenzaBaseSpostaDelClicERigaGuastaFermaLaLettura) {
             std::make_tuple(1, 0, 11.0, 22.0, 3.0, "X"));
   // An unknown letter stops it too.
   EXPECT_EQ(LeggiGruppo(b.s, "\"Q\",1\r\n\"C\",0,0,0,1,1,1,\"0\"\r\n", 0, 0), 0);
+}
+
+TEST(Gruppi, SezionePresaDallaFinestraSalvataEIncollataSpostata) {
+  // A section as its member holds it, its frame on the sheet from (0, -30) to (40, 0).
+  const std::string blocco = LeggiFileProva(VARENA_SORGENTI "/tests/data/gruppi/F1.SEZ");
+  Banco a;
+  for (int k = 0; k < 2; ++k) AggiungiSezione(a.s, LeggiSezioni(blocco, 0).front());
+  a.s.SezioneBoxY1[0] = -30, a.s.SezioneBoxX2[0] = 40;
+  a.s.SezioneBoxX1[1] = 100, a.s.SezioneBoxX2[1] = 140;  // outside the window
+  ASSERT_EQ(SelezionaFinestra(a.s, -1, -31, 41, 1), 1);
+  ASSERT_TRUE(ScriviGruppo(a.s, "SEZ", {0, 0, 0}));
+  const std::string gruppo = LeggiFileProva(a.s.CartellaLavoro + "GRUPPI/SEZ.GGG");
+  EXPECT_EQ(gruppo, "\"I\",0,0,0\r\n\"S\"\r\n" + blocco);
+  // Pasted with (100, 200) to add: its place on the sheet and its stations on the plan.
+  Banco b;
+  EXPECT_EQ(LeggiGruppo(b.s, gruppo + "\"C\",0,0,0,1,1,1,\"0\"\r\n", 100, 200), 2);
+  ASSERT_EQ(std::tie(b.s.ContaEntita[SlotSezioni], b.s.ContaEntita[SlotCerchi]), std::make_tuple(1, 1));
+  const Sezione& z = b.s.SezioneDati[0];
+  EXPECT_EQ(std::tie(z.IndiceSezione, z.OrigineX, z.OrigineY, z.Stazioni[1].Nome, z.Stazioni[1].X, z.Stazioni[1].Y,
+                     z.Stazioni[1].QuotaTerreno),
+            std::make_tuple("F1", 110.0, 180.0, "B", 104.0, 206.0, 12.75));
+  // A block cut short ends the read there.
+  EXPECT_EQ(LeggiGruppo(b.s, gruppo.substr(0, gruppo.size() - 20), 0, 0), 0);
 }
 
 }  // namespace
