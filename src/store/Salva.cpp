@@ -253,6 +253,7 @@ void SalvaListaL(Passata& p) {
   testo.reserve(testo.size() + static_cast<size_t>(s.ContaEntita[SlotPunti]) * 64);
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
+    if (PianoIncluso(s.PuntoPiano[r])) continue;  // another drawing's: not the job's to hand on
     testo += '"';
     testo += Utf8InCp1252(s.PuntoNome[r]);
     testo += "\",\"";

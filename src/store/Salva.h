@@ -20,7 +20,7 @@ void SalvaInf(Sessione& s);
 void SalvaSezioni(Sessione& s);
 void SalvaBitmap(Sessione& s);
 void SalvaLibretto(Sessione& s);
-void SalvaListaL(Sessione& s);  // the point list for other tools
+void SalvaListaL(Sessione& s);  // the point list for other tools, not in layer "INCLUSI"
 void Salva126(Sessione& s);
 void SalvaCel(Sessione& s);
 void SalvaCfg(Sessione& s);

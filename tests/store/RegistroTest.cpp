@@ -127,6 +127,7 @@ TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
     EXPECT_EQ(piano->at(static_cast<size_t>(prima[slot])), "INCLUSI");
     EXPECT_EQ(fs::file_size(p.s.NomeLavoro + EstensioneFile(slot)), fs::file_size(base + EstensioneFile(slot)));
   }
+  EXPECT_EQ(prova::LeggiFileProva(p.s.NomeLavoro + ".L"), prova::LeggiFileProva(base + ".L"));
   // Saved, the job names the other one: that one cannot include it back.
   ASSERT_TRUE(VR_DaProvvisoAOriginale(p.s));
   prova::SessioneProva q;
