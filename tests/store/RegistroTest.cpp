@@ -134,6 +134,13 @@ TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
   ASSERT_TRUE(ApriLavoroScelto(q.s, altro + ".CFG"));
   ASSERT_FALSE(IncludiDisegno(q.s, {base + ".CFG"}));
   EXPECT_EQ(q.ui.Messaggi.back().Testo, "Il Lavoro RILIEVO include già questo!");
+  // Broken, it gives what it holds: settings that are no list, a line member cut short
+  // (100 bytes of a 128-byte record count as one).
+  prova::ScriviFileProva(altro + ".CFG", std::string("\xff\"\x01,,\r\n\"VR2020", 12));
+  fs::resize_file(altro + ".LIN", 100);
+  prova::SessioneProva g;
+  ASSERT_TRUE(ApriLavoroScelto(g.s, base + ".CFG"));
+  EXPECT_EQ(g.s.ContaEntita[SlotLinee], prima[SlotLinee] + 1);
   // Gone since, it is said at opening, and the job opens without it.
   for (const auto& membro : prova::MembriDi(altro)) fs::remove(altro + membro.first);
   prova::SessioneProva r;
