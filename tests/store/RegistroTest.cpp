@@ -117,12 +117,9 @@ TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
   ASSERT_TRUE(IncludiDisegno(p.s, {altro + ".CFG"}));
   // Every kind drawn twice, the copies on INCLUSI; a save writes the job's own rows only.
   ASSERT_TRUE(SalvaTutto(p.s, true));
-  const std::pair<int, const std::vector<std::string>*> tipi[] = {{SlotPunti, &p.s.PuntoPiano},
-                                                                  {SlotLinee, &p.s.LineaPiano},
-                                                                  {SlotCerchi, &p.s.CerchioPiano},
-                                                                  {SlotArchi, &p.s.ArcoPiano},
-                                                                  {SlotTesti, &p.s.TestoPiano}};
-  for (const auto& [slot, piano] : tipi) {
+  for (const auto& [slot, piano] : {std::pair{SlotPunti, &p.s.PuntoPiano}, {SlotLinee, &p.s.LineaPiano},
+                                    {SlotCerchi, &p.s.CerchioPiano}, {SlotArchi, &p.s.ArcoPiano},
+                                    {SlotTesti, &p.s.TestoPiano}}) {
     ASSERT_EQ(p.s.ContaEntita[slot], 2 * prima[slot]) << slot;
     EXPECT_EQ(piano->at(static_cast<size_t>(prima[slot])), "INCLUSI");
     EXPECT_EQ(fs::file_size(p.s.NomeLavoro + EstensioneFile(slot)), fs::file_size(base + EstensioneFile(slot)));
@@ -138,16 +135,15 @@ TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
   // (100 bytes of a 128-byte record count as one).
   prova::ScriviFileProva(altro + ".CFG", std::string("\xff\"\x01,,\r\n\"VR2020", 12));
   fs::resize_file(altro + ".LIN", 100);
-  prova::SessioneProva g;
-  ASSERT_TRUE(ApriLavoroScelto(g.s, base + ".CFG"));
-  EXPECT_EQ(g.s.ContaEntita[SlotLinee], prima[SlotLinee] + 1);
+  ASSERT_TRUE(ApriLavoroScelto(q.s, base + ".CFG"));
+  EXPECT_EQ(q.s.ContaEntita[SlotLinee], prima[SlotLinee] + 1);
   // Gone since, it is said at opening, and the job opens without it.
   for (const auto& membro : prova::MembriDi(altro)) fs::remove(altro + membro.first);
-  prova::SessioneProva r;
-  ASSERT_TRUE(ApriLavoroScelto(r.s, base + ".CFG"));
-  ASSERT_FALSE(r.ui.Messaggi.empty());
-  EXPECT_EQ(r.ui.Messaggi.back().Testo, "Disegni inclusi non trovati:\n" + altro + ".CFG");
-  EXPECT_EQ(r.s.ContaEntita[SlotLinee], prima[SlotLinee]);
+  const size_t detti = q.ui.Messaggi.size();
+  ASSERT_TRUE(ApriLavoroScelto(q.s, base + ".CFG"));
+  ASSERT_EQ(q.ui.Messaggi.size(), detti + 1);
+  EXPECT_EQ(q.ui.Messaggi.back().Testo, "Disegni inclusi non trovati:\n" + altro + ".CFG");
+  EXPECT_EQ(q.s.ContaEntita[SlotLinee], prima[SlotLinee]);
 }
 
 }  // namespace
