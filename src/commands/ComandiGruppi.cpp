@@ -103,6 +103,18 @@ bool SimboloScelto(Sessione& s) {
   return true;
 }
 
+// A user symbol of the list taken out of the table, after a question; the program's own
+// symbols are not in it.
+void EliminaSimboloScelto(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, kMenuSimboli);
+  const int numero = d ? -static_cast<int>(std::lround(d->Numero("Simbolo"))) : 0;
+  if (numero < 1 || s.Simboli.Simbolo(numero).empty()) return;
+  if (s.Ui->Domanda("Eliminare il Simbolo " + std::to_string(-numero) + "?", "Elimina Simbolo", Bottoni::SiNo,
+                    Icona::Domanda, Risposta::No) != Risposta::Si)
+    return;
+  if (EliminaSimbolo(s, numero)) AggiornaCampo(s, kMenuSimboli, "SIMBOLI", ElencoSimboli(s));
+}
+
 }  // namespace
 
 bool ApriMenuSimboli(Sessione& s) {
@@ -119,6 +131,7 @@ bool ApriMenuSimboli(Sessione& s) {
     ChiudiDialogo(x, kMenuSimboli);
     EseguiTag(x, "INCOLLA_SIMBOLO");
   });
+  d.AggiungiBottone("Elimina", "Elimina", EliminaSimboloScelto);
   d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, kMenuSimboli); });
   d.BottoneEsc = "Chiudi";
   ApriDialogo(s, std::move(d));

@@ -69,6 +69,10 @@ TEST_F(ComandiGruppi, MenuSimboliSceglieIlSimboloDaIncollare) {
   // The paste hands the symbol chosen to the selection of the points it goes on.
   EXPECT_TRUE(Contiene(uscita, "> PRESS Incolla\nDIALOGO - MenuSimboli\nDIALOGO + SelezPunti [Selezione Punti] "
                                "Selezione=\"0\" Modo=\"Aggiungi\" Simbolo=\"-7\""));
+  // Deleted after a "yes", the file keeps its count line alone and the list its own bases.
+  Script("TAG GESTIONE_SIMBOLI\nFIELD MenuSimboli.Simbolo -7\nANSWER yes\nPRESS Elimina\n");
+  EXPECT_EQ(LeggiFileProva(PercorsoSimboli(s)), "0\r\n");
+  EXPECT_EQ(TrovaDialogo(s, "MenuSimboli")->Valore("SIMBOLI"), "0\n2\n3\n4\n5\n");
 }
 
 }  // namespace
