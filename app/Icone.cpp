@@ -86,7 +86,7 @@ constexpr IconaDiTag kIcone[] = {
     {"ALTEZZA_QUOTA", "altezza-etichetta"}, {"ALTEZZA_DESCRIZIONE", "altezza-etichetta"},
     {"ALTEZZA_SIMBOLO", "altezza-simbolo"}, {"DN+", "nomi-piu"}, {"DN-", "nomi-meno"}, {"DS+", "simboli-piu"},
     {"DS-", "simboli-meno"}, {"INCOLLA_SIMBOLO", "incolla-simbolo"}, {"PUNTO_ELIMINA", "elimina-punti"},
-    {"SIMBOLO_NUOVO", "nuovo-simbolo"},
+    {"SIMBOLO_NUOVO", "nuovo-simbolo"}, {"GESTIONE_SIMBOLI", "selezione-simbolo"},
     // Edit of entities
     {"CAMBIA_ELIMINA", "elimina"}, {"CAMBIA_SPOSTA", "sposta"}, {"CAMBIA_COPIA", "copia"}, {"CAMBIA_RUOTA", "ruota"},
     {"CAMBIA_SPECCHIO", "riflessione"}, {"CAMBIA_SCALA", "scala"}, {"CAMBIA_ALLINEA", "allinea"},

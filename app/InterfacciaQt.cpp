@@ -206,6 +206,7 @@ void InterfacciaQt::MostraDialogo(const Dialogo& d) {
   if (DialogoQt* vecchio = dialoghi_.take(nome)) vecchio->deleteLater();
   auto* nuovo = new DialogoQt(s_, d, aggiorna_, finestra_);
   if (nome == "GestioneGruppi") AggiungiAnteprimaGruppo(*nuovo, s_);
+  if (nome == "MenuSimboli") AggiungiAnteprimaSimbolo(*nuovo, s_);
   dialoghi_.insert(nome, nuovo);
   Colloca(nuovo);
   nuovo->show();

@@ -15,6 +15,7 @@
 #include "selection/Selezione.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
+#include "view/Rigenera.h"
 
 namespace varena::cli {
 
@@ -43,6 +44,8 @@ int Salva(const std::string& lavoro, const std::string& nome, const std::vector<
   InterfacciaTerminale ui(err);
   s.Ui = &ui;
   if (!CaricaInLettura(s, lavoro, err)) return 1;
+  // A section is taken by the frame its drawing fills: the drawing measures it.
+  RigeneraLista(s);
   const int64_t n = SelezionaFinestra(s, f[0], f[1], f[2], f[3]);
   if (!ScriviGruppo(s, nome, {f[0], f[1], 0})) return 2;
   out << PercorsoGruppo(s, nome) << ": " << n << " entita\n";

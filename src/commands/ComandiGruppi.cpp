@@ -80,7 +80,63 @@ int SimboloLibero(const Sessione& s) {
   return n;
 }
 
+constexpr const char* kMenuSimboli = "MenuSimboli";
+
+// The user's symbols by their point code, then the bases the program draws by itself.
+std::string ElencoSimboli(const Sessione& s) {
+  std::string elenco;
+  for (int n : s.Simboli.Numeri()) elenco += std::to_string(-n) + "\n";
+  for (int codice : {0, 2, 3, 4, 5}) elenco += std::to_string(codice) + "\n";
+  return elenco;
+}
+
+// The code in the box becomes the current symbol; false, with a message, when it is none.
+bool SimboloScelto(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, kMenuSimboli);
+  const std::string testo = d ? Rifila(d->Valore("Simbolo")) : std::string();
+  const double n = Val(testo);
+  if (testo.empty() || n != std::floor(n) || n < -32768 || n > 32767) {
+    s.Ui->Messaggio("Simbolo non valido", "Selezione Simbolo", Icona::Avviso);
+    return false;
+  }
+  s.SimboloCorrente = static_cast<int16_t>(n);
+  return true;
+}
+
+// A user symbol of the list taken out of the table, after a question; the program's own
+// symbols are not in it.
+void EliminaSimboloScelto(Sessione& s) {
+  const Dialogo* d = TrovaDialogo(s, kMenuSimboli);
+  const int numero = d ? -static_cast<int>(std::lround(d->Numero("Simbolo"))) : 0;
+  if (numero < 1 || s.Simboli.Simbolo(numero).empty()) return;
+  if (s.Ui->Domanda("Eliminare il Simbolo " + std::to_string(-numero) + "?", "Elimina Simbolo", Bottoni::SiNo,
+                    Icona::Domanda, Risposta::No) != Risposta::Si)
+    return;
+  if (EliminaSimbolo(s, numero)) AggiornaCampo(s, kMenuSimboli, "SIMBOLI", ElencoSimboli(s));
+}
+
 }  // namespace
+
+bool ApriMenuSimboli(Sessione& s) {
+  s.RoutineCorrente = "GESTIONE_SIMBOLI";
+  Dialogo d;
+  d.Nome = kMenuSimboli;
+  d.Titolo = "Selezione Simbolo";
+  d.AggiungiCampo("Simbolo", "Simbolo :", std::to_string(s.SimboloCorrente))
+      .AggiungiCampo("SIMBOLI", "", ElencoSimboli(s));
+  // The first button is the one a double click in the list presses.
+  d.AggiungiBottone("Scegli", "Scegli", [](Sessione& x) { SimboloScelto(x); });
+  d.AggiungiBottone("Incolla", "Incolla Simbolo ", [](Sessione& x) {
+    if (!SimboloScelto(x)) return;
+    ChiudiDialogo(x, kMenuSimboli);
+    EseguiTag(x, "INCOLLA_SIMBOLO");
+  });
+  d.AggiungiBottone("Elimina", "Elimina", EliminaSimboloScelto);
+  d.AggiungiBottone("Chiudi", "Chiudi", [](Sessione& x) { ChiudiDialogo(x, kMenuSimboli); });
+  d.BottoneEsc = "Chiudi";
+  ApriDialogo(s, std::move(d));
+  return true;
+}
 
 bool ApriGestioneGruppi(Sessione& s) {
   Dialogo d;

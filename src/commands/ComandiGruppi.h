@@ -9,6 +9,9 @@ struct Sessione;
 
 // `GestioneGruppi`: the groups of the library, a name box, new, paste, delete.
 bool ApriGestioneGruppi(Sessione& s);
+// `MenuSimboli` ("Selezione Simbolo"): the symbols by code, the one in the box made the
+// current symbol of `INCOLLA_SIMBOLO` (a double click in the list), or pasted at once.
+bool ApriMenuSimboli(Sessione& s);
 void subNuovoGruppo(Sessione& s);    // 259: the base, then the selection of 265
 void subIncollaGruppo(Sessione& s);  // 260: one copy at each click
 void subNuovoSimbolo(Sessione& s);   // 256: the origin, once the strokes are confirmed

@@ -1,11 +1,13 @@
 // Groups: each record letter is a kind of row, its fields named from the record table of
 // that kind, so that writing, reading and the move to the base point walk one description.
+// Sections, which are no record, go in the section member's own form.
 #include "commands/Gruppi.h"
 
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <filesystem>
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -16,6 +18,7 @@
 #include "core/Record.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "sections/FileSezioni.h"
 #include "selection/Selezione.h"
 #include "store/Undo.h"
 
@@ -163,6 +166,39 @@ void LeggiRiga(Sessione& s, const Forma<Tab>& f, LettoreLista& in, double dx, do
   SegnaRiga(s, f.Slot, riga);
 }
 
+// `S`: the letter alone on its line, then the section's block as the section member writes
+// it, from its opening mark to its closing one.
+void ScriviSezioni(const Sessione& s, std::string& out) {
+  std::unique_ptr<Sessione> una;  // the member's writer, one section at a time
+  for (int32_t r = 0; r < s.ContaEntita[SlotSezioni]; ++r) {
+    if (!RigaViva(s, SlotSezioni, r) || StatoDi(s, SlotSezioni, r) != 1) continue;
+    if (!una) una = std::make_unique<Sessione>();
+    una->ContaEntita[SlotSezioni] = 0;
+    AggiungiSezione(*una, s.SezioneDati[static_cast<size_t>(r)]);
+    out += IstruzioneLista().Testo("S").Riga() + TestoSezioni(*una);
+  }
+}
+
+// The block of an `S` record, from the line after the letter to the closing mark; `k` is
+// left on that mark. A block that does not read ends the paste. The sections added.
+int64_t LeggiSezione(Sessione& s, const std::vector<std::string>& linee, size_t& k, double dx, double dy) {
+  std::string blocco;
+  while (++k < linee.size()) {
+    blocco += linee[k] + "\r\n";
+    LettoreLista in(linee[k]);
+    if (!in.Fine() && in.Elemento() == kFineSezione) break;
+  }
+  std::vector<Sezione> lette = LeggiSezioni(blocco, s.ContaEntita[SlotSezioni]);
+  for (Sezione& z : lette) {
+    z.OrigineX += dx, z.OrigineY += dy;
+    // The plan points it was taken along move with the rest of the drawing.
+    for (StazioneSezione& p : z.Stazioni) p.X += dx, p.Y += dy;
+    z.Cfg.XInizio += dx, z.Cfg.YInizio += dy, z.Cfg.XFine += dx, z.Cfg.YFine += dy;
+    SegnaRiga(s, SlotSezioni, AggiungiSezione(s, std::move(z)));
+  }
+  return static_cast<int64_t>(lette.size());
+}
+
 }  // namespace
 
 std::string CartellaGruppi(const Sessione& s) { return s.CartellaLavoro + "GRUPPI/"; }
@@ -186,6 +222,7 @@ std::vector<std::string> ElencoGruppi(const Sessione& s) {
 std::string TestoGruppo(const Sessione& s, const PuntoXYZ& base) {
   std::string out = IstruzioneLista().Testo("I").Numero(base.X).Numero(base.Y).Numero(base.Z).Riga();
   std::apply([&](const auto&... f) { (ScriviRighe(s, f, out), ...); }, Forme());
+  ScriviSezioni(s, out);
   return out;
 }
 
@@ -202,12 +239,17 @@ int64_t LeggiGruppo(Sessione& s, const std::string& testoUtf8, double x, double 
   int64_t aggiunte = 0;
   double bx = 0, by = 0;  // a group without its `I` record has its base at the origin
   try {
-    for (const std::string& linea : RigheTesto(testoUtf8)) {
-      LettoreLista in(linea);
+    const std::vector<std::string> linee = RigheTesto(testoUtf8);
+    for (size_t k = 0; k < linee.size(); ++k) {
+      LettoreLista in(linee[k]);
       if (in.Fine()) continue;
       const std::string lettera = Maiuscolo(in.Elemento());
       if (lettera == "I") {
         bx = in.LeggiNumero(), by = in.LeggiNumero();
+        continue;
+      }
+      if (lettera == "S") {
+        aggiunte += LeggiSezione(s, linee, k, x - bx, y - by);
         continue;
       }
       bool letta = false;

@@ -19,7 +19,8 @@ std::string PercorsoGruppo(const Sessione& s, std::string_view nome);
 std::vector<std::string> ElencoGruppi(const Sessione& s);
 
 // The text of a group: record `I` with the base point, then one record a selected live row
-// of each kind, one list statement a line, the letter first.
+// of each kind, one list statement a line, the letter first; a section's record `S` is
+// followed by its block of the section member.
 std::string TestoGruppo(const Sessione& s, const PuntoXYZ& base);
 // `ScriviGruppo`: the selection written as the group `nome`, over any group of that name.
 bool ScriviGruppo(Sessione& s, std::string_view nome, const PuntoXYZ& base);

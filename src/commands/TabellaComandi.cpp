@@ -391,6 +391,7 @@ constexpr VoceComando kTabella[] = {
     Subito("DN-", AzionePassoDimensioni, {}, "Punto", "Nomi più piccoli"),
     Subito("DS+", AzionePassoDimensioni, {}, "Punto", "Simboli più grandi"),
     Subito("DS-", AzionePassoDimensioni, {}, "Punto", "Simboli più piccoli"),
+    Subito("GESTIONE_SIMBOLI", nullptr, "MenuSimboli", "Punto", "Simboli"),
     Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
     Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),

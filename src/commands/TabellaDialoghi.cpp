@@ -64,6 +64,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     {"DN", ApriDN},
     {"FormRotoTraslazione", ApriRotoTraslazione},
     {"GestioneGruppi", ApriGestioneGruppi},
+    {"MenuSimboli", ApriMenuSimboli},
     // The pickers of the current layer, line type and colour.
     {"MenuPiani", ApriMenuPiani},
     {"MenuTratteggi", ApriMenuTratteggi},

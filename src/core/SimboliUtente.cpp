@@ -115,6 +115,22 @@ void ScomponiSimboloPunto(const TabellaSimboli& t, int codice, double s, bool ca
     ScomponiSimbolo(codice, s, carta, out);
 }
 
+namespace {
+
+// The rows of symbol `numero` replaced by `nuove` (none: the symbol goes) in the file, and the
+// table read again.
+bool RiscriviSimbolo(Sessione& s, int numero, const std::vector<RigaSimbolo>& nuove, const char* routine) {
+  TabellaSimboli t = s.Simboli;
+  std::erase_if(t.Righe, [numero](const RigaSimbolo& r) { return r.Simbolo == numero; });
+  t.Righe.insert(t.Righe.end(), nuove.begin(), nuove.end());
+  s.RoutineCorrente = routine;
+  if (!Protetto(s, [&] { ScriviTesto(PercorsoPerScrivere(PercorsoSimboli(s)), TestoSimboli(t)); })) return false;
+  CaricaSimboli(s);
+  return true;
+}
+
+}  // namespace
+
 bool NuovoSimbolo(Sessione& s, const PuntoXYZ& o, int numero) {
   std::vector<RigaSimbolo> nuove;
   double riferimento = 0;
@@ -157,13 +173,12 @@ bool NuovoSimbolo(Sessione& s, const PuntoXYZ& o, int numero) {
     r.Distanza2 /= riferimento;
   }
   // A number given again redefines that symbol: its old rows go, the new ones stand last.
-  TabellaSimboli t = s.Simboli;
-  std::erase_if(t.Righe, [n16](const RigaSimbolo& r) { return r.Simbolo == n16; });
-  t.Righe.insert(t.Righe.end(), nuove.begin(), nuove.end());
-  s.RoutineCorrente = "NuovoSimbolo";
-  if (!Protetto(s, [&] { ScriviTesto(PercorsoPerScrivere(PercorsoSimboli(s)), TestoSimboli(t)); })) return false;
-  CaricaSimboli(s);
-  return true;
+  return RiscriviSimbolo(s, n16, nuove, "NuovoSimbolo");
+}
+
+bool EliminaSimbolo(Sessione& s, int numero) {
+  if (s.Simboli.Simbolo(numero).empty()) return false;
+  return RiscriviSimbolo(s, numero, {}, "EliminaSimbolo");
 }
 
 }  // namespace varena

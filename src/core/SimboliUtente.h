@@ -60,5 +60,8 @@ void ScomponiSimboloPunto(const TabellaSimboli& t, int codice, double s, bool ca
 // go to the end of the file; the table is read again. The entities stay. False when nothing
 // usable was selected (the message shown) or the file could not be written.
 bool NuovoSimbolo(Sessione& s, const PuntoXYZ& o, int numero);
+// Symbol `numero` taken out of the file, the table read again; a point that carried it then
+// shows no symbol. False when there is no such symbol or the file could not be written.
+bool EliminaSimbolo(Sessione& s, int numero);
 
 }  // namespace varena

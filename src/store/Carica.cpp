@@ -17,9 +17,9 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Importatori.h"
-#include "exchange/TafLettura.h"
 #include "sections/FileSezioni.h"
 #include "store/Cfg.h"
+#include "store/Inclusi.h"
 #include "store/Provvisorio.h"
 #include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
@@ -289,14 +289,6 @@ void CaricaMembro(Sessione& s, int slot, Carica carica) {
   if (!s.UltimoErrore.empty()) s.MembroGuasto[static_cast<size_t>(slot)] = true;
 }
 
-// Included tables are read anew at every load: their points are not saved with the job.
-std::vector<std::string> TabelleIncluse(const Sessione& s) {
-  std::vector<std::string> taf;
-  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
-    if (Maiuscolo(nome).find(".TAF") != std::string::npos) taf.push_back(Rifila(nome));
-  return taf;
-}
-
 // The end of every load. A job with no stored view is framed whole: the list is built
 // first, so that its lines count in the extent and not only its points.
 void FineCaricamento(Sessione& s) {
@@ -376,7 +368,7 @@ void CaricaLavoro(Sessione& s) {
   ConvertiPuntiPDPV(s);
   ConfiguraLeggi(s);
   RicordaBloccoB(s);
-  for (const std::string& taf : TabelleIncluse(s)) IncludiTaf(s, taf);
+  CaricaDisegniInclusi(s);
   FineCaricamento(s);
 }
 
@@ -391,7 +383,7 @@ bool RicaricaLavoro(Sessione& s, const std::array<bool, NumeroSlot>& cambiati) {
   const auto vero = [](auto v) { return v != 0; };
   if (std::any_of(s.MembroGuasto.begin(), s.MembroGuasto.end(), vero) ||
       std::any_of(s.RigheNonValide.begin(), s.RigheNonValide.end(), vero) || daLeggere(SlotPunti) ||
-      daLeggere(SlotSette) || !TabelleIncluse(s).empty())
+      daLeggere(SlotSette) || NominaInclusi(s))
     return false;
   IniziaCaricamento(s);
   // The rest of what a clear of the tables would empty, that is not the tables themselves.
@@ -414,8 +406,8 @@ bool RicaricaLavoro(Sessione& s, const std::array<bool, NumeroSlot>& cambiati) {
       CaricaMembro(s, passo.Slot, [&] { passo.Carica(s); });
     else if (daLeggere(passo.Slot))
       Rileggi(s, passo.Slot, passo.Carica);
-    // The settings just read name included tables: their points come with a whole load.
-    if (passo.Slot == SlotCfg && !TabelleIncluse(s).empty()) return false;
+    // The settings just read name included drawings: their rows come with a whole load.
+    if (passo.Slot == SlotCfg && NominaInclusi(s)) return false;
     s.Ui->Progresso(k + 1, kQuanti);
   }
   SegnalaRigheNonValide(s);
@@ -440,6 +432,7 @@ void VR_ApriLavoro(Sessione& s) {
 }
 
 void FineApertura(Sessione& s) {
+  AvvisaInclusiMancanti(s);
   VR_SalvaUndo(s);
   for (int32_t p = 0; p < s.ContaEntita[SlotPunti]; ++p) {
     const auto r = static_cast<size_t>(p);

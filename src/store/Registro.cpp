@@ -13,6 +13,7 @@
 #include "store/Archivio.h"
 #include "store/Carica.h"
 #include "store/Cfg.h"
+#include "store/Inclusi.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
@@ -172,6 +173,10 @@ bool ApriLavoroScelto(Sessione& s, const std::string& percorso) {
 }
 
 bool IncludiDisegno(Sessione& s, const std::vector<std::string>& percorsi) {
+  // Only a drawing not yet listed is checked: one listed before stays removable.
+  const std::vector<std::string> gia = DisegniInclusi(s);
+  for (const std::string& p : percorsi)
+    if (std::find(gia.begin(), gia.end(), p) == gia.end() && InclusioneCircolare(s, p)) return false;
   std::string associati;
   for (const std::string& p : percorsi) associati += p + "|";
   s.Cfg.VB(B_FileAssociati, 0).Testo = associati;
@@ -183,10 +188,7 @@ bool IncludiDisegno(Sessione& s, const std::vector<std::string>& percorsi) {
 }
 
 std::vector<std::string> DisegniInclusi(const Sessione& s) {
-  std::vector<std::string> inclusi;
-  for (const std::string& nome : Dividi(s.Cfg.VB(B_FileAssociati, 0).Testo, '|'))
-    if (!Rifila(nome).empty()) inclusi.push_back(Rifila(nome));
-  return inclusi;
+  return ElencoInclusi(s.Cfg.VB(B_FileAssociati, 0).Testo);
 }
 
 bool TogliDisegnoIncluso(Sessione& s, const std::string& percorso) {

@@ -45,7 +45,8 @@ bool EliminaLavoro(Sessione& s, const std::string& percorsoCfg);
 bool ApriLavoroScelto(Sessione& s, const std::string& percorso);
 
 // `IncludiDisegno`: the chosen files, each followed by "|", become `FileAssociati`; a
-// snapshot, then the job is reloaded, which reads the included tables.
+// snapshot, then the job is reloaded, which reads the included drawings. Refused, with
+// nothing changed, when a job chosen is this one or already includes it.
 bool IncludiDisegno(Sessione& s, const std::vector<std::string>& percorsi);
 // The drawings included, as `FileAssociati` lists them.
 std::vector<std::string> DisegniInclusi(const Sessione& s);

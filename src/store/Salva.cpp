@@ -19,6 +19,7 @@
 #include "core/Testo.h"
 #include "sections/FileSezioni.h"
 #include "store/Cfg.h"
+#include "store/Inclusi.h"
 #include "store/Slot.h"
 
 namespace varena {
@@ -130,21 +131,26 @@ std::string* BackupDi(Passata& p, int slot) { return &p.file.Backup[static_cast<
 void SalvaPunti(Passata& p) {
   Sessione& s = p.s;
   SalvaRecord(p, LayoutPunti(), "SalvaPunti",
-              [&](size_t r) { return IdentVivo(s.PuntoIdent[r]) && Rifila(s.PuntoPiano[r]) != "INCLUSI"; });
+              [&](size_t r) { return IdentVivo(s.PuntoIdent[r]) && !PianoIncluso(s.PuntoPiano[r]); });
 }
 void SalvaLinee(Passata& p) {
   Sessione& s = p.s;
   SalvaRecord(p, LayoutLinee(), "SalvaLinee",
-              [&](size_t r) { return IdentVivo(s.LineaIdent[r]) && Rifila(s.LineaPiano[r]) != "ZZZ"; });
+              [&](size_t r) {
+    return IdentVivo(s.LineaIdent[r]) && Rifila(s.LineaPiano[r]) != "ZZZ" && !PianoIncluso(s.LineaPiano[r]);
+  });
 }
 void SalvaCerchi(Passata& p) {
-  SalvaRecord(p, LayoutCerchi(), "SalvaCerchi", [&](size_t r) { return IdentVivo(p.s.CerchioIdent[r]); });
+  SalvaRecord(p, LayoutCerchi(), "SalvaCerchi",
+              [&](size_t r) { return IdentVivo(p.s.CerchioIdent[r]) && !PianoIncluso(p.s.CerchioPiano[r]); });
 }
 void SalvaArchi(Passata& p) {
-  SalvaRecord(p, LayoutArchi(), "SalvaArchi", [&](size_t r) { return IdentVivo(p.s.ArcoIdent[r]); });
+  SalvaRecord(p, LayoutArchi(), "SalvaArchi",
+              [&](size_t r) { return IdentVivo(p.s.ArcoIdent[r]) && !PianoIncluso(p.s.ArcoPiano[r]); });
 }
 void SalvaTesti(Passata& p) {
-  SalvaRecord(p, LayoutTesti(), "SalvaTesti", [&](size_t r) { return IdentVivo(p.s.TestoIdent[r]); });
+  SalvaRecord(p, LayoutTesti(), "SalvaTesti",
+              [&](size_t r) { return IdentVivo(p.s.TestoIdent[r]) && !PianoIncluso(p.s.TestoPiano[r]); });
 }
 void SalvaFalde(Passata& p) {
   SalvaRecord(p, LayoutFalde(), "SalvaFalde", [&](size_t r) { return IdentVivo(p.s.FaldaIdent[r]); });
@@ -259,6 +265,7 @@ void SalvaListaL(Passata& p) {
   testo.reserve(testo.size() + static_cast<size_t>(s.ContaEntita[SlotPunti]) * 64);
   for (int32_t k = 0; k < s.ContaEntita[SlotPunti]; ++k) {
     const auto r = static_cast<size_t>(k);
+    if (PianoIncluso(s.PuntoPiano[r])) continue;  // another drawing's: not the job's to hand on
     testo += '"';
     testo += Utf8InCp1252(s.PuntoNome[r]);
     testo += "\",\"";

@@ -6,9 +6,11 @@ namespace varena {
 
 struct Sessione;
 
+// Rows of an included drawing, on layer "INCLUSI", are never written: a reload reads them
+// again from where they came.
 void SalvaPunti(Sessione& s);   // live rows, not in layer "INCLUSI"
-void SalvaLinee(Sessione& s);   // live rows, not in layer "ZZZ"
-void SalvaCerchi(Sessione& s);
+void SalvaLinee(Sessione& s);   // live rows, not in layer "ZZZ" or "INCLUSI"
+void SalvaCerchi(Sessione& s);  // live rows, not in layer "INCLUSI"; the same for arcs and texts
 void SalvaArchi(Sessione& s);
 void SalvaTesti(Sessione& s);
 void SalvaFalde(Sessione& s);
@@ -18,7 +20,7 @@ void SalvaInf(Sessione& s);
 void SalvaSezioni(Sessione& s);
 void SalvaBitmap(Sessione& s);
 void SalvaLibretto(Sessione& s);
-void SalvaListaL(Sessione& s);  // the point list for other tools
+void SalvaListaL(Sessione& s);  // the point list for other tools, not in layer "INCLUSI"
 void Salva126(Sessione& s);
 void SalvaCel(Sessione& s);
 void SalvaCfg(Sessione& s);

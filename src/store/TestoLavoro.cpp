@@ -12,6 +12,7 @@
 #include "core/Testo.h"
 #include "sections/FileSezioni.h"
 #include "store/Cfg.h"
+#include "store/Inclusi.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
 #include "view/Zoom.h"
@@ -64,15 +65,17 @@ void IstruzionePunto(const Sessione& s, size_t r, const char* tag, std::string& 
 namespace {
 
 bool Vivo(int16_t ident) { return ident >= 0; }  // the text keeps every row but the erased ones
+// ... and those of included drawings, which the job only names.
+bool Vivo(int16_t ident, const std::string& piano) { return Vivo(ident) && !PianoIncluso(piano); }
 
 void Punti(const Sessione& s, std::string& out) {
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotPunti]); ++r)
-    if (Vivo(s.PuntoIdent[r])) IstruzionePunto(s, r, "<PUNTO>", out);
+    if (Vivo(s.PuntoIdent[r], s.PuntoPiano[r])) IstruzionePunto(s, r, "<PUNTO>", out);
 }
 
 void Geometrie(const Sessione& s, std::string& out) {
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotLinee]); ++r)
-    if (Vivo(s.LineaIdent[r]))
+    if (Vivo(s.LineaIdent[r], s.LineaPiano[r]))
       Istruzione("<LINEA>")
           .N_(s.LineaX1[r], s.LineaY1[r], s.LineaZ1[r], s.LineaX2[r], s.LineaY2[r], s.LineaZ2[r])
           .N_(s.LineaColore[r], s.LineaTratteggio[r], s.LineaCongela[r])
@@ -80,14 +83,14 @@ void Geometrie(const Sessione& s, std::string& out) {
           .N_(s.LineaTronca[r])
           .In(out);
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotCerchi]); ++r)
-    if (Vivo(s.CerchioIdent[r]))
+    if (Vivo(s.CerchioIdent[r], s.CerchioPiano[r]))
       Istruzione("<CERCHIO>")
           .N_(s.CerchioX[r], s.CerchioY[r], s.CerchioZ[r], s.CerchioRaggio[r])
           .N_(s.CerchioColore[r], s.CerchioTratteggio[r], s.CerchioCongela[r])
           .T(s.CerchioPiano[r])
           .In(out);
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotArchi]); ++r)
-    if (Vivo(s.ArcoIdent[r]))
+    if (Vivo(s.ArcoIdent[r], s.ArcoPiano[r]))
       Istruzione("<ARCO>")
           .N_(s.ArcoX[r], s.ArcoY[r], s.ArcoZ[r], s.ArcoRaggio[r], s.ArcoInizio[r], s.ArcoFine[r])
           .N_(s.ArcoColore[r], s.ArcoTratteggio[r], s.ArcoCongela[r])
@@ -95,7 +98,7 @@ void Geometrie(const Sessione& s, std::string& out) {
           .N_(s.ArcoQuotaInizio[r], s.ArcoQuotaFinale[r])
           .In(out);
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotTesti]); ++r)
-    if (Vivo(s.TestoIdent[r]))
+    if (Vivo(s.TestoIdent[r], s.TestoPiano[r]))
       Istruzione("<TESTO>")
           .N_(s.TestoX[r], s.TestoY[r], s.TestoRotazione[r], s.TestoAltezza[r], s.TestoRighe[r])
           .N_(s.TestoColore[r], s.TestoCongela[r], s.TestoColonne[r])

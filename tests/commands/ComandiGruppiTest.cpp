@@ -58,5 +58,22 @@ TEST_F(ComandiGruppi, SimboloNuovoDopoLaSelezioneDalClicDellOrigine) {
   EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
 }
 
+TEST_F(ComandiGruppi, MenuSimboliSceglieIlSimboloDaIncollare) {
+  s.Simboli.Righe = {{1, 1, 0, 1, 200, 0, 7}};
+  s.Simboli.Indicizza();
+  // A code that is no whole number is refused and the current symbol stays.
+  const std::string uscita = Script(
+      "TAG GESTIONE_SIMBOLI\nFIELD MenuSimboli.Simbolo 2.5\nPRESS Scegli\nFIELD MenuSimboli.Simbolo -7\nPRESS Incolla\n");
+  EXPECT_TRUE(Contiene(uscita, "DIALOGO + MenuSimboli [Selezione Simbolo] Simbolo=\"1\" SIMBOLI=\"-7 | 0 | 2 | 3 | 4 | 5 | \""));
+  EXPECT_TRUE(Contiene(uscita, "Simbolo non valido"));
+  // The paste hands the symbol chosen to the selection of the points it goes on.
+  EXPECT_TRUE(Contiene(uscita, "> PRESS Incolla\nDIALOGO - MenuSimboli\nDIALOGO + SelezPunti [Selezione Punti] "
+                               "Selezione=\"0\" Modo=\"Aggiungi\" Simbolo=\"-7\""));
+  // Deleted after a "yes", the file keeps its count line alone and the list its own bases.
+  Script("TAG GESTIONE_SIMBOLI\nFIELD MenuSimboli.Simbolo -7\nANSWER yes\nPRESS Elimina\n");
+  EXPECT_EQ(LeggiFileProva(PercorsoSimboli(s)), "0\r\n");
+  EXPECT_EQ(TrovaDialogo(s, "MenuSimboli")->Valore("SIMBOLI"), "0\n2\n3\n4\n5\n");
+}
+
 }  // namespace
 }  // namespace varena

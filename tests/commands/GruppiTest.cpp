@@ -1,10 +1,12 @@
 // Groups: the file as written by hand from the record letters, and the paste at another base.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <tuple>
 
 #include "commands/Gruppi.h"
+#include "support/ProvaCli.h"
 #include "selection/Selezione.h"
 #include "support/ProvaComandi.h"
 
@@ -69,6 +71,31 @@ TEST(Gruppi, SenzaBaseSpostaDelClicERigaGuastaFermaLaLettura) {
             std::make_tuple(1, 0, 11.0, 22.0, 3.0, "X"));
   // An unknown letter stops it too.
   EXPECT_EQ(LeggiGruppo(b.s, "\"Q\",1\r\n\"C\",0,0,0,1,1,1,\"0\"\r\n", 0, 0), 0);
+}
+
+TEST(Gruppi, SezionePresaDallaFinestraSalvataEIncollataSpostata) {
+  // A section as its member holds it, drawn about its datum point (1000, 2000), far from the
+  // example's survey: its frame is known only once it is drawn.
+  const std::string blocco = LeggiFileProva(VARENA_SORGENTI "/tests/data/gruppi/F1.SEZ");
+  CartellaTemporanea casa, dir;
+  setenv("VARENA_DOCUMENTI", casa.Percorso().c_str(), 1);
+  const std::string base = CopiaEsempio(dir / "lavori");
+  ScriviFileProva(base + ".SEZ", blocco);
+  const EsitoCli e = Cli({"gruppo", "salva", base + ".CFG", "SEZ", "--finestra", "900,1900,1100,2100"});
+  unsetenv("VARENA_DOCUMENTI");
+  EXPECT_EQ(e.out, casa / "VR2000/GRUPPI/SEZ.GGG" + ": 1 entita\n");
+  const std::string gruppo = LeggiFileProva(casa / "VR2000/GRUPPI/SEZ.GGG");
+  EXPECT_EQ(gruppo, "\"I\",900,1900,0\r\n\"S\"\r\n" + blocco);
+  // Pasted with (100, 200) to add: its place on the sheet and its stations on the plan.
+  Banco b;
+  EXPECT_EQ(LeggiGruppo(b.s, gruppo + "\"C\",0,0,0,1,1,1,\"0\"\r\n", 1000, 2100), 2);
+  ASSERT_EQ(std::tie(b.s.ContaEntita[SlotSezioni], b.s.ContaEntita[SlotCerchi]), std::make_tuple(1, 1));
+  const Sezione& z = b.s.SezioneDati[0];
+  EXPECT_EQ(std::tie(z.IndiceSezione, z.OrigineX, z.OrigineY, z.Stazioni[1].Nome, z.Stazioni[1].X, z.Stazioni[1].Y,
+                     z.Stazioni[1].QuotaTerreno),
+            std::make_tuple("F1", 1100.0, 2200.0, "B", 104.0, 206.0, 12.75));
+  // A block cut short ends the read there.
+  EXPECT_EQ(LeggiGruppo(b.s, gruppo.substr(0, gruppo.size() - 20), 0, 0), 0);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "store/Registro.h"
+#include "store/Salva.h"
 #include "store/Salvataggio.h"
 #include "store/Undo.h"
 #include "store/Slot.h"
@@ -103,6 +104,46 @@ TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   ASSERT_TRUE(TogliDisegnoIncluso(p.s, taf));
   EXPECT_EQ(p.s.Cfg.VB(B_FileAssociati, 0).Testo, "/dati/MANCANTE.TAF|");
   EXPECT_EQ(p.s.ContaEntita[SlotPunti], 20);
+}
+
+TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
+  prova::SessioneProva p;
+  const std::string base = CopiaEsempio(p.cartella / "lavori");
+  const std::string altro = CopiaEsempio(p.cartella / "altri");
+  ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".CFG"));
+  const auto prima = p.s.ContaEntita;
+  ASSERT_FALSE(IncludiDisegno(p.s, {p.cartella / "LAVORI/rilievo.cfg"}));
+  EXPECT_EQ(p.ui.Messaggi.back().Testo, "Un Lavoro non può includere se stesso!");
+  ASSERT_TRUE(IncludiDisegno(p.s, {altro + ".CFG"}));
+  // Every kind drawn twice, the copies on INCLUSI; a save writes the job's own rows only.
+  ASSERT_TRUE(SalvaTutto(p.s, true));
+  for (const auto& [slot, piano] : {std::pair{SlotPunti, &p.s.PuntoPiano}, {SlotLinee, &p.s.LineaPiano},
+                                    {SlotCerchi, &p.s.CerchioPiano}, {SlotArchi, &p.s.ArcoPiano},
+                                    {SlotTesti, &p.s.TestoPiano}}) {
+    ASSERT_EQ(p.s.ContaEntita[slot], 2 * prima[slot]) << slot;
+    EXPECT_EQ(piano->at(static_cast<size_t>(prima[slot])), "INCLUSI");
+    EXPECT_EQ(fs::file_size(p.s.NomeLavoro + EstensioneFile(slot)), fs::file_size(base + EstensioneFile(slot)));
+  }
+  EXPECT_EQ(prova::LeggiFileProva(p.s.NomeLavoro + ".L"), prova::LeggiFileProva(base + ".L"));
+  // Saved, the job names the other one: that one cannot include it back.
+  ASSERT_TRUE(VR_DaProvvisoAOriginale(p.s));
+  prova::SessioneProva q;
+  ASSERT_TRUE(ApriLavoroScelto(q.s, altro + ".CFG"));
+  ASSERT_FALSE(IncludiDisegno(q.s, {base + ".CFG"}));
+  EXPECT_EQ(q.ui.Messaggi.back().Testo, "Il Lavoro RILIEVO include già questo!");
+  // Broken, it gives what it holds: settings that are no list, a line member cut short
+  // (100 bytes of a 128-byte record count as one).
+  prova::ScriviFileProva(altro + ".CFG", std::string("\xff\"\x01,,\r\n\"VR2020", 12));
+  fs::resize_file(altro + ".LIN", 100);
+  ASSERT_TRUE(ApriLavoroScelto(q.s, base + ".CFG"));
+  EXPECT_EQ(q.s.ContaEntita[SlotLinee], prima[SlotLinee] + 1);
+  // Gone since, it is said at opening, and the job opens without it.
+  for (const auto& membro : prova::MembriDi(altro)) fs::remove(altro + membro.first);
+  const size_t detti = q.ui.Messaggi.size();
+  ASSERT_TRUE(ApriLavoroScelto(q.s, base + ".CFG"));
+  ASSERT_EQ(q.ui.Messaggi.size(), detti + 1);
+  EXPECT_EQ(q.ui.Messaggi.back().Testo, "Disegni inclusi non trovati:\n" + altro + ".CFG");
+  EXPECT_EQ(q.s.ContaEntita[SlotLinee], prima[SlotLinee]);
 }
 
 }  // namespace

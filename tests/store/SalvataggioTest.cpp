@@ -40,7 +40,7 @@ std::string BloccoA() {
 const char* kBloccoB =
     "0.5\r\n7\r\n1.5,2.5,3,1.25,0.75\r\n\"Arial\"\r\n5,0.5\r\n3\r\n\"STRADE\"\r\n2\r\n1.6\r\n\"a\",\"b\"\r\n"
     "\"c\"\r\n2\r\n0.125\r\n4.5\r\n1725020,5031000,80\r\n\"scarto\"\r\n9\r\n1,2.5,3.5,4.5,5,6,\"L\"\r\n0\r\n"
-    "7\r\n\"EDIFICI\"\r\n1\r\n\"7|1|2\"\r\n\"A.CFG|\"\r\n";
+    "7\r\n\"EDIFICI\"\r\n1\r\n\"7|1|2\"\r\n\"A.DWG|\"\r\n";
 
 class Salvataggio : public ::testing::Test {
  protected:
