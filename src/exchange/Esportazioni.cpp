@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "cadastre/CodiciPunto.h"
 #include "cadastre/ElencoPunti.h"
+#include "commands/TabellaDialoghi.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Lista.h"
@@ -289,20 +291,27 @@ std::string Script(const Sessione& s) {
   return Sostituisci(Sostituisci(t, ",", "."), "!", ",");
 }
 
-// The chosen points of the menu's formats: those selected, or all when none is.
-std::vector<int32_t> PuntiScelti(const Sessione& s) {
-  std::vector<int32_t> scelti;
-  for (const int32_t r : RigheElencoPunti(s))
-    if (s.StatoPunto[static_cast<size_t>(r)] == 1) scelti.push_back(r);
-  return scelti.empty() ? RigheElencoPunti(s) : scelti;
+// The format of the point export waiting for its selection, by session: the selection
+// dialog can be closed and opened again (a window, Esc) before its OK, and the format
+// must outlive it.
+std::map<const Sessione*, FormatoEsportazione>& EsportazioniInAttesa() {
+  static std::map<const Sessione*, FormatoEsportazione> inAttesa;
+  return inAttesa;
 }
 
-void Comando(Sessione& s, FormatoEsportazione f) {
+void ScegliEScrivi(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe) {
   const DescrizioneEsportazione& d = Descrizione(f);
   const std::optional<std::string> file =
       s.Ui->ScegliFile(true, d.Titolo, d.Filtro, Cartella(s.NomeOriginale), Foglia(s.NomeOriginale) + d.Estensione);
   if (!file || Rifila(*file).empty()) return;
-  ScriviEsportazione(s, f, *file, PuntiScelti(s));
+  ScriviEsportazione(s, f, *file, righe);
+}
+
+// The menu's point formats choose their points first.
+void ChiediPunti(Sessione& s, FormatoEsportazione f) {
+  EsportazioniInAttesa()[&s] = f;
+  s.AzionePuntiInAttesa = kAzioneEsportaPunti;
+  ApriDialogoDiTabella(s, "SelezPunti");
 }
 
 }  // namespace
@@ -371,11 +380,19 @@ bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& p
   return true;
 }
 
-void OuXYZ(Sessione& s) { Comando(s, FormatoEsportazione::Xyz); }
-void OuCSV1(Sessione& s) { Comando(s, FormatoEsportazione::Csv); }
-void OuRAW(Sessione& s) { Comando(s, FormatoEsportazione::Raw); }
-void EsportaCsvDisegno(Sessione& s) { Comando(s, FormatoEsportazione::CsvDisegno); }
-void EsportaScript(Sessione& s) { Comando(s, FormatoEsportazione::Scr); }
+void OuXYZ(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Xyz); }
+void OuCSV1(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Csv); }
+void OuRAW(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Raw); }
+void EsportaCsvDisegno(Sessione& s) { ScegliEScrivi(s, FormatoEsportazione::CsvDisegno, {}); }
+void EsportaScript(Sessione& s) { ScegliEScrivi(s, FormatoEsportazione::Scr, {}); }
+
+void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe) {
+  const auto i = EsportazioniInAttesa().find(&s);
+  if (i == EsportazioniInAttesa().end()) return;
+  const FormatoEsportazione f = i->second;
+  EsportazioniInAttesa().erase(i);
+  ScegliEScrivi(s, f, righe);
+}
 
 void GeneraPuntiRilDisegno(Sessione& s) {
   const std::optional<std::string> file = s.Ui->ScegliFile(true, "Creazione file RIL",

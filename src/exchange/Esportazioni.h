@@ -63,11 +63,15 @@ bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& p
                         const std::vector<int32_t>& righe, const OpzioniEsportazione& o = {});
 
 // The menu commands: the file asked with the format's filter and proposed name; a blank
-// answer ends silently. The point formats take the points selected, or every live point
-// when none is.
+// answer ends silently. The point formats first set the pending point action
+// `kAzioneEsportaPunti` and open the point selection `SelezPunti`: its OK goes on with
+// `EsportaPuntiScelti`, its cancel ends the export with nothing asked.
 void OuXYZ(Sessione& s);
 void OuCSV1(Sessione& s);
 void OuRAW(Sessione& s);
+inline constexpr int32_t kAzioneEsportaPunti = 420;
+// The pending point export, on the OK of the selection: `righe` are the points chosen.
+void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe);
 void EsportaCsvDisegno(Sessione& s);
 void EsportaScript(Sessione& s);
 void GeneraPuntiRilDisegno(Sessione& s);

@@ -9,11 +9,13 @@
 #include <tuple>
 
 #include "Terminale.h"
+#include "commands/Comandi.h"
 #include "commands/Costruttori.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Esportazioni.h"
 #include "exchange/PuntiFile.h"
+#include "selection/Selezione.h"
 #include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
@@ -137,6 +139,30 @@ TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
             "*110001+0000000023456789 81..10+0000000000001500 82..10-0000000000002250 83..10+0000000000000001 "
             "71....+00000001 \r\n");
   EXPECT_EQ(TestoNpl(s, {0}), "A,123456789,-2.25,1.50,0.00,\r\n");
+}
+
+TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  ScriviPunto(s, "1", {10, 20, 1.5}, "", "0");
+  ScriviPunto(s, "2", {11, 21, 2}, "", "0");
+  ScriviPunto(s, "3", {12.25, 22, 3}, "", "0");
+  // A cancel asks for no file and leaves no action waiting.
+  EseguiTag(s, "ESPORTAINCSV");
+  ASSERT_TRUE(DialogoAperto(s, "SelezPunti"));
+  EXPECT_EQ(s.AzionePuntiInAttesa, 420);
+  ASSERT_TRUE(PremiBottone(s, "SelezPunti", "Annulla"));
+  EXPECT_EQ(s.AzionePuntiInAttesa, 0);
+  EXPECT_TRUE(p.ui.SceltePresentate.empty());
+  // The points chosen, in the table's order whatever the order of the clicks.
+  EseguiTag(s, "ESPORTAXYZ");
+  MarcaEntita(s, SlotPunti, 2);
+  MarcaEntita(s, SlotPunti, 0);
+  p.ui.RispondiFile(p.cartella / "P.XYZ");
+  ASSERT_TRUE(PremiBottone(s, "SelezPunti", "OK"));
+  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.000 20.000 1.500\r\n12.250 22.000 3.000\r\n");
+  EXPECT_EQ(s.AzionePuntiInAttesa, 0);
+  EXPECT_FALSE(DialogoAperto(s, "SelezPunti"));
 }
 
 }  // namespace
