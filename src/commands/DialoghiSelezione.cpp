@@ -174,6 +174,8 @@ void EseguiSelezPunti(Sessione& s) {
     return;
   }
   if (azione == kAzioneEsportaPunti) {
+    if (const Dialogo* d = TrovaDialogo(s, kSelezPunti); d && d->Campo("Decimali"))
+      ImpostaDecimaliEsportazione(s, InteroLungo(d->Numero("Decimali")));
     // The export goes on with its file only once the selection is off the screen.
     const std::vector<int32_t> righe = PuntiSelezionati(s);
     ChiudiSelezPunti(s);
@@ -372,6 +374,8 @@ bool ApriSelezPunti(Sessione& s) {
   d.AggiungiCampo("Selezione", "Selezione Punti = ", std::to_string(ContaPuntiSelezionati(s)))
       .AggiungiCampo("Modo", "", TestoModo(s));
   if (s.AzionePuntiInAttesa == 118) d.AggiungiCampo("Simbolo", "Simbolo :", std::to_string(s.SimboloCorrente));
+  if (s.AzionePuntiInAttesa == kAzioneEsportaPunti)
+    d.AggiungiCampo("Decimali", "Decimali :", std::to_string(DecimaliEsportazione(s)));
   auto azione = [](auto fai) {
     return [fai](Sessione& x) {
       x.RoutineCorrente = "SelezPunti";

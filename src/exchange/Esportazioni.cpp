@@ -304,7 +304,7 @@ void ScegliEScrivi(Sessione& s, FormatoEsportazione f, const std::vector<int32_t
   const std::optional<std::string> file =
       s.Ui->ScegliFile(true, d.Titolo, d.Filtro, Cartella(s.NomeOriginale), Foglia(s.NomeOriginale) + d.Estensione);
   if (!file || Rifila(*file).empty()) return;
-  ScriviEsportazione(s, f, *file, righe);
+  ScriviEsportazione(s, f, *file, righe, {.Decimali = DecimaliEsportazione(s)});
 }
 
 // The menu's point formats choose their points first.
@@ -324,9 +324,24 @@ const DescrizioneEsportazione* TrovaFormatoEsportazione(std::string_view parola)
   return nullptr;
 }
 
+// The statement of block B after the associated files, read as 0 from a file without it.
+constexpr size_t kDecimaliB = B_FileAssociati + 1;
+// Past fifteen a double has no digit left to show.
+constexpr int kMassimiDecimali = 15;
+
+int DecimaliEsportazione(const Sessione& s) {
+  return std::clamp(InteroLungo(s.Cfg.VB(kDecimaliB, 0).Numero), 0, kMassimiDecimali);
+}
+
+void ImpostaDecimaliEsportazione(Sessione& s, int decimali) {
+  decimali = std::clamp(decimali, 0, kMassimiDecimali);
+  if (decimali == DecimaliEsportazione(s)) return;
+  s.Cfg.VB(kDecimaliB, 0).Numero = decimali;
+  SegnaModificato(s, SlotCfg);
+}
+
 std::string MascheraEsportazione(int decimali) {
-  // Past fifteen a double has no digit left to show.
-  decimali = std::min(decimali, 15);
+  decimali = std::min(decimali, kMassimiDecimali);
   return "#############0" + (decimali > 0 ? "." + std::string(static_cast<size_t>(decimali), '0') : ".000");
 }
 

@@ -43,6 +43,9 @@ const DescrizioneEsportazione* TrovaFormatoEsportazione(std::string_view parola)
 
 // "#############0" and the decimals of the job's setting; three when the setting is 0.
 std::string MascheraEsportazione(int decimali);
+// The decimal setting of the exports, 0 to 15, kept with the job's settings in its `.CFG`.
+int DecimaliEsportazione(const Sessione& s);
+void ImpostaDecimaliEsportazione(Sessione& s, int decimali);
 
 // The text of an export. `righe` are table rows of points: for the menu's point formats the
 // points chosen, for the list's formats the rows the list shows in its order; the drawing

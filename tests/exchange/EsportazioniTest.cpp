@@ -11,6 +11,7 @@
 #include "Terminale.h"
 #include "commands/Comandi.h"
 #include "commands/Costruttori.h"
+#include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Esportazioni.h"
@@ -154,15 +155,25 @@ TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   ASSERT_TRUE(PremiBottone(s, "SelezPunti", "Annulla"));
   EXPECT_EQ(s.AzionePuntiInAttesa, 0);
   EXPECT_TRUE(p.ui.SceltePresentate.empty());
-  // The points chosen, in the table's order whatever the order of the clicks.
+  // The points chosen, in the table's order whatever the order of the clicks, with the
+  // decimals the dialog sets for the job.
   EseguiTag(s, "ESPORTAXYZ");
   MarcaEntita(s, SlotPunti, 2);
   MarcaEntita(s, SlotPunti, 0);
+  ASSERT_TRUE(ScriviCampo(s, "SelezPunti", "Decimali", "2"));
   p.ui.RispondiFile(p.cartella / "P.XYZ");
   ASSERT_TRUE(PremiBottone(s, "SelezPunti", "OK"));
-  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.000 20.000 1.500\r\n12.250 22.000 3.000\r\n");
+  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.00 20.00 1.50\r\n12.25 22.00 3.00\r\n");
   EXPECT_EQ(s.AzionePuntiInAttesa, 0);
   EXPECT_FALSE(DialogoAperto(s, "SelezPunti"));
+  // The setting goes with the job: the last statement of its settings, read back from there.
+  const std::string cfg = ScriviBloccoB(s.Cfg.B);
+  EXPECT_EQ(cfg.substr(cfg.size() - 3), "2\r\n");
+  LettoreLista in(cfg);
+  CfgLavoro letto;
+  LeggiBloccoB(in, letto.B);
+  s.Cfg = letto;
+  EXPECT_EQ(DecimaliEsportazione(s), 2);
 }
 
 }  // namespace
