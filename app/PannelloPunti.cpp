@@ -194,6 +194,11 @@ void PannelloPunti::Menu(const QPoint& dove) {
     });
   }
   esporta->addAction("NPL", this, [this] { TrasferisciNpl(this, s_, modello_->Righe()); });
+  menu.addAction(tr("Incolla da File"), this, [this] {
+    EseguiTag(s_, "INCOLLA_DA_FILE");
+    Aggiorna();
+    emit Cambiato();
+  });
   menu.exec(vista_->viewport()->mapToGlobal(dove));
 }
 
