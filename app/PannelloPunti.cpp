@@ -189,8 +189,7 @@ void PannelloPunti::Menu(const QPoint& dove) {
     esporta->addAction(Qs(Maiuscolo(d.Parola)), this, [this, &d] {
       OpzioniEsportazione o;
       if (d.Formato == FormatoEsportazione::Pun && !ChiediOpzioniPun(this, o)) return;
-      const std::optional<std::string> file = s_.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, {});
-      if (file && !Rifila(*file).empty()) ScriviEsportazione(s_, d.Formato, *file, modello_->Righe(), o);
+      EsportaElencoPunti(s_, d.Formato, modello_->Righe(), o);
     });
   }
   esporta->addAction("NPL", this, [this] { TrasferisciNpl(this, s_, modello_->Righe()); });

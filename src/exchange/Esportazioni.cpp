@@ -409,6 +409,14 @@ void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe) {
   ScegliEScrivi(s, f, righe);
 }
 
+void EsportaElencoPunti(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
+                        const OpzioniEsportazione& o) {
+  const DescrizioneEsportazione& d = Descrizione(f);
+  const bool gsi = f == FormatoEsportazione::Gsi || f == FormatoEsportazione::GsiTcr705;
+  const std::optional<std::string> file = s.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, gsi ? "Leica.GSI" : "");
+  if (file && !Rifila(*file).empty()) ScriviEsportazione(s, f, *file, righe, o);
+}
+
 void GeneraPuntiRilDisegno(Sessione& s) {
   const std::optional<std::string> file = s.Ui->ScegliFile(true, "Creazione file RIL",
                                                            Descrizione(FormatoEsportazione::Ril).Filtro,

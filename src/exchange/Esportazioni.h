@@ -76,6 +76,11 @@ inline constexpr int32_t kAzioneEsportaPunti = 420;
 // The pending point export, on the OK of the selection: `righe` are the points chosen.
 void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe);
 void EsportaCsvDisegno(Sessione& s);
+// The point list's formats over the rows it shows: the file asked with the format's filter,
+// "Leica.GSI" proposed for the two GSI and nothing for the others; a blank answer ends
+// silently.
+void EsportaElencoPunti(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
+                        const OpzioniEsportazione& o = {});
 void EsportaScript(Sessione& s);
 void GeneraPuntiRilDisegno(Sessione& s);
 

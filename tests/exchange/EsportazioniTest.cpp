@@ -11,6 +11,7 @@
 #include "Terminale.h"
 #include "commands/Comandi.h"
 #include "commands/Costruttori.h"
+#include "core/InterfacciaRegistrata.h"
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -140,6 +141,24 @@ TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
             "*110001+0000000023456789 81..10+0000000000001500 82..10-0000000000002250 83..10+0000000000000001 "
             "71....+00000001 \r\n");
   EXPECT_EQ(TestoNpl(s, {0}), "A,123456789,-2.25,1.50,0.00,\r\n");
+}
+
+TEST(Esportazioni, GsiDellElencoPropostoComeLeica) {
+  struct Scelta : InterfacciaRegistrata {
+    std::string Proposto;
+    std::optional<std::string> ScegliFile(bool, std::string_view, std::string_view, std::string_view,
+                                          std::string_view file) override {
+      Proposto = file;
+      return std::nullopt;
+    }
+  } ui;
+  Sessione s;
+  s.Ui = &ui;
+  for (const FormatoEsportazione f : {FormatoEsportazione::Gsi, FormatoEsportazione::GsiTcr705}) {
+    ui.Proposto = "?";
+    EsportaElencoPunti(s, f, {});
+    EXPECT_EQ(ui.Proposto, "Leica.GSI");
+  }
 }
 
 TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
