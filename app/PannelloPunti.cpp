@@ -188,7 +188,11 @@ void PannelloPunti::Menu(const QPoint& dove) {
     if (!d.DaElenco) continue;
     esporta->addAction(Qs(Maiuscolo(d.Parola)), this, [this, &d] {
       OpzioniEsportazione o;
-      if (d.Formato == FormatoEsportazione::Pun && !ChiediOpzioniPun(this, o)) return;
+      if (d.Formato == FormatoEsportazione::Pun) {
+        o = OpzioniPunSalvate(s_);
+        if (!ChiediOpzioniPun(this, o)) return;
+        SalvaOpzioniPun(s_, o);
+      }
       EsportaElencoPunti(s_, d.Formato, modello_->Righe(), o);
     });
   }

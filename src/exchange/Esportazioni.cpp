@@ -417,6 +417,35 @@ void EsportaElencoPunti(Sessione& s, FormatoEsportazione f, const std::vector<in
   if (file && !Rifila(*file).empty()) ScriviEsportazione(s, f, *file, righe, o);
 }
 
+namespace {
+constexpr const char* kSezionePun = "GENERAPUNTIPUN";
+}  // namespace
+
+OpzioniEsportazione OpzioniPunSalvate(Sessione& s) {
+  OpzioniEsportazione o;
+  auto acceso = [&](const std::string& chiave, bool predefinito) {
+    return Val(LeggiImpostazioneUtente(s, kSezionePun, chiave, predefinito ? "1" : "0")) != 0;
+  };
+  o.Colonne.clear();
+  for (int c = ColonnaNome; c <= ColonnaPiano; ++c)
+    if (acceso("GRID" + std::to_string(c), c <= ColonnaDescrizione)) o.Colonne.push_back(c);
+  o.Separatore = Maiuscolo(LeggiImpostazioneUtente(s, kSezionePun, "SEPARATORE", o.Separatore));
+  o.Anteponi = acceso("ANTEPONI", false);
+  o.SepFinale = acceso("SEPFINALE", false);
+  return o;
+}
+
+void SalvaOpzioniPun(Sessione& s, const OpzioniEsportazione& o) {
+  auto scrivi = [&](const std::string& chiave, bool acceso) {
+    ScriviImpostazioneUtente(s, kSezionePun, chiave, acceso ? "1" : "0");
+  };
+  for (int c = ColonnaNome; c <= ColonnaPiano; ++c)
+    scrivi("GRID" + std::to_string(c), std::find(o.Colonne.begin(), o.Colonne.end(), c) != o.Colonne.end());
+  ScriviImpostazioneUtente(s, kSezionePun, "SEPARATORE", o.Separatore);
+  scrivi("ANTEPONI", o.Anteponi);
+  scrivi("SEPFINALE", o.SepFinale);
+}
+
 void GeneraPuntiRilDisegno(Sessione& s) {
   const std::optional<std::string> file = s.Ui->ScegliFile(true, "Creazione file RIL",
                                                            Descrizione(FormatoEsportazione::Ril).Filtro,

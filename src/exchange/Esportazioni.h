@@ -28,6 +28,11 @@ struct OpzioniEsportazione {
   bool SepFinale = false;
 };
 
+// The PUN dialog's choices as it last closed, kept in the per-user store: `GRID1` to
+// `GRID7` the columns, `SEPARATORE`, `ANTEPONI`, `SEPFINALE`.
+OpzioniEsportazione OpzioniPunSalvate(Sessione& s);
+void SalvaOpzioniPun(Sessione& s, const OpzioniEsportazione& o);
+
 struct DescrizioneEsportazione {
   FormatoEsportazione Formato;
   const char* Parola;      // the name of the command line, "xyz"

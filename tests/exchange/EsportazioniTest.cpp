@@ -161,6 +161,17 @@ TEST(Esportazioni, GsiDellElencoPropostoComeLeica) {
   }
 }
 
+TEST(Esportazioni, SceltePunRicordateDaUnaVoltaAllAltra) {
+  prova::SessioneProva p;
+  EXPECT_EQ(OpzioniPunSalvate(p.s).Colonne, (std::vector<int>{1, 2, 3, 4, 5}));
+  SalvaOpzioniPun(p.s, {.Colonne = {1, 4}, .Separatore = "TAB", .Anteponi = true});
+  Sessione dopo;
+  prova::PreparaSessione(dopo, p.ui, p.cartella);
+  const OpzioniEsportazione o = OpzioniPunSalvate(dopo);
+  EXPECT_EQ(std::tie(o.Colonne, o.Separatore, o.Anteponi, o.SepFinale),
+            std::make_tuple(std::vector<int>{1, 4}, std::string("TAB"), true, false));
+}
+
 TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   prova::SessioneProva p;
   Sessione& s = p.s;
