@@ -11,7 +11,6 @@
 #include "Terminale.h"
 #include "commands/Comandi.h"
 #include "commands/Costruttori.h"
-#include "core/InterfacciaRegistrata.h"
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -144,26 +143,13 @@ TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
 }
 
 TEST(Esportazioni, GsiDellElencoPropostoComeLeica) {
-  struct Scelta : InterfacciaRegistrata {
-    std::string Proposto;
-    std::optional<std::string> ScegliFile(bool, std::string_view, std::string_view, std::string_view,
-                                          std::string_view file) override {
-      Proposto = file;
-      return std::nullopt;
-    }
-  } ui;
-  Sessione s;
-  s.Ui = &ui;
-  for (const FormatoEsportazione f : {FormatoEsportazione::Gsi, FormatoEsportazione::GsiTcr705}) {
-    ui.Proposto = "?";
-    EsportaElencoPunti(s, f, {});
-    EXPECT_EQ(ui.Proposto, "Leica.GSI");
-  }
+  prova::SessioneProva p;
+  EsportaElencoPunti(p.s, FormatoEsportazione::GsiTcr705, {});
+  EXPECT_EQ(p.ui.NomiProposti, std::vector<std::string>{"Leica.GSI"});
 }
 
-TEST(Esportazioni, SceltePunRicordateDaUnaVoltaAllAltra) {
+TEST(Esportazioni, SceltePunRicordate) {
   prova::SessioneProva p;
-  EXPECT_EQ(OpzioniPunSalvate(p.s).Colonne, (std::vector<int>{1, 2, 3, 4, 5}));
   SalvaOpzioniPun(p.s, {.Colonne = {1, 4}, .Separatore = "TAB", .Anteponi = true});
   Sessione dopo;
   prova::PreparaSessione(dopo, p.ui, p.cartella);
@@ -175,34 +161,24 @@ TEST(Esportazioni, SceltePunRicordateDaUnaVoltaAllAltra) {
 TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   prova::SessioneProva p;
   Sessione& s = p.s;
-  ScriviPunto(s, "1", {10, 20, 1.5}, "", "0");
-  ScriviPunto(s, "2", {11, 21, 2}, "", "0");
-  ScriviPunto(s, "3", {12.25, 22, 3}, "", "0");
-  // A cancel asks for no file and leaves no action waiting.
-  EseguiTag(s, "ESPORTAINCSV");
-  ASSERT_TRUE(DialogoAperto(s, "SelezPunti"));
+  for (const double k : {0.0, 1.0, 2.25}) ScriviPunto(s, "P", {10 + k, 20 + k, 1.5}, "", "0");
+  EseguiTag(s, "ESPORTAINCSV");  // a cancel asks for no file
   EXPECT_EQ(s.AzionePuntiInAttesa, 420);
   ASSERT_TRUE(PremiBottone(s, "SelezPunti", "Annulla"));
-  EXPECT_EQ(s.AzionePuntiInAttesa, 0);
   EXPECT_TRUE(p.ui.SceltePresentate.empty());
-  // The points chosen, in the table's order whatever the order of the clicks, with the
-  // decimals the dialog sets for the job.
+  // The points chosen in table order, with the decimals the dialog sets for the job.
   EseguiTag(s, "ESPORTAXYZ");
   MarcaEntita(s, SlotPunti, 2);
   MarcaEntita(s, SlotPunti, 0);
   ASSERT_TRUE(ScriviCampo(s, "SelezPunti", "Decimali", "2"));
   p.ui.RispondiFile(p.cartella / "P.XYZ");
   ASSERT_TRUE(PremiBottone(s, "SelezPunti", "OK"));
-  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.00 20.00 1.50\r\n12.25 22.00 3.00\r\n");
+  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.00 20.00 1.50\r\n12.25 22.25 1.50\r\n");
   EXPECT_EQ(s.AzionePuntiInAttesa, 0);
-  EXPECT_FALSE(DialogoAperto(s, "SelezPunti"));
-  // The setting goes with the job: the last statement of its settings, read back from there.
-  const std::string cfg = ScriviBloccoB(s.Cfg.B);
-  EXPECT_EQ(cfg.substr(cfg.size() - 3), "2\r\n");
-  LettoreLista in(cfg);
-  CfgLavoro letto;
-  LeggiBloccoB(in, letto.B);
-  s.Cfg = letto;
+  // The setting goes with the job's settings and comes back from them.
+  LettoreLista in(ScriviBloccoB(s.Cfg.B));
+  s.Cfg = CfgLavoro();
+  LeggiBloccoB(in, s.Cfg.B);
   EXPECT_EQ(DecimaliEsportazione(s), 2);
 }
 
