@@ -172,8 +172,13 @@ void LeggiBloccoA(LettoreLista& in, BloccoCfg& a) {
 void LeggiBloccoB(LettoreLista& in, BloccoCfg& b) {
   for (size_t i = 0; i < b.Istruzioni.size(); ++i) {
     // Statements 18 on were added over the years: an older file simply ends before them,
-    // and they keep the values they had.
-    if (i >= kPrimaFacoltativaB && in.Fine()) return;
+    // and they keep the values they had. Ours after the associated files belong to the job
+    // that wrote them: one that ends before them has them at 0, not at the last job's value.
+    if (i >= kPrimaFacoltativaB && in.Fine()) {
+      for (size_t k = std::max<size_t>(i, B_FileAssociati); k < b.Istruzioni.size(); ++k)
+        for (ValoreCfg& v : b.Istruzioni[k].Valori) v.Numero = 0;
+      return;
+    }
     for (ValoreCfg& v : b.Istruzioni[i].Valori) LeggiValore(in, v);
     // Statements 7 and 21 carry the one current layer: a file that ends before 21 keeps
     // the layer of 7, not the one of an earlier file.

@@ -168,8 +168,7 @@ TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   EXPECT_TRUE(p.ui.SceltePresentate.empty());
   // The points chosen in table order, with the decimals the dialog sets for the job.
   EseguiTag(s, "ESPORTAXYZ");
-  MarcaEntita(s, SlotPunti, 2);
-  MarcaEntita(s, SlotPunti, 0);
+  for (const int32_t r : {2, 0}) MarcaEntita(s, SlotPunti, r);
   ASSERT_TRUE(ScriviCampo(s, "SelezPunti", "Decimali", "2"));
   p.ui.RispondiFile(p.cartella / "P.XYZ");
   ASSERT_TRUE(PremiBottone(s, "SelezPunti", "OK"));
@@ -180,6 +179,9 @@ TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   s.Cfg = CfgLavoro();
   LeggiBloccoB(in, s.Cfg.B);
   EXPECT_EQ(DecimaliEsportazione(s), 2);
+  LettoreLista altro(ScriviBloccoB(CfgLavoro().B));  // another job's, which never set it
+  LeggiBloccoB(altro, s.Cfg.B);
+  EXPECT_EQ(DecimaliEsportazione(s), 0);
 }
 
 }  // namespace
