@@ -1,5 +1,7 @@
 #include "DialogoPun.h"
 
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -18,14 +20,17 @@ bool ChiediOpzioniPun(QWidget* genitore, OpzioniEsportazione& o) {
   std::vector<QCheckBox*> colonne;
   for (int c = ColonnaNome; c <= ColonnaPiano; ++c) {
     colonne.push_back(new QCheckBox(TitoloColonnaElenco(c), &d));
-    colonne.back()->setChecked(c <= ColonnaDescrizione);
+    colonne.back()->setChecked(std::find(o.Colonne.begin(), o.Colonne.end(), c) != o.Colonne.end());
     l->addWidget(colonne.back());
   }
   auto* separatore = new QComboBox(&d);
   separatore->addItems({"VIRGOLA", "SPAZIO", "TAB", "COLONNE", "PREGEO", "ACCAPO", "ESCAPE"});
+  separatore->setCurrentText(QString::fromStdString(o.Separatore));
   l->addWidget(separatore);
   auto* anteponi = new QCheckBox("Anteponi 8|", &d);
   auto* finale = new QCheckBox("Separatore finale", &d);
+  anteponi->setChecked(o.Anteponi);
+  finale->setChecked(o.SepFinale);
   l->addWidget(anteponi);
   l->addWidget(finale);
   auto* bottoni = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &d);

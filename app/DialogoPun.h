@@ -8,7 +8,8 @@ namespace varena {
 
 struct OpzioniEsportazione;
 
-// False when the user cancelled; else `o` holds the choices.
+// The dialog opens with the choices of `o`. False when the user cancelled; else `o` holds
+// the new choices.
 bool ChiediOpzioniPun(QWidget* genitore, OpzioniEsportazione& o);
 
 }  // namespace varena

@@ -188,12 +188,20 @@ void PannelloPunti::Menu(const QPoint& dove) {
     if (!d.DaElenco) continue;
     esporta->addAction(Qs(Maiuscolo(d.Parola)), this, [this, &d] {
       OpzioniEsportazione o;
-      if (d.Formato == FormatoEsportazione::Pun && !ChiediOpzioniPun(this, o)) return;
-      const std::optional<std::string> file = s_.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, {});
-      if (file && !Rifila(*file).empty()) ScriviEsportazione(s_, d.Formato, *file, modello_->Righe(), o);
+      if (d.Formato == FormatoEsportazione::Pun) {
+        o = OpzioniPunSalvate(s_);
+        if (!ChiediOpzioniPun(this, o)) return;
+        SalvaOpzioniPun(s_, o);
+      }
+      EsportaElencoPunti(s_, d.Formato, modello_->Righe(), o);
     });
   }
   esporta->addAction("NPL", this, [this] { TrasferisciNpl(this, s_, modello_->Righe()); });
+  menu.addAction(tr("Incolla da File"), this, [this] {
+    EseguiTag(s_, "INCOLLA_DA_FILE");
+    Aggiorna();
+    emit Cambiato();
+  });
   menu.exec(vista_->viewport()->mapToGlobal(dove));
 }
 

@@ -54,7 +54,8 @@ int ComandoExport(const Argomenti& a, std::ostream&, std::ostream& err) {
     return 64;
   }
   OpzioniEsportazione o;
-  o.Decimali = InteroLungo(Val(a.Valore("--decimali", "0")));
+  const std::string decimali = a.Valore("--decimali");
+  o.Decimali = decimali.empty() ? DecimaliEsportazione(s) : InteroLungo(Val(decimali));
   if (a.Ha("--colonne")) {
     o.Colonne.clear();
     for (const std::string& c : Dividi(a.Valore("--colonne"), ','))

@@ -10,6 +10,7 @@
 #include "core/Errori.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Esportazioni.h"
 #include "selection/Selezione.h"
 #include "snap/Vicino.h"
 #include "terrain/Triangolazione.h"
@@ -141,6 +142,23 @@ int16_t AzioneDaTagDN(const std::string& tag) {
   return 0;
 }
 
+// The dialog put away: the clicks go back to the drawing and no action waits.
+void ChiudiSelezPunti(Sessione& s) {
+  ChiudiDialogo(s, kSelezPunti);
+  s.AzionePuntiInAttesa = 0;
+  s.SottoFaseSelezione = 0;
+  s.FaseSelezione = 0;
+}
+
+// The live points selected, in table order.
+std::vector<int32_t> PuntiSelezionati(const Sessione& s) {
+  std::vector<int32_t> righe;
+  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
+    if (s.StatoPunto[static_cast<size_t>(r)] == 1 && IdentVivo(s.PuntoIdent[static_cast<size_t>(r)]))
+      righe.push_back(r);
+  return righe;
+}
+
 // The action of `SelezPunti` over the points selected.
 void EseguiSelezPunti(Sessione& s) {
   const int32_t azione = s.AzionePuntiInAttesa;
@@ -150,20 +168,27 @@ void EseguiSelezPunti(Sessione& s) {
   }
   if (azione == 253) {
     // The hand-off to the triangulator consumes the selection; the dialog's work is done.
-    ChiudiDialogo(s, kSelezPunti);
-    s.AzionePuntiInAttesa = 0;
-    s.SottoFaseSelezione = 0;
-    s.FaseSelezione = 0;
+    ChiudiSelezPunti(s);
     if (!VR_TriangolaPunti(s, true)) Ridisegna(s);
     AzzeraSelezione(s);
+    return;
+  }
+  if (azione == kAzioneEsportaPunti) {
+    if (const Dialogo* d = TrovaDialogo(s, kSelezPunti); d && d->Campo("Decimali"))
+      ImpostaDecimaliEsportazione(s, InteroLungo(d->Numero("Decimali")));
+    // The export goes on with its file only once the selection is off the screen.
+    const std::vector<int32_t> righe = PuntiSelezionati(s);
+    ChiudiSelezPunti(s);
+    AzzeraSelezione(s);
+    Ridisegna(s);
+    EsportaPuntiScelti(s, righe);
     return;
   }
   if (const Dialogo* d = TrovaDialogo(s, kSelezPunti); d && d->Campo("Simbolo"))
     s.SimboloCorrente = InteroCorto(d->Numero("Simbolo"));
   bool fatto = false;
-  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r) {
+  for (const int32_t r : PuntiSelezionati(s)) {
     const auto k = static_cast<size_t>(r);
-    if (s.StatoPunto[k] != 1 || !IdentVivo(s.PuntoIdent[k])) continue;
     switch (azione) {
       case 113: s.PuntoIdent[k] = -1; break;
       case 118: s.PuntoSimbolo[k] = s.SimboloCorrente; break;
@@ -175,10 +200,7 @@ void EseguiSelezPunti(Sessione& s) {
     }
     fatto = true;
   }
-  ChiudiDialogo(s, kSelezPunti);
-  s.AzionePuntiInAttesa = 0;
-  s.SottoFaseSelezione = 0;
-  s.FaseSelezione = 0;
+  ChiudiSelezPunti(s);
   AzzeraSelezione(s);
   if (fatto) {
     SegnaModificato(s, SlotPunti);
@@ -189,10 +211,7 @@ void EseguiSelezPunti(Sessione& s) {
 }
 
 void AnnullaSelezPunti(Sessione& s) {
-  ChiudiDialogo(s, kSelezPunti);
-  s.AzionePuntiInAttesa = 0;
-  s.SottoFaseSelezione = 0;
-  s.FaseSelezione = 0;
+  ChiudiSelezPunti(s);
   AnnullaZoom(s);
   AzzeraSelezione(s);
   Ridisegna(s);
@@ -355,6 +374,8 @@ bool ApriSelezPunti(Sessione& s) {
   d.AggiungiCampo("Selezione", "Selezione Punti = ", std::to_string(ContaPuntiSelezionati(s)))
       .AggiungiCampo("Modo", "", TestoModo(s));
   if (s.AzionePuntiInAttesa == 118) d.AggiungiCampo("Simbolo", "Simbolo :", std::to_string(s.SimboloCorrente));
+  if (s.AzionePuntiInAttesa == kAzioneEsportaPunti)
+    d.AggiungiCampo("Decimali", "Decimali :", std::to_string(DecimaliEsportazione(s)));
   auto azione = [](auto fai) {
     return [fai](Sessione& x) {
       x.RoutineCorrente = "SelezPunti";

@@ -36,8 +36,9 @@ class InterfacciaRegistrata : public Interfaccia {
     return r;
   }
   std::optional<std::string> ScegliFile(bool, std::string_view titolo, std::string_view filtro, std::string_view,
-                                        std::string_view) override {
+                                        std::string_view proposto) override {
     SceltePresentate.push_back(std::string(titolo) + "|" + std::string(filtro));
+    NomiProposti.emplace_back(proposto);
     if (file_.empty()) return std::nullopt;
     std::string f = file_.front();
     file_.pop_front();
@@ -60,6 +61,7 @@ class InterfacciaRegistrata : public Interfaccia {
   std::vector<Mostrato> Messaggi;
   std::vector<Mostrato> Domande;
   std::vector<std::string> SceltePresentate;
+  std::vector<std::string> NomiProposti;  // the file name each choice offered
   std::vector<std::string> Richieste;
   std::vector<std::string> Prompts;
   // "+Nome" when a dialog opens, "-Nome" when it closes, in order.

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "cadastre/CodiciPunto.h"
 #include "cadastre/ElencoPunti.h"
+#include "commands/TabellaDialoghi.h"
 #include "core/Errori.h"
 #include "core/File.h"
 #include "core/Lista.h"
@@ -289,20 +291,27 @@ std::string Script(const Sessione& s) {
   return Sostituisci(Sostituisci(t, ",", "."), "!", ",");
 }
 
-// The chosen points of the menu's formats: those selected, or all when none is.
-std::vector<int32_t> PuntiScelti(const Sessione& s) {
-  std::vector<int32_t> scelti;
-  for (const int32_t r : RigheElencoPunti(s))
-    if (s.StatoPunto[static_cast<size_t>(r)] == 1) scelti.push_back(r);
-  return scelti.empty() ? RigheElencoPunti(s) : scelti;
+// The format of the point export waiting for its selection, by session: the selection
+// dialog can be closed and opened again (a window, Esc) before its OK, and the format
+// must outlive it.
+std::map<const Sessione*, FormatoEsportazione>& EsportazioniInAttesa() {
+  static std::map<const Sessione*, FormatoEsportazione> inAttesa;
+  return inAttesa;
 }
 
-void Comando(Sessione& s, FormatoEsportazione f) {
+void ScegliEScrivi(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe) {
   const DescrizioneEsportazione& d = Descrizione(f);
   const std::optional<std::string> file =
       s.Ui->ScegliFile(true, d.Titolo, d.Filtro, Cartella(s.NomeOriginale), Foglia(s.NomeOriginale) + d.Estensione);
   if (!file || Rifila(*file).empty()) return;
-  ScriviEsportazione(s, f, *file, PuntiScelti(s));
+  ScriviEsportazione(s, f, *file, righe, {.Decimali = DecimaliEsportazione(s)});
+}
+
+// The menu's point formats choose their points first.
+void ChiediPunti(Sessione& s, FormatoEsportazione f) {
+  EsportazioniInAttesa()[&s] = f;
+  s.AzionePuntiInAttesa = kAzioneEsportaPunti;
+  ApriDialogoDiTabella(s, "SelezPunti");
 }
 
 }  // namespace
@@ -315,9 +324,24 @@ const DescrizioneEsportazione* TrovaFormatoEsportazione(std::string_view parola)
   return nullptr;
 }
 
+// The statement of block B after the associated files, read as 0 from a file without it.
+constexpr size_t kDecimaliB = B_FileAssociati + 1;
+// Past fifteen a double has no digit left to show.
+constexpr int kMassimiDecimali = 15;
+
+int DecimaliEsportazione(const Sessione& s) {
+  return std::clamp(InteroLungo(s.Cfg.VB(kDecimaliB, 0).Numero), 0, kMassimiDecimali);
+}
+
+void ImpostaDecimaliEsportazione(Sessione& s, int decimali) {
+  decimali = std::clamp(decimali, 0, kMassimiDecimali);
+  if (decimali == DecimaliEsportazione(s)) return;
+  s.Cfg.VB(kDecimaliB, 0).Numero = decimali;
+  SegnaModificato(s, SlotCfg);
+}
+
 std::string MascheraEsportazione(int decimali) {
-  // Past fifteen a double has no digit left to show.
-  decimali = std::min(decimali, 15);
+  decimali = std::min(decimali, kMassimiDecimali);
   return "#############0" + (decimali > 0 ? "." + std::string(static_cast<size_t>(decimali), '0') : ".000");
 }
 
@@ -371,11 +395,56 @@ bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& p
   return true;
 }
 
-void OuXYZ(Sessione& s) { Comando(s, FormatoEsportazione::Xyz); }
-void OuCSV1(Sessione& s) { Comando(s, FormatoEsportazione::Csv); }
-void OuRAW(Sessione& s) { Comando(s, FormatoEsportazione::Raw); }
-void EsportaCsvDisegno(Sessione& s) { Comando(s, FormatoEsportazione::CsvDisegno); }
-void EsportaScript(Sessione& s) { Comando(s, FormatoEsportazione::Scr); }
+void OuXYZ(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Xyz); }
+void OuCSV1(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Csv); }
+void OuRAW(Sessione& s) { ChiediPunti(s, FormatoEsportazione::Raw); }
+void EsportaCsvDisegno(Sessione& s) { ScegliEScrivi(s, FormatoEsportazione::CsvDisegno, {}); }
+void EsportaScript(Sessione& s) { ScegliEScrivi(s, FormatoEsportazione::Scr, {}); }
+
+void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe) {
+  const auto i = EsportazioniInAttesa().find(&s);
+  if (i == EsportazioniInAttesa().end()) return;
+  const FormatoEsportazione f = i->second;
+  EsportazioniInAttesa().erase(i);
+  ScegliEScrivi(s, f, righe);
+}
+
+void EsportaElencoPunti(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
+                        const OpzioniEsportazione& o) {
+  const DescrizioneEsportazione& d = Descrizione(f);
+  const bool gsi = f == FormatoEsportazione::Gsi || f == FormatoEsportazione::GsiTcr705;
+  const std::optional<std::string> file = s.Ui->ScegliFile(true, d.Titolo, d.Filtro, {}, gsi ? "Leica.GSI" : "");
+  if (file && !Rifila(*file).empty()) ScriviEsportazione(s, f, *file, righe, o);
+}
+
+namespace {
+constexpr const char* kSezionePun = "GENERAPUNTIPUN";
+}  // namespace
+
+OpzioniEsportazione OpzioniPunSalvate(Sessione& s) {
+  OpzioniEsportazione o;
+  auto acceso = [&](const std::string& chiave, bool predefinito) {
+    return Val(LeggiImpostazioneUtente(s, kSezionePun, chiave, predefinito ? "1" : "0")) != 0;
+  };
+  o.Colonne.clear();
+  for (int c = ColonnaNome; c <= ColonnaPiano; ++c)
+    if (acceso("GRID" + std::to_string(c), c <= ColonnaDescrizione)) o.Colonne.push_back(c);
+  o.Separatore = Maiuscolo(LeggiImpostazioneUtente(s, kSezionePun, "SEPARATORE", o.Separatore));
+  o.Anteponi = acceso("ANTEPONI", false);
+  o.SepFinale = acceso("SEPFINALE", false);
+  return o;
+}
+
+void SalvaOpzioniPun(Sessione& s, const OpzioniEsportazione& o) {
+  auto scrivi = [&](const std::string& chiave, bool acceso) {
+    ScriviImpostazioneUtente(s, kSezionePun, chiave, acceso ? "1" : "0");
+  };
+  for (int c = ColonnaNome; c <= ColonnaPiano; ++c)
+    scrivi("GRID" + std::to_string(c), std::find(o.Colonne.begin(), o.Colonne.end(), c) != o.Colonne.end());
+  ScriviImpostazioneUtente(s, kSezionePun, "SEPARATORE", o.Separatore);
+  scrivi("ANTEPONI", o.Anteponi);
+  scrivi("SEPFINALE", o.SepFinale);
+}
 
 void GeneraPuntiRilDisegno(Sessione& s) {
   const std::optional<std::string> file = s.Ui->ScegliFile(true, "Creazione file RIL",

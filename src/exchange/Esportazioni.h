@@ -28,6 +28,11 @@ struct OpzioniEsportazione {
   bool SepFinale = false;
 };
 
+// The PUN dialog's choices as it last closed, kept in the per-user store: `GRID1` to
+// `GRID7` the columns, `SEPARATORE`, `ANTEPONI`, `SEPFINALE`.
+OpzioniEsportazione OpzioniPunSalvate(Sessione& s);
+void SalvaOpzioniPun(Sessione& s, const OpzioniEsportazione& o);
+
 struct DescrizioneEsportazione {
   FormatoEsportazione Formato;
   const char* Parola;      // the name of the command line, "xyz"
@@ -43,6 +48,9 @@ const DescrizioneEsportazione* TrovaFormatoEsportazione(std::string_view parola)
 
 // "#############0" and the decimals of the job's setting; three when the setting is 0.
 std::string MascheraEsportazione(int decimali);
+// The decimal setting of the exports, 0 to 15, kept with the job's settings in its `.CFG`.
+int DecimaliEsportazione(const Sessione& s);
+void ImpostaDecimaliEsportazione(Sessione& s, int decimali);
 
 // The text of an export. `righe` are table rows of points: for the menu's point formats the
 // points chosen, for the list's formats the rows the list shows in its order; the drawing
@@ -63,12 +71,21 @@ bool ScriviEsportazione(Sessione& s, FormatoEsportazione f, const std::string& p
                         const std::vector<int32_t>& righe, const OpzioniEsportazione& o = {});
 
 // The menu commands: the file asked with the format's filter and proposed name; a blank
-// answer ends silently. The point formats take the points selected, or every live point
-// when none is.
+// answer ends silently. The point formats first set the pending point action
+// `kAzioneEsportaPunti` and open the point selection `SelezPunti`: its OK goes on with
+// `EsportaPuntiScelti`, its cancel ends the export with nothing asked.
 void OuXYZ(Sessione& s);
 void OuCSV1(Sessione& s);
 void OuRAW(Sessione& s);
+inline constexpr int32_t kAzioneEsportaPunti = 420;
+// The pending point export, on the OK of the selection: `righe` are the points chosen.
+void EsportaPuntiScelti(Sessione& s, const std::vector<int32_t>& righe);
 void EsportaCsvDisegno(Sessione& s);
+// The point list's formats over the rows it shows: the file asked with the format's filter,
+// "Leica.GSI" proposed for the two GSI and nothing for the others; a blank answer ends
+// silently.
+void EsportaElencoPunti(Sessione& s, FormatoEsportazione f, const std::vector<int32_t>& righe,
+                        const OpzioniEsportazione& o = {});
 void EsportaScript(Sessione& s);
 void GeneraPuntiRilDisegno(Sessione& s);
 

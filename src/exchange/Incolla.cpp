@@ -399,11 +399,12 @@ bool IncollaDaFile(Sessione& s, const std::string& file) {
     return false;
   }
   const std::optional<int32_t> colore = ColoreUnico(s);
-  const EsitoIncolla e = LeggiCopiaInFile(Cp1252InUtf8(*byte));
-  Concludi(s, e, colore, kTitoloFile);
-  return !e.Entita.empty();
+  Concludi(s, LeggiCopiaInFile(Cp1252InUtf8(*byte)), colore, kTitoloFile);
+  return true;
 }
 
-void AzioneIncollaDaFile(Sessione& s) { IncollaDaFile(s); }
+void AzioneIncollaDaFile(Sessione& s) {
+  if (IncollaDaFile(s)) s.Ui->Messaggio("Incolla Eseguito!", kTitoloFile, Icona::Nessuna);
+}
 
 }  // namespace varena

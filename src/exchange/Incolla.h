@@ -52,9 +52,10 @@ std::string PercorsoCopiaInFile(const Sessione& s);
 void DaCad(Sessione& s);
 void IncollaDaTabella(Sessione& s);
 // The hand-over file, or another of its form at `percorso`. False when the file is absent
-// (said) or nothing came in.
+// (said) or could not be read.
 bool IncollaDaFile(Sessione& s, const std::string& percorso = {});
-// The tag of the hand-over file.
+// The tag of the hand-over file, and the point list's paste: the file pasted, then the box
+// that says it is done.
 void AzioneIncollaDaFile(Sessione& s);
 
 }  // namespace varena

@@ -71,10 +71,12 @@ const std::vector<EtichettaA>& EtichetteBloccoA() {
   return etichette;
 }
 
+// After the associated files (24) this program adds one statement of its own: 25, the
+// decimals of the exported coordinates. The legacy program stops reading before it.
 const std::vector<std::string>& FormaBloccoB() {
   static const std::vector<std::string> forma = {
       "d",   "l", "ddidd", "s", "dd", "l", "s", "i", "d", "ss", "s", "b", "d", "d", "ddd", "s", "b",
-      "idddlis", "l", "i", "s", "i", "s", "s"};
+      "idddlis", "l", "i", "s", "i", "s", "s", "i"};
   return forma;
 }
 
@@ -170,8 +172,13 @@ void LeggiBloccoA(LettoreLista& in, BloccoCfg& a) {
 void LeggiBloccoB(LettoreLista& in, BloccoCfg& b) {
   for (size_t i = 0; i < b.Istruzioni.size(); ++i) {
     // Statements 18 on were added over the years: an older file simply ends before them,
-    // and they keep the values they had.
-    if (i >= kPrimaFacoltativaB && in.Fine()) return;
+    // and they keep the values they had. Ours after the associated files belong to the job
+    // that wrote them: one that ends before them has them at 0, not at the last job's value.
+    if (i >= kPrimaFacoltativaB && in.Fine()) {
+      for (size_t k = std::max<size_t>(i, B_FileAssociati); k < b.Istruzioni.size(); ++k)
+        for (ValoreCfg& v : b.Istruzioni[k].Valori) v.Numero = 0;
+      return;
+    }
     for (ValoreCfg& v : b.Istruzioni[i].Valori) LeggiValore(in, v);
     // Statements 7 and 21 carry the one current layer: a file that ends before 21 keeps
     // the layer of 7, not the one of an earlier file.
@@ -193,7 +200,13 @@ std::string ScriviBloccoA(const BloccoCfg& a) {
 
 std::string ScriviBloccoB(const BloccoCfg& b) {
   std::string testo;
-  for (const IstruzioneCfg& ist : b.Istruzioni) {
+  for (size_t i = 0; i < b.Istruzioni.size(); ++i) {
+    const IstruzioneCfg& ist = b.Istruzioni[i];
+    // Our own statements after the associated files stand only once set: the job that never
+    // sets them keeps the file the legacy program writes.
+    if (i >= B_FileAssociati &&
+        std::all_of(ist.Valori.begin(), ist.Valori.end(), [](const ValoreCfg& v) { return v.Numero == 0; }))
+      continue;
     IstruzioneLista riga;
     for (const ValoreCfg& v : ist.Valori) ScriviValore(riga, v);
     testo += riga.Riga();

@@ -9,11 +9,14 @@
 #include <tuple>
 
 #include "Terminale.h"
+#include "commands/Comandi.h"
 #include "commands/Costruttori.h"
+#include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "exchange/Esportazioni.h"
 #include "exchange/PuntiFile.h"
+#include "selection/Selezione.h"
 #include "support/ProvaCli.h"
 #include "support/Supporto.h"
 
@@ -137,6 +140,48 @@ TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
             "*110001+0000000023456789 81..10+0000000000001500 82..10-0000000000002250 83..10+0000000000000001 "
             "71....+00000001 \r\n");
   EXPECT_EQ(TestoNpl(s, {0}), "A,123456789,-2.25,1.50,0.00,\r\n");
+}
+
+TEST(Esportazioni, GsiDellElencoPropostoComeLeica) {
+  prova::SessioneProva p;
+  EsportaElencoPunti(p.s, FormatoEsportazione::GsiTcr705, {});
+  EXPECT_EQ(p.ui.NomiProposti, std::vector<std::string>{"Leica.GSI"});
+}
+
+TEST(Esportazioni, SceltePunRicordate) {
+  prova::SessioneProva p;
+  SalvaOpzioniPun(p.s, {.Colonne = {1, 4}, .Separatore = "TAB", .Anteponi = true});
+  Sessione dopo;
+  prova::PreparaSessione(dopo, p.ui, p.cartella);
+  const OpzioniEsportazione o = OpzioniPunSalvate(dopo);
+  EXPECT_EQ(std::tie(o.Colonne, o.Separatore, o.Anteponi, o.SepFinale),
+            std::make_tuple(std::vector<int>{1, 4}, std::string("TAB"), true, false));
+}
+
+TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  for (const double k : {0.0, 1.0, 2.25}) ScriviPunto(s, "P", {10 + k, 20 + k, 1.5}, "", "0");
+  EseguiTag(s, "ESPORTAINCSV");  // a cancel asks for no file
+  EXPECT_EQ(s.AzionePuntiInAttesa, 420);
+  ASSERT_TRUE(PremiBottone(s, "SelezPunti", "Annulla"));
+  EXPECT_TRUE(p.ui.SceltePresentate.empty());
+  // The points chosen in table order, with the decimals the dialog sets for the job.
+  EseguiTag(s, "ESPORTAXYZ");
+  for (const int32_t r : {2, 0}) MarcaEntita(s, SlotPunti, r);
+  ASSERT_TRUE(ScriviCampo(s, "SelezPunti", "Decimali", "2"));
+  p.ui.RispondiFile(p.cartella / "P.XYZ");
+  ASSERT_TRUE(PremiBottone(s, "SelezPunti", "OK"));
+  EXPECT_EQ(prova::LeggiFileProva(p.cartella / "P.XYZ"), "10.00 20.00 1.50\r\n12.25 22.25 1.50\r\n");
+  EXPECT_EQ(s.AzionePuntiInAttesa, 0);
+  // The setting goes with the job's settings and comes back from them.
+  LettoreLista in(ScriviBloccoB(s.Cfg.B));
+  s.Cfg = CfgLavoro();
+  LeggiBloccoB(in, s.Cfg.B);
+  EXPECT_EQ(DecimaliEsportazione(s), 2);
+  LettoreLista altro(ScriviBloccoB(CfgLavoro().B));  // another job's, which never set it
+  LeggiBloccoB(altro, s.Cfg.B);
+  EXPECT_EQ(DecimaliEsportazione(s), 0);
 }
 
 }  // namespace

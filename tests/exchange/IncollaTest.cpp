@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "Terminale.h"
+#include "commands/Comandi.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
 #include "exchange/Incolla.h"
@@ -70,9 +71,11 @@ TEST(Incolla, FileDiCopiaNelLavoroSulPianoCorrenteInUnPasso) {
   s.Ui = &ui;
   ASSERT_TRUE(cli::ApriInCopia(s, t / "RILIEVO"));
   s.PianoCorrente = "STRADA";
+  s.CartellaLavoro = t / "";
   const int64_t passo = LeggiDiario(s)->Passo;
-  prova::ScriviFileProva(t / "copia.txt", Seme("copiainfile/copia.txt"));
-  EXPECT_TRUE(IncollaDaFile(s, t / "copia.txt"));
+  std::filesystem::create_directory(t / "temp");
+  prova::ScriviFileProva(PercorsoCopiaInFile(s), Seme("copiainfile/copia.txt"));
+  EseguiTag(s, "INCOLLA_DA_FILE");
   EXPECT_EQ(LeggiDiario(s)->Passo, passo + 1);
   // Line 12: 7 colour, 2 line type, 0.5 truncation, the current layer in place of its own.
   EXPECT_EQ(s.ContaEntita[SlotLinee], 13);
@@ -89,8 +92,9 @@ TEST(Incolla, FileDiCopiaNelLavoroSulPianoCorrenteInUnPasso) {
   EXPECT_EQ(s.FaldaColore[0], 4);
   EXPECT_EQ(s.FaldaPiano[0], "STRADA");
   EXPECT_EQ(s.UltimoErrore, "");
-  ASSERT_EQ(ui.Messaggi.size(), 1u);
+  ASSERT_EQ(ui.Messaggi.size(), 2u);
   EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 9");
+  EXPECT_EQ(ui.Messaggi[1].Testo + "|" + ui.Messaggi[1].Titolo, "Incolla Eseguito!|Incolla da File");
   EliminaProvviso(s);
 }
 
