@@ -54,6 +54,14 @@ void RiempiGriglia(QTableWidget* g, const QString& testo) {
   }
 }
 
+// An editable list shows what it holds by the entry of that text, so that a colour's swatch is
+// its own; a text the list does not offer stays typed in the box.
+void MostraVoce(QComboBox* c, const QString& testo) {
+  const int i = c->findText(testo, Qt::MatchFixedString);
+  if (i >= 0) c->setCurrentIndex(i);
+  else c->setEditText(testo);
+}
+
 }  // namespace
 
 QWidget* DialogoQt::CreaCampo(const CampoDialogo& c, const std::string& campoPrima) {
@@ -93,7 +101,7 @@ QWidget* DialogoQt::CreaCampo(const CampoDialogo& c, const std::string& campoPri
     auto* combo = new QComboBox(this);
     combo->setEditable(true);
     for (const std::string& v : c.Scelte) combo->addItem(Qs(v));
-    combo->setCurrentText(testo);
+    MostraVoce(combo, testo);
     connect(combo, &QComboBox::currentTextChanged, this, scrivi);
     return combo;
   }
@@ -114,7 +122,7 @@ QWidget* DialogoQt::CreaCampo(const CampoDialogo& c, const std::string& campoPri
       p.fill(QColor((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF));
       combo->addItem(QIcon(p), QString::number(i));
     }
-    combo->setCurrentText(testo);
+    MostraVoce(combo, testo);
     connect(combo, &QComboBox::currentTextChanged, this, scrivi);
     return combo;
   }
@@ -236,7 +244,7 @@ void DialogoQt::MostraTesto(QWidget* w, const QString& testo) {
   if (auto* l = qobject_cast<QLineEdit*>(w)) {
     if (l->text() != testo) l->setText(testo);
   } else if (auto* c = qobject_cast<QComboBox*>(w)) {
-    if (c->currentText() != testo) c->setCurrentText(testo);
+    if (c->currentText() != testo) MostraVoce(c, testo);
   } else if (auto* e = qobject_cast<QLabel*>(w)) {
     e->setText(testo);
   } else if (auto* g = qobject_cast<QTableWidget*>(w)) {

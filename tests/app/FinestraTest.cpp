@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileSystemModel>
@@ -763,6 +764,20 @@ TEST_F(Desktop, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
   nuovo = f->Interfaccia()->DialogoAperto("NuovoPunto");
   ASSERT_NE(nuovo, nullptr);
   EXPECT_EQ(nuovo->pos(), lasciato);
+}
+
+TEST_F(Desktop, UnCampoColoreMostraLaTintaDelSuoNumero) {
+  Avvia(base + ".CFG");
+  Dialogo d;
+  d.Nome = "Prova";
+  d.AggiungiCampo("Colore", "Colore", "5");
+  DialogoQt dialogo(*s, d, {}, f.get());
+  auto* colore = qobject_cast<QComboBox*>(dialogo.Campo("Colore"));
+  ASSERT_NE(colore, nullptr);
+  EXPECT_EQ(colore->currentIndex(), 4);  // the list starts at colour 1
+  d.Campo("Colore")->Testo = "7";
+  dialogo.Aggiorna(d);
+  EXPECT_EQ(colore->currentIndex(), 6);
 }
 
 TEST_F(Desktop, TemaScuroConIlFondoDelDisegnoEAvanzamentoNellaBarra) {
