@@ -16,8 +16,9 @@ enum class TipoImportazione { TAF, CXF, DAT, GSI, CSV };
 std::optional<TipoImportazione> TipoDaEstensione(std::string_view estensione);
 const char* NomeTipo(TipoImportazione tipo);
 
-// Reads `percorso` into the current job with the importer of its kind. A kind whose reader
-// this version lacks is reported to the user and the job stays as it was; false then.
+// Reads `percorso` into the current job with the importer of its kind, then the snapshot and
+// a zoom on everything. A file that cannot be read is reported and the job stays as it was;
+// false then.
 bool ImportaFile(Sessione& s, TipoImportazione tipo, const std::string& percorso);
 
 // The import commands of the File menu: the file chosen, read into the job, the snapshot

@@ -87,6 +87,14 @@ TEST_F(Avvio, EstensioneMinuscolaDiImportazione) {
   ASSERT_EQ(ui.Messaggi.size(), 1u);
   EXPECT_EQ(std::tie(ui.Messaggi[0].Titolo, ui.Messaggi[0].Testo),
             std::make_tuple("File TAF", "Nessun punto letto:\n" + (utente / "VUOTO.TAF")));
+  // A proposal of the cadastral program: two sides of the map and one of the update, drawn
+  // (the update's row with "L" is no side); the name read through the hand-over upper-cased.
+  ScriviFileProva(utente / "proposta.dat",
+                  prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  VarenaLoad(s, utente / "proposta.dat");
+  EXPECT_EQ(std::tie(s.TipoFile, s.ContaEntita[SlotLinee]), std::make_tuple("DAT", 4));
+  VarenaLoad(s, utente / "assente.dat");
+  EXPECT_EQ(ui.Messaggi.back().Testo, "Il file " + (utente / "ASSENTE.DAT") + " NON è stato trovato!");
 }
 
 TEST_F(Avvio, RiapriUltimoLavoro) {
