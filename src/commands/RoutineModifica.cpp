@@ -16,6 +16,7 @@
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "exchange/Incolla.h"
 #include "selection/EsportaSelezione.h"
 #include "selection/Selezione.h"
 #include "snap/Vicino.h"
@@ -70,6 +71,7 @@ bool LavoroImmediato(int32_t codice) {
     case 141:
     case 148:
     case 163:
+    case 215:
     case 218:
     case 265: return true;
     default: return false;
@@ -275,8 +277,9 @@ void ConfermaSelezione(Sessione& s) {
     MostraPrompt(s, prompt);
     return;
   }
-  if (c == 218) {
-    s.Clip->Scrivi(EsportaSelezione(s));
+  if (c == 218 || c == 215) {
+    if (c == 218) s.Clip->Scrivi(EsportaSelezione(s));
+    else CopiaInFile(s);
     FineLavoro(s, false);
     return;
   }

@@ -612,8 +612,8 @@ bool TagEseguibile(std::string_view tag) {
 }
 
 bool CodiceDiSelezione(int32_t codice) {
-  static constexpr std::array<int32_t, 19> kCodici{138, 139, 140, 141, 142, 143, 144, 146, 147, 148,
-                                                   163, 192, 216, 218, 246, 256, 265, 327, 414};
+  static constexpr std::array<int32_t, 20> kCodici{138, 139, 140, 141, 142, 143, 144, 146, 147, 148,
+                                                   163, 192, 215, 216, 218, 246, 256, 265, 327, 414};
   return std::find(kCodici.begin(), kCodici.end(), codice) != kCodici.end();
 }
 

@@ -12,6 +12,8 @@
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "selection/Selezione.h"
+#include "store/TestoLavoro.h"
 #include "terrain/Falde.h"
 
 namespace varena {
@@ -365,6 +367,63 @@ int64_t AggiungiIncollate(Sessione& s, const std::vector<EntitaIncollata>& entit
     FineModifica(s);
   }
   return static_cast<int64_t>(entita.size());
+}
+
+std::string TestoCopiaInFile(const Sessione& s) {
+  std::string out;
+  auto righe = [&](int slot, auto scrivi) {
+    for (int32_t r = 0; r < s.ContaEntita[static_cast<size_t>(slot)]; ++r)
+      if (RigaViva(s, slot, r) && StatoDi(s, slot, r) == 1) {
+        IstruzioneLista l;
+        scrivi(l, static_cast<size_t>(r));
+        out += l.Riga();
+      }
+  };
+  auto numeri = [](IstruzioneLista& l, std::initializer_list<double> v) {
+    for (double x : v) l.Numero(x);
+  };
+  for (int32_t r = 0; r < s.ContaEntita[SlotPunti]; ++r)
+    if (RigaViva(s, SlotPunti, r) && StatoDi(s, SlotPunti, r) == 1) IstruzionePunto(s, static_cast<size_t>(r), "P", out);
+  righe(SlotLinee, [&](IstruzioneLista& l, size_t k) {
+    numeri(l.Testo("L"), {s.LineaX1[k], s.LineaY1[k], s.LineaZ1[k], s.LineaX2[k], s.LineaY2[k], s.LineaZ2[k],
+                          double(s.LineaColore[k]), double(s.LineaTratteggio[k]), double(s.LineaCongela[k])});
+    l.Testo(s.LineaPiano[k]).Numero(s.LineaTronca[k]);
+  });
+  righe(SlotCerchi, [&](IstruzioneLista& l, size_t k) {
+    numeri(l.Testo("C"), {s.CerchioX[k], s.CerchioY[k], s.CerchioZ[k], s.CerchioRaggio[k], double(s.CerchioColore[k]),
+                          double(s.CerchioTratteggio[k]), double(s.CerchioCongela[k])});
+    l.Testo(s.CerchioPiano[k]);
+  });
+  righe(SlotArchi, [&](IstruzioneLista& l, size_t k) {
+    numeri(l.Testo("A"), {s.ArcoX[k], s.ArcoY[k], s.ArcoZ[k], s.ArcoRaggio[k], s.ArcoInizio[k], s.ArcoFine[k],
+                          double(s.ArcoColore[k]), double(s.ArcoTratteggio[k]), double(s.ArcoCongela[k])});
+    numeri(l.Testo(s.ArcoPiano[k]), {s.ArcoQuotaInizio[k], s.ArcoQuotaFinale[k]});
+  });
+  righe(SlotTesti, [&](IstruzioneLista& l, size_t k) {
+    numeri(l.Testo("T"), {s.TestoX[k], s.TestoY[k], s.TestoRotazione[k], s.TestoAltezza[k], s.TestoRighe[k],
+                          double(s.TestoColore[k]), double(s.TestoCongela[k]), s.TestoColonne[k]});
+    l.Testo(s.TestoPiano[k]).Testo(s.TestoFont[k]).Testo(s.TestoTesto[k]);
+  });
+  righe(SlotFalde, [&](IstruzioneLista& l, size_t k) {
+    numeri(l.Testo("F"), {s.FaldaX1[k], s.FaldaY1[k], s.FaldaZ1[k], s.FaldaX2[k], s.FaldaY2[k], s.FaldaZ2[k],
+                          s.FaldaX3[k], s.FaldaY3[k], s.FaldaZ3[k], double(s.FaldaColore[k]), double(s.FaldaCongela[k]),
+                          s.FaldaAreaDiBase[k], s.FaldaVolumeSterro[k], s.FaldaVolumeRiporto[k]});
+    numeri(l.Testo(s.FaldaPiano[k]),
+           {s.FaldaNumeroX1[k], s.FaldaNumeroY1[k], s.FaldaInvasoX1[k], s.FaldaInvasoY1[k], s.FaldaInvasoX2[k],
+            s.FaldaInvasoY2[k], s.FaldaInsSteX1[k], s.FaldaInsSteY1[k], s.FaldaInsRiportoX1[k],
+            s.FaldaInsRiportoY1[k], s.FaldaInsAreaX1[k], s.FaldaInsAreaY1[k]});
+  });
+  return out;
+}
+
+bool CopiaInFile(Sessione& s) {
+  s.RoutineCorrente = "CopiaInFile";
+  const std::string percorso = PercorsoCopiaInFile(s);
+  const std::string testo = TestoCopiaInFile(s);
+  return Protetto(s, [&] {
+    NuovaCartella(Cartella(percorso));
+    ScriviTesto(percorso, testo);
+  });
 }
 
 std::string PercorsoCopiaInFile(const Sessione& s) { return s.CartellaLavoro + "temp/CopiaInFile.TXT"; }

@@ -46,6 +46,12 @@ EsitoIncolla LeggiCopiaInFile(std::string_view testo);
 int64_t AggiungiIncollate(Sessione& s, const std::vector<EntitaIncollata>& entita, std::optional<int32_t> colore);
 
 std::string PercorsoCopiaInFile(const Sessione& s);
+// The selected live rows as the hand-over file holds them, the counterpart of its reader:
+// points, lines, circles, arcs, texts and facets, in that order.
+std::string TestoCopiaInFile(const Sessione& s);
+// Code 215 after its selection: that text written as the hand-over file, for a paste here or
+// in another job. False when it could not be written (said).
+bool CopiaInFile(Sessione& s);
 
 // The commands. The clipboard's text (`DaCad`, the table) or the hand-over file, the
 // questions of each, the rows, and a message that names the lines left out.

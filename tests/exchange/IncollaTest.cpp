@@ -9,7 +9,9 @@
 #include "commands/Comandi.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
+#include "core/Dialoghi.h"
 #include "exchange/Incolla.h"
+#include "selection/Selezione.h"
 #include "store/Provvisorio.h"
 #include "store/Undo.h"
 #include "support/Supporto.h"
@@ -95,6 +97,22 @@ TEST(Incolla, FileDiCopiaNelLavoroSulPianoCorrenteInUnPasso) {
   ASSERT_EQ(ui.Messaggi.size(), 2u);
   EXPECT_EQ(ui.Messaggi[0].Testo, "Riga non letta: 9");
   EXPECT_EQ(ui.Messaggi[1].Testo + "|" + ui.Messaggi[1].Titolo, "Incolla Eseguito!|Incolla da File");
+
+  // "Copia in File" writes the rows selected back in the statements they came in.
+  EseguiTag(s, "COPIA_IN_FILE");
+  for (int slot : {SlotPunti, SlotLinee, SlotCerchi, SlotArchi, SlotTesti, SlotFalde})
+    *ByteStato(s, slot, static_cast<int32_t>(s.ContaEntita[static_cast<size_t>(slot)] - 1)) = 1;
+  PremiBottone(s, "Selezentita", "OK");
+  const std::string copia = prova::LeggiFileProva(PercorsoCopiaInFile(s));
+  EXPECT_EQ(copia.substr(0, copia.find("\"L\"")).substr(0, 12), "\"P\",\"P9\",10,");
+  EXPECT_EQ(copia.substr(copia.find("\"L\""), copia.find("\"F\"") - copia.find("\"L\"")),
+            "\"L\",1,2,3,4,5,6,7,2,0,\"STRADA\",0.5\r\n"
+            "\"C\",1,2,0,3,5,1,0,\"STRADA\"\r\n"
+            "\"A\",1,2,0,3,10,20,4,1,0,\"STRADA\",1.5,2.5\r\n"
+            "\"T\",7,8,100,1.5,1,6,0,1,\"STRADA\",\"Arial\",\"Ciao\"\r\n");
+  // The facet as the paste made it: a base of 50 m2 one metre above the plane, its labels
+  // placed again.
+  EXPECT_EQ(copia.substr(copia.find("\"F\""), 45), "\"F\",0,0,1,10,0,1,0,10,1,4,0,50,50,0,\"STRADA\",");
   EliminaProvviso(s);
 }
 
