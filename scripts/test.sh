@@ -21,4 +21,4 @@ cmake --build build-clang -j "$JOBS"
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ./build-clang/tests/varena_test --gtest_brief=1
 VARENA_FUZZ_BUILD=build-clang VARENA_FUZZ_SEME=1 ./scripts/fuzz.sh 4
 
-./scripts/bench.sh --rapido
+VARENA_BENCH_BUILD=build-ci ./scripts/bench.sh --rapido

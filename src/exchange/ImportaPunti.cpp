@@ -110,6 +110,8 @@ void RiservaPunti(Sessione& s, std::string_view byte) {
 }
 
 void PuntiNelLavoro::LegaTesti(int32_t primo) {
+  // Only a CAD table brings such texts: a cloud of millions of points is not indexed for none.
+  if (legati_.empty()) return;
   // A point by its place to the millimetre, as the drawing that wrote the table placed it.
   auto chiave = [](double x, double y) {
     return std::to_string(std::llround(x * 1000)) + "," + std::to_string(std::llround(y * 1000));
