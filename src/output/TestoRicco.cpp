@@ -195,7 +195,8 @@ class LettoreRtf {
     if (s.TabellaFont) {
       if (c == ';') {
         fontInDefinizione_ = -1;
-      } else if (fontInDefinizione_ >= 0 && fonts_[fontInDefinizione_].size() < 64) {
+      } else if (c >= 0x20 && fontInDefinizione_ >= 0 && fonts_[fontInDefinizione_].size() < 64) {
+        // A font's name is one line of printable characters: a tab in it could not be written back.
         fonts_[fontInDefinizione_] += Cp1252InUtf8(std::string(1, static_cast<char>(c)));
       }
       return;
