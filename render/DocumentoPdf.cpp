@@ -27,6 +27,9 @@ std::string Comprimi(std::string_view dati) {
 }  // namespace
 
 void AggiungiNumeroPdf(std::string& s, double v) {
+  // Far beyond any sheet, and within the integers the hundredths are counted in.
+  constexpr double kMassimo = 1e12;
+  if (!(std::fabs(v) < kMassimo)) v = v > 0 ? kMassimo : std::isnan(v) ? 0 : -kMassimo;
   long long c = std::llround(v * 100);
   if (c < 0) s += '-', c = -c;
   const long long intero = c / 100, cent = c % 100;

@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "Comandi.h"
+#include "DocumentoPdf.h"
 #include "Plotter.h"
 #include "core/File.h"
 #include "core/Sessione.h"
@@ -284,6 +285,20 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   EXPECT_EQ(rosso.topLeft(), QPoint(50, 35));
   EXPECT_NEAR(rosso.width(), 100.5, 0.5);
   EXPECT_NEAR(rosso.height(), 50.5, 0.5);
+}
+
+// The numbers of a page's content: hundredths of a point at most, no trailing zeros, no
+// minus zero, and garbage held within bounds a reader takes.
+TEST(PlotPdf, NumeriDelContenuto) {
+  const std::pair<double, const char*> casi[] = {{0, "0"},         {-0.001, "0"},     {12.5, "12.5"},
+                                                 {-3.14159, "-3.14"}, {100, "100"},  {0.07, "0.07"},
+                                                 {1e300, "1000000000000"}, {-INFINITY, "-1000000000000"},
+                                                 {NAN, "0"}};
+  for (const auto& [v, atteso] : casi) {
+    std::string s;
+    AggiungiNumeroPdf(s, v);
+    EXPECT_EQ(s, atteso) << v;
+  }
 }
 
 // The SVG of a page: millimetres of the sheet, the line at its place and thickness, the
