@@ -19,6 +19,7 @@ namespace {
 constexpr double kPuntiMm = 72 / 25.4;
 // Arial Narrow is Arial drawn at this share of its width.
 constexpr int kLarghezzaNarrow = 82;
+constexpr int kPezziPercorso = 2000;
 // The control points of a quarter circle drawn as a cubic curve.
 constexpr double kCurva = 0.5522847498;
 
@@ -118,6 +119,7 @@ class ContenutoPdf {
     if (modo_ == Testi) s_ += "ET\n";
     if (m == Testi) s_ += "BT\n";
     x_ = y_ = NAN;
+    pezzi_ = 0;
     modo_ = m;
   }
   void Penna(double spessore) {
@@ -128,6 +130,13 @@ class ContenutoPdf {
       spessore_ = spessore;
     }
     Stato(Linee);
+    // Paths of some thousands of pieces at most: the interpreters of printers, which a PDF
+    // is turned into for them, limit the size of a path.
+    if (++pezzi_ > kPezziPercorso) {
+      s_ += "S\n";
+      x_ = y_ = NAN;
+      pezzi_ = 1;
+    }
   }
   void Carattere(const std::string& nome, double punti) {
     if (nome == nome_ && punti == punti_) return;
@@ -156,6 +165,7 @@ class ContenutoPdf {
   std::string s_;
   Modo modo_ = Nessuno;
   double x_ = NAN, y_ = NAN;  // where the path under way stands
+  int pezzi_ = 0;             // and how many lines and circles it holds
   double spessore_ = -1, punti_ = -1;
   std::string nome_;
   QColor colore_ = Qt::black;
