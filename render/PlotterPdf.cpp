@@ -25,14 +25,25 @@ constexpr double kCurva = 0.5522847498;
 
 QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
 
+// The letters of the Windows Latin page from 0x80 to 0x9F, where ISO Latin 1 has controls:
+// quotes, dashes, the euro. 0 where the page has none.
+constexpr char16_t kWindows80[32] = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
 // The text in the fonts' own encoding (the Windows Latin page), within a PDF string: a
 // letter it does not hold is a question mark.
 void AggiungiStringa(std::string& s, std::string_view utf8) {
   s += '(';
   for (const char32_t u : Qs(utf8).toUcs4()) {
     char c = '?';
-    if ((u >= 0x20 && u < 0x7F) || (u >= 0xA0 && u <= 0xFF)) c = static_cast<char>(u);
-    else if (u == 0x20AC) c = '\x80';
+    if ((u >= 0x20 && u < 0x7F) || (u >= 0xA0 && u <= 0xFF)) {
+      c = static_cast<char>(u);
+    } else if (u > 0xFF) {
+      for (int i = 0; i < 32; ++i)
+        if (kWindows80[i] == u) c = static_cast<char>(0x80 + i);
+    }
     if (c == '(' || c == ')' || c == '\\') s += '\\';
     s += c;
   }

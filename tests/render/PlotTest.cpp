@@ -242,7 +242,7 @@ TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
 }
 
 // Two pages written by our PDF writer: the second one's text turned a right angle
-// clockwise, with a letter of the Latin page and the brackets a PDF string escapes, and a
+// clockwise, with letters of the Windows Latin page and the brackets a PDF string escapes, and a
 // picture of 4 x 2 pixels 10 x 5 m large.
 TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   QImage quadro(4, 2, QImage::Format_RGB32);
@@ -253,7 +253,8 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   const std::string pdf = t / "due.pdf";
   PlotterPdf p(pdf, o);
   ASSERT_TRUE(p.Pagina(LeggiFlussoStampa("L,0,0,10,0,0\r\n")));
-  ASSERT_TRUE(p.Pagina(LeggiFlussoStampa("TT,Citt\xC3\xA0 (1),0,0,90,Arial,5,1\r\nIM,-50,60,10,5," + (t / "q.png") + "\r\n")));
+  ASSERT_TRUE(p.Pagina(LeggiFlussoStampa("TT,Citt\xC3\xA0 (1\xE2\x80\x93" "2),0,0,90,Arial,5,1\r\n"
+                                         "IM,-50,60,10,5," + (t / "q.png") + "\r\n")));
   ASSERT_TRUE(p.Chiudi());
   EXPECT_NE(Esegui("pdfinfo '" + pdf + "'").find("Pages:           2\n"), std::string::npos);
   const std::string immagini = Esegui("pdfimages -list '" + pdf + "'");
@@ -272,7 +273,7 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   EXPECT_NEAR(mm("xMax"), 105 + 3.59, 0.05);
   EXPECT_NEAR(mm("yMin"), 148.5, 0.05);
   EXPECT_NEAR(mm("yMax"), 148.5 + 10.28, 0.05);
-  EXPECT_NE(bbox.find(">(1)<"), std::string::npos) << bbox;
+  EXPECT_NE(bbox.find(">(1\xE2\x80\x93" "2)<"), std::string::npos) << bbox;
   // The picture's top left corner 50 m left of and 60 m above the centre: 55 and 88.5 mm,
   // 10 x 5 mm large, looked at in tenths of a millimetre (one more at the far edges, where
   // the last tenth is shaded in part).
