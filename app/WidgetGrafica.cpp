@@ -11,6 +11,7 @@
 
 #include "Plotter.h"
 #include "Stampa.h"
+#include "SuperficieQt.h"
 #include "core/Sessione.h"
 #include "output/LetturaFlusso.h"
 
@@ -78,12 +79,18 @@ void WidgetGrafica::GeneraGrafica(QPainter& p) const {
   p.setBrush(QColor(0x33, 0x33, 0x33));
   for (const Grafica::Punto& q : g_.Punti())
     if (g_.Visibile(q)) p.drawEllipse(Pixel(q.Est, q.Nord), 2, 2);
-  QFont f("Liberation Mono");
-  f.setPixelSize(12);
-  p.setFont(f);
+  // Captions in the control's rule, by the kind of the row they come from and the kind of
+  // text they are: the names of points and of parcels.
+  auto didascalie = [&p](std::string_view riga) {
+    QFont f(FamigliaCarattere(Grafica::FontDidascalia(riga, "T")));
+    f.setPixelSize(12);
+    p.setFont(f);
+  };
+  didascalie("P");
   p.setPen(Qt::red);
   for (const Grafica::Punto& q : g_.Punti())
     if (g_.MostraNomi && g_.Visibile(q)) p.drawText(Pixel(q.Est, q.Nord) + QPointF(4, -4), QString::fromStdString(q.Nome));
+  didascalie("@");
   p.setPen(Qt::blue);
   for (const Grafica::Nome& n : g_.Nomi())
     if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));

@@ -1,10 +1,7 @@
 #include "Plotter.h"
 
-#include <QFile>
 #include <QFont>
 #include <QImage>
-#include <QPageSize>
-#include <QPdfWriter>
 #include <cmath>
 #include <cstdio>
 
@@ -17,23 +14,6 @@ namespace varena {
 namespace {
 
 QString Qs(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
-
-// Texts in the job's colours, except those that would not show on white paper.
-QColor ColoreCarta(const TabellaColori& colori, int32_t indice) {
-  if (indice < 1 || indice > kMassimoColori) return Qt::black;
-  const ColoreRGB c = colori[indice];
-  if ((c & 0xFFFFFF) == 0xFFFFFF) return Qt::black;
-  return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
-}
-
-// From metres about the page's centre to millimetres of the sheet, y down.
-struct Carta {
-  double k, cx, cy;
-  explicit Carta(const OpzioniPlot& o)
-      : k(1000.0 / o.Scala), cx(o.Foglio.LarghezzaMm / 2), cy(o.Foglio.AltezzaMm / 2) {}
-  double X(double x) const { return cx + x * k; }
-  double Y(double y) const { return cy - y * k; }
-};
 
 // Draws the items in order, changing pen and font only when they change and handing the
 // painter runs of lines at once: a survey's page holds hundreds of thousands of them.
@@ -108,6 +88,13 @@ class Tracciatore {
 };
 
 }  // namespace
+
+QColor ColoreCarta(const TabellaColori& colori, int32_t indice) {
+  if (indice < 1 || indice > kMassimoColori) return Qt::black;
+  const ColoreRGB c = colori[indice];
+  if ((c & 0xFFFFFF) == 0xFFFFFF) return Qt::black;
+  return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
+}
 
 std::optional<FoglioCarta> FoglioDaNome(std::string_view nome, bool orizzontale) {
   static const struct {
@@ -196,61 +183,6 @@ std::string SvgPaginaFlusso(const PaginaFlusso& pagina, const OpzioniPlot& o) {
   }
   s += "</g>\n</svg>\n";
   return s;
-}
-
-PlotterPdf::PlotterPdf(std::string percorso, OpzioniPlot o)
-    : percorso_(std::move(percorso)), temporaneo_(percorso_ + kSuffissoTemporaneo), o_(std::move(o)) {}
-
-PlotterPdf::~PlotterPdf() {
-  if (painter_) {
-    painter_->end();
-    painter_.reset();
-    writer_.reset();
-    QFile::remove(Qs(temporaneo_));
-  }
-}
-
-bool PlotterPdf::Pagina(const PaginaFlusso& pagina) {
-  constexpr int kDpi = 1200;
-  if (!painter_) {
-    QFile prova(Qs(temporaneo_));
-    if (!prova.open(QIODevice::WriteOnly)) return false;
-    prova.close();
-    writer_ = std::make_unique<QPdfWriter>(Qs(temporaneo_));
-    writer_->setResolution(kDpi);
-    writer_->setPageSize(QPageSize(QSizeF(o_.Foglio.LarghezzaMm, o_.Foglio.AltezzaMm), QPageSize::Millimeter));
-    writer_->setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
-    writer_->setCreator("Varena");
-    painter_ = std::make_unique<QPainter>();
-    if (!painter_->begin(writer_.get())) {
-      painter_.reset();
-      writer_.reset();
-      QFile::remove(Qs(temporaneo_));
-      return false;
-    }
-  } else if (!writer_->newPage()) {
-    return false;
-  }
-  DisegnaPaginaFlusso(*painter_, pagina, o_, kDpi);
-  ++pagine_;
-  return true;
-}
-
-bool PlotterPdf::Chiudi() {
-  if (!painter_) return false;
-  const bool fatto = painter_->end();
-  painter_.reset();
-  writer_.reset();
-  if (!fatto) {
-    QFile::remove(Qs(temporaneo_));
-    return false;
-  }
-  // Renamed over the old file in one step: a reader sees the old plot or the new, whole.
-  if (std::rename(temporaneo_.c_str(), percorso_.c_str()) != 0) {
-    QFile::remove(Qs(temporaneo_));
-    return false;
-  }
-  return true;
 }
 
 }  // namespace varena

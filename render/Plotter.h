@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPainter>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,8 +11,6 @@
 
 #include "core/Colori.h"
 #include "output/LetturaFlusso.h"
-
-class QPdfWriter;
 
 namespace varena {
 
@@ -29,6 +28,18 @@ struct OpzioniPlot {
   TabellaColori Colori;  // the job's colours for the texts; lines are plotted in black
 };
 
+// From metres about the page's centre to millimetres of the sheet, y down.
+struct Carta {
+  double k, cx, cy;
+  explicit Carta(const OpzioniPlot& o)
+      : k(1000.0 / o.Scala), cx(o.Foglio.LarghezzaMm / 2), cy(o.Foglio.AltezzaMm / 2) {}
+  double X(double x) const { return cx + x * k; }
+  double Y(double y) const { return cy - y * k; }
+};
+
+// Texts in the job's colours, except those that would not show on white paper.
+QColor ColoreCarta(const TabellaColori& colori, int32_t indice);
+
 // One page drawn on `p`, whose device is the sheet at `dpi` dots per inch: the page's
 // centre at the sheet's centre.
 void DisegnaPaginaFlusso(QPainter& p, const PaginaFlusso& pagina, const OpzioniPlot& o, double dpi);
@@ -36,8 +47,12 @@ void DisegnaPaginaFlusso(QPainter& p, const PaginaFlusso& pagina, const OpzioniP
 // The page as an SVG document whose units are millimetres of the sheet.
 std::string SvgPaginaFlusso(const PaginaFlusso& pagina, const OpzioniPlot& o);
 
+class DocumentoPdf;
+
 // A PDF written page by page beside its place and renamed into it by `Chiudi`: a plot that
-// fails halfway leaves no file, nor an old one damaged.
+// fails halfway leaves no file, nor an old one damaged. Its texts are in the standard PDF
+// fonts of the same metrics as the twins (Helvetica, Times, Courier), in the Latin letters
+// those fonts hold.
 class PlotterPdf {
  public:
   PlotterPdf(std::string percorso, OpzioniPlot o);
@@ -53,9 +68,14 @@ class PlotterPdf {
  private:
   std::string percorso_, temporaneo_;
   OpzioniPlot o_;
-  std::unique_ptr<QPdfWriter> writer_;
-  std::unique_ptr<QPainter> painter_;
+  std::unique_ptr<DocumentoPdf> documento_;
+  // The pictures already in the file by their path, each written once; "" for a file
+  // that is no picture.
+  std::map<std::string, std::string> immagini_;
   int pagine_ = 0;
+
+  std::string ContenutoPagina(const PaginaFlusso& pagina, double altezzaPt);
+  const std::string& NomeImmagine(const std::string& file);
 };
 
 }  // namespace varena

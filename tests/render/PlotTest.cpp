@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "Comandi.h"
+#include "DocumentoPdf.h"
 #include "Plotter.h"
 #include "core/File.h"
 #include "core/Sessione.h"
@@ -238,6 +239,67 @@ TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
   EXPECT_EQ(cli::Esegui({"plot", lavoro, t / "manca/no.pdf"}, out, err), 1);
   EXPECT_EQ(err.str(), "Impossibile scrivere " + (t / "manca/no.pdf") + "\n");
   EXPECT_FALSE(EsisteCartella(t / "manca"));
+}
+
+// Two pages written by our PDF writer: the second one's text turned a right angle
+// clockwise, with letters of the Windows Latin page and the brackets a PDF string escapes, and a
+// picture of 4 x 2 pixels 10 x 5 m large.
+TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
+  QImage quadro(4, 2, QImage::Format_RGB32);
+  quadro.fill(Qt::red);
+  ASSERT_TRUE(quadro.save(QString::fromStdString(t / "q.png")));
+  OpzioniPlot o;
+  o.Foglio = *FoglioDaNome("A4", false);
+  const std::string pdf = t / "due.pdf";
+  PlotterPdf p(pdf, o);
+  ASSERT_TRUE(p.Pagina(LeggiFlussoStampa("L,0,0,10,0,0\r\n")));
+  ASSERT_TRUE(p.Pagina(LeggiFlussoStampa("TT,Citt\xC3\xA0 (1\xE2\x80\x93" "2),0,0,90,Arial,5,1\r\n"
+                                         "IM,-50,60,10,5," + (t / "q.png") + "\r\n")));
+  ASSERT_TRUE(p.Chiudi());
+  EXPECT_NE(Esegui("pdfinfo '" + pdf + "'").find("Pages:           2\n"), std::string::npos);
+  const std::string immagini = Esegui("pdfimages -list '" + pdf + "'");
+  EXPECT_NE(immagini.find("   2     0 image       4     2  rgb     3   8  image  no "), std::string::npos) << immagini;
+  // The foot at the sheet's centre (105, 148.5 mm), the text running down from it, its
+  // letters standing to the right of it: Helvetica's descent and ascent are 207 and 718
+  // thousandths of its 5 mm, and "Citt\xC3\xA0" is 722 + 222 + 278 + 278 + 556 of them long.
+  const std::string bbox = Esegui("pdftotext -f 2 -bbox '" + pdf + "' -");
+  const auto w = bbox.find(">Citt\xC3\xA0<");
+  ASSERT_NE(w, std::string::npos) << bbox;
+  const auto riga0 = bbox.rfind("<word", w);
+  auto mm = [&](const std::string& nome) {
+    return Val(bbox.substr(bbox.find(nome + "=\"", riga0) + nome.size() + 2)) * 25.4 / 72;
+  };
+  EXPECT_NEAR(mm("xMin"), 105 - 1.035, 0.05) << bbox;
+  EXPECT_NEAR(mm("xMax"), 105 + 3.59, 0.05);
+  EXPECT_NEAR(mm("yMin"), 148.5, 0.05);
+  EXPECT_NEAR(mm("yMax"), 148.5 + 10.28, 0.05);
+  EXPECT_NE(bbox.find(">(1\xE2\x80\x93" "2)<"), std::string::npos) << bbox;
+  // The picture's top left corner 50 m left of and 60 m above the centre: 55 and 88.5 mm,
+  // 10 x 5 mm large, looked at in tenths of a millimetre (one more at the far edges, where
+  // the last tenth is shaded in part).
+  Esegui("pdftoppm -f 2 -l 2 -r 254 -x 500 -y 850 -W 200 -H 100 -png -singlefile '" + pdf + "' '" + (t / "p2") + "'");
+  const QImage img(QString::fromStdString(t / "p2.png"));
+  QRect rosso;
+  for (int y = 0; y < img.height(); ++y)
+    for (int x = 0; x < img.width(); ++x)
+      if (qRed(img.pixel(x, y)) > 200 && qGreen(img.pixel(x, y)) < 80) rosso |= QRect(x, y, 1, 1);
+  EXPECT_EQ(rosso.topLeft(), QPoint(50, 35));
+  EXPECT_NEAR(rosso.width(), 100.5, 0.5);
+  EXPECT_NEAR(rosso.height(), 50.5, 0.5);
+}
+
+// The numbers of a page's content: hundredths of a point at most, no trailing zeros, no
+// minus zero, and garbage held within bounds a reader takes.
+TEST(PlotPdf, NumeriDelContenuto) {
+  const std::pair<double, const char*> casi[] = {{0, "0"},         {-0.001, "0"},     {12.5, "12.5"},
+                                                 {-3.14159, "-3.14"}, {100, "100"},  {0.07, "0.07"},
+                                                 {1e300, "1000000000000"}, {-INFINITY, "-1000000000000"},
+                                                 {NAN, "0"}};
+  for (const auto& [v, atteso] : casi) {
+    std::string s;
+    AggiungiNumeroPdf(s, v);
+    EXPECT_EQ(s, atteso) << v;
+  }
 }
 
 // The SVG of a page: millimetres of the sheet, the line at its place and thickness, the
