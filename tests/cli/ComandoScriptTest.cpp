@@ -19,17 +19,13 @@ double F64(const std::string& byte, size_t off) {
   return v;
 }
 
-class CliScript : public ::testing::Test {
+class CliScript : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea dir, casa;
-  prova::CartelleDelProgramma cartelle{casa.Percorso(), casa / "prog"};
-  std::string base, script;
+  std::string base = lavori + "ROSSI", script = lavori + "linea.txt";
   void SetUp() override {
-    base = dir / "ROSSI";
     ScriviFileProva(base + ".CFG", prova::CfgManuale("VR2020", "0,0,100"));
     ScriviFileProva(base + ".LLL", prova::RecordPuntoBase("1", 0, 0, 10).Byte() +
                                        prova::RecordPuntoBase("2", 30, 40, 20).Byte());
-    script = dir / "linea.txt";
     ScriviFileProva(script,
                     "# a line between the two points\r\n"
                     "TAG DISEGNA_LINEA_2_P\r\n"
@@ -57,7 +53,7 @@ TEST_F(CliScript, StampaOgniPromptELasciaLOriginaleSenzaSave) {
   EXPECT_FALSE(prova::Esiste(base + ".LIN"));
   EXPECT_EQ(prova::LeggiFileProva(base + ".LLL"), punti);
   // The provisional copy is gone.
-  EXPECT_TRUE(fs::is_empty(casa.Percorso() + "/VR2000/PROVVISO"));
+  EXPECT_TRUE(fs::is_empty(radice / "VR2000/PROVVISO"));
 }
 
 TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
@@ -76,11 +72,11 @@ TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
 // display toggle and the last selection of a run stay in the run's own folder, not the user's.
 TEST_F(CliScript, SalvaComeRigorosoEPreferenzeDellaCorsa) {
   ScriviFileProva(script, prova::LeggiFileProva(script) + "TYPE _N\nTAG CAMBIA_ELIMINA\nPRESS Tutto\nPRESS OK\nSAVEAS " +
-                              (dir / "BIANCHI.CFG") + "\n");
+                              (lavori + "BIANCHI.CFG") + "\n");
   Esito e = Cli({"script", base, script, "--rigoroso"});
   ASSERT_EQ(e.stato, 0) << e.err;
-  EXPECT_TRUE(prova::Esiste(dir / "BIANCHI.CFG"));
-  for (const std::string& f : {base + ".LIN", casa / "prog/ImpostazioniUtente.ini", dir / "ROSSI.uls", dir / "BIANCHI.uls"})
+  EXPECT_TRUE(prova::Esiste(lavori + "BIANCHI.CFG"));
+  for (const std::string& f : {base + ".LIN", radice / "programma/ImpostazioniUtente.ini", base + ".uls", lavori + "BIANCHI.uls"})
     EXPECT_FALSE(prova::Esiste(f)) << f;
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nEXPECT prompt Disegno Linea 2P - Primo Punto:\n");
   e = Cli({"script", base, script, "--rigoroso"});
@@ -103,10 +99,10 @@ TEST_F(CliScript, ElencoDeiDialoghi) {
 }
 
 TEST_F(CliScript, ErroriDelloScript) {
-  Esito e = Cli({"script", base, dir / "manca.txt"});
-  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Script non trovato: " + (dir / "manca.txt") + "\n"));
-  e = Cli({"script", dir / "manca", script});
-  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + (dir / "manca") + "\n"));
+  Esito e = Cli({"script", base, lavori + "manca.txt"});
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Script non trovato: " + lavori + "manca.txt\n"));
+  e = Cli({"script", lavori + "manca", script});
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + lavori + "manca\n"));
   EXPECT_EQ(Cli({"script", base}).stato, 64);
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nVOLA 1 2\nCLICK left 0 0\n");
   e = Cli({"script", base, script});
