@@ -1,4 +1,5 @@
-// The dispatcher's guards, arming and the end of commands, the keys, the display toggles.
+// The dispatcher's guards, arming and the end of commands, the keys, the display toggles,
+// the menu entries of the drawing tags.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -253,6 +254,24 @@ TEST_F(ComandiBanco, EseguiComandoTAGMenuLettereEPassiDiDimensione) {
   EXPECT_DOUBLE_EQ(s.PuntoDimensioneNome[0], -2.2);
   EXPECT_DOUBLE_EQ(s.PuntoDimensioneSimbolo[0], 4 / 1.1);
   EXPECT_TRUE(Stampa("> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n"));
+}
+
+// The script tests drive every drawing tag to its rows; here, each has its menu entry.
+TEST(TabellaComandi, OgniComandoDiDisegnoHaIlSuoMenu) {
+  for (const char* tag : {
+      "DISEGNA_LINEA_LIBERA", "DISEGNA_LINEA_2_P", "DISEGNA_LINEA_DISCONTINUITA", "DISEGNA_LINEA_ALLUNGA",
+      "DISEGNA_LINEA_LUNGHEZZA", "DISEGNA_LINEA_ESTREMO", "DISEGNA_LINEA_PROIETTA", "DISEGNA_LINEA_PERPENDA",
+      "ESTREMI_LINEA", "ASSE_LINEA", "DISEGNA_PARALLELA", "PARALLELA_PER_PUNTO", "VERIFICA_PARALLELE",
+      "DISEGNA_PERCORSO", "RETTANGOLO", "SQUADRATO", "DISEGNA_CERCHIO_3_P", "CERCHIO_DIAMETRO",
+      "CERCHIO_CENTRO_RAGGIO", "CERCHIO_CENTRO_TANGENTE", "CERCHIO_INSCRITTO", "DISEGNA_ARCO_3_P",
+      "ARCO_CENTRO_INIZIO_FINE", "ARCO_RACCORDO", "ARCO_IN_CERCHIO", "SERIE_LINEARE", "SERIE_ALLINEATA",
+      "SERIE_CIRCOLARE", "SERIE_RETTANGOLARE", "DISEGNA_TESTO", "TESTO_DISTANZA", "QUOTATURA_PROGRESSIVA",
+      "DISEGNA_TESTO_DA_APPUNTI", "DISEGNA_TESTO_DA_FILE", "TESTO_ALLINEA", "EDIT_SPOSTA_NOME", "NOME_SCAMBIO",
+      "DISEGNA_FUMETTO", "DISEGNA_IMMAGINE", "DISEGNA_CAMPITURA"}) {
+    const VoceComando* v = CercaTag(tag);
+    ASSERT_NE(v, nullptr) << tag;
+    EXPECT_FALSE(v->Menu.empty() || v->Voce.empty()) << tag;
+  }
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
 // The drawing commands of circles and arcs: centres and radii worked out by hand, arcs
-// stored as a start azimuth and a positive amplitude in gon.
+// stored as a start azimuth and a positive amplitude in gon; and the arc's row builder.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <tuple>
 
 #include "commands/Attese.h"
+#include "commands/Costruttori.h"
 
 namespace varena {
 namespace {
@@ -125,6 +126,29 @@ TEST_F(CurveBanco, subArcoInCerchioLArcoDiventaIlCerchioIntero) {
   // Only the circle is in the display list now.
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
     EXPECT_EQ(s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotCerchi);
+}
+
+// The row builder the drawing commands share.
+TEST_F(CurveBanco, ScriviArcoAmpiezzaPositivaEInizioInUnGiroRecordAccodati) {
+  MettiLinea(s, 0, 0, 10, 0);
+  Pronto();
+  const int64_t prima = s.ListaDisegno.Conta();
+  s.Imp.Colore_Default = 7;
+  s.Imp.Tratteggio_Default = 2;
+  // A negative start and a negative amplitude come back into the turn.
+  const auto k = static_cast<size_t>(ScriviArco(s, {5, 5, 1}, 3, -50, -100, 1, 2, "ARCHI"));
+  EXPECT_EQ(std::tie(s.ArcoInizio[k], s.ArcoFine[k], s.ArcoColore[k], s.ArcoTratteggio[k], s.ArcoPiano[k]),
+            std::make_tuple(350, 300, 7, 2, "ARCHI"));
+  // A whole turn stays whole.
+  EXPECT_EQ(s.ArcoFine[static_cast<size_t>(ScriviArco(s, {0, 0, 0}, 1, 0, 400, 0, 0, "0"))], 400);
+  // The list keeps what it had and gains the chords of the new arcs, nothing else.
+  ASSERT_GT(s.ListaDisegno.Conta(), prima);
+  EXPECT_EQ(s.ListaDisegno.Tipo[0], SlotLinee);
+  for (int64_t i = prima; i < s.ListaDisegno.Conta(); ++i)
+    EXPECT_EQ(s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotArchi);
+  const int32_t t = ScriviTesto(s, 1, 2, "NOTA", 1.5, 30, 4, "  ", "TESTI");
+  EXPECT_EQ(s.TestoFont[static_cast<size_t>(t)], "Arial");
+  EXPECT_EQ(s.ListaDisegno.Testo(s.ListaDisegno.Conta() - 1), "NOTA");
 }
 
 }  // namespace
