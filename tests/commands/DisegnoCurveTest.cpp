@@ -18,22 +18,17 @@ struct CurveBanco : BancoProva {};
 void AttesoCerchio(const Sessione& s, int32_t riga, double x, double y, double raggio) {
   ASSERT_LT(riga, s.ContaEntita[SlotCerchi]);
   const auto k = static_cast<size_t>(riga);
-  EXPECT_NEAR(s.CerchioX[k], x, 1e-9);
-  EXPECT_NEAR(s.CerchioY[k], y, 1e-9);
-  EXPECT_NEAR(s.CerchioRaggio[k], raggio, 1e-9);
+  EXPECT_TRUE(Vicini({s.CerchioX[k], s.CerchioY[k], s.CerchioRaggio[k]}, {x, y, raggio})) << "riga " << riga;
 }
 
 void AttesoArco(const Sessione& s, int32_t riga, double x, double y, double raggio, double inizio, double ampiezza) {
   ASSERT_LT(riga, s.ContaEntita[SlotArchi]);
   const auto k = static_cast<size_t>(riga);
-  EXPECT_NEAR(s.ArcoX[k], x, 1e-9);
-  EXPECT_NEAR(s.ArcoY[k], y, 1e-9);
-  EXPECT_NEAR(s.ArcoRaggio[k], raggio, 1e-9);
   // A start is kept within one turn; a hair below 400 is the same direction as 0.
-  EXPECT_GE(s.ArcoInizio[k], 0);
-  EXPECT_LT(s.ArcoInizio[k], 400);
-  EXPECT_NEAR(std::remainder(s.ArcoInizio[k] - inizio, 400.0), 0, 1e-9);
-  EXPECT_NEAR(s.ArcoFine[k], ampiezza, 1e-9);
+  EXPECT_TRUE(s.ArcoInizio[k] >= 0 && s.ArcoInizio[k] < 400) << s.ArcoInizio[k];
+  EXPECT_TRUE(Vicini({s.ArcoX[k], s.ArcoY[k], s.ArcoRaggio[k], std::remainder(s.ArcoInizio[k] - inizio, 400.0), s.ArcoFine[k]},
+                     {x, y, raggio, 0, ampiezza}))
+      << "riga " << riga;
 }
 
 TEST_F(CurveBanco, CerchioTrePuntiCentroDalleBisettriciPuntiAllineatiNessunCerchio) {
