@@ -13,12 +13,6 @@ using prova::ScriviFileProva;
 using prova::Cli;
 using Esito = prova::EsitoCli;
 
-double F64(const std::string& byte, size_t off) {
-  double v = 0;
-  std::memcpy(&v, byte.data() + off, sizeof v);
-  return v;
-}
-
 class CliScript : public ::testing::Test, public prova::RadiceCli {
  protected:
   std::string base = lavori + "ROSSI", script = lavori + "linea.txt";
@@ -60,12 +54,10 @@ TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
   ScriviFileProva(script, prova::LeggiFileProva(script) + "SAVE\n");
   const Esito e = Cli({"script", base + ".cfg", script});
   ASSERT_EQ(e.stato, 0) << e.err;
+  // A live row (Ident 0) from point 1 to point 2, with their heights.
   const std::string linee = prova::LeggiFileProva(base + ".LIN");
   ASSERT_EQ(linee.size(), 128u);
-  EXPECT_EQ(linee.substr(0, 2), std::string("\0\0", 2));
-  std::vector<double> estremi;
-  for (size_t off = 2; off <= 42; off += 8) estremi.push_back(F64(linee, off));
-  EXPECT_EQ(estremi, (std::vector<double>{0, 0, 10, 30, 40, 20}));
+  EXPECT_EQ(linee.substr(0, 50), prova::Record(50).F64(18, 10).F64(26, 30).F64(34, 40).F64(42, 20).Byte());
 }
 
 // SAVEAS writes the job under the new name; a strict run stops at the line that fails; the

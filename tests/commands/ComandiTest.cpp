@@ -211,9 +211,9 @@ TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   Script("TAG N\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[2], s.PuntoCongelaNome[3]}), (I{-1, -1, 0}));  // not deleted rows
   EXPECT_EQ(LeggiFileProva(s.CartellaProgramma + "/ImpostazioniUtente.ini"), "[VISUALIZZA]\r\nPUNTISINO=0\r\n");
+  // Shown again; then only PF and station names stay on show.
   Script("TAG N\n");
   EXPECT_EQ(s.PuntoCongelaNome[0], 0);
-  // Only PF and station names stay on show.
   Script("TAG A\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[1], s.PuntoCongelaNome[2]}), (I{0, 0, -1}));
   Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
@@ -224,8 +224,8 @@ TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   // A stored value that is not 0 reads as on, whatever it is.
   ScriviImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "7");
   Script("TAG L\n");
-  EXPECT_EQ(s.LineaCongela[0], -1);
-  EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?"), "0");
+  EXPECT_EQ(std::make_tuple(s.LineaCongela[0], LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?")),
+            std::make_tuple(-1, "0"));
 }
 
 // On an open job a toggle is a change of the job: a snapshot is taken, and the frozen flag

@@ -43,7 +43,7 @@ TEST_F(TestiBanco, ProprietaTestoIDefaultDelleImpostazioniEUnTestoAOgniClic) {
   EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST_F(TestiBanco, subTestodistanzaLaDistanzaAMetaLungoLaLinea) {
+TEST_F(TestiBanco, subTestodistanzaEQuotaturaProgressivaLaDistanzaAMetaLungoLaLinea) {
   Pronto();
   EXPECT_TRUE(Stampa("> TAG TESTO_DISTANZA\n"
                      "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"5\" Angolo=\"0\" "
@@ -56,15 +56,12 @@ TEST_F(TestiBanco, subTestodistanzaLaDistanzaAMetaLungoLaLinea) {
   // Whole metres: 12.6 shows as 13; and the line to the West reads upside down, as drawn.
   Script("CLICK left 0 0\nCLICK left -12.6 0\n");
   EXPECT_EQ(s.TestoTesto[1], "13");
-  EXPECT_TRUE(Vicini({s.TestoRotazione[1]}, {200}));
-}
-
-TEST_F(TestiBanco, subQuotaturaProgressivaDistanzeDallOrigine) {
-  Pronto();
+  EXPECT_NEAR(s.TestoRotazione[1], 200, 1e-9);
+  // The progressive dimensions: distances from the origin, to the hundredth.
   Script("TAG QUOTATURA_PROGRESSIVA\nPRESS ProprietaTesto.OK\nCLICK left 1 1\nCLICK left 4 5\nCLICK left 7 9\n");
-  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[0], s.TestoTesto[1], s.TestoX[1], s.TestoY[1], s.Prompt),
-            std::make_tuple(2, "5.00", "10.00", 7, 9, "Quotatura Progressiva - Al Punto :"));
-  EXPECT_NEAR(s.TestoRotazione[1], RotazioneVerso(3, 4), 1e-9);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[2], s.TestoTesto[3], s.TestoX[3], s.TestoY[3], s.Prompt),
+            std::make_tuple(4, "5.00", "10.00", 7, 9, "Quotatura Progressiva - Al Punto :"));
+  EXPECT_NEAR(s.TestoRotazione[3], RotazioneVerso(3, 4), 1e-9);
 }
 
 TEST_F(TestiBanco, subIncollaDaAppuntiUnaRigaSottoLAltraEGliAppuntiConservati) {

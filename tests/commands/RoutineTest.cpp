@@ -65,7 +65,7 @@ TEST_F(RoutineBanco, MarcaPuntoVerticeEDirezioneTolgonoLaMarcaDiPrima) {
   EXPECT_EQ(s.Prompt, "Punto Direzione <PD> - Indica il Punto :");
 }
 
-TEST_F(RoutineBanco, subInfoDistanzaDistanzaAzimutEDislivello) {
+TEST_F(RoutineBanco, subInfoDistanzaEAngoloDistanzaAzimutDislivelloEAngoloOrario) {
   MettiPunti(s, {{"A", 0, 0, 10}, {"B", 30, 40, 14}});
   Pronto();
   EXPECT_TRUE(Stampa("> TAG INFO_DISTANZA\nPROMPT Info Distanza - Primo Punto:\n> CLICK left 0 1\n"
@@ -78,10 +78,7 @@ TEST_F(RoutineBanco, subInfoDistanzaDistanzaAzimutEDislivello) {
                      "PROMPT Info Distanza 2P - Secondo Punto:\n> CLICK left 2 5\n"
                      "MESSAGGIO [Info Distanza] Distanza = 3.000 | Azimut = 300.0000 | Dislivello = 0.000 | "
                      "Distanza Inclinata = 3.000\nPROMPT Info Distanza 2P - Primo Punto:\n"));
-}
-
-TEST_F(RoutineBanco, subInfoAngoloDallInizioAllaFineInSensoOrario) {
-  Pronto();
+  // An angle from its start to its end, clockwise.
   EXPECT_TRUE(Stampa("> TAG INFO_ANGOLO\nPROMPT Info Angolo - Vertice Angolo :\n> CLICK left 0 0\n"
                      "PROMPT Info Angolo - Fine Angolo :\n> CLICK left 10 0\nPROMPT INFO Angolo - Inizio Angolo :\n"
                      "> CLICK left 0 10\nMESSAGGIO [Info Angolo] Angolo = 100.0000\n"
