@@ -63,17 +63,14 @@ TEST_F(ComandiBanco, EseguiComandoTAGUnoZoomAMetaComandoLoLasciaComEra) {
             std::make_tuple(20, 1, 5, "Disegno Linea 2P - Primo Punto:"));
 }
 
-TEST_F(ComandiBanco, ArmaComandoIlValoreChiestoPrimaAnnullatoNonArma) {
+TEST_F(ComandiBanco, ArmaComandoIlValoreChiestoPrimaAnnullatoNonArmaLoSnapDelComandoPrecedenteOQuelloDelComando) {
   Pronto();
   EXPECT_TRUE(Stampa("> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n"));
   EXPECT_EQ(s.ComandoCorrente, 0);
   // The prompt and its question are pinned by the parallel's own test; F4 arms it again.
   Script("ANSWER 2,5\nKEY F4\n");
   EXPECT_EQ(std::tie(s.ComandoCorrente, s.ValoreImputato), std::make_tuple(136, "2,5"));
-}
-
-TEST_F(ComandiBanco, ArmaComandoLoSnapDelComandoPrecedenteOQuelloDelComando) {
-  Pronto();
+  Script("KEY ESC\n");
   // The snap in force at the end of a command comes back at its repeat, for one click; a
   // point snap does not: it becomes free.
   Script("TAG DISEGNA_LINEA_2_P\nKEY F\nKEY ESC\n");

@@ -64,7 +64,7 @@ TEST_F(TestiBanco, subTestodistanzaEQuotaturaProgressivaLaDistanzaAMetaLungoLaLi
   EXPECT_NEAR(s.TestoRotazione[3], RotazioneVerso(3, 4), 1e-9);
 }
 
-TEST_F(TestiBanco, subIncollaDaAppuntiUnaRigaSottoLAltraEGliAppuntiConservati) {
+TEST_F(TestiBanco, subIncollaDaAppuntiEDaFileUnaRigaSottoLAltraEGliAppuntiConservati) {
   Pronto();
   s.Clip->Scrivi("PRIMA\r\nSECONDA\r\n\r\nQUARTA");
   Script("TAG DISEGNA_TESTO_DA_APPUNTI\nFIELD Altezza 2\nCLICK left 10 10\n");
@@ -78,23 +78,20 @@ TEST_F(TestiBanco, subIncollaDaAppuntiUnaRigaSottoLAltraEGliAppuntiConservati) {
   Script("FIELD Angolo 100\nCLICK left 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotTesti], 6);
   EXPECT_TRUE(Vicini({s.TestoX[4], s.TestoY[4]}, {2, 0}, 1e-12));
-}
-
-TEST_F(TestiBanco, subDisegnoTestoDaFileLeRigheDelFileNelCodiceDellaFinestra) {
-  Pronto();
+  // From a file, its lines read in the code page of the window.
   InterfacciaRegistrata ui;
   s.Ui = &ui;
   const std::string file = cartella / "NOTE.TXT";
   ScriviFileProva(file, "Citt\xe0\r\nPonte\r\n");
   ui.RispondiFile(file);
-  Script("TAG DISEGNA_TESTO_DA_FILE\nPRESS ProprietaTesto.OK\nCLICK left 0 0\n");
+  Script("TAG DISEGNA_TESTO_DA_FILE\nFIELD Angolo 0\nPRESS ProprietaTesto.OK\nCLICK left 0 0\n");
   ASSERT_EQ(ui.SceltePresentate.size(), 1u);
   EXPECT_EQ(ui.SceltePresentate[0], "Testo da File|File Di Testo (*.TXT)|*.TXT|Tutti i file (*.*)|*.*");
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoTesto[1], s.TestoY[1]), std::make_tuple("Città", "Ponte", -5));
+  ASSERT_EQ(s.ContaEntita[SlotTesti], 8);
+  EXPECT_EQ(std::tie(s.TestoTesto[6], s.TestoTesto[7], s.TestoY[7]), std::make_tuple("Città", "Ponte", -2));
   // The choice cancelled: the command ends, nothing written.
   Script("TAG DISEGNA_TESTO_DA_FILE\nCLICK left 0 0\n");
-  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.ComandoCorrente), std::make_tuple(2, 0));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.ComandoCorrente), std::make_tuple(8, 0));
 }
 
 TEST_F(TestiBanco, subTestoAllineaLaRotazioneSegueIDuePunti) {
@@ -125,7 +122,8 @@ TEST_F(TestiBanco, subDisegnaFumettoNuvolettaDiLineeColTesto) {
   EXPECT_EQ(alla_punta, 2);
 }
 
-TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNulla) {
+TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNullaLineareAllineataCircolareRettangolare) {
+  MettiPunto(s, "7", 0, 0, 4);
   Pronto();
   EXPECT_TRUE(Stampa("> TAG SERIE_LINEARE\n"
                      "DIALOGO + ParametriSerie [Parametri Serie] Numero_Punti=\"0\" Distanza=\"0\" "
@@ -133,14 +131,9 @@ TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNulla) {
                      "> FIELD ParametriSerie.Numero_Punti 0\n> FIELD Distanza 2\n> PRESS ParametriSerie.OK\n"
                      "DIALOGO - ParametriSerie\n> CLICK left 0 0\nPROMPT Serie Lineare - Secondo Punto:\n"
                      "> CLICK left 10 0\n"));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 1);
   // The settings confirmed are kept for the next start.
   EXPECT_TRUE(Contiene(LeggiFileProva(s.CartellaLavoro + "Configura.ini"), "Distanza,2"));
-}
-
-TEST_F(TestiBanco, SerieLineareAllineataCircolareRettangolare) {
-  MettiPunto(s, "7", 0, 0, 4);
-  Pronto();
   struct Atteso {
     const char* Nome;
     double X, Y;
