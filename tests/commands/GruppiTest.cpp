@@ -51,8 +51,9 @@ TEST_F(ComandiGruppi, SalvatoDalDialogoScrittoComeAManoEIncollatoAdOgniClic) {
   // heights and attributes as stored, the names made free.
   const int64_t passo = PassoUndo(s);
   Script("PRESS GestioneGruppi.Incolla\nCLICK left 110 220\nCLICK left 10 30\n");
-  EXPECT_EQ(std::make_tuple(PassoUndo(s), s.ContaEntita[SlotPunti], s.ContaEntita[SlotLinee]),
-            std::make_tuple(passo + 2, 3, 4));
+  ASSERT_EQ(std::make_tuple(PassoUndo(s), s.ContaEntita[SlotPunti], s.ContaEntita[SlotLinee], s.ContaEntita[SlotCerchi],
+                            s.ContaEntita[SlotArchi], s.ContaEntita[SlotTesti]),
+            std::make_tuple(passo + 2, 3, 4, 3, 3, 3));
   EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoY[1], s.PuntoZ[1], s.PuntoFont[1]),
             std::make_tuple("2", 110.5, 220.25, 5.0, "Arial"));
   EXPECT_EQ(std::tie(s.PuntoNome[2], s.PuntoX[2], s.PuntoY[2]), std::make_tuple("3", 10.5, 30.25));
