@@ -49,8 +49,7 @@ TEST_F(ModificaBanco, SpecchioConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
   EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoZ[1]), std::make_tuple("8", -4, 2));
   EXPECT_EQ(std::tie(s.TestoX[1], s.TestoRotazione[1]), std::make_tuple(-1, 10));
-  EXPECT_EQ(ContaSelezionati(s), 0);
-  EXPECT_TRUE(DialogoAperto(s, "Selezentita"));
+  EXPECT_EQ(std::make_tuple(ContaSelezionati(s), DialogoAperto(s, "Selezentita")), std::make_tuple(0, true));
   // "Yes" moves the rows themselves.
   Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
   EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotLinee], Estremi(s, 0), Estremi(s, 1)),
@@ -189,12 +188,10 @@ TEST_F(ModificaBanco, ProprietaPianoTratteggioEColoreSceltiPrimaDellaSelezione) 
                      "Annulla)\n"));
   // A layer of the table keeps the table's spelling; then the selection and the work.
   Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]),
-            std::make_tuple("STRADE", "STRADE", "STRADE"));
-  EXPECT_EQ(s.PianoCorrente, "STRADE");
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0], s.PianoCorrente),
+            std::make_tuple("STRADE", "STRADE", "STRADE", "STRADE"));
   // The command comes back to the layers; cancelled there, it ends.
-  ASSERT_TRUE(DialogoAperto(s, "MenuPiani"));
-  EXPECT_FALSE(DialogoAperto(s, "Selezentita"));
+  ASSERT_EQ(std::make_tuple(DialogoAperto(s, "MenuPiani"), DialogoAperto(s, "Selezentita")), std::make_tuple(true, false));
   Script("PRESS MenuPiani.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
   // A line type by its number in the list.
@@ -229,9 +226,9 @@ TEST_F(ModificaBanco, ProprietaF6EF7CambianoSoloTratteggioEPianoCorrenti) {
   Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
   EXPECT_EQ(s.Imp.Tratteggio_Default, 6);
   Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
-  EXPECT_EQ(std::tie(s.Imp.Tratteggio_Default, s.ComandoCorrente), std::make_tuple(3, 0));
-  EXPECT_TRUE(s.Dialoghi.empty());
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.LineaTratteggio[0]), std::make_tuple("0", 1));
+  EXPECT_EQ(std::make_tuple(s.Imp.Tratteggio_Default, s.ComandoCorrente, s.Dialoghi.size(), s.LineaPiano[0],
+                            s.LineaTratteggio[0]),
+            std::make_tuple(3, 0, 0u, "0", 1));
 }
 
 TEST_F(ModificaBanco, AllineaLaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
@@ -341,8 +338,7 @@ TEST_F(ModificaBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
   EXPECT_EQ((std::vector<int64_t>{elenco[1].Colore, elenco[1].Entita, elenco[1].Congelate}),
             (std::vector<int64_t>{3, 3, 0}));
   EXPECT_TRUE(elenco[1].Corrente && elenco[1].NellaTabella);
-  EXPECT_EQ(elenco[2].Nome, "RECINZ");
-  EXPECT_FALSE(elenco[2].NellaTabella);
+  EXPECT_EQ(std::tie(elenco[2].Nome, elenco[2].NellaTabella), std::make_tuple("RECINZ", false));
 
   const int64_t passo = PassoUndo(s);
   ASSERT_TRUE(CongelaPiano(s, "Strade", true));
@@ -350,8 +346,7 @@ TEST_F(ModificaBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
                               s.LineaCongela[1], s.LineaCongela[2], s.CerchioCongela[0]}),
             (std::vector<int>{-1, -1, -1, 0, 0, -1}));
   EXPECT_EQ(std::make_tuple(ElencoPiani(s)[1].Congelate, PassoUndo(s)), std::make_tuple(3, passo + 1));
-  EXPECT_FALSE(CongelaPiano(s, "VUOTO", true));
-  EXPECT_EQ(PassoUndo(s), passo + 1);
+  EXPECT_EQ(std::make_tuple(CongelaPiano(s, "VUOTO", true), PassoUndo(s)), std::make_tuple(false, passo + 1));
 
   // A layer only the entities name enters the table with its colour.
   ASSERT_TRUE(ColorePiano(s, "RECINZ", 5));
@@ -362,8 +357,7 @@ TEST_F(ModificaBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
 
   // Each change is one step back.
   Script("KEY F9\n");
-  EXPECT_EQ(s.LineaColore[1], 1);
-  EXPECT_EQ(s.Piani.size(), 2u);
+  EXPECT_EQ(std::make_tuple(s.LineaColore[1], s.Piani.size()), std::make_tuple(1, 2u));
   Script("KEY F9\n");
   EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
 }
