@@ -147,8 +147,8 @@ TEST_F(CostruzioneBanco, IrraggiamentoUnVentaglioDiTrePuntiConLeAltezze) {
   // 80 looks North-East; the distance is horizontal as typed; no zenith means a level sight.
   Script("FIELD Lettura 80\nFIELD Distanza 14.142135623730951\nFIELD Zenitale\nFIELD Prisma 0\nPRESS OK\n");
   EXPECT_TRUE(In(s, "3", 1010, 2010, 51.5));
-  EXPECT_EQ(Valori(s, "Irraggiamento", "Zenitale"), "100");
-  EXPECT_EQ(std::make_tuple(Valori(s, "NuovoPunto", "Nome"), LeggiDiario(s)->Passo), std::make_tuple("4", prima + 3));
+  EXPECT_EQ(std::make_tuple(Valori(s, "Irraggiamento", "Zenitale"), Valori(s, "NuovoPunto", "Nome"), LeggiDiario(s)->Passo),
+            std::make_tuple("100", "4", prima + 3));
   // Closed by its second button: the command ends and nothing more is made.
   Script("PRESS Irraggiamento.Chiudi\n");
   EXPECT_EQ(std::make_tuple(DialogoAperto(s, "Irraggiamento"), s.ComandoCorrente, s.ContaEntita[SlotPunti],

@@ -115,8 +115,7 @@ TEST_F(EntitaBanco, TagliaIlCerchioDiventaArcoLArcoUnoODueArchi) {
   Pronto(0, 0, 30);
   Script("TAG CAMBIA_TAGLIA\nCLICK left -8 0.1\nCLICK left 0 4.9\n");
   // The northern half, picked, goes; the southern half stays as an arc from East to West.
-  EXPECT_EQ(s.CerchioIdent[0], -1);
-  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
+  ASSERT_EQ(std::make_tuple(s.CerchioIdent[0], s.ContaEntita[SlotArchi]), std::make_tuple(-1, 1));
   EXPECT_TRUE(Vicini(Apertura(s, 0), {100, 200}));
   EXPECT_EQ(std::tie(s.ArcoX[0], s.ArcoRaggio[0], s.ArcoZ[0], s.ArcoQuotaInizio[0], s.ArcoColore[0], s.ArcoPiano[0]),
             std::make_tuple(0, 5, 2, 2, 4, "ALBERI"));

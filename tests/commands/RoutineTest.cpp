@@ -61,8 +61,7 @@ TEST_F(RoutineBanco, MarcaPuntoVerticeEDirezioneTolgonoLaMarcaDiPrima) {
   Script("TAG PUNTO_VERTICE\nCLICK left 0 0\nCLICK left 10 0\n");
   EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1]), std::make_tuple("<PV>muro", "<PV>siepe"));
   Script("TAG PUNTO_DIREZIONE\nCLICK left 10 0\n");
-  EXPECT_EQ(s.PuntoDescrizione[1], "<PD>siepe");
-  EXPECT_EQ(s.Prompt, "Punto Direzione <PD> - Indica il Punto :");
+  EXPECT_EQ(std::tie(s.PuntoDescrizione[1], s.Prompt), std::make_tuple("<PD>siepe", "Punto Direzione <PD> - Indica il Punto :"));
 }
 
 TEST_F(RoutineBanco, subInfoDistanzaEAngoloDistanzaAzimutDislivelloEAngoloOrario) {

@@ -145,15 +145,14 @@ TEST_F(CopioneBanco, ScriptUnPuntoEsistenteRinominatoDallaDomanda) {
                      "> ANSWER yes\n> CLICK left 10.0004 10\n"
                      "DOMANDA [Punto Esistente] Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
                      "Cambiare il Nome al Punto Esistente -> SI\n"));
-  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[0]), std::make_tuple(1, "77"));
-  EXPECT_EQ(TrovaDialogo(s, "NuovoPunto")->Valore("Nome"), "78");
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotPunti], s.PuntoNome[0], TrovaDialogo(s, "NuovoPunto")->Valore("Nome")),
+            std::make_tuple(1, "77", "78"));
   // "No" leaves the name, and no point is made either.
   Script("ANSWER no\nCLICK left 10 10.0009\n");
   EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[0]), std::make_tuple(1, "77"));
   // Beyond a millimetre is another place: a new point, and the next name offered.
   EXPECT_TRUE(Stampa("> CLICK left 10 10.0011\nPROMPT 79 - Indicare la posizione del nuovo punto\n"));
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoY[1]), std::make_tuple("78", 10.0011));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[1], s.PuntoY[1]), std::make_tuple(2, "78", 10.0011));
 }
 
 // Strict runs stop where a script would otherwise go on wrongly, at the line: a click the
