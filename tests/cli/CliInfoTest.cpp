@@ -22,13 +22,10 @@ std::string Elenco(const std::string& cartella) {
   return e;
 }
 
-class CliInfo : public ::testing::Test {
+class CliInfo : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea dir, casa;
-  prova::CartelleDelProgramma cartelle{casa.Percorso(), casa / "prog"};
-  std::string base;
+  std::string base = lavori + "Rossi";
   void SetUp() override {
-    base = dir / "Rossi";
     // A .CFG of edition VR2000 with no stored view: the job is framed at load, lines
     // included (the deleted point and the zero-length line are not).
     ScriviFileProva(base + ".cfg", prova::CfgManuale("VR2000", "0,0,0"));
@@ -47,8 +44,8 @@ class CliInfo : public ::testing::Test {
 };
 
 TEST_F(CliInfo, JsonConValoriEsatti) {
-  const std::string prima = Elenco(dir.Percorso());
-  const Esito e = Cli({"info", dir / "rossi", "--json"});
+  const std::string prima = Elenco(lavori);
+  const Esito e = Cli({"info", lavori + "rossi", "--json"});
   EXPECT_EQ(e.stato, 0) << e.err;
   EXPECT_EQ(e.out,
             "{\"lavoro\":\"" + base +
@@ -57,7 +54,7 @@ TEST_F(CliInfo, JsonConValoriEsatti) {
                 "\"13\":0},\"vista\":[1725100.25,5031210.125,40.25],\"ingombro\":[1725090,5031190,1725110.5,5031230.25],"
                 "\"libretto\":2,\"piani\":1}\n");
   // Read in place: nothing is created beside the job, not even the default layer table.
-  EXPECT_EQ(Elenco(dir.Percorso()), prima);
+  EXPECT_EQ(Elenco(lavori), prima);
 }
 
 // A section counts in the extent by the frame of its drawing, far from the rest here: from
@@ -124,8 +121,8 @@ TEST_F(CliInfo, LibrettoConICampiComeLoLeggeLaGrammatica) {
 }
 
 TEST_F(CliInfo, ErroriDiUsoEDiLettura) {
-  Esito e = Cli({"info", dir / "manca"});
-  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + (dir / "manca") + "\n"));
+  Esito e = Cli({"info", lavori + "manca"});
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + lavori + "manca\n"));
   using Uso = std::vector<std::string>;
   for (const Uso& uso : std::vector<Uso>{{"dump", base, "8"}, {"dump", base, "-1"}, {"volare"}, {}})
     EXPECT_EQ(Cli(uso).stato, 64) << uso.size();

@@ -13,23 +13,13 @@ using prova::ScriviFileProva;
 using prova::Cli;
 using Esito = prova::EsitoCli;
 
-double F64(const std::string& byte, size_t off) {
-  double v = 0;
-  std::memcpy(&v, byte.data() + off, sizeof v);
-  return v;
-}
-
-class CliScript : public ::testing::Test {
+class CliScript : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea dir, casa;
-  prova::CartelleDelProgramma cartelle{casa.Percorso(), casa / "prog"};
-  std::string base, script;
+  std::string base = lavori + "ROSSI", script = lavori + "linea.txt";
   void SetUp() override {
-    base = dir / "ROSSI";
     ScriviFileProva(base + ".CFG", prova::CfgManuale("VR2020", "0,0,100"));
     ScriviFileProva(base + ".LLL", prova::RecordPuntoBase("1", 0, 0, 10).Byte() +
                                        prova::RecordPuntoBase("2", 30, 40, 20).Byte());
-    script = dir / "linea.txt";
     ScriviFileProva(script,
                     "# a line between the two points\r\n"
                     "TAG DISEGNA_LINEA_2_P\r\n"
@@ -57,30 +47,28 @@ TEST_F(CliScript, StampaOgniPromptELasciaLOriginaleSenzaSave) {
   EXPECT_FALSE(prova::Esiste(base + ".LIN"));
   EXPECT_EQ(prova::LeggiFileProva(base + ".LLL"), punti);
   // The provisional copy is gone.
-  EXPECT_TRUE(fs::is_empty(casa.Percorso() + "/VR2000/PROVVISO"));
+  EXPECT_TRUE(fs::is_empty(radice / "VR2000/PROVVISO"));
 }
 
 TEST_F(CliScript, SaveScriveLaLineaSullOriginale) {
   ScriviFileProva(script, prova::LeggiFileProva(script) + "SAVE\n");
   const Esito e = Cli({"script", base + ".cfg", script});
   ASSERT_EQ(e.stato, 0) << e.err;
+  // A live row (Ident 0) from point 1 to point 2, with their heights.
   const std::string linee = prova::LeggiFileProva(base + ".LIN");
   ASSERT_EQ(linee.size(), 128u);
-  EXPECT_EQ(linee.substr(0, 2), std::string("\0\0", 2));
-  std::vector<double> estremi;
-  for (size_t off = 2; off <= 42; off += 8) estremi.push_back(F64(linee, off));
-  EXPECT_EQ(estremi, (std::vector<double>{0, 0, 10, 30, 40, 20}));
+  EXPECT_EQ(linee.substr(0, 50), prova::Record(50).F64(18, 10).F64(26, 30).F64(34, 40).F64(42, 20).Byte());
 }
 
 // SAVEAS writes the job under the new name; a strict run stops at the line that fails; the
 // display toggle and the last selection of a run stay in the run's own folder, not the user's.
 TEST_F(CliScript, SalvaComeRigorosoEPreferenzeDellaCorsa) {
   ScriviFileProva(script, prova::LeggiFileProva(script) + "TYPE _N\nTAG CAMBIA_ELIMINA\nPRESS Tutto\nPRESS OK\nSAVEAS " +
-                              (dir / "BIANCHI.CFG") + "\n");
+                              (lavori + "BIANCHI.CFG") + "\n");
   Esito e = Cli({"script", base, script, "--rigoroso"});
   ASSERT_EQ(e.stato, 0) << e.err;
-  EXPECT_TRUE(prova::Esiste(dir / "BIANCHI.CFG"));
-  for (const std::string& f : {base + ".LIN", casa / "prog/ImpostazioniUtente.ini", dir / "ROSSI.uls", dir / "BIANCHI.uls"})
+  EXPECT_TRUE(prova::Esiste(lavori + "BIANCHI.CFG"));
+  for (const std::string& f : {base + ".LIN", radice / "programma/ImpostazioniUtente.ini", base + ".uls", lavori + "BIANCHI.uls"})
     EXPECT_FALSE(prova::Esiste(f)) << f;
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nEXPECT prompt Disegno Linea 2P - Primo Punto:\n");
   e = Cli({"script", base, script, "--rigoroso"});
@@ -103,10 +91,10 @@ TEST_F(CliScript, ElencoDeiDialoghi) {
 }
 
 TEST_F(CliScript, ErroriDelloScript) {
-  Esito e = Cli({"script", base, dir / "manca.txt"});
-  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Script non trovato: " + (dir / "manca.txt") + "\n"));
-  e = Cli({"script", dir / "manca", script});
-  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + (dir / "manca") + "\n"));
+  Esito e = Cli({"script", base, lavori + "manca.txt"});
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Script non trovato: " + lavori + "manca.txt\n"));
+  e = Cli({"script", lavori + "manca", script});
+  EXPECT_EQ(std::tie(e.stato, e.err), std::make_tuple(1, "Lavoro non trovato: " + lavori + "manca\n"));
   EXPECT_EQ(Cli({"script", base}).stato, 64);
   ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nVOLA 1 2\nCLICK left 0 0\n");
   e = Cli({"script", base, script});

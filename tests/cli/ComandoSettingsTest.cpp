@@ -9,13 +9,9 @@ namespace {
 
 using prova::ScriviFileProva;
 
-// Points the program's folders at a temporary tree for the length of a test.
-class ComandoSettings : public ::testing::Test {
+class ComandoSettings : public ::testing::Test, public prova::RadiceCli {
  protected:
-  prova::CartellaTemporanea radice;
-  std::string lavoro = radice / "doc/VR2000/";
-  std::string programma = radice / "prog";
-  prova::CartelleDelProgramma cartelle{radice / "doc", programma};
+  std::string lavoro = radice / "VR2000/", programma = radice / "programma";
   std::vector<std::string> FileNellAlbero() {
     std::vector<std::string> file;
     for (const auto& v : std::filesystem::recursive_directory_iterator(radice.Percorso()))

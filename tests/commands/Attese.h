@@ -27,6 +27,12 @@ inline ::testing::AssertionResult Vicini(const Valori& fatti, const Valori& atte
 
 // The plan ends of a line row: x1, y1, x2, y2.
 inline Valori Estremi(const Sessione& s, size_t k) { return {s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; }
+// The plan ends of every line row, in order.
+inline std::vector<Valori> TuttiGliEstremi(const Sessione& s) {
+  std::vector<Valori> v;
+  for (size_t k = 0; k < static_cast<size_t>(s.ContaEntita[SlotLinee]); ++k) v.push_back(Estremi(s, k));
+  return v;
+}
 
 // An azimuth in gon from North clockwise, worked out apart from the program's own formula.
 inline double Gon(double dx, double dy) {

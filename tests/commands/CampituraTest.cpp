@@ -41,14 +41,12 @@ std::vector<Tratto> QuadratoAtteso(double gon, double passo) {
   return attesi;
 }
 
+// Value 4k to 4k + 3 of the message are the ends of the k-th line.
 void Uguali(const std::vector<SegmentoCampitura>& fatti, const std::vector<Tratto>& attesi) {
-  ASSERT_EQ(fatti.size(), attesi.size());
-  for (size_t i = 0; i < attesi.size(); ++i) {
-    EXPECT_NEAR(fatti[i].A.X, attesi[i].X1, 1e-9) << i;
-    EXPECT_NEAR(fatti[i].A.Y, attesi[i].Y1, 1e-9) << i;
-    EXPECT_NEAR(fatti[i].B.X, attesi[i].X2, 1e-9) << i;
-    EXPECT_NEAR(fatti[i].B.Y, attesi[i].Y2, 1e-9) << i;
-  }
+  Valori f, a;
+  for (const SegmentoCampitura& l : fatti) f.insert(f.end(), {l.A.X, l.A.Y, l.B.X, l.B.Y});
+  for (const Tratto& l : attesi) a.insert(a.end(), {l.X1, l.Y1, l.X2, l.Y2});
+  EXPECT_TRUE(Vicini(f, a));
 }
 
 TEST(SegmentiCampitura, QuadratoRovescioConcavoEAngoliSullaLinea) {

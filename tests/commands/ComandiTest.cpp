@@ -1,4 +1,5 @@
-// The dispatcher's guards, arming and the end of commands, the keys, the display toggles.
+// The dispatcher's guards, arming and the end of commands, the keys, the display toggles,
+// the menu entries of the drawing tags.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -27,29 +28,25 @@ TEST_F(ComandiBanco, EseguiComandoTAGUnTagSnapSconosciutoNonFaNullaENonChiudeIDi
   Script("TAG DISEGNA_PUNTO\nKEY F\n");
   ASSERT_TRUE(DialogoAperto(s, "NuovoPunto"));
   EXPECT_TRUE(Stampa("> TAG snap_xyz\n"));
-  EXPECT_TRUE(DialogoAperto(s, "NuovoPunto"));
-  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ModoSnap), std::make_tuple(1, 5));
-  EXPECT_EQ(s.ComandoTag, "SNAP_XYZ");  // upper case on entry
+  // Upper case on entry.
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "NuovoPunto"), s.ComandoCorrente, s.ModoSnap, s.ComandoTag),
+            std::make_tuple(true, 1, 5, "SNAP_XYZ"));
   // A tag of no snap, known or not, closes the working dialogs before the chain.
   Script("TAG PIPPO\n");
-  EXPECT_FALSE(DialogoAperto(s, "NuovoPunto"));
-  EXPECT_EQ(s.ComandoCorrente, 1);
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "NuovoPunto"), s.ComandoCorrente), std::make_tuple(false, 1));
 }
 
 TEST_F(ComandiBanco, EseguiComandoTAGColoreRapidoEColoreEstratto) {
   Pronto();
   Script("TAG COLORE_3\n");
-  EXPECT_EQ(s.Imp.Colore_Default, 3);
   // With nothing armed, the colour is pasted on entities one by one.
-  EXPECT_EQ(s.ComandoCorrente, 307);
+  EXPECT_EQ(std::tie(s.Imp.Colore_Default, s.ComandoCorrente), std::make_tuple(3, 307));
   // Saved at once for the next job, in block B (statement 6 is the colour).
   EXPECT_EQ(Dividi(LeggiFileProva(s.CartellaLavoro + "SALVAINI.INI"), '\n').at(5), "3\r");
   Script("TAG DISEGNA_LINEA_2_P\nTAG COLORE_12\n");
-  EXPECT_EQ(s.Imp.Colore_Default, 12);
-  EXPECT_EQ(s.ComandoCorrente, 22);  // a command armed stays
+  EXPECT_EQ(std::tie(s.Imp.Colore_Default, s.ComandoCorrente), std::make_tuple(12, 22));  // a command armed stays
 
   EXPECT_TRUE(Stampa("> TAG COLORE_ESTRATTO\nMESSAGGIO [Estratto Non Associato] Impossibile continuare\n"));
-  EXPECT_EQ(s.Imp.Colore_Default, 12);
   Script("TAG COLORE_12345\n");  // eleven characters: not a quick colour, and no tag
   EXPECT_EQ(s.Imp.Colore_Default, 12);
 }
@@ -57,28 +54,23 @@ TEST_F(ComandiBanco, EseguiComandoTAGColoreRapidoEColoreEstratto) {
 TEST_F(ComandiBanco, EseguiComandoTAGUnoZoomAMetaComandoLoLasciaComEra) {
   Pronto();
   Script("TAG DISEGNA_LINEA_2_P\nCLICK left 0 0\nTAG ZOOM_FINESTRA\nCLICK left 10 10\nCLICK left 30 20\n");
-  EXPECT_EQ((std::vector<double>{s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista}),
-            (std::vector<double>{20, 15, 20}));
-  EXPECT_EQ(Comando(s), (I{22, 1}));
-  EXPECT_EQ(std::tie(s.Prompt, s.ContaEntita[SlotLinee]), std::make_tuple("Disegno Linea - Al Punto:", 0));
+  EXPECT_EQ(std::make_tuple(s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista, Comando(s), s.Prompt,
+                            s.ContaEntita[SlotLinee]),
+            std::make_tuple(20, 15, 20, I{22, 1}, "Disegno Linea - Al Punto:", 0));
   // The right button takes a zoom back, and only the zoom.
   Script("TAG ZOOM_CENTRO\nCLICK right 0 0\nCLICK left 5 5\n");
-  EXPECT_EQ(s.Vista.CentroEst, 20);
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
-  EXPECT_EQ(std::tie(s.LineaX2[0], s.Prompt), std::make_tuple(5, "Disegno Linea 2P - Primo Punto:"));
+  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.ContaEntita[SlotLinee], s.LineaX2[0], s.Prompt),
+            std::make_tuple(20, 1, 5, "Disegno Linea 2P - Primo Punto:"));
 }
 
-TEST_F(ComandiBanco, ArmaComandoIlValoreChiestoPrimaAnnullatoNonArma) {
+TEST_F(ComandiBanco, ArmaComandoIlValoreChiestoPrimaAnnullatoNonArmaLoSnapDelComandoPrecedenteOQuelloDelComando) {
   Pronto();
   EXPECT_TRUE(Stampa("> TAG DISEGNA_PARALLELA\nIMPUTA [Parallela] Distanza della Parallela : -> (annullato)\n"));
   EXPECT_EQ(s.ComandoCorrente, 0);
   // The prompt and its question are pinned by the parallel's own test; F4 arms it again.
   Script("ANSWER 2,5\nKEY F4\n");
   EXPECT_EQ(std::tie(s.ComandoCorrente, s.ValoreImputato), std::make_tuple(136, "2,5"));
-}
-
-TEST_F(ComandiBanco, ArmaComandoLoSnapDelComandoPrecedenteOQuelloDelComando) {
-  Pronto();
+  Script("KEY ESC\n");
   // The snap in force at the end of a command comes back at its repeat, for one click; a
   // point snap does not: it becomes free.
   Script("TAG DISEGNA_LINEA_2_P\nKEY F\nKEY ESC\n");
@@ -103,12 +95,12 @@ TEST_F(ComandiBanco, InterrompiComandoPuliscePassoSelezioneZoomESalvaLeImpostazi
   s.ListaDisegno.Stato[0] = 1;
   Script("TAG DISEGNA_LINEA_2_P\nCLICK left 1 1\nTAG ZOOM_FINESTRA\nMOVE 3 3\n");
   Script("TAG INTERROMPI_COMANDO\n");
-  EXPECT_EQ((I{s.StatoPunto[0], s.StatoLinea[0], s.ListaDisegno.Stato[0]}), (I{0, 0, 0}));
-  EXPECT_EQ(s.Vista.ModoZoom, ZoomNessuno);
-  EXPECT_EQ(Comando(s), (I{0, 0}));
+  EXPECT_EQ((I{s.StatoPunto[0], s.StatoLinea[0], s.ListaDisegno.Stato[0], s.Vista.ModoZoom, s.ComandoCorrente,
+               s.PassoComando}),
+            (I{0, 0, 0, ZoomNessuno, 0, 0}));
   // No command prompt is left.
-  EXPECT_EQ(s.Prompt.find("Disegno"), std::string::npos);
-  EXPECT_TRUE(Esiste(s.CartellaLavoro + "SALVAINI.INI"));
+  EXPECT_EQ(std::make_tuple(s.Prompt.find("Disegno"), Esiste(s.CartellaLavoro + "SALVAINI.INI")),
+            std::make_tuple(std::string::npos, true));
 }
 
 TEST_F(ComandiBanco, TastieraLettereDiSnapSoloConUnComandoArmato) {
@@ -117,8 +109,7 @@ TEST_F(ComandiBanco, TastieraLettereDiSnapSoloConUnComandoArmato) {
   EXPECT_FALSE(TastoGiu(s, {Tasto::Carattere, 'F'}));  // to the text box
   EXPECT_EQ(s.ModoSnap, 16);
   Script("TAG DISEGNA_LINEA_2_P\n");
-  EXPECT_TRUE(TastoGiu(s, {Tasto::Carattere, 'F'}));
-  EXPECT_EQ(s.ModoSnap, 5);
+  EXPECT_EQ(std::make_tuple(TastoGiu(s, {Tasto::Carattere, 'F'}), s.ModoSnap), std::make_tuple(true, 5));
   // One click, one snap.
   Script("CLICK left 9 1\n");
   EXPECT_EQ(std::tie(s.Punto1X, s.ModoSnap), std::make_tuple(10, 16));
@@ -128,10 +119,8 @@ TEST_F(ComandiBanco, TastieraLettereDiSnapSoloConUnComandoArmato) {
   Script("KEY B\nCLICK left 3 3\n");
   EXPECT_EQ(std::tie(s.ModoSnap, s.PassoComando), std::make_tuple(10, 1));
   // The text box with the focus takes the letters, not Esc.
-  EXPECT_FALSE(TastoGiu(s, {Tasto::Carattere, 'V'}, true));
-  EXPECT_EQ(s.ModoSnap, 10);
-  EXPECT_TRUE(TastoGiu(s, {Tasto::Esc}, true));
-  EXPECT_EQ(s.ComandoCorrente, 0);
+  EXPECT_EQ(std::make_tuple(TastoGiu(s, {Tasto::Carattere, 'V'}, true), s.ModoSnap), std::make_tuple(false, 10));
+  EXPECT_EQ(std::make_tuple(TastoGiu(s, {Tasto::Esc}, true), s.ComandoCorrente), std::make_tuple(true, 0));
 }
 
 TEST_F(ComandiBanco, TastieraSnapCheVoglionoUnPuntoPrecedenteAlPassoZeroSonoLiberi) {
@@ -145,12 +134,10 @@ TEST_F(ComandiBanco, TastieraSnapCheVoglionoUnPuntoPrecedenteAlPassoZeroSonoLibe
   Script("CLICK left 1 2\nKEY O\n");
   EXPECT_EQ(s.ModoSnap, 2);
   Script("KEY U\n");
-  EXPECT_EQ(s.ModoSnap, 11);
-  EXPECT_TRUE(DialogoAperto(s, "FormSnapPolare"));
+  EXPECT_EQ(std::make_tuple(s.ModoSnap, DialogoAperto(s, "FormSnapPolare")), std::make_tuple(11, true));
   // A letter closes the dialog of the mode before.
   Script("KEY L\n");
-  EXPECT_EQ(s.ModoSnap, 16);
-  EXPECT_FALSE(DialogoAperto(s, "FormSnapPolare"));
+  EXPECT_EQ(std::make_tuple(s.ModoSnap, DialogoAperto(s, "FormSnapPolare")), std::make_tuple(16, false));
 }
 
 TEST_F(ComandiBanco, TastieraTastiDellaVistaAncheAComandoArmato) {
@@ -159,8 +146,7 @@ TEST_F(ComandiBanco, TastieraTastiDellaVistaAncheAComandoArmato) {
   Script("KEY PAGEUP\n");
   EXPECT_EQ(s.Vista.AltezzaVista, 98);  // 1/50 of the height
   Script("KEY UP\n");
-  EXPECT_EQ(s.Vista.CentroNord, -1.96);
-  EXPECT_EQ(Comando(s), (I{22, 1}));
+  EXPECT_EQ(std::make_tuple(s.Vista.CentroNord, Comando(s)), std::make_tuple(-1.96, I{22, 1}));
 }
 
 // The key the menus and tooltips show beside a command does what its tag does. The names
@@ -222,9 +208,9 @@ TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   Script("TAG N\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[2], s.PuntoCongelaNome[3]}), (I{-1, -1, 0}));  // not deleted rows
   EXPECT_EQ(LeggiFileProva(s.CartellaProgramma + "/ImpostazioniUtente.ini"), "[VISUALIZZA]\r\nPUNTISINO=0\r\n");
+  // Shown again; then only PF and station names stay on show.
   Script("TAG N\n");
   EXPECT_EQ(s.PuntoCongelaNome[0], 0);
-  // Only PF and station names stay on show.
   Script("TAG A\n");
   EXPECT_EQ((I{s.PuntoCongelaNome[0], s.PuntoCongelaNome[1], s.PuntoCongelaNome[2]}), (I{0, 0, -1}));
   Script("TAG Q\nTAG S\nTYPE _w\nTAG L\n");
@@ -235,8 +221,8 @@ TEST_F(ComandiBanco, VisualizzaNomiQuoteSimboliDescrizioniLineeEPFStazioni) {
   // A stored value that is not 0 reads as on, whatever it is.
   ScriviImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "7");
   Script("TAG L\n");
-  EXPECT_EQ(s.LineaCongela[0], -1);
-  EXPECT_EQ(LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?"), "0");
+  EXPECT_EQ(std::make_tuple(s.LineaCongela[0], LeggiImpostazioneUtente(s, "VISUALIZZA", "LINEESINO", "?")),
+            std::make_tuple(-1, "0"));
 }
 
 // On an open job a toggle is a change of the job: a snapshot is taken, and the frozen flag
@@ -252,8 +238,7 @@ TEST_F(ComandiBanco, VisualizzaUnaModificaDelLavoroConLaSuaGenerazioneDiUndo) {
   EXPECT_EQ(lll.substr(128, 2), std::string("\xff\xff", 2));  // Congela Nome -1
   // Undone, the name is shown again, and the command in progress starts over.
   Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nKEY F9\n");
-  EXPECT_EQ(std::make_tuple(s.PuntoCongelaNome[0], PassoUndo(s)), std::make_tuple(0, prima));
-  EXPECT_EQ(Comando(s), (I{22, 0}));
+  EXPECT_EQ(std::make_tuple(s.PuntoCongelaNome[0], PassoUndo(s), Comando(s)), std::make_tuple(0, prima, I{22, 0}));
 }
 
 TEST_F(ComandiBanco, EseguiComandoTAGMenuLettereEPassiDiDimensione) {
@@ -268,11 +253,22 @@ TEST_F(ComandiBanco, EseguiComandoTAGMenuLettereEPassiDiDimensione) {
   EXPECT_TRUE(Stampa("> TAG CALCOLATRICE\nMESSAGGIO [Programma Esterno] Programma non trovato: calc.exe\n"));
 }
 
-TEST_F(ComandiBanco, InvioCasellaCentraSulPuntoNominato) {
-  MettiPunto(s, "12", 40, 60);
-  Pronto();
-  Script("TYPE 12\n");
-  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.Vista.CentroNord), std::make_tuple(40, 60));
+// The script tests drive every drawing tag to its rows; here, each has its menu entry.
+TEST(TabellaComandi, OgniComandoDiDisegnoHaIlSuoMenu) {
+  for (const char* tag : {
+      "DISEGNA_LINEA_LIBERA", "DISEGNA_LINEA_2_P", "DISEGNA_LINEA_DISCONTINUITA", "DISEGNA_LINEA_ALLUNGA",
+      "DISEGNA_LINEA_LUNGHEZZA", "DISEGNA_LINEA_ESTREMO", "DISEGNA_LINEA_PROIETTA", "DISEGNA_LINEA_PERPENDA",
+      "ESTREMI_LINEA", "ASSE_LINEA", "DISEGNA_PARALLELA", "PARALLELA_PER_PUNTO", "VERIFICA_PARALLELE",
+      "DISEGNA_PERCORSO", "RETTANGOLO", "SQUADRATO", "DISEGNA_CERCHIO_3_P", "CERCHIO_DIAMETRO",
+      "CERCHIO_CENTRO_RAGGIO", "CERCHIO_CENTRO_TANGENTE", "CERCHIO_INSCRITTO", "DISEGNA_ARCO_3_P",
+      "ARCO_CENTRO_INIZIO_FINE", "ARCO_RACCORDO", "ARCO_IN_CERCHIO", "SERIE_LINEARE", "SERIE_ALLINEATA",
+      "SERIE_CIRCOLARE", "SERIE_RETTANGOLARE", "DISEGNA_TESTO", "TESTO_DISTANZA", "QUOTATURA_PROGRESSIVA",
+      "DISEGNA_TESTO_DA_APPUNTI", "DISEGNA_TESTO_DA_FILE", "TESTO_ALLINEA", "EDIT_SPOSTA_NOME", "NOME_SCAMBIO",
+      "DISEGNA_FUMETTO", "DISEGNA_IMMAGINE", "DISEGNA_CAMPITURA"}) {
+    const VoceComando* v = CercaTag(tag);
+    ASSERT_NE(v, nullptr) << tag;
+    EXPECT_FALSE(v->Menu.empty() || v->Voce.empty()) << tag;
+  }
 }
 
 }  // namespace

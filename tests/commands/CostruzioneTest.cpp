@@ -4,7 +4,6 @@
 // from the code under test.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <sstream>
 
 #include "commands/Attese.h"
@@ -32,10 +31,7 @@ int32_t Riga(const Sessione& s, const std::string& nome) {
   const int32_t r = Riga(s, nome);
   if (r < 0) return ::testing::AssertionFailure() << "no point " << nome;
   const auto k = static_cast<size_t>(r);
-  if (std::fabs(s.PuntoX[k] - x) > kMm || std::fabs(s.PuntoY[k] - y) > kMm || std::fabs(s.PuntoZ[k] - z) > kMm)
-    return ::testing::AssertionFailure() << nome << " at " << s.PuntoX[k] << ", " << s.PuntoY[k] << ", "
-                                         << s.PuntoZ[k];
-  return ::testing::AssertionSuccess();
+  return Vicini({s.PuntoX[k], s.PuntoY[k], s.PuntoZ[k]}, {x, y, z}, kMm) << " (" << nome << ")";
 }
 
 // The named fields of an open dialog, "|" between them: what each holds, or after the
@@ -75,9 +71,9 @@ TEST_F(CostruzioneBanco, PuntoBilateraUnTriangoloNotoDaiDueLatiEDistanzeCheNonCh
   // Right of A to B, which runs North: East. The height of the foot, 1.8 of 5 up the slope.
   EXPECT_TRUE(In(s, "B1", 102.4, 201.8, 13.6));
   const auto k = static_cast<size_t>(Riga(s, "B1"));
-  EXPECT_EQ(std::tie(s.PuntoPiano[k], s.PuntoDescrizione[k]), std::make_tuple("RILIEVO", "spigolo"));
-  EXPECT_FALSE(DialogoAperto(s, "PuntoBilatera"));
-  EXPECT_EQ(std::make_tuple(Valori(s, "NuovoPunto", "Nome"), s.PassoComando), std::make_tuple("B2", 0));
+  EXPECT_EQ(std::make_tuple(s.PuntoPiano[k], s.PuntoDescrizione[k], DialogoAperto(s, "PuntoBilatera"),
+                            Valori(s, "NuovoPunto", "Nome"), s.PassoComando),
+            std::make_tuple("RILIEVO", "spigolo", false, "B2", 0));
 
   // The other side: from B to A, 4 from B and 3 from A, right of South is West.
   Script("CLICK left 100 205\nCLICK left 100 200\nFIELD Distanza1 4\nFIELD Distanza2 3\nPRESS OK\n");
@@ -151,13 +147,13 @@ TEST_F(CostruzioneBanco, IrraggiamentoUnVentaglioDiTrePuntiConLeAltezze) {
   // 80 looks North-East; the distance is horizontal as typed; no zenith means a level sight.
   Script("FIELD Lettura 80\nFIELD Distanza 14.142135623730951\nFIELD Zenitale\nFIELD Prisma 0\nPRESS OK\n");
   EXPECT_TRUE(In(s, "3", 1010, 2010, 51.5));
-  EXPECT_EQ(Valori(s, "Irraggiamento", "Zenitale"), "100");
-  EXPECT_EQ(std::make_tuple(Valori(s, "NuovoPunto", "Nome"), LeggiDiario(s)->Passo), std::make_tuple("4", prima + 3));
+  EXPECT_EQ(std::make_tuple(Valori(s, "Irraggiamento", "Zenitale"), Valori(s, "NuovoPunto", "Nome"), LeggiDiario(s)->Passo),
+            std::make_tuple("100", "4", prima + 3));
   // Closed by its second button: the command ends and nothing more is made.
   Script("PRESS Irraggiamento.Chiudi\n");
-  EXPECT_FALSE(DialogoAperto(s, "Irraggiamento"));
-  EXPECT_EQ(std::make_tuple(s.ComandoCorrente, s.ContaEntita[SlotPunti], LeggiDiario(s)->Passo),
-            std::make_tuple(0, 5, prima + 3));
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "Irraggiamento"), s.ComandoCorrente, s.ContaEntita[SlotPunti],
+                            LeggiDiario(s)->Passo),
+            std::make_tuple(false, 0, 5, prima + 3));
   // One undo takes back the last point only.
   Script("KEY F9\n");
   EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
@@ -186,16 +182,13 @@ TEST_F(CostruzioneBanco, PuntoInAvantiDueAngoliSullaBaseSiIncontranoAllaSuaDestr
   Script("TAG PUNTO_SQUADRO\nCLICK left 0 0\nCLICK left 10 0\nFIELD Lato1 3\n");
   ASSERT_EQ(TrovaDialogo(s, "PuntoSquadro")->BottoneEsc, "Chiudi");
   Script("PRESS Chiudi\n");
-  EXPECT_EQ(std::tie(s.ComandoCorrente, s.ContaEntita[SlotPunti]), std::make_tuple(0, 3));
-  EXPECT_TRUE(s.Dialoghi.empty());
+  EXPECT_EQ(std::make_tuple(s.ComandoCorrente, s.ContaEntita[SlotPunti], s.Dialoghi.size()), std::make_tuple(0, 3, 0u));
   // Another tag closes the dialog of the command it replaces.
   Script("TAG IRRAGGIAMENTO\nCLICK left 0 0\nCLICK left 10 0\nTAG PUNTO_MEDIO\n");
-  EXPECT_FALSE(DialogoAperto(s, "Irraggiamento"));
-  EXPECT_TRUE(DialogoAperto(s, "NuovoPunto"));
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "Irraggiamento"), DialogoAperto(s, "NuovoPunto")), std::make_tuple(false, true));
   // A click while the dialog is up starts the construction again from that point.
   Script("TAG PUNTO_BILATERA\nCLICK left 0 0\nCLICK left 10 0\nCLICK left 10 0\n");
-  EXPECT_FALSE(DialogoAperto(s, "PuntoBilatera"));
-  EXPECT_EQ(s.PassoComando, 1);
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "PuntoBilatera"), s.PassoComando), std::make_tuple(false, 1));
   Script("CLICK left 0 0\n");
   EXPECT_EQ(Valori(s, "PuntoBilatera", "Primo"), "B");
   // The end of the command by the keyboard closes it too.
@@ -219,9 +212,8 @@ TEST_F(CostruzioneBanco, PuntoSquadroDueLatiAdAngoloRettoUnPrimoLatoNegativoELaV
   EXPECT_TRUE(In(s, "2", -4, -3, 0));
   // A negative first leg: the box, and nothing happens; the dialog waits.
   EXPECT_TRUE(Stampa("> FIELD Lato1 -1\n> PRESS OK\nMESSAGGIO [Impossibile continuare] Distanza Negativa!\n"));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
-  EXPECT_TRUE(DialogoAperto(s, "PuntoSquadro"));
-  EXPECT_EQ(s.ComandoCorrente, 161);
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotPunti], DialogoAperto(s, "PuntoSquadro"), s.ComandoCorrente),
+            std::make_tuple(4, true, 161));
 
   // Typed: the comma became a point as the key went down. A quarter turn from North.
   Script("TAG PUNTO_APERTURA\nFIELD NuovoPunto.Nome 5\nCLICK left 0 0\nCLICK left 0 10\nPRESS 100\n"
@@ -271,8 +263,8 @@ TEST_F(CostruzioneBanco, PuntoPiedePiedeConAscissaEDistaccoConIlSegno) {
   EXPECT_EQ(Etichette(s, "PuntoPiede", "Terzo QuotaPiede"), "Punto Piede|Terzo Punto : |Quota Piede : ");
   // The first button starts again at the first point.
   Script("CLICK left 0 0\nPRESS PuntoPiede.OK\n");
-  EXPECT_FALSE(DialogoAperto(s, "PuntoPiede"));
-  EXPECT_EQ(std::tie(s.PassoComando, s.Prompt), std::make_tuple(0, "Punto Piede - Primo Punto :"));
+  EXPECT_EQ(std::make_tuple(DialogoAperto(s, "PuntoPiede"), s.PassoComando, s.Prompt),
+            std::make_tuple(false, 0, "Punto Piede - Primo Punto :"));
 }
 
 TEST_F(CostruzioneBanco, PuntoIncrocioDueRetteEParalleleCheRipetonoIlPuntoDiPrima) {
@@ -335,8 +327,7 @@ TEST_F(CostruzioneBanco, IntersecaDirezioneUnaDirezioneLettaInStazioneIncontraLa
   // An orientation no point bears: the box, nothing made, the name can be typed again.
   EXPECT_TRUE(Stampa("> FIELD Orientamento Q\n> FIELD Azimutale 10\n> PRESS OK\n"
                      "MESSAGGIO [Punto non Trovato] Punto Non Trovato\n"));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 4);
-  EXPECT_TRUE(DialogoAperto(s, "IntersecaDirezione"));
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotPunti], DialogoAperto(s, "IntersecaDirezione")), std::make_tuple(4, true));
   // Oriented on O, due North, read at 10: a reading of 10 looks North and meets y = 10 at
   // (5, 10), 10 away. 90 gon over the horizon over 10 m of plan climbs 10·cot(81°).
   Script("FIELD Orientamento O\nFIELD Zenitale 90\nPRESS OK\n");

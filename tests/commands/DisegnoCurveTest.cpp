@@ -1,11 +1,12 @@
 // The drawing commands of circles and arcs: centres and radii worked out by hand, arcs
-// stored as a start azimuth and a positive amplitude in gon.
+// stored as a start azimuth and a positive amplitude in gon; and the arc's row builder.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <tuple>
 
 #include "commands/Attese.h"
+#include "commands/Costruttori.h"
 
 namespace varena {
 namespace {
@@ -17,22 +18,17 @@ struct CurveBanco : BancoProva {};
 void AttesoCerchio(const Sessione& s, int32_t riga, double x, double y, double raggio) {
   ASSERT_LT(riga, s.ContaEntita[SlotCerchi]);
   const auto k = static_cast<size_t>(riga);
-  EXPECT_NEAR(s.CerchioX[k], x, 1e-9);
-  EXPECT_NEAR(s.CerchioY[k], y, 1e-9);
-  EXPECT_NEAR(s.CerchioRaggio[k], raggio, 1e-9);
+  EXPECT_TRUE(Vicini({s.CerchioX[k], s.CerchioY[k], s.CerchioRaggio[k]}, {x, y, raggio})) << "riga " << riga;
 }
 
 void AttesoArco(const Sessione& s, int32_t riga, double x, double y, double raggio, double inizio, double ampiezza) {
   ASSERT_LT(riga, s.ContaEntita[SlotArchi]);
   const auto k = static_cast<size_t>(riga);
-  EXPECT_NEAR(s.ArcoX[k], x, 1e-9);
-  EXPECT_NEAR(s.ArcoY[k], y, 1e-9);
-  EXPECT_NEAR(s.ArcoRaggio[k], raggio, 1e-9);
   // A start is kept within one turn; a hair below 400 is the same direction as 0.
-  EXPECT_GE(s.ArcoInizio[k], 0);
-  EXPECT_LT(s.ArcoInizio[k], 400);
-  EXPECT_NEAR(std::remainder(s.ArcoInizio[k] - inizio, 400.0), 0, 1e-9);
-  EXPECT_NEAR(s.ArcoFine[k], ampiezza, 1e-9);
+  EXPECT_TRUE(s.ArcoInizio[k] >= 0 && s.ArcoInizio[k] < 400) << s.ArcoInizio[k];
+  EXPECT_TRUE(Vicini({s.ArcoX[k], s.ArcoY[k], s.ArcoRaggio[k], std::remainder(s.ArcoInizio[k] - inizio, 400.0), s.ArcoFine[k]},
+                     {x, y, raggio, 0, ampiezza}))
+      << "riga " << riga;
 }
 
 TEST_F(CurveBanco, CerchioTrePuntiCentroDalleBisettriciPuntiAllineatiNessunCerchio) {
@@ -125,6 +121,29 @@ TEST_F(CurveBanco, subArcoInCerchioLArcoDiventaIlCerchioIntero) {
   // Only the circle is in the display list now.
   for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
     EXPECT_EQ(s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotCerchi);
+}
+
+// The row builder the drawing commands share.
+TEST_F(CurveBanco, ScriviArcoAmpiezzaPositivaEInizioInUnGiroRecordAccodati) {
+  MettiLinea(s, 0, 0, 10, 0);
+  Pronto();
+  const int64_t prima = s.ListaDisegno.Conta();
+  s.Imp.Colore_Default = 7;
+  s.Imp.Tratteggio_Default = 2;
+  // A negative start and a negative amplitude come back into the turn.
+  const auto k = static_cast<size_t>(ScriviArco(s, {5, 5, 1}, 3, -50, -100, 1, 2, "ARCHI"));
+  EXPECT_EQ(std::tie(s.ArcoInizio[k], s.ArcoFine[k], s.ArcoColore[k], s.ArcoTratteggio[k], s.ArcoPiano[k]),
+            std::make_tuple(350, 300, 7, 2, "ARCHI"));
+  // A whole turn stays whole.
+  EXPECT_EQ(s.ArcoFine[static_cast<size_t>(ScriviArco(s, {0, 0, 0}, 1, 0, 400, 0, 0, "0"))], 400);
+  // The list keeps what it had and gains the chords of the new arcs, nothing else.
+  ASSERT_GT(s.ListaDisegno.Conta(), prima);
+  EXPECT_EQ(s.ListaDisegno.Tipo[0], SlotLinee);
+  for (int64_t i = prima; i < s.ListaDisegno.Conta(); ++i)
+    EXPECT_EQ(s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotArchi);
+  const int32_t t = ScriviTesto(s, 1, 2, "NOTA", 1.5, 30, 4, "  ", "TESTI");
+  EXPECT_EQ(s.TestoFont[static_cast<size_t>(t)], "Arial");
+  EXPECT_EQ(s.ListaDisegno.Testo(s.ListaDisegno.Conta() - 1), "NOTA");
 }
 
 }  // namespace

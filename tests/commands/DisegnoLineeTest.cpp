@@ -25,9 +25,7 @@ TEST_F(LineeBanco, DisegnoEntitaLineaStessoPuntoDueVolteEDiscontinuita) {
   Pronto();
   // Twice the same free place: a line of no length is written.
   Script("TAG DISEGNA_LINEA_2_P\nCLICK left 5 5\nCLICK left 5 5\n");
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
-  AttesaLinea(s, 0, {5, 5, 5, 5}, 0);
-  EXPECT_EQ(s.LineaPiano[0], "RECINTO");
+  EXPECT_EQ(std::make_tuple(TuttiGliEstremi(s), s.LineaPiano[0]), std::make_tuple(std::vector<Valori>{{5, 5, 5, 5}}, "RECINTO"));
   // Twice the same point of the table: nothing, and the second point is still awaited.
   Script("KEY P\nCLICK left 0 1\nKEY P\nCLICK left 0 1\n");
   EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.PassoComando), std::make_tuple(1, 1));
@@ -37,9 +35,7 @@ TEST_F(LineeBanco, DisegnoEntitaLineaStessoPuntoDueVolteEDiscontinuita) {
                      "> CLICK left 0 1\nPROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 0\n"
                      "PROMPT Disegno Linea Discontinuità - Al Punto:\n> CLICK left 10 10\n"
                      "PROMPT Disegno Linea Discontinuità - Al Punto:\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(s, 1, {0, 0, 10, 0}, 0);
-  AttesaLinea(s, 2, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(TuttiGliEstremi(s), (std::vector<Valori>{{5, 5, 5, 5}, {0, 0, 10, 0}, {10, 0, 10, 10}}));
   EXPECT_EQ(std::tie(s.LineaZ1[1], s.LineaPiano[1], s.LineaPiano[2]), std::make_tuple(7, "DISCONTI", "DISCONTI"));
 }
 
@@ -71,10 +67,8 @@ TEST_F(LineeBanco, subDisegnoLineaEstremoDallEstremoUnaSpezzataLiberaEDalPuntoIl
   EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_ESTREMO\nPROMPT Linea Estremo - Indica Estremo Linea:\n> CLICK left 9 1\n"
                      "PROMPT Disegno Linea - Al Punto:\n> CLICK left 10 10\nPROMPT Disegno Linea - Al Punto:\n"
                      "> CLICK left 0 10\nPROMPT Disegno Linea - Al Punto:\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
-  AttesaLinea(s, 1, {10, 0, 10, 10}, 0);
+  EXPECT_EQ(TuttiGliEstremi(s), (std::vector<Valori>{{0, 0, 10, 0}, {10, 0, 10, 10}, {10, 10, 0, 10}}));
   EXPECT_EQ(s.LineaZ1[1], 2);
-  AttesaLinea(s, 2, {10, 10, 0, 10}, 0);
   // From a point to its foot on the line.
   EXPECT_TRUE(Stampa("> TAG DISEGNA_LINEA_PROIETTA\nPROMPT Linea Proietta - Indica Entità:\n> CLICK left 5 0.2\n"
                      "PROMPT Punto da Proiettare:\n> CLICK left 3 7\nPROMPT Linea Proietta - Indica Entità:\n"));
@@ -111,19 +105,18 @@ TEST_F(LineeBanco, OrtogonaliAsseEParallelaPerPuntoLunghezzaChiestaELatoDalClic)
                      "> CLICK left 5 0.1\nIMPUTA [Disegno Ortogonali] Disegno Ortogonali - Lunghezza -> 2\n"
                      "PROMPT Disegno Ortogonali - Da quale parte\n> CLICK left 5 3\n"
                      "PROMPT Disegno Ortogonali - Indicare Linea:\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   AttesaLinea(s, 1, {0, 0, 0, 2});
   AttesaLinea(s, 2, {10, 0, 10, 2});
   EXPECT_TRUE(Contiene(Script("TAG ASSE_LINEA\nANSWER 4\nCLICK left 5 -0.1\nCLICK left 2 -9\n"),
                        "IMPUTA [Disegno Asse Linea] Disegno AsseLinea - Lunghezza -> 4\n"
                        "PROMPT Disegno AsseLinea - Da quale parte\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
   AttesaLinea(s, 3, {5, 0, 5, -4});
   // The parallel through a point, as long as the line.
   EXPECT_TRUE(Stampa("> TAG PARALLELA_PER_PUNTO\nPROMPT Parallelaperpunto - Indica Linea :\n> CLICK left 2 0.1\n"
                      "PROMPT Parallelaperpunto - Indica Punto :\n> CLICK left 3 4\n"
                      "PROMPT Parallelaperpunto - Indica Linea :\n"));
   AttesaLinea(s, 4, {0, 4, 10, 4});
+  EXPECT_EQ(s.ContaEntita[SlotLinee], 5);
 }
 
 TEST_F(LineeBanco, subDisegnoParallelaLineaConISuoiAttributiCerchioEArcoConcentrici) {
@@ -143,20 +136,16 @@ TEST_F(LineeBanco, subDisegnoParallelaLineaConISuoiAttributiCerchioEArcoConcentr
   // The line picked is shown highlighted until the side is given.
   EXPECT_GT(InLista(s, SlotLinee, true), 0);
   Script("CLICK left 5 7\n");
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
   AttesaLinea(s, 1, {0, 2, 10, 2});
-  EXPECT_EQ(std::tie(s.LineaZ1[1], s.LineaColore[1], s.LineaTratteggio[1], s.LineaPiano[1],
-                     s.LineaQuotata[1]),
-            std::make_tuple(1, 5, 3, "MURI", 1));
-  EXPECT_EQ(InLista(s, SlotLinee, true), 0);
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotLinee], s.LineaZ1[1], s.LineaColore[1], s.LineaTratteggio[1],
+                            s.LineaPiano[1], s.LineaQuotata[1], InLista(s, SlotLinee, true)),
+            std::make_tuple(2, 1, 5, 3, "MURI", 1, 0));
   // The distance is asked once; a click inside the circle shrinks, outside the arc grows.
   Script("CLICK left 50 5.1\nCLICK left 51 1\nCLICK left 103.6 3.6\nCLICK left 110 10\n");
-  ASSERT_EQ(s.ContaEntita[SlotCerchi], 2);
-  EXPECT_EQ(std::tie(s.CerchioX[1], s.CerchioRaggio[1], s.CerchioZ[1], s.CerchioColore[1]),
-            std::make_tuple(50, 3, 9, 6));
-  ASSERT_EQ(s.ContaEntita[SlotArchi], 2);
-  EXPECT_EQ(std::tie(s.ArcoRaggio[1], s.ArcoInizio[1], s.ArcoFine[1], s.ArcoPiano[1]),
-            std::make_tuple(7, 50, 100, "CIGLIO"));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotCerchi], s.CerchioX[1], s.CerchioRaggio[1], s.CerchioZ[1], s.CerchioColore[1]),
+            std::make_tuple(2, 50, 3, 9, 6));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotArchi], s.ArcoRaggio[1], s.ArcoInizio[1], s.ArcoFine[1], s.ArcoPiano[1]),
+            std::make_tuple(2, 7, 50, 100, "CIGLIO"));
   // A circle cannot shrink below nothing: the click is ignored.
   Script("ANSWER 6\nTAG DISEGNA_PARALLELA\nCLICK left 50 5.1\nCLICK left 50 1\n");
   EXPECT_EQ(std::tie(s.ContaEntita[SlotCerchi], s.PassoComando), std::make_tuple(2, 1));
@@ -180,12 +169,11 @@ TEST_F(LineeBanco, subDisegnoPercorsoLatiDaAzimutEDistanzaFinoAlTastoDestro) {
                      "> ANSWER 150\n> ANSWER 5\n> CLICK left 99 99\n"
                      "IMPUTA [Disegno Percorso] Azimut (gon) : -> 150\nIMPUTA [Disegno Percorso] Distanza : -> 5\n"
                      "PROMPT Disegno Percorso - Prossimo Lato:\n> CLICK right 0 0\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
   AttesaLinea(s, 0, {0, 0, 10, 0});
   // 150 gon is South-East: 5 along it is (5/√2, -5/√2) further.
   const double m = 5 / std::sqrt(2.0);
   AttesaLinea(s, 1, {10, 0, 10 + m, -m});
-  EXPECT_EQ(s.ComandoCorrente, 0);
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotLinee], s.ComandoCorrente), std::make_tuple(2, 0));
 }
 
 TEST_F(LineeBanco, RettangoloESquadratoIlTerzoPuntoDaLaProfondita) {
@@ -197,16 +185,11 @@ TEST_F(LineeBanco, RettangoloESquadratoIlTerzoPuntoDaLaProfondita) {
                      "PROMPT Disegno Rettangolo - Secondo Punto:\n> CLICK left 10 0\n"
                      "PROMPT Disegno Rettangolo - Terzo Punto:\n> CLICK left 5 0\n> CLICK left 3 4\n"
                      "PROMPT Disegno Rettangolo - Primo Punto:\n"));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
-  AttesaLinea(s, 0, {0, 0, 10, 0}, 0);
-  AttesaLinea(s, 1, {10, 0, 10, 4}, 0);
-  AttesaLinea(s, 2, {10, 4, 0, 4}, 0);
-  AttesaLinea(s, 3, {0, 4, 0, 0}, 0);
+  EXPECT_EQ(TuttiGliEstremi(s), (std::vector<Valori>{{0, 0, 10, 0}, {10, 0, 10, 4}, {10, 4, 0, 4}, {0, 4, 0, 0}}));
   EXPECT_EQ(s.LineaColore[3], 4);
   Script("TAG SQUADRATO\nCLICK left 0 10\nCLICK left 0 20\nCLICK left 7 15\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 6);
-  AttesaLinea(s, 4, {0, 10, 0, 20}, 0);
-  AttesaLinea(s, 5, {0, 20, 7, 20}, 0);
+  EXPECT_EQ(std::make_tuple(Estremi(s, 4), Estremi(s, 5)), std::make_tuple(Valori{0, 10, 0, 20}, Valori{0, 20, 7, 20}));
 }
 
 TEST_F(LineeBanco, subArcoRaccordoTagliaLeLineeEScriveLArco) {
@@ -220,10 +203,9 @@ TEST_F(LineeBanco, subArcoRaccordoTagliaLeLineeEScriveLArco) {
   // The corner between the West and the North arms: centre (-2, 2), feet (-2, 0), (0, 2).
   AttesaLinea(s, 0, {-10, 0, -2, 0});
   AttesaLinea(s, 1, {0, 2, 0, 10});
-  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
   // Clockwise from East of the centre (the foot on the North arm) to South of it.
   EXPECT_TRUE(Vicini({s.ArcoX[0], s.ArcoY[0], s.ArcoInizio[0], s.ArcoFine[0]}, {-2, 2, 100, 100}));
-  EXPECT_EQ(std::tie(s.ArcoRaggio[0], s.ArcoQuotaFinale[0]), std::make_tuple(2, 1));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotArchi], s.ArcoRaggio[0], s.ArcoQuotaFinale[0]), std::make_tuple(1, 2, 1));
   // Two parallel lines have no corner: nothing changes.
   MettiLinee(s, {{-10, 20, 10, 20}, {-10, 30, 10, 30}});
   Pronto();

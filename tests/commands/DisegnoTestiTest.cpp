@@ -34,46 +34,37 @@ TEST_F(TestiBanco, ProprietaTestoIDefaultDelleImpostazioniEUnTestoAOgniClic) {
   EXPECT_EQ(s.ContaEntita[SlotTesti], 0);
   Script("FIELD ProprietaTesto.Testo CONFINE\nFIELD Altezza 1,5\nPRESS ProprietaTesto.OK\nCLICK left 3 4\n"
            "CLICK left 6 8\n");
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(std::tie(s.TestoTesto[1], s.TestoX[1], s.TestoY[1], s.TestoAltezza[1], s.TestoRotazione[1]),
-            std::make_tuple("CONFINE", 6, 8, 1.5, 10));
-  EXPECT_EQ(std::tie(s.TestoColore[1], s.TestoFont[1], s.TestoPiano[1]),
-            std::make_tuple(3, "Times New Roman", "TESTI"));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[1], s.TestoX[1], s.TestoY[1], s.TestoAltezza[1],
+                     s.TestoRotazione[1], s.TestoColore[1], s.TestoFont[1], s.TestoPiano[1]),
+            std::make_tuple(2, "CONFINE", 6, 8, 1.5, 10, 3, "Times New Roman", "TESTI"));
   // Armed again, the dialog offers what was confirmed; cancelled, the command ends.
-  const std::string di_nuovo = Script("KEY ESC\nKEY ESC\n");
-  EXPECT_NE(di_nuovo.find("Testo=\"CONFINE\" Altezza=\"1.5\""), std::string::npos);
+  EXPECT_TRUE(Contiene(Script("KEY ESC\nKEY ESC\n"), "Testo=\"CONFINE\" Altezza=\"1.5\""));
   Script("PRESS ProprietaTesto.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
-TEST_F(TestiBanco, subTestodistanzaLaDistanzaAMetaLungoLaLinea) {
+TEST_F(TestiBanco, subTestodistanzaEQuotaturaProgressivaLaDistanzaAMetaLungoLaLinea) {
   Pronto();
   EXPECT_TRUE(Stampa("> TAG TESTO_DISTANZA\n"
                      "DIALOGO + ProprietaTesto [Proprietà Testo] Testo=\"\" Altezza=\"5\" Angolo=\"0\" "
                      "Colore=\"1\" Font=\"Arial\" (OK, Annulla)\nPROMPT Testo Distanza - Dal Punto :\n"
                      "> FIELD Altezza 2\n> CLICK left 0 0\nPROMPT Testo Distanza - Al Punto :\n> CLICK left 30 40\n"
                      "PROMPT Testo Distanza - Dal Punto :\n"));
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoX[0], s.TestoY[0], s.TestoAltezza[0]),
-            std::make_tuple("50", 15, 20, 2));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[0], s.TestoX[0], s.TestoY[0], s.TestoAltezza[0]),
+            std::make_tuple(1, "50", 15, 20, 2));
   EXPECT_NEAR(s.TestoRotazione[0], RotazioneVerso(30, 40), 1e-9);
   // Whole metres: 12.6 shows as 13; and the line to the West reads upside down, as drawn.
   Script("CLICK left 0 0\nCLICK left -12.6 0\n");
   EXPECT_EQ(s.TestoTesto[1], "13");
   EXPECT_NEAR(s.TestoRotazione[1], 200, 1e-9);
-}
-
-TEST_F(TestiBanco, subQuotaturaProgressivaDistanzeDallOrigine) {
-  Pronto();
+  // The progressive dimensions: distances from the origin, to the hundredth.
   Script("TAG QUOTATURA_PROGRESSIVA\nPRESS ProprietaTesto.OK\nCLICK left 1 1\nCLICK left 4 5\nCLICK left 7 9\n");
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoTesto[1], s.TestoX[1], s.TestoY[1]),
-            std::make_tuple("5.00", "10.00", 7, 9));
-  EXPECT_NEAR(s.TestoRotazione[1], RotazioneVerso(3, 4), 1e-9);
-  EXPECT_EQ(s.Prompt, "Quotatura Progressiva - Al Punto :");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[2], s.TestoTesto[3], s.TestoX[3], s.TestoY[3], s.Prompt),
+            std::make_tuple(4, "5.00", "10.00", 7, 9, "Quotatura Progressiva - Al Punto :"));
+  EXPECT_NEAR(s.TestoRotazione[3], RotazioneVerso(3, 4), 1e-9);
 }
 
-TEST_F(TestiBanco, subIncollaDaAppuntiUnaRigaSottoLAltraEGliAppuntiConservati) {
+TEST_F(TestiBanco, subIncollaDaAppuntiEDaFileUnaRigaSottoLAltraEGliAppuntiConservati) {
   Pronto();
   s.Clip->Scrivi("PRIMA\r\nSECONDA\r\n\r\nQUARTA");
   Script("TAG DISEGNA_TESTO_DA_APPUNTI\nFIELD Altezza 2\nCLICK left 10 10\n");
@@ -87,23 +78,20 @@ TEST_F(TestiBanco, subIncollaDaAppuntiUnaRigaSottoLAltraEGliAppuntiConservati) {
   Script("FIELD Angolo 100\nCLICK left 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotTesti], 6);
   EXPECT_TRUE(Vicini({s.TestoX[4], s.TestoY[4]}, {2, 0}, 1e-12));
-}
-
-TEST_F(TestiBanco, subDisegnoTestoDaFileLeRigheDelFileNelCodiceDellaFinestra) {
-  Pronto();
+  // From a file, its lines read in the code page of the window.
   InterfacciaRegistrata ui;
   s.Ui = &ui;
   const std::string file = cartella / "NOTE.TXT";
   ScriviFileProva(file, "Citt\xe0\r\nPonte\r\n");
   ui.RispondiFile(file);
-  Script("TAG DISEGNA_TESTO_DA_FILE\nPRESS ProprietaTesto.OK\nCLICK left 0 0\n");
+  Script("TAG DISEGNA_TESTO_DA_FILE\nFIELD Angolo 0\nPRESS ProprietaTesto.OK\nCLICK left 0 0\n");
   ASSERT_EQ(ui.SceltePresentate.size(), 1u);
   EXPECT_EQ(ui.SceltePresentate[0], "Testo da File|File Di Testo (*.TXT)|*.TXT|Tutti i file (*.*)|*.*");
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 2);
-  EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoTesto[1], s.TestoY[1]), std::make_tuple("Città", "Ponte", -5));
+  ASSERT_EQ(s.ContaEntita[SlotTesti], 8);
+  EXPECT_EQ(std::tie(s.TestoTesto[6], s.TestoTesto[7], s.TestoY[7]), std::make_tuple("Città", "Ponte", -2));
   // The choice cancelled: the command ends, nothing written.
   Script("TAG DISEGNA_TESTO_DA_FILE\nCLICK left 0 0\n");
-  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.ComandoCorrente), std::make_tuple(2, 0));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.ComandoCorrente), std::make_tuple(8, 0));
 }
 
 TEST_F(TestiBanco, subTestoAllineaLaRotazioneSegueIDuePunti) {
@@ -119,10 +107,8 @@ TEST_F(TestiBanco, subDisegnaFumettoNuvolettaDiLineeColTesto) {
   Pronto();
   Script("TAG DISEGNA_FUMETTO\nFIELD Testo NOTA\nFIELD Altezza 1\nCLICK left 10 20\n");
   // The text's foot half a height inside a box 2 heights up and right of the point.
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
-  EXPECT_EQ(s.TestoTesto[0], "NOTA");
-  EXPECT_DOUBLE_EQ(s.TestoX[0], 12.5);
-  EXPECT_DOUBLE_EQ(s.TestoY[0], 22.5);
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotTesti], s.TestoTesto[0]), std::make_tuple(1, "NOTA"));
+  EXPECT_TRUE(Vicini({s.TestoX[0], s.TestoY[0]}, {12.5, 22.5}, 1e-12));
   // Box 4·0.6 + 1 wide and 2 high from (12, 22), its bottom opened for the tail: seven lines.
   ASSERT_EQ(s.ContaEntita[SlotLinee], 7);
   double xmax = 0, ymax = 0;
@@ -132,12 +118,12 @@ TEST_F(TestiBanco, subDisegnaFumettoNuvolettaDiLineeColTesto) {
     ymax = std::max({ymax, s.LineaY1[k], s.LineaY2[k]});
     alla_punta += (s.LineaX1[k] == 10 && s.LineaY1[k] == 20) + (s.LineaX2[k] == 10 && s.LineaY2[k] == 20);
   }
-  EXPECT_DOUBLE_EQ(xmax, 15.4);
-  EXPECT_DOUBLE_EQ(ymax, 24);
+  EXPECT_TRUE(Vicini({xmax, ymax}, {15.4, 24}, 1e-12));
   EXPECT_EQ(alla_punta, 2);
 }
 
-TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNulla) {
+TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNullaLineareAllineataCircolareRettangolare) {
+  MettiPunto(s, "7", 0, 0, 4);
   Pronto();
   EXPECT_TRUE(Stampa("> TAG SERIE_LINEARE\n"
                      "DIALOGO + ParametriSerie [Parametri Serie] Numero_Punti=\"0\" Distanza=\"0\" "
@@ -145,14 +131,9 @@ TEST_F(TestiBanco, SerieNumeroPuntiZeroNonScriveNulla) {
                      "> FIELD ParametriSerie.Numero_Punti 0\n> FIELD Distanza 2\n> PRESS ParametriSerie.OK\n"
                      "DIALOGO - ParametriSerie\n> CLICK left 0 0\nPROMPT Serie Lineare - Secondo Punto:\n"
                      "> CLICK left 10 0\n"));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 0);
+  EXPECT_EQ(s.ContaEntita[SlotPunti], 1);
   // The settings confirmed are kept for the next start.
-  EXPECT_NE(LeggiFileProva(s.CartellaLavoro + "Configura.ini").find("Distanza,2"), std::string::npos);
-}
-
-TEST_F(TestiBanco, SerieLineareAllineataCircolareRettangolare) {
-  MettiPunto(s, "7", 0, 0, 4);
-  Pronto();
+  EXPECT_TRUE(Contiene(LeggiFileProva(s.CartellaLavoro + "Configura.ini"), "Distanza,2"));
   struct Atteso {
     const char* Nome;
     double X, Y;
@@ -212,10 +193,9 @@ TEST_F(TestiBanco, subDisegnaBitMapImmagineSceltaEPosataAlClic) {
   const std::string uscita = Script("TAG DISEGNA_IMMAGINE\nANSWER " + file +
                                       "\nPRESS FormSelezionaImmagine.Sfoglia\nFIELD Scala 0.5\nPRESS "
                                       "FormSelezionaImmagine.OK\nCLICK left 100 200\n");
-  EXPECT_NE(uscita.find("DIALOGO + FormSelezionaImmagine [Seleziona Immagine] File=\"\" Larghezza=\"\" Altezza=\"\" "
-                        "Scala=\"1\" (Sfoglia, OK, Annulla)\n"),
-            std::string::npos);
-  EXPECT_NE(uscita.find("PROMPT Indica Punto Inserimento Immagine :\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(uscita, "DIALOGO + FormSelezionaImmagine [Seleziona Immagine] File=\"\" Larghezza=\"\" "
+                               "Altezza=\"\" Scala=\"1\" (Sfoglia, OK, Annulla)\n"));
+  EXPECT_TRUE(Contiene(uscita, "PROMPT Indica Punto Inserimento Immagine :\n"));
   ASSERT_EQ(s.ContaEntita[SlotBitmap], 1);
   EXPECT_EQ(std::tie(s.BitmapNomeFile[0], s.BitmapX[0], s.BitmapY[0], s.BitmapLarghezza[0],
                      s.BitmapAltezza[0], s.BitmapScalaLar[0], s.BitmapScalaAlt[0]),
@@ -230,9 +210,8 @@ TEST_F(TestiBanco, subDisegnaBitMapImmagineSceltaEPosataAlClic) {
   // A file that is no picture: a message, and no size to place it with.
   const std::string altro = cartella / "NOTE.TXT";
   ScriviFileProva(altro, "non un'immagine");
-  EXPECT_NE(Script("TAG DISEGNA_IMMAGINE\nFIELD File " + altro + "\nFIELD Larghezza 0\nCLICK left 0 0\n")
-                .find("MESSAGGIO [Inserisci Immagine] Immagine non riconosciuta: | " + altro),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(Script("TAG DISEGNA_IMMAGINE\nFIELD File " + altro + "\nFIELD Larghezza 0\nCLICK left 0 0\n"),
+                       "MESSAGGIO [Inserisci Immagine] Immagine non riconosciuta: | " + altro));
   EXPECT_EQ(s.ContaEntita[SlotBitmap], 1);
 }
 

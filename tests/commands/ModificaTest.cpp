@@ -2,14 +2,15 @@
 // scale (the unit factor too), rotation, move and copy with the heights of the picked
 // points, deletion that keeps the rows until a reload, freezing, the bulk properties with
 // the pickers of layer, line type and colour that come before the selection, the height
-// change, the alignment, the roto-translation with its grid and reports, and the vertical
-// rotation of a face.
+// change, the alignment, the roto-translation with its grid and reports, the vertical
+// rotation of a face, and the layer panel's changes to whole layers.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <tuple>
 
 #include "commands/Attese.h"
+#include "commands/ComandiPiani.h"
 #include "commands/RoutineModifica.h"
 #include "core/Testo.h"
 #include "core/Tratteggi.h"
@@ -31,13 +32,10 @@ TEST_F(ModificaBanco, SpecchioConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   MettiTesto(s, 1, 3, "T");
   s.TestoRotazione[0] = 10;
   Pronto(0, 0, 40);
-  const std::string uscita =
-      Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n");
-  EXPECT_NE(uscita.find("> PRESS OK\nDIALOGO - Selezentita\nPROMPT Asse di Simmetria - Primo Punto:\n"
-                        "> CLICK left 0 0\nPROMPT Cambia Specchio - Secondo Punto:\n> ANSWER no\n> CLICK left 0 10\n"
-                        "DOMANDA [Cambia Specchio] Cancellare le entità di partenza? -> NO\n"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_SPECCHIO\nPRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER no\nCLICK left 0 10\n"),
+                       "> PRESS OK\nDIALOGO - Selezentita\nPROMPT Asse di Simmetria - Primo Punto:\n> CLICK left 0 0\n"
+                       "PROMPT Cambia Specchio - Secondo Punto:\n> ANSWER no\n> CLICK left 0 10\n"
+                       "DOMANDA [Cambia Specchio] Cancellare le entità di partenza? -> NO\n"));
   // The originals stay, the copies lie across the axis x = 0.
   ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
   EXPECT_EQ(Estremi(s, 0), (Valori{1, 1, 3, 2}));
@@ -51,15 +49,12 @@ TEST_F(ModificaBanco, SpecchioConNoRestanoEntrambeLeCopieConSiCambianoLeRighe) {
   ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
   EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoX[1], s.PuntoZ[1]), std::make_tuple("8", -4, 2));
   EXPECT_EQ(std::tie(s.TestoX[1], s.TestoRotazione[1]), std::make_tuple(-1, 10));
-  EXPECT_EQ(ContaSelezionati(s), 0);
-  EXPECT_TRUE(DialogoAperto(s, "Selezentita"));
+  EXPECT_EQ(std::make_tuple(ContaSelezionati(s), DialogoAperto(s, "Selezentita")), std::make_tuple(0, true));
   // "Yes" moves the rows themselves.
   Script("PRESS Tutto\nPRESS OK\nCLICK left 0 0\nANSWER yes\nCLICK left 0 10\n");
-  EXPECT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(Estremi(s, 0), (Valori{-1, 1, -3, 2}));
-  EXPECT_EQ(Estremi(s, 1), (Valori{1, 1, 3, 2}));
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoX[0]), std::make_tuple("7", -4));
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotLinee], Estremi(s, 0), Estremi(s, 1)),
+            std::make_tuple(2, Valori{-1, 1, -3, 2}, Valori{1, 1, 3, 2}));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[0], s.PuntoX[0]), std::make_tuple(2, "7", -4));
 }
 
 TEST_F(ModificaBanco, ScalaIlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
@@ -71,20 +66,15 @@ TEST_F(ModificaBanco, ScalaIlFattoreUnoNonCambiaNullaMaPrendeLoSnapshot) {
   MettiImmagine(s, 0, 10, 100, 50, 0.1);
   Pronto(5, 5, 40);
   const int64_t prima = PassoUndo(s);
-  EXPECT_NE(Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n")
-                .find("PROMPT Centro di Riduzione:\n> ANSWER 1\n> CLICK left 5 5\n"
-                      "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"),
-            std::string::npos);
-  EXPECT_EQ(PassoUndo(s), prima + 1);
-  EXPECT_EQ(Estremi(s, 0), (Valori{0.1 + 0.2, 2.3, 7.7, 9.9}));
-  EXPECT_EQ(s.CerchioRaggio[0], 2);
+  EXPECT_TRUE(Contiene(Script("TAG CAMBIA_SCALA\nPRESS Tutto\nPRESS OK\nANSWER 1\nCLICK left 5 5\n"),
+                       "PROMPT Centro di Riduzione:\n> ANSWER 1\n> CLICK left 5 5\n"
+                       "IMPUTA [Cambia Scala] Fattore di Scala : -> 1\n"));
+  EXPECT_EQ(std::make_tuple(PassoUndo(s), Estremi(s, 0), s.CerchioRaggio[0]),
+            std::make_tuple(prima + 1, Valori{0.1 + 0.2, 2.3, 7.7, 9.9}, 2));
   // Twice as large about (1, 1).
   Script("PRESS Tutto\nPRESS OK\nANSWER 2\nCLICK left 1 1\n");
   EXPECT_EQ(PassoUndo(s), prima + 2);
-  EXPECT_DOUBLE_EQ(s.LineaX1[0], 1 + 2 * (0.1 + 0.2 - 1));
-  EXPECT_DOUBLE_EQ(s.LineaY1[0], 4.6 - 1);
-  EXPECT_DOUBLE_EQ(s.LineaX2[0], 14.4);
-  EXPECT_DOUBLE_EQ(s.LineaY2[0], 18.8);
+  EXPECT_TRUE(Vicini(Estremi(s, 0), {1 + 2 * (0.1 + 0.2 - 1), 4.6 - 1, 14.4, 18.8}, 1e-12));
   EXPECT_EQ(std::tie(s.CerchioX[0], s.CerchioRaggio[0], s.TestoAltezza[0]), std::make_tuple(5, 4, 3));
   EXPECT_EQ(std::tie(s.BitmapY[0], s.BitmapScalaLar[0]), std::make_tuple(19, 0.2));
   // A value prompt cancelled leaves the centre to be given again.
@@ -190,11 +180,7 @@ TEST_F(ModificaBanco, ProprietaPianoTratteggioEColoreSceltiPrimaDellaSelezione) 
   MettiLinea(s, 0, 0, 10, 0);
   MettiCerchio(s, 5, 5, 1);
   Pronto(5, 5, 40);
-  for (const char* nome : {"RECINZ", "STRADE"}) {
-    Piano p;
-    p.Nome = nome;
-    s.Piani.push_back(p);
-  }
+  for (const char* riga : {"RECINZ|0|1|0|1|Arial|0|0|", "STRADE|0|1|0|1|Arial|0|0|"}) s.Piani.push_back(LeggiRigaPiano(riga));
   s.PianoCorrente = "RECINZ";
   CaricaTratteggi(s);
   EXPECT_TRUE(Stampa("> TAG CAMBIA_PIANO\n"
@@ -202,12 +188,10 @@ TEST_F(ModificaBanco, ProprietaPianoTratteggioEColoreSceltiPrimaDellaSelezione) 
                      "Annulla)\n"));
   // A layer of the table keeps the table's spelling; then the selection and the work.
   Script("FIELD MenuPiani.Piano strade\nPRESS OK\nPRESS Selezentita.Tutto\nPRESS Selezentita.OK\n");
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0]),
-            std::make_tuple("STRADE", "STRADE", "STRADE"));
-  EXPECT_EQ(s.PianoCorrente, "STRADE");
+  EXPECT_EQ(std::tie(s.LineaPiano[0], s.CerchioPiano[0], s.PuntoPiano[0], s.PianoCorrente),
+            std::make_tuple("STRADE", "STRADE", "STRADE", "STRADE"));
   // The command comes back to the layers; cancelled there, it ends.
-  ASSERT_TRUE(DialogoAperto(s, "MenuPiani"));
-  EXPECT_FALSE(DialogoAperto(s, "Selezentita"));
+  ASSERT_EQ(std::make_tuple(DialogoAperto(s, "MenuPiani"), DialogoAperto(s, "Selezentita")), std::make_tuple(true, false));
   Script("PRESS MenuPiani.Annulla\n");
   EXPECT_EQ(s.ComandoCorrente, 0);
   // A line type by its number in the list.
@@ -242,9 +226,9 @@ TEST_F(ModificaBanco, ProprietaF6EF7CambianoSoloTratteggioEPianoCorrenti) {
   Script("FIELD Tratteggio " + elenco[5] + "\nPRESS OK\n");
   EXPECT_EQ(s.Imp.Tratteggio_Default, 6);
   Script("TAG MENU_TRATTEGGI\nFIELD Tratteggio nascosta\nPRESS OK\n");
-  EXPECT_EQ(std::tie(s.Imp.Tratteggio_Default, s.ComandoCorrente), std::make_tuple(3, 0));
-  EXPECT_TRUE(s.Dialoghi.empty());
-  EXPECT_EQ(std::tie(s.LineaPiano[0], s.LineaTratteggio[0]), std::make_tuple("0", 1));
+  EXPECT_EQ(std::make_tuple(s.Imp.Tratteggio_Default, s.ComandoCorrente, s.Dialoghi.size(), s.LineaPiano[0],
+                            s.LineaTratteggio[0]),
+            std::make_tuple(3, 0, 0u, "0", 1));
 }
 
 TEST_F(ModificaBanco, AllineaLaDirezioneGiraEIlPrimoPuntoVaSulSecondo) {
@@ -269,30 +253,24 @@ TEST_F(ModificaBanco, RotoTraslazioneLaGrigliaIlBersaglioDigitatoEIReport) {
   MettiLinea(s, 0, 0, 0, 5, 7, 8);
   MettiTesto(s, 0, 2, "T");
   Pronto(50, 50, 300);
-  const std::string uscita = Script(
-      "TAG RT\nPRESS TutteLinee\nPRESS TuttiTesti\nPRESS OK\nKEY P\nCLICK left 0 0\nKEY P\nCLICK left 0 10\n"
-      "KEY P\nCLICK left 100 100\nKEY P\nCLICK left 110 100\n");
-  EXPECT_NE(uscita.find("PROMPT Rototraslazione con Selezione - Centro di Rotazione :\n> KEY P\n> CLICK left 0 0\n"
-                        "PROMPT Rototralsazione - Punto Orientamento\n> KEY P\n> CLICK left 0 10\n"
-                        "PROMPT Rototraslazione - Nuovo Centro\n> KEY P\n> CLICK left 100 100\n"
-                        "PROMPT Rototraslazione - Nuovo Orientamento\n"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(Script("TAG RT\nPRESS TutteLinee\nPRESS TuttiTesti\nPRESS OK\nKEY P\nCLICK left 0 0\nKEY P\n"
+                              "CLICK left 0 10\nKEY P\nCLICK left 100 100\nKEY P\nCLICK left 110 100\n"),
+                       "PROMPT Rototraslazione con Selezione - Centro di Rotazione :\n> KEY P\n> CLICK left 0 0\n"
+                       "PROMPT Rototralsazione - Punto Orientamento\n> KEY P\n> CLICK left 0 10\n"
+                       "PROMPT Rototraslazione - Nuovo Centro\n> KEY P\n> CLICK left 100 100\n"
+                       "PROMPT Rototraslazione - Nuovo Orientamento\n"));
   const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Titolo, "Punto - Rototraslazione con Selezione");
   // The grid as picked (the report below pins the cells it shares with the file).
-  EXPECT_EQ(d->Valore("NuovoOrientamento_Azimut"), "100.0000");
-  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
+  EXPECT_EQ(std::make_tuple(d->Titolo, d->Valore("NuovoOrientamento_Azimut"), d->Valore("Differenza_Azimut")),
+            std::make_tuple("Punto - Rototraslazione con Selezione", "100.0000", "100.0000"));
   // The target typed over the picked one: due South of the new origin.
   Script("FIELD NuovoOrientamento_Nord 90\nFIELD NuovoOrientamento_Est 100,0004\nPRESS Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione")->Valore("Differenza_Azimut"), "200.0000");
   Script("PRESS FormRotoTraslazione.OK\n");
-  for (auto [fatto, atteso] : {std::pair{s.LineaX1[0], 100.0004}, {s.LineaY1[0], 100}, {s.LineaX2[0], 100.0004},
-                                {s.LineaY2[0], 95}, {s.TestoY[0], 98}, {s.TestoRotazione[0], 200}})
-    EXPECT_NEAR(fatto, atteso, 1e-9);
-  EXPECT_EQ(s.LineaZ2[0], 8);
-  EXPECT_EQ(s.PuntoX[0], 0);  // points were not selected
+  EXPECT_TRUE(Vicini({s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.TestoY[0], s.TestoRotazione[0]},
+                     {100.0004, 100, 100.0004, 95, 98, 200}));
+  EXPECT_EQ(std::tie(s.LineaZ2[0], s.PuntoX[0]), std::make_tuple(8, 0));  // points were not selected
   EXPECT_EQ(LeggiFileProva(PercorsoReportRotoTraslazione(s, "CSV")),
             "Rootraslazione\r\n\r\n"
             ";Nome;Nord;Est;Quota;Azimut;Distanza\r\n"
@@ -318,9 +296,8 @@ TEST_F(ModificaBanco, RotazioneVerticaleRibaltamentoDiUnaFacciataTraIDuePunti) {
   MettiPunti(s, {{"A", 0, 0, 0}, {"B", 10, 0, 0}, {"P", 5, 0, 3}, {"Q", 20, 0, 3}});
   MettiLinea(s, 2, 0, 2, 0, 0, 4);
   Pronto(5, 0, 50);
-  EXPECT_NE(Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n")
-                .find("PROMPT Ribaltamento - Primo Punto:\n> CLICK left 0 0\nPROMPT Ribaltamento - Secondo Punto:\n"),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(Script("TAG RIBALTAMENTO\nCLICK left 0 0\nCLICK left 10 0\n"),
+                       "PROMPT Ribaltamento - Primo Punto:\n> CLICK left 0 0\nPROMPT Ribaltamento - Secondo Punto:\n"));
   // A face standing on the axis lies flat on its right, at the axis's height; Q, beyond the
   // second point, is left alone.
   EXPECT_EQ((Valori{s.PuntoX[2], s.PuntoY[2], s.PuntoZ[2], s.LineaY2[0], s.LineaZ2[0], s.PuntoY[3], s.PuntoZ[3]}),
@@ -334,6 +311,55 @@ TEST_F(ModificaBanco, RotazioneVerticaleRibaltamentoDiUnaFacciataTraIDuePunti) {
   // Half a right angle: the height of 3 above the axis shares itself between the two.
   const double r = 3 / std::sqrt(2.0);
   EXPECT_TRUE(Vicini({c.s.PuntoX[2], c.s.PuntoY[2], c.s.PuntoZ[2]}, {r, 5, 1 + r}, 1e-12));
+}
+
+// The layer panel's changes to whole layers: counts, freezing and colour, each undone by
+// one undo.
+TEST_F(ModificaBanco, PianiContaCongelaEColoraUnPianoConIlSuoUndo) {
+  ApriLavoroVuoto(*this);
+  MettiPunto(s, "1", 0, 0);
+  MettiLinee(s, {{0, 0, 10, 0}, {0, 0, 0, 10}});
+  MettiCerchio(s, 5, 5, 2);
+  s.PuntoPiano[0] = "strade";  // the layer's own spelling is the table's
+  s.LineaPiano[0] = " STRADE ";
+  s.LineaPiano[1] = "RECINZ";
+  s.CerchioPiano[0] = "STRADE";
+  s.Piani.push_back(LeggiRigaPiano("STRADE|0|3|0|1|Arial|0|0|"));
+  MettiLinea(s, 1, 1, 2, 2);
+  s.LineaPiano[2] = "STRADE";
+  s.LineaIdent[2] = -1;  // deleted: not counted, not changed
+  Pronto();
+  ScegliPianoCorrente(s, "strade");
+  EXPECT_EQ(s.PianoCorrente, "STRADE");
+
+  auto elenco = ElencoPiani(s);
+  ASSERT_EQ(elenco.size(), 3u);
+  EXPECT_EQ(std::tie(elenco[0].Nome, elenco[0].Entita, elenco[1].Nome), std::make_tuple("0", 0, "STRADE"));
+  EXPECT_EQ((std::vector<int64_t>{elenco[1].Colore, elenco[1].Entita, elenco[1].Congelate}),
+            (std::vector<int64_t>{3, 3, 0}));
+  EXPECT_TRUE(elenco[1].Corrente && elenco[1].NellaTabella);
+  EXPECT_EQ(std::tie(elenco[2].Nome, elenco[2].NellaTabella), std::make_tuple("RECINZ", false));
+
+  const int64_t passo = PassoUndo(s);
+  ASSERT_TRUE(CongelaPiano(s, "Strade", true));
+  EXPECT_EQ((std::vector<int>{s.PuntoCongelaSimbolo[0], s.PuntoCongelaDescrizione[0], s.LineaCongela[0],
+                              s.LineaCongela[1], s.LineaCongela[2], s.CerchioCongela[0]}),
+            (std::vector<int>{-1, -1, -1, 0, 0, -1}));
+  EXPECT_EQ(std::make_tuple(ElencoPiani(s)[1].Congelate, PassoUndo(s)), std::make_tuple(3, passo + 1));
+  EXPECT_EQ(std::make_tuple(CongelaPiano(s, "VUOTO", true), PassoUndo(s)), std::make_tuple(false, passo + 1));
+
+  // A layer only the entities name enters the table with its colour.
+  ASSERT_TRUE(ColorePiano(s, "RECINZ", 5));
+  EXPECT_EQ(std::make_tuple(s.LineaColore[1], s.LineaColore[0], ScriviRigaPiano(s.Piani.back())),
+            std::make_tuple(5, 1, "RECINZ|0|5|0|1|Arial|0|0|0"));
+  EXPECT_EQ(LeggiFileProva(s.NomeLavoro + ".PIA"), "0|0|1|0|1|Arial|0|0|0\r\nSTRADE|0|3|0|1|Arial|0|0|0\r\nRECINZ|0|5|0|1|Arial|0|0|0\r\n");
+  EXPECT_FALSE(ColorePiano(s, "RECINZ", 0));
+
+  // Each change is one step back.
+  Script("KEY F9\n");
+  EXPECT_EQ(std::make_tuple(s.LineaColore[1], s.Piani.size()), std::make_tuple(1, 2u));
+  Script("KEY F9\n");
+  EXPECT_EQ(std::tie(s.LineaCongela[0], s.PuntoCongelaNome[0]), std::make_tuple(0, 0));
 }
 
 }  // namespace

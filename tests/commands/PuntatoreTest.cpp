@@ -40,8 +40,7 @@ TEST_F(PuntatoreBanco, ElasticoLineaDipintaETolteEsattamenteEDopoUnRidisegno) {
   // Ended, the band is forgotten and the redraw does not paint it.
   sup.Chiamate.clear();
   Script("KEY ESC\n");
-  EXPECT_EQ(sup.Solo("Linea 0 0 10 10").size(), 0u);
-  EXPECT_FALSE(s.Elastico.Linea.Visibile);
+  EXPECT_EQ(std::make_tuple(sup.Solo("Linea 0 0 10 10").size(), s.Elastico.Linea.Visibile), std::make_tuple(0u, false));
 }
 
 TEST_F(PuntatoreBanco, ElasticoLetturaConDistanzaEAzimut) {
@@ -65,9 +64,9 @@ TEST_F(PuntatoreBanco, ElasticoCerchioPerTrePuntiEArcoCheGiraDallaParteGiusta) {
   s.PassoComando = 1;
   s.Punto1X = -2, s.Punto1Y = 0;
   MouseMove(s, 0, 0, 6, 0);
-  ASSERT_TRUE(s.Elastico.Cerchio.Visibile);
-  EXPECT_EQ(s.Elastico.Cerchio.X, 2);  // the segment as diameter
-  EXPECT_EQ(s.Elastico.Cerchio.Raggio, 4);
+  // The segment as diameter.
+  EXPECT_EQ(std::make_tuple(s.Elastico.Cerchio.Visibile, s.Elastico.Cerchio.X, s.Elastico.Cerchio.Raggio),
+            std::make_tuple(true, 2, 4));
   s.PassoComando = 2;
   s.Punto2X = -5, s.Punto2Y = 0, s.Punto1X = 0, s.Punto1Y = 5;
   MouseMove(s, 0, 0, 5, 0);
@@ -75,8 +74,7 @@ TEST_F(PuntatoreBanco, ElasticoCerchioPerTrePuntiEArcoCheGiraDallaParteGiusta) {
 
   s.ComandoCorrente = 135;
   MouseMove(s, 0, 0, 5, 0);
-  EXPECT_FALSE(s.Elastico.Cerchio.Visibile);
-  ASSERT_TRUE(s.Elastico.Arco.Visibile);
+  ASSERT_EQ(std::make_tuple(s.Elastico.Cerchio.Visibile, s.Elastico.Arco.Visibile), std::make_tuple(false, true));
   // From West clockwise through North.
   EXPECT_TRUE(Vicini({s.Elastico.Arco.Inizio, s.Elastico.Arco.Ampiezza}, {1.5 * PiGreco, PiGreco}));
   s.Punto1X = 0, s.Punto1Y = -5;  // through South: it starts at the pointer instead
@@ -96,12 +94,9 @@ TEST_F(PuntatoreBanco, SuggerimentoPuntoSottoIlPuntatoreSpostatoDaUnaFrazioneDel
   Pronto();
   Script("TAG INCOLLA_DESCRIZIONE\nMOVE 11 21\n");
   const SuggerimentoPunto& t = s.Suggerimento;
-  ASSERT_TRUE(t.Visibile);
-  EXPECT_EQ(t.X, 12);  // a fiftieth of the view to the right
-  EXPECT_EQ(t.Y, 19);  // a hundredth down
-  EXPECT_EQ(t.Righe, (std::vector<std::string>{"12", "12.500", "muro"}));
-  EXPECT_TRUE(t.Cornice);
-  EXPECT_FALSE(t.Trasparente);
+  // A fiftieth of the view to the right, a hundredth down.
+  EXPECT_EQ(std::make_tuple(t.Visibile, t.X, t.Y, t.Righe, t.Cornice, t.Trasparente),
+            std::make_tuple(true, 12, 19, std::vector<std::string>{"12", "12.500", "muro"}, true, false));
   s.Imp.MostraQuota = 0;
   Script("MOVE 11 22\n");
   EXPECT_EQ(t.Righe, (std::vector<std::string>{"12", "muro"}));
@@ -130,8 +125,7 @@ TEST_F(PuntatoreBanco, EtichettaSnapNomeDelModoAccantoAlPuntatore) {
   Script("KEY F\nMOVE 1 1\n");
   EXPECT_EQ(s.EtichettaSnap, "  Fine di ...");
   // The candidate is marked where the click would take it.
-  EXPECT_TRUE(s.Elastico.Marca.Visibile);
-  EXPECT_EQ(s.Elastico.Marca.X, 0);
+  EXPECT_EQ(std::make_tuple(s.Elastico.Marca.Visibile, s.Elastico.Marca.X), std::make_tuple(true, 0));
   Script("KEY I\nMOVE 1 1\n");
   EXPECT_EQ(s.EtichettaSnap, "  Prima Entità");
   Script("CLICK left 1 0.5\nMOVE 1 1\n");
@@ -146,14 +140,13 @@ TEST_F(PuntatoreBanco, GuideFinestraDaUnAngoloAlPuntatoreEGuidaDelloSpostamento)
   EXPECT_FALSE(s.Elastico.Guida.Visibile);
   Script("CLICK left 0 0\nMOVE 10 5\n");
   const FormaRiquadro& g = s.Elastico.Guida;
-  ASSERT_TRUE(g.Visibile);
-  EXPECT_EQ((std::vector<double>{g.X1, g.Y1, g.X2, g.Y2}), (std::vector<double>{0, 0, 10, 5}));
-  EXPECT_FALSE(g.Tratteggiato);  // dashed only for a selection window taken right to left
+  // Dashed only for a selection window taken right to left.
+  EXPECT_EQ(std::make_tuple(g.Visibile, Valori{g.X1, g.Y1, g.X2, g.Y2}, g.Tratteggiato),
+            std::make_tuple(true, Valori{0, 0, 10, 5}, false));
   Script("CLICK left -10 5\n");
   EXPECT_FALSE(g.Visibile);  // the zoom is done
   Script("TAG ZOOM_SPOSTA\nCLICK left 1 1\nMOVE 4 5\n");
-  EXPECT_TRUE(s.Elastico.GuidaLinea.Visibile);
-  EXPECT_EQ(s.Elastico.GuidaLinea.X2, 4);
+  EXPECT_EQ(std::make_tuple(s.Elastico.GuidaLinea.Visibile, s.Elastico.GuidaLinea.X2), std::make_tuple(true, 4));
 }
 
 TEST_F(PuntatoreBanco, TrascinamentoIlTastoCentraleSpostaLaVistaSenzaToccareIlComando) {
@@ -164,8 +157,8 @@ TEST_F(PuntatoreBanco, TrascinamentoIlTastoCentraleSpostaLaVistaSenzaToccareIlCo
   EXPECT_EQ(std::tie(s.Vista.CentroEst, s.Vista.CentroNord), std::make_tuple(90, 205));
   MouseUp(s, BottoneCentrale, 0, 10, -5);
   MouseMove(s, BottoneCentrale, 0, 20, -5);
-  EXPECT_EQ(s.Vista.CentroEst, 90);  // released: no more pan
-  EXPECT_EQ(std::tie(s.ComandoCorrente, s.PassoComando), std::make_tuple(22, 1));
+  // Released: no more pan.
+  EXPECT_EQ(std::tie(s.Vista.CentroEst, s.ComandoCorrente, s.PassoComando), std::make_tuple(90, 22, 1));
 }
 
 }  // namespace

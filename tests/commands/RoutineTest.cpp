@@ -22,8 +22,7 @@ TEST_F(RoutineBanco, subNomeScambioDueNomiSiScambiano) {
   EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoNome[1]), std::make_tuple("B", "A"));
   // The same point twice changes nothing and waits for another.
   Script("CLICK left 0 0\nCLICK left 0 1\n");
-  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoNome[1]), std::make_tuple("B", "A"));
-  EXPECT_EQ(s.PassoComando, 1);
+  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoNome[1], s.PassoComando), std::make_tuple("B", "A", 1));
 }
 
 TEST_F(RoutineBanco, subEditNomeSpostaIlNomeVaDoveSiClicca) {
@@ -32,10 +31,8 @@ TEST_F(RoutineBanco, subEditNomeSpostaIlNomeVaDoveSiClicca) {
   EXPECT_TRUE(Stampa("> TAG EDIT_SPOSTA_NOME\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK left 101 201\n"
                      "PROMPT Nome Sposta - Indica Punto : 7 - Nuova Posizione:\n> CLICK left 103 196\n"
                      "PROMPT Nome Sposta - Indicare il Punto :\n"));
-  EXPECT_EQ(std::tie(s.PuntoSpoX[0], s.PuntoSpoY[0]), std::make_tuple(3, -4));
-  EXPECT_EQ(s.ModoSnap, 1);  // armed again on points
-  // The searches now measure the point where its name went down.
-  EXPECT_EQ(s.PuntoCorrenteIndice, -1);
+  // Armed again on points; the searches now measure the point where its name went down.
+  EXPECT_EQ(std::tie(s.PuntoSpoX[0], s.PuntoSpoY[0], s.ModoSnap, s.PuntoCorrenteIndice), std::make_tuple(3, -4, 1, -1));
   Script("TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 100 196\n");
   EXPECT_EQ(s.Punto1Indice, 0);
 }
@@ -64,11 +61,10 @@ TEST_F(RoutineBanco, MarcaPuntoVerticeEDirezioneTolgonoLaMarcaDiPrima) {
   Script("TAG PUNTO_VERTICE\nCLICK left 0 0\nCLICK left 10 0\n");
   EXPECT_EQ(std::tie(s.PuntoDescrizione[0], s.PuntoDescrizione[1]), std::make_tuple("<PV>muro", "<PV>siepe"));
   Script("TAG PUNTO_DIREZIONE\nCLICK left 10 0\n");
-  EXPECT_EQ(s.PuntoDescrizione[1], "<PD>siepe");
-  EXPECT_EQ(s.Prompt, "Punto Direzione <PD> - Indica il Punto :");
+  EXPECT_EQ(std::tie(s.PuntoDescrizione[1], s.Prompt), std::make_tuple("<PD>siepe", "Punto Direzione <PD> - Indica il Punto :"));
 }
 
-TEST_F(RoutineBanco, subInfoDistanzaDistanzaAzimutEDislivello) {
+TEST_F(RoutineBanco, subInfoDistanzaEAngoloDistanzaAzimutDislivelloEAngoloOrario) {
   MettiPunti(s, {{"A", 0, 0, 10}, {"B", 30, 40, 14}});
   Pronto();
   EXPECT_TRUE(Stampa("> TAG INFO_DISTANZA\nPROMPT Info Distanza - Primo Punto:\n> CLICK left 0 1\n"
@@ -81,10 +77,7 @@ TEST_F(RoutineBanco, subInfoDistanzaDistanzaAzimutEDislivello) {
                      "PROMPT Info Distanza 2P - Secondo Punto:\n> CLICK left 2 5\n"
                      "MESSAGGIO [Info Distanza] Distanza = 3.000 | Azimut = 300.0000 | Dislivello = 0.000 | "
                      "Distanza Inclinata = 3.000\nPROMPT Info Distanza 2P - Primo Punto:\n"));
-}
-
-TEST_F(RoutineBanco, subInfoAngoloDallInizioAllaFineInSensoOrario) {
-  Pronto();
+  // An angle from its start to its end, clockwise.
   EXPECT_TRUE(Stampa("> TAG INFO_ANGOLO\nPROMPT Info Angolo - Vertice Angolo :\n> CLICK left 0 0\n"
                      "PROMPT Info Angolo - Fine Angolo :\n> CLICK left 10 0\nPROMPT INFO Angolo - Inizio Angolo :\n"
                      "> CLICK left 0 10\nMESSAGGIO [Info Angolo] Angolo = 100.0000\n"
@@ -99,12 +92,11 @@ TEST_F(RoutineBanco, ScalaImmagineMetriPerPixelDiUnaScansioneA300PuntiEIlDisegno
   MettiImmagine(s, 0, 100, 1000, 500, 1);
   Pronto();
   Script("TAG SCALA_2000\nCLICK left 500 99\n");
-  EXPECT_EQ(std::tie(s.BitmapScalaLar[0], s.BitmapScalaAlt[0]), std::make_tuple(0.1693333333, 0.1693333333));
+  EXPECT_EQ(std::tie(s.BitmapScalaLar[0], s.BitmapScalaAlt[0], s.ComandoCorrente),
+            std::make_tuple(0.1693333333, 0.1693333333, 257));
   // The frame is now 169.33 by 84.67 metres under (0, 100): the view takes its width.
-  EXPECT_NEAR(s.Vista.CentroEst, 84.66666665, 1e-9);
-  EXPECT_NEAR(s.Vista.CentroNord, 100 - 42.333333325, 1e-9);
-  EXPECT_NEAR(s.Vista.AltezzaVista, 169.3333333, 1e-9);
-  EXPECT_EQ(s.ComandoCorrente, 257);
+  EXPECT_TRUE(Vicini({s.Vista.CentroEst, s.Vista.CentroNord, s.Vista.AltezzaVista},
+                     {84.66666665, 100 - 42.333333325, 169.3333333}));
   Script("TAG FOGLIO_INTERO1\nCLICK left 0 90\n");
   EXPECT_EQ(s.BitmapScalaLar[0], 0.42333333325);
   Script("TAG SCALA_1500\nCLICK left 0 90\n");

@@ -14,8 +14,12 @@ using namespace prova;
 struct CopioneBanco : BancoProva {};
 using V = std::vector<double>;
 
-V Linea(const Sessione& s, size_t k) {
-  return {s.LineaX1[k], s.LineaY1[k], s.LineaZ1[k], s.LineaX2[k], s.LineaY2[k], s.LineaZ2[k]};
+// Every line row: x1, y1, z1, x2, y2, z2.
+std::vector<V> Linee(const Sessione& s) {
+  std::vector<V> l;
+  for (size_t k = 0; k < static_cast<size_t>(s.ContaEntita[SlotLinee]); ++k)
+    l.push_back({s.LineaX1[k], s.LineaY1[k], s.LineaZ1[k], s.LineaX2[k], s.LineaY2[k], s.LineaZ2[k]});
+  return l;
 }
 V Punto1(const Sessione& s) { return {s.Punto1X, s.Punto1Y, s.Punto1Z}; }
 
@@ -30,9 +34,7 @@ TEST_F(CopioneBanco, ScriptLineaDuePuntiRipetutaConEscEFinitaColDestro) {
   Script("CLICK right 0 0\n");
   EXPECT_EQ(std::tie(UltimoEsito.Codice, s.ComandoCorrente, s.UltimoComando), std::make_tuple(0, 0, 22));
   // Between the two points with their heights; then between two free places, at height 0.
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(Linea(s, 0), (V{0, 0, 10, 30, 40, 20}));
-  EXPECT_EQ(Linea(s, 1), (V{10, 0, 0, 10, 5, 0}));
+  EXPECT_EQ(Linee(s), (std::vector<V>{{0, 0, 10, 30, 40, 20}, {10, 0, 0, 10, 5, 0}}));
   // The line just drawn is in the display list already, where the snaps find it.
   Script("TAG DISEGNA_LINEA_2_P\nTAG SNAP_MEDIO\nCLICK left 10 3\n");
   EXPECT_EQ(Punto1(s), (V{10, 2.5, 0}));
@@ -59,14 +61,11 @@ TEST_F(CopioneBanco, ScriptIlDestroLasciaPrimaLoSnapPoiFinisceARiposoRipete) {
   Script("CLICK right 5 5\n");
   EXPECT_EQ(std::tie(s.ComandoCorrente, s.ContaEntita[SlotLinee]), std::make_tuple(0, 0));
   // At rest the right button repeats; a command that sets the point snap itself then loses
-  // it to the second, and the third ends it.
+  // it to the second, and the third ends it. (With the menu setting on, the desktop's own
+  // test sees the edit menu instead.)
   Script("TAG EDIT_SPOSTA_NOME\nKEY ESC\n");
   EXPECT_TRUE(Stampa("> CLICK right 1 1\nPROMPT Nome Sposta - Indicare il Punto :\n> CLICK right 1 1\n"
                      "> CLICK right 1 1\n"));
-  EXPECT_EQ(s.ComandoCorrente, 0);
-  // With the menu setting on, the right button at rest shows the edit menu instead.
-  s.Imp.MenuMouse = 1;
-  EXPECT_TRUE(Stampa("> CLICK right 1 1\nMENU MENU_EDIT\n"));
   EXPECT_EQ(s.ComandoCorrente, 0);
 }
 
@@ -83,12 +82,8 @@ TEST_F(CopioneBanco, ScriptOrtogonaleSoloAPuntoLibero) {
            "CLICK left 25 25\n"  // a step as long East as North keeps the North one: (20, 25)
            "TAG ORTOSINO\n"
            "CLICK left 25 22\n");  // off: as clicked
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 5);
-  EXPECT_EQ(Linea(s, 0), (V{0, 0, 0, 10, 0, 0}));
-  EXPECT_EQ(Linea(s, 1), (V{10, 0, 0, 20, 7, 0}));
-  EXPECT_EQ(Linea(s, 2), (V{20, 7, 0, 20, 20, 0}));
-  EXPECT_EQ(Linea(s, 3), (V{20, 20, 0, 20, 25, 0}));
-  EXPECT_EQ(Linea(s, 4), (V{20, 25, 0, 25, 22, 0}));
+  EXPECT_EQ(Linee(s), (std::vector<V>{{0, 0, 0, 10, 0, 0}, {10, 0, 0, 20, 7, 0}, {20, 7, 0, 20, 20, 0},
+                                      {20, 20, 0, 20, 25, 0}, {20, 25, 0, 25, 22, 0}}));
   EXPECT_EQ(s.Ortogonale, 0);
 }
 
@@ -96,8 +91,7 @@ TEST_F(CopioneBanco, ScriptSnapAUnEntitaAUnChilometroInUnaVistaDiDieciMetri) {
   MettiLinea(s, 1000, 0, 1010, 0);
   Pronto();
   Script("VIEW 0 0 10\nTAG DISEGNA_LINEA_2_P\nKEY F\nCLICK left 0 0\nCLICK left 0 5\n");
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 2);
-  EXPECT_EQ(Linea(s, 1), (V{1000, 0, 0, 0, 5, 0}));
+  EXPECT_EQ(Linee(s).back(), (V{1000, 0, 0, 0, 5, 0}));
 }
 
 // The kinds at equal distance, seen through the snap of the centre: a circle gives its
@@ -151,15 +145,14 @@ TEST_F(CopioneBanco, ScriptUnPuntoEsistenteRinominatoDallaDomanda) {
                      "> ANSWER yes\n> CLICK left 10.0004 10\n"
                      "DOMANDA [Punto Esistente] Punto Esistente [ 5 ]? | nella posizione indicata! (0.001 mm) | "
                      "Cambiare il Nome al Punto Esistente -> SI\n"));
-  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[0]), std::make_tuple(1, "77"));
-  EXPECT_EQ(TrovaDialogo(s, "NuovoPunto")->Valore("Nome"), "78");
+  EXPECT_EQ(std::make_tuple(s.ContaEntita[SlotPunti], s.PuntoNome[0], TrovaDialogo(s, "NuovoPunto")->Valore("Nome")),
+            std::make_tuple(1, "77", "78"));
   // "No" leaves the name, and no point is made either.
   Script("ANSWER no\nCLICK left 10 10.0009\n");
   EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[0]), std::make_tuple(1, "77"));
   // Beyond a millimetre is another place: a new point, and the next name offered.
   EXPECT_TRUE(Stampa("> CLICK left 10 10.0011\nPROMPT 79 - Indicare la posizione del nuovo punto\n"));
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
-  EXPECT_EQ(std::tie(s.PuntoNome[1], s.PuntoY[1]), std::make_tuple("78", 10.0011));
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotPunti], s.PuntoNome[1], s.PuntoY[1]), std::make_tuple(2, "78", 10.0011));
 }
 
 // Strict runs stop where a script would otherwise go on wrongly, at the line: a click the
