@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ostream>
 #include <set>
 
 #include "cadastre/Estratto.h"
@@ -17,12 +16,6 @@
 #include "view/Rigenera.h"
 
 namespace varena {
-
-void PrintTo(const ElementoEstratto& e, std::ostream* os) {
-  *os << "{prim " << int(e.Primitiva) << " (" << e.X1 << "," << e.Y1 << ")-(" << e.X2 << "," << e.Y2 << ") penna "
-      << e.Penna << " tratto " << e.Tratto << " spessore " << e.Spessore << " h " << e.Altezza << " rot "
-      << e.Rotazione << " \"" << e.Testo << "\" " << e.Font << "}";
-}
 
 namespace {
 
@@ -202,6 +195,11 @@ struct LavoroConEstratto : prova::SessioneProva {
                                              "1,1,1,1,1,1,\"x\"\r\n1\r\n1\r\n\"0\"\r\n1\r\n\"" + parametri + "\"\r\n\"\"\r\n"));
   }
   std::vector<std::string> Messaggi() const { return MessaggiDi(ui); }
+  // Loaded as the program opens a job, then drawn.
+  void Apri() {
+    CaricaLavoro(s);
+    RigeneraLista(s);
+  }
   // The records of kind 14 in the list.
   int64_t Record14() const { return prova::InLista(s, 14); }
 };
@@ -209,8 +207,7 @@ struct LavoroConEstratto : prova::SessioneProva {
 TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
   const Foglio f;
   LavoroConEstratto p(f.Testo(true), Png(400, 280));
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  p.Apri();
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
   EXPECT_EQ(std::tie(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata, p.s.FileImmagineEstratto),
             std::make_tuple(0, 0, "F12.PNG"));
@@ -244,8 +241,7 @@ TEST(Estratto, CongelatoDaiSettaggiDelLavoro) {
   // A job saved with its extract frozen keeps it frozen: nothing of kind 14, and the raster
   // frozen too.
   LavoroConEstratto p(Foglio().Testo(true), Png(400, 280), "7|||||||||||||||||F12|1|F12.PNG||1|5");
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  p.Apri();
   EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(1, 1)));
   EXPECT_EQ(p.Record14(), 0);
 }
@@ -260,14 +256,11 @@ TEST(Estratto, IngressiGuasti) {
     // Read again, as an undo does: said once only.
     CaricaEstratto(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Vertici dell'estratto non definiti (2): Q, Z"});
-    ASSERT_EQ(p.s.ElementiEstratto.size(), 5u);
-    const std::vector<std::array<double, 4>> attesi{{1000, 5000, 1010, 5000}, {1010, 5000, 1010, 5010},
-                                                    {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
-                                                    {1010, 5000, 1010, 5010}};
-    for (size_t k = 0; k < attesi.size(); ++k) {
-      const ElementoEstratto& e = p.s.ElementiEstratto[k];
-      EXPECT_EQ((std::array<double, 4>{e.X1, e.Y1, e.X2, e.Y2}), attesi[k]) << k;
-    }
+    std::vector<std::array<double, 4>> lati;
+    for (const ElementoEstratto& e : p.s.ElementiEstratto) lati.push_back({e.X1, e.Y1, e.X2, e.Y2});
+    EXPECT_EQ(lati, (std::vector<std::array<double, 4>>{{1000, 5000, 1010, 5000}, {1010, 5000, 1010, 5010},
+                                                        {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
+                                                        {1010, 5000, 1010, 5010}}));
   }
   {
     // A zero scale: the raster is not drawn, the lines are.
@@ -322,8 +315,7 @@ TEST(Estratto, OperazioniDelMenu) {
     EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);  // the side and the raster's frame
   }
   LavoroConEstratto p(Foglio().Testo(true), Png(400, 280));
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  p.Apri();
   EseguiTag(p.s, "CONGELA_ESTRATTO");
   EXPECT_EQ(p.Record14(), 0);
   // Kept with the job: the name, the freeze, the raster's name and freeze, the pen, the
@@ -374,14 +366,13 @@ TEST(Estratto, SpostaInquadramento) {
   // A quarter turn clockwise about the view's centre: East becomes South.
   ScriviCampo(p.s, "SpostaInquadramento", "Text2", "100");
   PremiBottone(p.s, "SpostaInquadramento", "RuotaOraria");
-  const Q girato = lato(), atteso{1002.5, 4997.5, 1002.5, 4987.5};
-  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(girato[k], atteso[k], 1e-9) << k;
+  const Q atteso{1002.5, 4997.5, 1002.5, 4987.5};
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(lato()[k], atteso[k], 1e-9) << k;
   // Kept with the job: read again, the extract stands where it was moved.
   PremiBottone(p.s, "SpostaInquadramento", "Chiudi");
   EXPECT_FALSE(DialogoAperto(p.s, "SpostaInquadramento"));
   CaricaLavoro(p.s);
-  const Q riletto = lato();
-  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(riletto[k], atteso[k], 1e-9) << k;
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(lato()[k], atteso[k], 1e-9) << k;
 }
 
 }  // namespace
