@@ -17,67 +17,30 @@ class Configura : public prova::ProvaTabelle {
   std::string File() { return Lavoro("Configura.ini"); }
 };
 
-// Every row in the order of the table, typed out line by line.
+// Every row in the order of the table, typed out; "CA," stands for "Configurazione_Ambiente,".
 std::string FileDefault(const std::string& radice) {
-  return "Configurazione_Ambiente,NomeFileConfiguraPunti,ConfiguraTuttiPunti\r\n"
-         "Configurazione_Ambiente,nomefileautoallestito,\r\n"
-         "Configurazione_Ambiente,MostraIngombroDisegno,0\r\n"
-         "Configurazione_Ambiente,SalvaUnaCopiaZip,0\r\n"
-         "Configurazione_Ambiente,RiapriUltimoLavoro,0\r\n"
-         "Configurazione_Ambiente,MostraDescrizione,1\r\n"
-         "Configurazione_Ambiente,MostraNome,1\r\n"
-         "Configurazione_Ambiente,MostraQuota,1\r\n"
-         "Testo,AngoloTestoDefault,0\r\n"
-         "Testo,AltezzaTestoDefault,5\r\n"
-         "Testo,FontTestoDefault,Arial\r\n"
-         "Testo,ColoreTestoDefault,1\r\n"
-         "Visualizza,Cornice,0\r\n"
-         "Visualizza,Trasparenza,0\r\n"
-         "Puntatori,MenuMouse,1\r\n"
-         "Puntatori,Puntatore,3\r\n"
-         "Puntatori,ComandiSuSnap,0\r\n"
-         "Configurazione_Ambiente,Fai_Anteprima_SiNo,0\r\n"
-         "Configurazione_Ambiente,Colore_Fondo_Default,7\r\n"
-         "Configurazione_Ambiente,Tratteggio_Default,1\r\n"
-         "Configurazione_Ambiente,Stira_Linee,1\r\n"
-         "Configurazione_Ambiente,Info_Estesa,1\r\n"
-         "Configurazione_Ambiente,VISUALIZZA_SNAP,0\r\n"
-         "Configurazione_Ambiente,Stampa_Scala_Plottaggio,1\r\n"
-         "Configurazione_Ambiente,Stampa_Nome_Lavoro,1\r\n"
-         "Configurazione_Ambiente,Colore_Default,1\r\n"
-         "Configurazione_Ambiente,Azzera_Codici_Catastali,0\r\n"
-         "Configurazione_Ambiente,Cartella_Default," + radice + "LAVORI\r\n"
-         "Configurazione_Ambiente,FATTORE_DI_ZOOM,50\r\n"
-         "Configurazione_Ambiente,Icone_grandi,0\r\n"
-         "Mostra Informazioni Sui Comandi,INFOCOMANDI,0\r\n"
-         "Configurazione_Ambiente,Numero_Punti,0\r\n"
-         "Configurazione_Ambiente,Distanza,0\r\n"
-         "Configurazione_Ambiente,Numero_Righe,0\r\n"
-         "Configurazione_Ambiente,Numero_Colonne,0\r\n"
-         "Configurazione_Ambiente,Angolo_Campitura,45\r\n"
-         "Configurazione_Ambiente,Distanza_Campitura,1\r\n"
-         "Configurazione_Ambiente,Alfa,0\r\n"
-         "Configurazione_Ambiente,Beta,0\r\n"
-         "Configurazione_Ambiente,D1,1\r\n"
-         "Configurazione_Ambiente,D2,1\r\n"
-         "Configurazione_Ambiente,Ambito_Laterale,0\r\n"
-         "INFO_DISTANZA,TIPODISTANZA,1\r\n"
-         "Configurazione_Ambiente,CollegaPuntoSimbolo,0\r\n"
-         "Configurazione_Ambiente,VPLOT,0\r\n"
-         "Configurazione_Ambiente,TOOLTIPBELLA,0\r\n"
-         "Configurazione_Ambiente,SOLOCOLORINELDISEGNO,0\r\n"
-         "PNG,PNGCONG,0\r\n"
-         "Configurazione_Stampa,DIMENSIONEUNICAPUNTO,0.0\r\n"
-         "Linea_Altezza_Testo,LineaMostraLunghezza,1\r\n"
-         "Linea_Altezza_Testo,LineaDecimali,2\r\n"
-         "Cartelle,Cartella_Pregeo," + radice + "PREGEO\r\n"
-         "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI\r\n"
-         "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH\r\n"
-         "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL\r\n"
-         "Cartelle,Cartella_Copia_Salvataggio,\r\n"
-         "Terreno,Limite_Punti_Triangolazione,10000\r\n"
-         "Strumenti,SondaIII,\r\nStrumenti,ZN_Omnia,\r\nStrumenti,ZN_SuiteMappa,\r\n"
-         "Strumenti,ZN_SuiteLibretti,\r\nStrumenti,ZN_Estratti,\r\nStrumenti,Pregeo,\r\nStrumenti,CalcoloGPS,\r\n";
+  const std::vector<std::string> righe = {
+      "CA,NomeFileConfiguraPunti,ConfiguraTuttiPunti", "CA,nomefileautoallestito,", "CA,MostraIngombroDisegno,0",
+      "CA,SalvaUnaCopiaZip,0", "CA,RiapriUltimoLavoro,0", "CA,MostraDescrizione,1", "CA,MostraNome,1",
+      "CA,MostraQuota,1", "Testo,AngoloTestoDefault,0", "Testo,AltezzaTestoDefault,5", "Testo,FontTestoDefault,Arial",
+      "Testo,ColoreTestoDefault,1", "Visualizza,Cornice,0", "Visualizza,Trasparenza,0", "Puntatori,MenuMouse,1",
+      "Puntatori,Puntatore,3", "Puntatori,ComandiSuSnap,0", "CA,Fai_Anteprima_SiNo,0", "CA,Colore_Fondo_Default,7",
+      "CA,Tratteggio_Default,1", "CA,Stira_Linee,1", "CA,Info_Estesa,1", "CA,VISUALIZZA_SNAP,0",
+      "CA,Stampa_Scala_Plottaggio,1", "CA,Stampa_Nome_Lavoro,1", "CA,Colore_Default,1", "CA,Azzera_Codici_Catastali,0",
+      "CA,Cartella_Default," + radice + "LAVORI", "CA,FATTORE_DI_ZOOM,50", "CA,Icone_grandi,0",
+      "Mostra Informazioni Sui Comandi,INFOCOMANDI,0", "CA,Numero_Punti,0", "CA,Distanza,0", "CA,Numero_Righe,0",
+      "CA,Numero_Colonne,0", "CA,Angolo_Campitura,45", "CA,Distanza_Campitura,1", "CA,Alfa,0", "CA,Beta,0", "CA,D1,1",
+      "CA,D2,1", "CA,Ambito_Laterale,0", "INFO_DISTANZA,TIPODISTANZA,1", "CA,CollegaPuntoSimbolo,0", "CA,VPLOT,0",
+      "CA,TOOLTIPBELLA,0", "CA,SOLOCOLORINELDISEGNO,0", "PNG,PNGCONG,0", "Configurazione_Stampa,DIMENSIONEUNICAPUNTO,0.0",
+      "Linea_Altezza_Testo,LineaMostraLunghezza,1", "Linea_Altezza_Testo,LineaDecimali,2",
+      "Cartelle,Cartella_Pregeo," + radice + "PREGEO", "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI",
+      "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH", "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL",
+      "Cartelle,Cartella_Copia_Salvataggio,", "Terreno,Limite_Punti_Triangolazione,10000", "Strumenti,SondaIII,",
+      "Strumenti,ZN_Omnia,", "Strumenti,ZN_SuiteMappa,", "Strumenti,ZN_SuiteLibretti,", "Strumenti,ZN_Estratti,",
+      "Strumenti,Pregeo,", "Strumenti,CalcoloGPS,"};
+  std::string file;
+  for (const std::string& r : righe) file += (r.rfind("CA,", 0) == 0 ? "Configurazione_Ambiente," + r.substr(3) : r) + "\r\n";
+  return file;
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {
