@@ -70,8 +70,8 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
             "Commento\tPunti Contorno\nFABBRICATO\t|101|102|103|\nSQUADRO\t|101|102|104|");
   b.Script("FIELD SelezionaContorno7.Riga 2\nPRESS SelezionaContorno7.Seleziona\n");
   std::vector<int> stati;
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
-    if (b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSette) stati.push_back(b.s.ListaDisegno.Stato[static_cast<size_t>(i)]);
+  for (size_t k = 0; k < static_cast<size_t>(b.s.ListaDisegno.Conta()); ++k)
+    if (b.s.ListaDisegno.Tipo[k] == SlotSette) stati.push_back(b.s.ListaDisegno.Stato[k]);
   EXPECT_EQ(stati, (std::vector<int>{0, 0, 1, 1}));
 
   // Every point moved by (5, 5): the structures follow at the regeneration that ends the edit.
@@ -79,8 +79,7 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   ASSERT_EQ(b.s.PuntoX[1], 15);
   EXPECT_EQ(LineeSette(b.s), (L{{"CONTORNO", {15, 15, 15, 5}}, {"CONTORNO", {15, 5, 5, 5}},
                                 {"SQUADRO", {5, 5, 15, 5}}, {"SQUADRO", {5, 15, 5, 5}}}));
-  // The records still hold names alone.
-  EXPECT_EQ(b.s.SetteContorno[0], "|101|102|103|");
+  EXPECT_EQ(b.s.SetteContorno[0], "|101|102|103|");  // the records still hold names alone
 
   b.Opzioni.Rigoroso = false;
   b.ui.Accoda("si");
@@ -109,8 +108,7 @@ TEST(ContornoSette, ITagDelLibrettoDaScript) {
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
   EXPECT_EQ(std::make_tuple(b.s.LineaX2[0], b.s.LineaPiano[0]), std::make_tuple(10.0, "SCHEMALI"));
   b.Script("TAG DISEGNO_DA_LIBRETTO\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  ASSERT_EQ(b.s.ContaEntita[SlotSette], 1);
+  ASSERT_EQ(std::make_tuple(b.s.ContaEntita[SlotLinee], b.s.ContaEntita[SlotSette]), std::make_tuple(2, 1));
   EXPECT_EQ(std::make_tuple(b.s.SetteContorno[0], b.s.SetteCommento[0]), std::make_tuple("|100|200|", "LIVELLAZIONE DAL MEZZO"));
   EXPECT_EQ(LineeSette(b.s), (std::vector<std::pair<std::string, V>>{{"LIVELLAZIONE DAL MEZZO", {0, 0, 10, 0}}}));
 }
@@ -135,14 +133,10 @@ TEST(ContornoSette, IlDialogoInserisceEliminaELaPosizioneMancante) {
   EXPECT_EQ(std::tie(b.s.SetteContorno[0], b.s.SetteCommento[0]), std::make_tuple("|2|PF3/0010/G693|", "POLIGONALE"));
   // A traverse: pen 40 and line type 4, a thin line.
   const ElencoDisegno& d = b.s.ListaDisegno;
-  int tratti = 0;
-  for (int64_t i = 0; i < d.Conta(); ++i) {
-    if (d.Tipo[static_cast<size_t>(i)] != SlotSette) continue;
-    EXPECT_EQ(d.Penna[static_cast<size_t>(i)], 40);
-    ++tratti;
-  }
-  EXPECT_EQ(tratti, 1);
-  EXPECT_EQ(b.UltimoEsito.Codice, 0);
+  std::vector<int16_t> penne;
+  for (size_t k = 0; k < static_cast<size_t>(d.Conta()); ++k)
+    if (d.Tipo[k] == SlotSette) penne.push_back(d.Penna[k]);
+  EXPECT_EQ(std::make_tuple(penne, b.UltimoEsito.Codice), std::make_tuple(std::vector<int16_t>{40}, 0));
 }
 
 TEST(ContornoSette, CodiciNomiMancantiEEtichetta) {
