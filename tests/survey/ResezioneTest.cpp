@@ -16,6 +16,12 @@ using namespace prova;
 
 constexpr double kDecimoDiMm = 1e-4;
 
+// The point to the tenth of a millimetre.
+void Vicino(const PuntoXYZ& p, double x, double y) {
+  EXPECT_NEAR(p.X, x, kDecimoDiMm);
+  EXPECT_NEAR(p.Y, y, kDecimoDiMm);
+}
+
 TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   struct Caso {
     const char* nome;
@@ -30,9 +36,9 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   };
   for (const Caso& c : casi) {
     const EsitoPothenot e = Pothenot(c.p1, c.p2, c.p3, c.alfa, c.beta);
-    ASSERT_EQ(e.Stato, kRiuscito) << c.nome;
-    EXPECT_NEAR(e.Stazione.X, c.x, kDecimoDiMm) << c.nome;
-    EXPECT_NEAR(e.Stazione.Y, c.y, kDecimoDiMm) << c.nome;
+    SCOPED_TRACE(c.nome);
+    ASSERT_EQ(e.Stato, kRiuscito);
+    Vicino(e.Stazione, c.x, c.y);
     EXPECT_EQ(e.Stazione.Z, 0);
   }
   // Three points in a row, the station off their line: the circle is the line, the station
@@ -40,8 +46,7 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   const double al = std::atan2(50.0, 100.0) * 200 / M_PI;  // each pair 50 m apart seen from 100 m
   const EsitoPothenot riga = Pothenot({-50, 100}, {0, 100}, {50, 100}, al, al);
   ASSERT_EQ(riga.Stato, kRiuscito);
-  EXPECT_NEAR(riga.Stazione.X, 0, kDecimoDiMm);
-  EXPECT_NEAR(riga.Stazione.Y, 0, kDecimoDiMm);
+  Vicino(riga.Stazione, 0, 0);
   // Refusals (the dangerous circle is the command's case below).
   EXPECT_EQ(Pothenot({0, 0}, {0, 0.0005}, {50, 0}, 50, 50).Motivo, "Punti noti coincidenti!");
   for (double alfa : {0.0, 200.0})
@@ -67,15 +72,13 @@ TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
             std::string::npos);
   const int32_t r = IlPiuVicinoPerNome(b.s, "100");
   ASSERT_GE(r, 0);
-  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(r)], 1234.567, kDecimoDiMm);
-  EXPECT_NEAR(b.s.PuntoY[static_cast<size_t>(r)], 2345.678, kDecimoDiMm);
+  Vicino({b.s.PuntoX[static_cast<size_t>(r)], b.s.PuntoY[static_cast<size_t>(r)]}, 1234.567, 2345.678);
 
   // On the dangerous circle: said, nothing inserted, the dialog up for other angles.
   const int32_t prima = b.s.ContaEntita[SlotPunti];
   b.Script("CLICK left @C1\nCLICK left @C2\nCLICK left @C3\nFIELD Alfa 45\nFIELD Beta 35\nPRESS OK\n");
   EXPECT_NE(b.ui.UltimoMessaggio.find("Stazione sul cerchio pericoloso: il punto è indeterminato!"), std::string::npos);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], prima);
-  EXPECT_TRUE(DialogoAperto(b.s, "CalcoloPothenot"));
+  EXPECT_EQ(std::make_tuple(b.s.ContaEntita[SlotPunti], DialogoAperto(b.s, "CalcoloPothenot")), std::make_tuple(prima, true));
 }
 
 // tests/survey/dati/fuoricentro.py: the instrument 2.35 m from the centre on 137.5 gon, its
@@ -97,8 +100,7 @@ TEST(FuoriCentro, SenzaEccentricitaOOrientamentiNienteEUnaVisualeTroppoCortaFall
   vicino[1].Nord = 5002001;
   vicino[1].Est = 1701000;
   const EsitoFuoriCentro v = FuoriCentro(vicino, 2.35);
-  EXPECT_FALSE(v.Righe[0].Riuscita);
-  EXPECT_TRUE(v.Righe[1].Riuscita);
+  EXPECT_EQ(std::make_pair(v.Righe[0].Riuscita, v.Righe[1].Riuscita), std::make_pair(false, true));
 }
 
 TEST(FuoriCentro, FileFFFScrittoRilettoETroncato) {
@@ -108,17 +110,16 @@ TEST(FuoriCentro, FileFFFScrittoRilettoETroncato) {
             "Centro\tC\t5002000.000\t1701000.000\t60.9567\r\n");
   EXPECT_EQ(LeggiFFF(testo, righe), "");
   ASSERT_EQ(righe.size(), 4u);
-  EXPECT_EQ(righe[3].Nome, "O3");
-  EXPECT_EQ(righe[3].Direzione, 310.966);
-  // Cut in the middle of a row, garbage, nothing: said, and the rows as they were.
-  EXPECT_EQ(LeggiFFF(testo.substr(0, testo.size() - 20), righe), "Riga 4 incompleta o non numerica");
-  EXPECT_EQ(LeggiFFF("Centro\tC\tx\t1\t2\r\n", righe), "Riga 1 incompleta o non numerica");
-  EXPECT_EQ(LeggiFFF("", righe), "Nessuna riga");
-  EXPECT_EQ(righe.size(), 4u);
+  EXPECT_EQ(std::tie(righe[3].Nome, righe[3].Direzione), std::make_tuple("O3", 310.966));
+  // Garbage, nothing, too much: said, and the rows as they were (a row cut short is the
+  // command's case below).
   std::string lungo;
   for (int i = 0; i < 1001; ++i) lungo += "Orientamento\tP\t1\t2\t3\n";
-  EXPECT_EQ(LeggiFFF(lungo, righe), "Più di 1000 righe");
-  EXPECT_EQ(righe.size(), 4u);
+  for (const auto& [guasto, motivo] : {std::pair<std::string, std::string>{"Centro\tC\tx\t1\t2\r\n", "Riga 1 incompleta o non numerica"},
+                                       {"", "Nessuna riga"}, {lungo, "Più di 1000 righe"}}) {
+    EXPECT_EQ(LeggiFFF(guasto, righe), motivo);
+    EXPECT_EQ(righe.size(), 4u) << motivo;
+  }
 }
 
 TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
@@ -152,9 +153,8 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
   EXPECT_NE(relazione.find("\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
                            "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"), std::string::npos);
   b.Script("PRESS Inserisci\n");
-  const int32_t r = IlPiuVicinoPerNome(b.s, "200");
-  ASSERT_GE(r, 0);
-  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(r)], 1701001.9540, kDecimoDiMm);
+  ASSERT_GE(IlPiuVicinoPerNome(b.s, "200"), 0);
+  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(IlPiuVicinoPerNome(b.s, "200"))], 1701001.9540, kDecimoDiMm);
   // Each station and the mean as fuoricentro.py gives S, to the fifth decimal.
   b.Script("PRESS Esporta\n");
   const std::string s200 = "200|5001998.69441|1701001.95395|0.0000\r\n";
@@ -169,9 +169,8 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
   const std::string intero = *LeggiByte(fff);
   ScriviByte(fff, intero.substr(0, intero.size() / 2));
   b.Script("PRESS Leggi\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio, "File ROSSI.FFF non valido: Riga 3 incompleta o non numerica!");
-  EXPECT_EQ(b.s.Calcoli.FuoriCentro.size(), 4u);
-  EXPECT_TRUE(DialogoAperto(b.s, "FormFuoricentro"));
+  EXPECT_EQ(std::make_tuple(b.ui.UltimoMessaggio, b.s.Calcoli.FuoriCentro.size(), DialogoAperto(b.s, "FormFuoricentro")),
+            std::make_tuple("File ROSSI.FFF non valido: Riga 3 incompleta o non numerica!", 4u, true));
 }
 
 }  // namespace
