@@ -31,6 +31,12 @@ constexpr std::array<PuntoXYZ, 5> kRilievo = {{{391.2752, -400.9679, 0},
                                                {-818.4663, 132.7856, 0},
                                                {1479.1792, -284.2886, 0}}};
 
+// (x, y) within a nanometre of (ax, ay).
+void Vicino(double x, double y, double ax, double ay) {
+  EXPECT_NEAR(x, ax, 1e-9);
+  EXPECT_NEAR(y, ay, 1e-9);
+}
+
 std::vector<CoppiaPF> Coppie(const std::array<PuntoXYZ, 5>& rilievo) {
   std::vector<CoppiaPF> c;
   for (size_t k = 0; k < 5; ++k) c.push_back({"PF" + std::to_string(k + 1), rilievo[k], kUfficiali[k]});
@@ -49,15 +55,12 @@ TEST(Inquadramento, SenzaRumoreRitrovaRotazioneETraslazione) {
     }
     const EsitoInquadramento e = Inquadra(Coppie(rilievo), scala != 1.0);
     ASSERT_TRUE(e.Riuscito);
-    EXPECT_NEAR(e.Rotazione, giro, 1e-9);
-    EXPECT_NEAR(e.Scala, scala, 1e-9);
-    EXPECT_EQ(e.Usati, 5);
+    Vicino(e.Rotazione, e.Scala, giro, scala);
+    EXPECT_LT(e.Sqm, 1e-9);
     // The survey's origin lands on the shift.
     const PuntoXYZ o = e.Applica({0, 0, 3});
-    EXPECT_NEAR(o.X, ex, 1e-9);
-    EXPECT_NEAR(o.Y, nx, 1e-9);
-    EXPECT_EQ(o.Z, 3);
-    EXPECT_LT(e.Sqm, 1e-9);
+    Vicino(o.X, o.Y, ex, nx);
+    EXPECT_EQ(std::make_tuple(o.Z, e.Usati), std::make_tuple(3.0, 5));
   }
 }
 
@@ -115,8 +118,7 @@ TEST(Inquadramento, DuePuntiComeLInquadramentoSu2PF) {
   const std::vector<CoppiaPF> c = {{"PF1", {10, 10, 0}, {0, 0, 0}}, {"PF2", {10, 110.05, 0}, {100, 0, 0}}};
   const EsitoInquadramento e = Inquadra(c, false);
   ASSERT_TRUE(e.Riuscito);
-  EXPECT_NEAR(e.Residui[1].DEst, -0.05, 1e-9);
-  EXPECT_NEAR(e.Residui[1].DNord, 0, 1e-9);
+  Vicino(e.Residui[1].DEst, e.Residui[1].DNord, -0.05, 0);
   EXPECT_EQ(e.Peggiore, 1);
   EXPECT_NEAR(e.Sqm, 0.05 / std::sqrt(2.0), 1e-9);
   // With the scale the two fall on their places.
@@ -173,20 +175,17 @@ TEST(InquadraSu2PF, IDuePFSulleLoroCoordinateUfficiali) {
       << uscita;
   const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Titolo, "Punto - Inquadra su 2 PF");
-  EXPECT_EQ(d->Valore("NuovaOrigine_Nome"), "PF01/0120/A123");
-  EXPECT_EQ(d->Valore("NuovaOrigine_Nord"), "2000.000");
-  EXPECT_EQ(d->Valore("NuovoOrientamento_Est"), "1100.000");
-  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
-  EXPECT_EQ(d->Valore("Differenza_Distanza"), "-0.050");
+  std::string valori = d->Titolo;
+  for (const char* c : {"NuovaOrigine_Nome", "NuovaOrigine_Nord", "NuovoOrientamento_Est", "Differenza_Azimut",
+                        "Differenza_Distanza"})
+    valori += "|" + d->Valore(c);
+  EXPECT_EQ(valori, "Punto - Inquadra su 2 PF|PF01/0120/A123|2000.000|1100.000|100.0000|-0.050");
   b.Script("PRESS FormRotoTraslazione.OK\n");
   // Turned by 100 gon about PF01, which falls on its place; the 5 cm stay at PF02. Heights
   // stay as they were.
   EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]), std::make_tuple(1000.0, 2000.0, 5.0));
-  EXPECT_NEAR(s.PuntoX[1], 1100.05, 1e-9);
-  EXPECT_NEAR(s.PuntoY[1], 2000, 1e-9);
-  EXPECT_NEAR(s.PuntoX[2], 1050, 1e-9);
-  EXPECT_NEAR(s.PuntoY[2], 1960, 1e-9);
+  Vicino(s.PuntoX[1], s.PuntoY[1], 1100.05, 2000);
+  Vicino(s.PuntoX[2], s.PuntoY[2], 1050, 1960);
   EXPECT_EQ(s.PuntoZ[2], 7);
   EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-9);
   // The framing on n PF with these two gives the same places to the last bit.
@@ -242,10 +241,8 @@ TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
             "Rotazione (gon)\t100.0000\nScala\t1.000000000\nS.q.m.\t0.0000");
   b.Script("PRESS FormInquadraPF.OK\n");
   EXPECT_FALSE(DialogoAperto(s, "FormInquadraPF"));
-  EXPECT_NEAR(s.PuntoX[2], 1100, 1e-9);
-  EXPECT_NEAR(s.PuntoY[2], 1900.03, 1e-9);
-  EXPECT_NEAR(s.LineaX2[0], 1010, 1e-9);
-  EXPECT_NEAR(s.LineaY2[0], 2000, 1e-9);
+  Vicino(s.PuntoX[2], s.PuntoY[2], 1100, 1900.03);
+  Vicino(s.LineaX2[0], s.LineaY2[0], 1010, 2000);
 }
 
 }  // namespace
