@@ -107,10 +107,9 @@ TEST_F(AvvioImpostazioni, ToolbarBottoni) {
 TEST_F(AvvioImpostazioni, ConfigurazioniDeiPunti) {
   CaricaConfiguraPunti(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
+  // As typed from the table of defaults.
   EXPECT_EQ(LeggiFileProva(Lavoro("ConfiguraPUNTI.CPP")),
-            "Arial,-1.5,10,32,-1.5,20,-1.5,10,-1.5,60,\r\n"
-            "Arial,-1.5,10,66,-1.5,21,-1.5,32,-1.5,60,\r\n"
-            "Arial,-1.5,6,35,-1.5,24,-1.5,40,-1.5,3,\r\n");
+            LeggiFileProva(VARENA_SORGENTI "/tests/data/impostazioni/ConfiguraPUNTI.CPP"));
   EXPECT_EQ(RigaStilePunto(s.ConfiguraPunti.Classi[ClasseStazioni]), "Arial,-1.5,10,66,-1.5,21,-1.5,32,-1.5,60,");
 
   // The active configuration named in the settings, in any letter case; a class it does

@@ -17,30 +17,12 @@ class Configura : public prova::ProvaTabelle {
   std::string File() { return Lavoro("Configura.ini"); }
 };
 
-// Every row in the order of the table, typed out; "CA," stands for "Configurazione_Ambiente,".
+// Every row in the order of the table, typed out into tests/data/impostazioni, with
+// "%RADICE%" where the working root goes.
 std::string FileDefault(const std::string& radice) {
-  const std::vector<std::string> righe = {
-      "CA,NomeFileConfiguraPunti,ConfiguraTuttiPunti", "CA,nomefileautoallestito,", "CA,MostraIngombroDisegno,0",
-      "CA,SalvaUnaCopiaZip,0", "CA,RiapriUltimoLavoro,0", "CA,MostraDescrizione,1", "CA,MostraNome,1",
-      "CA,MostraQuota,1", "Testo,AngoloTestoDefault,0", "Testo,AltezzaTestoDefault,5", "Testo,FontTestoDefault,Arial",
-      "Testo,ColoreTestoDefault,1", "Visualizza,Cornice,0", "Visualizza,Trasparenza,0", "Puntatori,MenuMouse,1",
-      "Puntatori,Puntatore,3", "Puntatori,ComandiSuSnap,0", "CA,Fai_Anteprima_SiNo,0", "CA,Colore_Fondo_Default,7",
-      "CA,Tratteggio_Default,1", "CA,Stira_Linee,1", "CA,Info_Estesa,1", "CA,VISUALIZZA_SNAP,0",
-      "CA,Stampa_Scala_Plottaggio,1", "CA,Stampa_Nome_Lavoro,1", "CA,Colore_Default,1", "CA,Azzera_Codici_Catastali,0",
-      "CA,Cartella_Default," + radice + "LAVORI", "CA,FATTORE_DI_ZOOM,50", "CA,Icone_grandi,0",
-      "Mostra Informazioni Sui Comandi,INFOCOMANDI,0", "CA,Numero_Punti,0", "CA,Distanza,0", "CA,Numero_Righe,0",
-      "CA,Numero_Colonne,0", "CA,Angolo_Campitura,45", "CA,Distanza_Campitura,1", "CA,Alfa,0", "CA,Beta,0", "CA,D1,1",
-      "CA,D2,1", "CA,Ambito_Laterale,0", "INFO_DISTANZA,TIPODISTANZA,1", "CA,CollegaPuntoSimbolo,0", "CA,VPLOT,0",
-      "CA,TOOLTIPBELLA,0", "CA,SOLOCOLORINELDISEGNO,0", "PNG,PNGCONG,0", "Configurazione_Stampa,DIMENSIONEUNICAPUNTO,0.0",
-      "Linea_Altezza_Testo,LineaMostraLunghezza,1", "Linea_Altezza_Testo,LineaDecimali,2",
-      "Cartelle,Cartella_Pregeo," + radice + "PREGEO", "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI",
-      "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH", "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL",
-      "Cartelle,Cartella_Copia_Salvataggio,", "Terreno,Limite_Punti_Triangolazione,10000", "Strumenti,SondaIII,",
-      "Strumenti,ZN_Omnia,", "Strumenti,ZN_SuiteMappa,", "Strumenti,ZN_SuiteLibretti,", "Strumenti,ZN_Estratti,",
-      "Strumenti,Pregeo,", "Strumenti,CalcoloGPS,"};
-  std::string file;
-  for (const std::string& r : righe) file += (r.rfind("CA,", 0) == 0 ? "Configurazione_Ambiente," + r.substr(3) : r) + "\r\n";
-  return file;
+  std::string f = LeggiFileProva(VARENA_SORGENTI "/tests/data/impostazioni/Configura.ini");
+  for (size_t k = f.find("%RADICE%"); k != std::string::npos; k = f.find("%RADICE%", k)) f.replace(k, 8, radice);
+  return f;
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {

@@ -16,6 +16,12 @@ using prova::Esiste;
 using prova::LeggiFileProva;
 using prova::ScriviFileProva;
 
+// A default file as it must reach the disk when it is missing, typed from the table of
+// defaults into tests/data/impostazioni.
+std::string Predefinito(const std::string& nome) {
+  return prova::LeggiFileProva(VARENA_SORGENTI "/tests/data/impostazioni/" + nome);
+}
+
 // Each loader run on a file written just before it.
 class TabelleRiferimento : public prova::ProvaTabelle {
  protected:
@@ -36,9 +42,7 @@ using prova::Spazzatura;
 TEST_F(TabelleRiferimento, ColoriCreatiEConfezionati) {
   CaricaColori(s, PercorsoColori(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")),
-            "255,0,0,1\r\n255,255,0,2\r\n0,255,0,3\r\n0,255,255,4\r\n0,0,255,5\r\n255,0,255,6\r\n"
-            "255,255,255,7\r\n65,65,65,8\r\n128,128,128,9\r\n");
+  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")), Predefinito("COLORI.ini"));
   // Outside the file: black.
   EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[8], s.Colori[0], s.Colori[-1], s.Colori[10], s.Colori[9999]),
             std::make_tuple(9, 0x414141u, 0u, 0u, 0u, 0u));
@@ -106,31 +110,10 @@ TEST_F(TabelleRiferimento, SpessoriDaUnoEDalFile) {
   EXPECT_EQ(std::make_tuple(s.Spessori.Spessore[1], s.Spessori.Spessore[2]), std::make_tuple(3.0f, 1.0f));
 }
 
-// The file as it must reach the disk when it is missing, typed from the table of styles.
-const char* const kLineeAttese =
-    "*CONTINUA,__ __ __ __ \r\nA, 0.5, 0\r\n"
-    "*TRATTEGG,__ __ __ __ \r\nA, 3, -3\r\n"
-    "*NASCOSTA,_ _ _ _ _ _ \r\nA, -0.5, 0.5\r\n"
-    "*ASSE,____ _ ____ _ ____\r\nA, 12.5, -25, 25, -25\r\n"
-    "*LINEE,_____ _ _ _____ _ _\r\nA, 12.5,-25, 25,-25, 25,-25\r\n"
-    "*PUNTINI,................\r\nA, 0, -25, 0, -25\r\n"
-    "*PUNTOLIN,__ . __ . __ .\r\nA, 50, -25, 0, -25\r\n"
-    "*BORDINO,__ __ . __ \r\nA, 50,-25, 50,-25, 0,-25\r\n"
-    "*DIVISION,__ . . __ . . \r\nA, 50, -25, 0, -25, 0, -25\r\n"
-    "*TRATT1,__ __ __ __ __ \r\nA, 50, -25\r\n"
-    "*TRATT2,_ _ _ _ _ _ _ _\r\nA, 25,-25\r\n"
-    "*ASSE1,____ _ ____ _ ____ _\r\nA, 12.5,-25, 25,-25\r\n"
-    "*TRATT3,_____ _ _ _____ _ _ \r\nA, 12.5, -25, 25, -25, 25, -25\r\n"
-    "*TRATT4,__ . __ . __ . __\r\nA, 50, -25, 0, -25\r\n"
-    "*TRATT5,__ __ . __ __ . \r\nA, 50, -25, 50, -25, 0, -25\r\n"
-    "*TRATT6,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n"
-    "*TRATT7,100,1 __ __ . __ __ . __ \r\nA, 50, -25, 50, -25, 0, -25\r\n"
-    "*TRATT8,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n";
-
 TEST_F(TabelleRiferimento, TratteggiCreatiELetti) {
   CaricaTratteggi(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), kLineeAttese);
+  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), Predefinito("linee.ini"));
   const TabellaTratteggi& t = s.Tratteggi;
   // Style 0, no style: the plain line.
   EXPECT_EQ(std::make_tuple(t.NumeroTratteggi, t.Stili[0].NumeroElementi(), t.Stili[5].ScalaElemento), std::make_tuple(18, 0, 0.0));
@@ -191,11 +174,7 @@ TEST_F(TabelleRiferimento, TratteggiSalvatiERiletti) {
 TEST_F(TabelleRiferimento, CodiciCreatiELetti) {
   CaricaCodici(s, PercorsoCodici(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Lavoro("VRPUNTI.COD")),
-            "\"1\",\"CHIODO MINIATO\"\r\n\"2\",\"PICCHETTO IN LEGNO\"\r\n\"3\",\"PICCHETTO IN FERRO\"\r\n"
-            "\"4\",\"TOMBINO ENEL\"\r\n\"5\",\"TOMBINO SIP\"\r\n\"6\",\"S.F.\"\r\n\"7\",\"C.S.\"\r\n"
-            "\"8\",\"ASSE STRADA\"\r\n\"9\",\"ASSE FOSSO\"\r\n\"10\",\"CIGLIO STRADA\"\r\n"
-            "\"12\",\"POLLAIO\"\r\n\"13\",\"CANTINA\"\r\n\"14\",\"ASSE CAMPANILE\"\r\n");
+  EXPECT_EQ(LeggiFileProva(Lavoro("VRPUNTI.COD")), Predefinito("VRPUNTI.COD"));
   EXPECT_EQ(CercaCodice(s.Codici, "11"), nullptr);
   ASSERT_NE(CercaCodice(s.Codici, "14"), nullptr);
   EXPECT_EQ(CercaCodice(s.Codici, "14")->Descrizione, "ASSE CAMPANILE");
@@ -222,9 +201,7 @@ TEST_F(TabelleRiferimento, CodiciOltreIlLimiteETroncati) {
 
 TEST_F(TabelleRiferimento, ArchivioNoteCreatoELetto) {
   CaricaArchivioNote(s);
-  EXPECT_EQ(LeggiFileProva(Lavoro("ArchivioNote.ini")),
-            "FABBRICATO DA INSERIRE\r\nNUOVA DIVIDENTE\r\nCONFINE\r\nFABRICATO ESISTENTE\r\nNUOVA COSTRUZIONE\r\n"
-            "RECINZIONE\r\nCONTORNO FABBRICATO\r\nASSE FOSSO\r\n");
+  EXPECT_EQ(LeggiFileProva(Lavoro("ArchivioNote.ini")), Predefinito("ArchivioNote.ini"));
   std::filesystem::remove(Lavoro("ArchivioNote.ini"));
   ScriviFileProva(Lavoro("Archivionote.ini"), "MURO\r\n\r\nSIEPE");
   CaricaArchivioNote(s);
