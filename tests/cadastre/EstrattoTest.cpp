@@ -174,19 +174,15 @@ TEST(Estratto, IngressiGuasti) {
                                                         {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
                                                         {1010, 5000, 1010, 5010}}));
   }
-  {
-    // A zero scale: the raster is not drawn, the lines are.
-    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|0|\r\n", Png(10, 10));
+  // A zero scale, a raster cut short, or no picture at all: the raster is not drawn, the lines are.
+  const std::string senzaScala = "Inquadramento dell'estratto senza scala: l'immagine non viene disegnata",
+                    illeggibile = "Immagine dell'estratto non leggibile: F12.PNG";
+  for (const auto& [scala, png, messaggio] : {std::tuple{"0", Png(10, 10), senzaScala}, {"1", Png(10, 10, false), illeggibile},
+                                              {"1", std::string("GIF? not a picture at all"), illeggibile},
+                                              {"1", Png(10, 10).substr(0, 20), illeggibile}}) {
+    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|" + scala + "|\r\n", png);
     CaricaLavoro(p.s);
-    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{
-                                "[Estratto di Mappa] Inquadramento dell'estratto senza scala: l'immagine non viene disegnata"});
-    EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
-  }
-  for (const std::string& png : {Png(10, 10, false), std::string("GIF? not a picture at all"), Png(10, 10).substr(0, 20)}) {
-    // A raster cut short, or no picture at all.
-    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|1|\r\n", png);
-    CaricaLavoro(p.s);
-    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Immagine dell'estratto non leggibile: F12.PNG"});
+    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] " + messaggio});
     EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
   }
   {
