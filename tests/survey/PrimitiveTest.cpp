@@ -38,7 +38,7 @@ void Vicino(const PuntoXYZ& p, double x, double y, double tolleranza = kGeo) {
 // The angle constants are known to the compiler: a constant of another file built on them
 // during static initialisation finds them set, whichever compiler orders that start. Their
 // exact value is pinned by the azimuths of East and West below.
-static_assert(PiGreco > 3.14159265 && PiGreco < 3.14159266 && GonToRad * RadToGon > 0.99999);
+static_assert(PiGreco > 3.14159265 && PiGreco < 3.14159266 && RadToGon == 200 / PiGreco && GonToRad == PiGreco / 200);
 
 TEST(AzimutDistanza, DirezioniNotevoliEFormaAMezzoAngolo) {
   // A point to itself: d + dY = 0, the azimuth is pi, shown as 200 gon. East and West come
@@ -98,7 +98,8 @@ TEST(PuntoBilatera, DestraDellaBaseLimiteEFallimento) {
 
   // rA + rB = c: angle 0, the point on the base at rA from A.
   ASSERT_EQ(PuntoBilatera(a, b, 4, 6, p), kRiuscito);
-  Vicino(p, 4, 0);
+  EXPECT_EQ(p.X, 4.0);
+  EXPECT_NEAR(p.Y, 0, kGeo);
   EXPECT_NEAR(p.Z, 4.0, kGeo);
   // One millimetre short: no tolerance, status 4, nothing written.
   p = {-1, -1, -1};
@@ -117,7 +118,8 @@ TEST(RettaCerchio, SecanteTangenteEsternaEPerIlCentro) {
   const PuntoXYZ a{-10, 3, 0}, b{10, 3, 20};
   PuntoXYZ f, p1, p2;
   ASSERT_EQ(RettaCerchio(a, b, 0, 0, 5, f, p1, p2), kRiuscito);
-  Vicino(f, 0, 3);
+  EXPECT_NEAR(f.X, 0.0, kGeo);
+  EXPECT_EQ(f.Y, 3.0);
   // From the foot the centre lies due South; the first crossing is 100 gon to its left.
   Vicino(p1, 4, 3);
   Vicino(p2, -4, 3);
