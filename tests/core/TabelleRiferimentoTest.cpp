@@ -192,11 +192,13 @@ TEST_F(TabelleRiferimento, CodiciOltreIlLimiteETroncati) {
   for (int i = 0; i < 503; ++i) molti += "\"" + std::to_string(i) + "\",\"D" + std::to_string(i) + "\"\r\n";
   Codici(molti);
   AttesoErrore("CaricaCodici", "Subscript out of range");
-  EXPECT_EQ(std::make_tuple(s.Codici.Righe.size(), s.Codici.Righe.back().Descrizione), std::make_tuple(501u, "D500"));
+  ASSERT_EQ(s.Codici.Righe.size(), 501u);
+  EXPECT_EQ(s.Codici.Righe.back().Descrizione, "D500");
 
   Codici("\"1\",\"UNO\"\r\n\"2\"\r\n");
   AttesoErrore("CaricaCodici", "Input past end of file");
-  EXPECT_EQ(std::make_tuple(s.Codici.Righe.size(), s.Codici.Righe.back().Descrizione), std::make_tuple(1u, "UNO"));
+  ASSERT_EQ(s.Codici.Righe.size(), 1u);
+  EXPECT_EQ(s.Codici.Righe.back().Descrizione, "UNO");
 }
 
 TEST_F(TabelleRiferimento, ArchivioNoteCreatoELetto) {
