@@ -14,6 +14,7 @@
 #include "cadastre/Pregeo.h"
 #include "Terminale.h"
 #include "commands/RoutineModifica.h"
+#include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
@@ -235,7 +236,7 @@ TEST(Ponti, DaPregeoEDat) {
   ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(b.s.PuntoNome[0] + " " + FormaSemplice(b.s.PuntoX[0]) + " " + FormaSemplice(b.s.PuntoY[0]), "101 10.5 20");
   EXPECT_EQ(b.s.LibrettoMisure, std::vector<std::string>{"0|01012020|1|G693|0010|"});
-  EXPECT_NE(b.s.NomeOriginale.find("LAVORI/NUOVO/NUOVO"), std::string::npos);
+  EXPECT_TRUE(prova::Contiene(b.s.NomeOriginale, "LAVORI/NUOVO/NUOVO"));
   // The extract manager names its choice in lower case: the job takes it in upper case.
   b.s.Imp.Strumento_ZN_Estratti = "/bin/sh -c \"mkdir -p '" + temp + "../TEMP'; printf 'f12.png\\r\\n' > '" + temp +
                                   "../TEMP/ESTRATTOASSOCIATO.txt'\"";
@@ -280,9 +281,7 @@ TEST(Ponti, CalcoloGpsEMonografia) {
   const std::string copia = b.cartella / "copia";  // what the stand-in tools were handed
   b.s.Imp.Strumento_CalcoloGPS = "cp %1 " + copia;
   b.s.Imp.Strumento_SondaIII = "/bin/sh -c \"echo $0 > " + copia + "\" %1";
-  prova::MettiPunto(b.s, "101", 10.5, 20.25, 3);
-  prova::MettiPunto(b.s, "A,1", -5.5, 0.0004, 1234.123456789);
-  prova::MettiPunto(b.s, "5 B", 1, 2, 3);
+  prova::MettiPunti(b.s, {{"101", 10.5, 20.25, 3}, {"A,1", -5.5, 0.0004, 1234.123456789}, {"5 B", 1, 2, 3}});
   b.s.StatoPunto[0] = b.s.StatoPunto[1] = 1;  // only the picked points go
   AzioneCalcoloGPS(b.s);
   EXPECT_EQ(prova::LeggiFileProva(copia), "101,10.500,20.250,3.000,0,0,0\r\nA.1,-5.500,0.0004,1234.123456789,0,0,0\r\n");

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <vector>
 
+#include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "support/ProvaComandi.h"
@@ -139,8 +140,9 @@ TEST(Inquadramento, SenzaDuePFDistintiNonSiInquadra) {
 // --- The commands on the drawing -----------------------------------------------------------
 
 using prova::Banco;
+using prova::Contiene;
 using prova::MettiLinea;
-using prova::MettiPunto;
+using prova::MettiPunti;
 using prova::MettiTesto;
 
 // A line of the archive of municipality A123, sheet 12: the number in columns 14-17, North
@@ -161,18 +163,15 @@ TEST(InquadraSu2PF, IDuePFSulleLoroCoordinateUfficiali) {
   Banco b;
   Sessione& s = b.s;
   Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100));
-  MettiPunto(s, "PF01/0120/A123", 10, 10, 5);
-  MettiPunto(s, "PF02/0120/A123", 10, 110.05);
-  MettiPunto(s, "12", 50, 60, 7);
+  MettiPunti(s, {{"PF01/0120/A123", 10, 10, 5}, {"PF02/0120/A123", 10, 110.05}, {"12", 50, 60, 7}});
   MettiTesto(s, 50, 60, "T");
   b.Pronto(50, 60, 300);
   b.Opzioni.Rigoroso = false;  // the pick of a point that is no PF does nothing, as it should
   const std::string uscita =
       b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 50 60\nKEY P\nCLICK left 10 10\nKEY P\nCLICK left 10 110.05\n");
-  EXPECT_NE(uscita.find("PROMPT Inquadra su 2 PF - Primo PF :\n> KEY P\n> CLICK left 50 60\n> KEY P\n> CLICK left 10 10\n"
-                        "PROMPT Inquadra su 2 PF - Punto Orientamento :\n"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(uscita,
+                       "PROMPT Inquadra su 2 PF - Primo PF :\n> KEY P\n> CLICK left 50 60\n> KEY P\n> CLICK left 10 10\n"
+                       "PROMPT Inquadra su 2 PF - Punto Orientamento :\n"));
   const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
   ASSERT_NE(d, nullptr);
   std::string valori = d->Titolo;
@@ -200,14 +199,11 @@ TEST(InquadraSu2PF, UnPFSenzaCoordinateNellArchivioNonMuoveNulla) {
   Sessione& s = b.s;
   Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100, 110));
   // Local coordinates, where a polar round trip would leave the last bits changed.
-  MettiPunto(s, "PF01/0120/A123", 10.1, 20.3);
-  MettiPunto(s, "PF02/0120/A123", 5.5, 90.25);
-  MettiPunto(s, "7", 37.123, -13.917);
+  MettiPunti(s, {{"PF01/0120/A123", 10.1, 20.3}, {"PF02/0120/A123", 5.5, 90.25}, {"7", 37.123, -13.917}});
   b.Pronto(10, 60, 300);
   b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 10.1 20.3\nKEY P\nCLICK left 5.5 90.25\n");
   EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione"), nullptr);
-  EXPECT_NE(b.uscita.str().find("Coordinate mancanti nell'archivio TAF: PF02/0120/A123"), std::string::npos)
-      << b.uscita.str();
+  EXPECT_TRUE(Contiene(b.uscita.str(), "Coordinate mancanti nell'archivio TAF: PF02/0120/A123"));
   EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoX[1], s.PuntoY[1], s.PuntoX[2], s.PuntoY[2]),
             std::make_tuple(10.1, 20.3, 5.5, 90.25, 37.123, -13.917));
 }
@@ -219,18 +215,16 @@ TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
   // off in the survey, PF09 is not in the archive.
   Archivio(s, b.cartella.Percorso(),
            RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 1900, 1000) + RigaArchivio(3, 1900, 1100));
-  MettiPunto(s, "PF01/0120/A123", 0, 0);
-  MettiPunto(s, "PF02/0120/A123", 100, 0);
-  MettiPunto(s, "PF03/0120/A123", 99.97, 100);
-  MettiPunto(s, "PF09/0120/A123", 5, 5);
+  MettiPunti(s, {{"PF01/0120/A123", 0, 0}, {"PF02/0120/A123", 100, 0}, {"PF03/0120/A123", 99.97, 100},
+                 {"PF09/0120/A123", 5, 5}});
   MettiLinea(s, 0, 0, 0, 10);
   b.Pronto(0, 0, 300);
   b.Script("TAG INQUADRA_N_PF\n");
   const Dialogo* d = TrovaDialogo(s, "FormInquadraPF");
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(d->Valore("Mancanti"), "PF non presente nell'archivio TAF: PF09/0120/A123\n");
-  EXPECT_NE(d->Valore("Tabella").find("PF03/0120/A123\t"), std::string::npos);
-  EXPECT_NE(d->Valore("Tabella").find("<<"), std::string::npos);
+  EXPECT_TRUE(Contiene(d->Valore("Tabella"), "PF03/0120/A123\t"));
+  EXPECT_TRUE(Contiene(d->Valore("Tabella"), "<<"));
   // PF03 left out: the other two agree to the last digit shown, and PF03 shows its 3 cm.
   b.Script("FIELD FormInquadraPF.Esclusi pf03/0120/a123\nPRESS FormInquadraPF.Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormInquadraPF")->Valore("Tabella"),

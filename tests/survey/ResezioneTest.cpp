@@ -56,20 +56,17 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
 
 TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
   Banco b;
-  MettiPunto(b.s, "T1", 612.41, 3890.12, 0);
-  MettiPunto(b.s, "T2", 2950.73, 3105.33, 0);
-  MettiPunto(b.s, "T3", 2011.05, 405.98, 0);
-  MettiPunto(b.s, "C1", 100, 150, 0);
-  MettiPunto(b.s, "C2", 149.3844170298, 107.821723252, 0);
-  MettiPunto(b.s, "C3", 129.3892626146, 59.5491502813, 0);
+  MettiPunti(b.s, {{"T1", 612.41, 3890.12, 0}, {"T2", 2950.73, 3105.33, 0}, {"T3", 2011.05, 405.98, 0},
+                   {"C1", 100, 150, 0}, {"C2", 149.3844170298, 107.821723252, 0},
+                   {"C3", 129.3892626146, 59.5491502813, 0}});
   b.Pronto(1500, 2000, 5000);
   const std::string uscita =
       b.Script("TAG POTHENOT\nCLICK left @T1\nCLICK left @T2\nCLICK left @T3\nFIELD NuovoPunto.Nome 100\n"
                "FIELD Alfa 97.849988788401\nFIELD Beta 102.288425330096\nPRESS OK\n");
-  EXPECT_NE(uscita.find("PROMPT Snellius/Pothenot - Primo Trigonometrico :\n"), std::string::npos);
-  EXPECT_NE(uscita.find("PROMPT Pothenot - Terzo Trigonometrico\n"), std::string::npos);
-  EXPECT_NE(uscita.find("DIALOGO + CalcoloPothenot [Calcolo Pothenot] Primo=\"T1\" Secondo=\"T2\" Terzo=\"T3\""),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(uscita, "PROMPT Snellius/Pothenot - Primo Trigonometrico :\n"));
+  EXPECT_TRUE(Contiene(uscita, "PROMPT Pothenot - Terzo Trigonometrico\n"));
+  EXPECT_TRUE(Contiene(uscita,
+                       "DIALOGO + CalcoloPothenot [Calcolo Pothenot] Primo=\"T1\" Secondo=\"T2\" Terzo=\"T3\""));
   const int32_t r = IlPiuVicinoPerNome(b.s, "100");
   ASSERT_GE(r, 0);
   Vicino({b.s.PuntoX[static_cast<size_t>(r)], b.s.PuntoY[static_cast<size_t>(r)]}, 1234.567, 2345.678);
@@ -77,7 +74,7 @@ TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
   // On the dangerous circle: said, nothing inserted, the dialog up for other angles.
   const int32_t prima = b.s.ContaEntita[SlotPunti];
   b.Script("CLICK left @C1\nCLICK left @C2\nCLICK left @C3\nFIELD Alfa 45\nFIELD Beta 35\nPRESS OK\n");
-  EXPECT_NE(b.ui.UltimoMessaggio.find("Stazione sul cerchio pericoloso: il punto è indeterminato!"), std::string::npos);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Stazione sul cerchio pericoloso: il punto è indeterminato!"));
   EXPECT_EQ(std::make_tuple(b.s.ContaEntita[SlotPunti], DialogoAperto(b.s, "CalcoloPothenot")), std::make_tuple(prima, true));
 }
 
@@ -137,21 +134,22 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
             "Orientamento\tO3\t5001480.250\t1701105.000\t310.9660");
   // No eccentricity: said, nothing computed.
   b.Script("PRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Eccentricità non ammissibile!") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Eccentricità non ammissibile!"));
   b.Script("FIELD Eccentricita 2,35\nFIELD Stazione 200\nPRESS Calcola\n");
   const std::string t2 = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Tabella2");
-  EXPECT_NE(t2.find("\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"), std::string::npos);
-  EXPECT_NE(t2.find("\nMedie\t200\t5001998.694\t1701001.954\t276.5433"), std::string::npos);
+  EXPECT_TRUE(Contiene(t2, "\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"));
+  EXPECT_TRUE(Contiene(t2, "\nMedie\t200\t5001998.694\t1701001.954\t276.5433"));
   b.Script("PRESS Relazione\n");
   const std::string relazione = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Relazione");
   EXPECT_EQ(relazione.substr(0, relazione.find("Dalla")),
             "          RILEVAMENTO  ESEGUITO  DAL SOTTOSCRITTO A MEZZO DI TEODOLITE A GRADUAZIONE CENTESIMALE DESTRORSA "
             "E GEODIMETRO\n          MEDIANTE CALCOLO DELLA CORREZIONE DI ORIENTAMENTO E COORDINATE DELLA STAZIONE 200 "
             "FUORI CENTRO. ORIGINE C\n");
-  EXPECT_NE(relazione.find("\nC           5002000.000  1701000.000     60.9567   2.350\n"), std::string::npos);
-  EXPECT_NE(relazione.find("VALORI MEDI:    276.5433 5001998.694  1701001.954\n"), std::string::npos);
-  EXPECT_NE(relazione.find("\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
-                           "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(relazione, "\nC           5002000.000  1701000.000     60.9567   2.350\n"));
+  EXPECT_TRUE(Contiene(relazione, "VALORI MEDI:    276.5433 5001998.694  1701001.954\n"));
+  EXPECT_TRUE(Contiene(relazione,
+                       "\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
+                       "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"));
   b.Script("PRESS Inserisci\n");
   ASSERT_GE(IlPiuVicinoPerNome(b.s, "200"), 0);
   EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(IlPiuVicinoPerNome(b.s, "200"))], 1701001.9540, kDecimoDiMm);

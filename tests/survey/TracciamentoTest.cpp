@@ -65,18 +65,18 @@ TEST(Tracciamento, DieciPuntiDaUnaStazioneCatastale) {
             "10\t5000700.050\t1700655.550\t334.5565\t253.408");
   // A reading of 0: the angles below the orientation's wrap up by a turn.
   b.Script("FIELD Lettura 0\nPRESS Calcola\n");
-  EXPECT_NE(Tabella(b.s).find("\n2\t5000495.500\t1700610.000\t45.0849\t110.092\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(Tabella(b.s), "\n2\t5000495.500\t1700610.000\t45.0849\t110.092\n"));
 
   // Both runs appended to one report of this dialog, each with its head.
   const std::string txt = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT");
   EXPECT_EQ(txt.substr(0, 69), "     --------------------------------------------------------------\r\n");
-  EXPECT_NE(txt.find("     Stazione     : S  Nord: 5000500.000  Est: 1700500.000\r\n"
-                     "     Orientamento : O  Nord: 5000610.500  Est: 1700640.250\r\n"
-                     "     Direzione all'Orientamento : 57.5180\r\n"
-                     "     O     O     O     Nome Punto             Nord         Est   Angolo      Distanza\r\n"),
-            std::string::npos);
-  EXPECT_NE(txt.find("     O     O     O     9                 5000500.000  1700500.000      92.4820        0.000\r\n"),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(txt,
+                       "     Stazione     : S  Nord: 5000500.000  Est: 1700500.000\r\n"
+                       "     Orientamento : O  Nord: 5000610.500  Est: 1700640.250\r\n"
+                       "     Direzione all'Orientamento : 57.5180\r\n"
+                       "     O     O     O     Nome Punto             Nord         Est   Angolo      Distanza\r\n"));
+  EXPECT_TRUE(Contiene(txt,
+                       "     O     O     O     9                 5000500.000  1700500.000      92.4820        0.000\r\n"));
   size_t teste = 0;
   for (size_t i = txt.find("Info - Tracciamento  Lotto A"); i != std::string::npos;
        i = txt.find("Info - Tracciamento  Lotto A", i + 1))
@@ -85,7 +85,7 @@ TEST(Tracciamento, DieciPuntiDaUnaStazioneCatastale) {
   const std::string libretto = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.LIB");
   EXPECT_EQ(libretto.substr(0, libretto.find("2|1|")),
             "1|S|0.000|\r\n2|O|350.0000|178.551||\r\n");
-  EXPECT_NE(libretto.find("2|10|334.5565|253.408||\r\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(libretto, "2|10|334.5565|253.408||\r\n"));
   const std::string csv = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.CSV");
   EXPECT_EQ(csv.substr(0, csv.find("Nome Punto")),
             "Stazione;S;Nord;5000500.000;EST;1700500.000\r\nOrientamento;O;  Nord;5000610.500;Est;1700640.250\r\n"
@@ -98,20 +98,20 @@ TEST(Tracciamento, NomiAssentiLetturaNonNumericaEdElencoVuoto) {
   MettiPunto(b.s, "O", 0, 10, 0);
   b.Pronto(0, 0, 50);
   b.Script("TAG TRACCIAMENTO\nCLICK left @S\nCLICK left @O\nFIELD Nome X9\nPRESS Aggiungi\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Punto Non Trovato") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Punto Non Trovato"));
   EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "");
   b.Script("FIELD Stazione ZZ\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Punto Non Trovato") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Punto Non Trovato"));
   EXPECT_EQ(LunghezzaFile(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT"), -1);
   b.Script("FIELD Stazione S\nFIELD Lettura 12x\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Dati incongruenti nella casella") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Dati incongruenti nella casella"));
   EXPECT_EQ(LunghezzaFile(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT"), -1);
   // A name taken out of the list after the question.
   b.Script("FIELD Nome O\nPRESS Aggiungi\nFIELD Nome S\nPRESS Aggiungi\nFIELD Nome O\nANSWER yes\nPRESS Elimina\n");
   EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "S\n");
   // An empty list: only the head is written, and said.
   b.Script("FIELD Nome S\nANSWER yes\nPRESS Elimina\nFIELD Lettura 0\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Nessun punto da tracciare") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Nessun punto da tracciare"));
   const std::string txt = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT");
   EXPECT_EQ(txt.find("     O     O     O     Nome Punto"), txt.rfind("     O     O     O"));
 
@@ -134,9 +134,7 @@ TEST(DivisioneAree, UnTerzoEDueTerziDiUnaParticellaIrregolare) {
     clic += "CLICK left @V" + std::to_string(i + 1) + "\n";
   }
   // The direction of the cut, 50 gon, and the point the script found for one third.
-  MettiPunto(b.s, "D1", E0, N0, 0);
-  MettiPunto(b.s, "D2", E0 + 10, N0 + 10, 0);
-  MettiPunto(b.s, "P", 1700051.6020813216, 5000063.3979186788, 0);
+  MettiPunti(b.s, {{"D1", E0, N0, 0}, {"D2", E0 + 10, N0 + 10, 0}, {"P", 1700051.6020813216, 5000063.3979186788, 0}});
   b.Pronto(E0 + 60, N0 + 55, 200);
   // The first right click leaves the point snap, the second closes the contour.
   b.Script(clic + "CLICK right @V1\nCLICK right @V1\n");
@@ -151,7 +149,7 @@ TEST(DivisioneAree, UnTerzoEDueTerziDiUnaParticellaIrregolare) {
   EXPECT_EQ(Aree(b.s), "8611.094 2829.994 5781.100");
   // A step of nothing moves nothing.
   b.Script("FIELD Passo 0\nPRESS NordPiu\n");
-  EXPECT_NE(b.ui.UltimoMessaggio.find("Inserire un valore per spostamento!"), std::string::npos);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Inserire un valore per spostamento!"));
   EXPECT_EQ(Aree(b.s), "8611.094 2829.994 5781.100");
   // The cut goes in as a line between its two crossings.
   const int32_t linee = b.s.ContaEntita[SlotLinee];
@@ -253,7 +251,7 @@ TEST(Triangoli, IlDialogoRiscriveLeCaselleERestaAperto) {
             "Altezza3\t2.400\nRaggio Cerchio Inscritto\t1.000\nRaggio Cerchio Circoscritto\t2.500");
   // A refusal leaves the boxes as typed and the dialog up.
   b.Script("PRESS Pulisci\nFIELD a 1\nFIELD b 1\nFIELD c 3\nPRESS Calcola\n");
-  EXPECT_NE(b.ui.UltimoMessaggio.find("Un lato è Maggiore della somma degli altri 2!"), std::string::npos);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Un lato è Maggiore della somma degli altri 2!"));
   EXPECT_EQ(TrovaDialogo(b.s, "Triangoli")->Valore("c"), "3");
 }
 
