@@ -18,6 +18,8 @@
 namespace varena {
 namespace {
 
+using prova::Vicini;
+
 constexpr std::array<PuntoXYZ, 5> kUfficiali = {{{1523.417, -2310.255, 0},
                                                  {2840.902, -1977.61, 0},
                                                  {2105.33, -640.125, 0},
@@ -31,12 +33,6 @@ constexpr std::array<PuntoXYZ, 5> kRilievo = {{{391.2752, -400.9679, 0},
                                                {-291.7945, 1230.4055, 0},
                                                {-818.4663, 132.7856, 0},
                                                {1479.1792, -284.2886, 0}}};
-
-// (x, y) within a nanometre of (ax, ay).
-void Vicino(double x, double y, double ax, double ay) {
-  EXPECT_NEAR(x, ax, 1e-9);
-  EXPECT_NEAR(y, ay, 1e-9);
-}
 
 std::vector<CoppiaPF> Coppie(const std::array<PuntoXYZ, 5>& rilievo) {
   std::vector<CoppiaPF> c;
@@ -56,11 +52,11 @@ TEST(Inquadramento, SenzaRumoreRitrovaRotazioneETraslazione) {
     }
     const EsitoInquadramento e = Inquadra(Coppie(rilievo), scala != 1.0);
     ASSERT_TRUE(e.Riuscito);
-    Vicino(e.Rotazione, e.Scala, giro, scala);
+    EXPECT_TRUE(Vicini({e.Rotazione, e.Scala}, {giro, scala}));
     EXPECT_LT(e.Sqm, 1e-9);
     // The survey's origin lands on the shift.
     const PuntoXYZ o = e.Applica({0, 0, 3});
-    Vicino(o.X, o.Y, ex, nx);
+    EXPECT_TRUE(Vicini({o.X, o.Y}, {ex, nx}));
     EXPECT_EQ(std::make_tuple(o.Z, e.Usati), std::make_tuple(3.0, 5));
   }
 }
@@ -73,17 +69,13 @@ struct Attesi {
 
 void Confronta(const EsitoInquadramento& e, const Attesi& a) {
   ASSERT_TRUE(e.Riuscito);
-  EXPECT_NEAR(e.Rotazione, a.Rotazione, 1e-9);
-  EXPECT_NEAR(e.Scala, a.Scala, 1e-9);
-  EXPECT_NEAR(e.Sqm, a.Sqm, 1e-9);
-  EXPECT_EQ(e.Peggiore, a.Peggiore);
-  ASSERT_EQ(e.Residui.size(), 5u);
-  for (size_t k = 0; k < 5; ++k) {
-    SCOPED_TRACE(k);
-    EXPECT_NEAR(e.Residui[k].DNord, a.Residui[k][0], 1e-9);
-    EXPECT_NEAR(e.Residui[k].DEst, a.Residui[k][1], 1e-9);
-    EXPECT_NEAR(e.Residui[k].Distanza, a.Residui[k][2], 1e-9);
+  EXPECT_EQ(std::make_tuple(e.Peggiore, e.Residui.size()), std::make_tuple(a.Peggiore, 5u));
+  prova::Valori fatti{e.Rotazione, e.Scala, e.Sqm}, attesi{a.Rotazione, a.Scala, a.Sqm};
+  for (size_t k = 0; k < std::min<size_t>(e.Residui.size(), 5); ++k) {
+    fatti.insert(fatti.end(), {e.Residui[k].DNord, e.Residui[k].DEst, e.Residui[k].Distanza});
+    attesi.insert(attesi.end(), a.Residui[k].begin(), a.Residui[k].end());
   }
+  EXPECT_TRUE(Vicini(fatti, attesi));
 }
 
 TEST(Inquadramento, ConRumoreIResiduiDelloScript) {
@@ -119,7 +111,7 @@ TEST(Inquadramento, DuePuntiComeLInquadramentoSu2PF) {
   const std::vector<CoppiaPF> c = {{"PF1", {10, 10, 0}, {0, 0, 0}}, {"PF2", {10, 110.05, 0}, {100, 0, 0}}};
   const EsitoInquadramento e = Inquadra(c, false);
   ASSERT_TRUE(e.Riuscito);
-  Vicino(e.Residui[1].DEst, e.Residui[1].DNord, -0.05, 0);
+  EXPECT_TRUE(Vicini({e.Residui[1].DEst, e.Residui[1].DNord}, {-0.05, 0}));
   EXPECT_EQ(e.Peggiore, 1);
   EXPECT_NEAR(e.Sqm, 0.05 / std::sqrt(2.0), 1e-9);
   // With the scale the two fall on their places.
@@ -183,8 +175,8 @@ TEST(InquadraSu2PF, IDuePFSulleLoroCoordinateUfficiali) {
   // Turned by 100 gon about PF01, which falls on its place; the 5 cm stay at PF02. Heights
   // stay as they were.
   EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]), std::make_tuple(1000.0, 2000.0, 5.0));
-  Vicino(s.PuntoX[1], s.PuntoY[1], 1100.05, 2000);
-  Vicino(s.PuntoX[2], s.PuntoY[2], 1050, 1960);
+  EXPECT_TRUE(Vicini({s.PuntoX[1], s.PuntoY[1]}, {1100.05, 2000}));
+  EXPECT_TRUE(Vicini({s.PuntoX[2], s.PuntoY[2]}, {1050, 1960}));
   EXPECT_EQ(s.PuntoZ[2], 7);
   EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-9);
   // The framing on n PF with these two gives the same places to the last bit.
@@ -235,8 +227,8 @@ TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
             "Rotazione (gon)\t100.0000\nScala\t1.000000000\nS.q.m.\t0.0000");
   b.Script("PRESS FormInquadraPF.OK\n");
   EXPECT_FALSE(DialogoAperto(s, "FormInquadraPF"));
-  Vicino(s.PuntoX[2], s.PuntoY[2], 1100, 1900.03);
-  Vicino(s.LineaX2[0], s.LineaY2[0], 1010, 2000);
+  EXPECT_TRUE(Vicini({s.PuntoX[2], s.PuntoY[2]}, {1100, 1900.03}));
+  EXPECT_TRUE(Vicini({s.LineaX2[0], s.LineaY2[0]}, {1010, 2000}));
 }
 
 }  // namespace

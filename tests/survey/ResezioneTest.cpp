@@ -16,12 +16,6 @@ using namespace prova;
 
 constexpr double kDecimoDiMm = 1e-4;
 
-// The point to the tenth of a millimetre.
-void Vicino(const PuntoXYZ& p, double x, double y) {
-  EXPECT_NEAR(p.X, x, kDecimoDiMm);
-  EXPECT_NEAR(p.Y, y, kDecimoDiMm);
-}
-
 TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   struct Caso {
     const char* nome;
@@ -38,7 +32,7 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
     const EsitoPothenot e = Pothenot(c.p1, c.p2, c.p3, c.alfa, c.beta);
     SCOPED_TRACE(c.nome);
     ASSERT_EQ(e.Stato, kRiuscito);
-    Vicino(e.Stazione, c.x, c.y);
+    EXPECT_TRUE(Vicini({e.Stazione.X, e.Stazione.Y}, {c.x, c.y}, kDecimoDiMm));
     EXPECT_EQ(e.Stazione.Z, 0);
   }
   // Three points in a row, the station off their line: the circle is the line, the station
@@ -46,7 +40,7 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   const double al = std::atan2(50.0, 100.0) * 200 / M_PI;  // each pair 50 m apart seen from 100 m
   const EsitoPothenot riga = Pothenot({-50, 100}, {0, 100}, {50, 100}, al, al);
   ASSERT_EQ(riga.Stato, kRiuscito);
-  Vicino(riga.Stazione, 0, 0);
+  EXPECT_TRUE(Vicini({riga.Stazione.X, riga.Stazione.Y}, {0, 0}, kDecimoDiMm));
   // Refusals (the dangerous circle is the command's case below).
   EXPECT_EQ(Pothenot({0, 0}, {0, 0.0005}, {50, 0}, 50, 50).Motivo, "Punti noti coincidenti!");
   for (double alfa : {0.0, 200.0})
@@ -69,7 +63,7 @@ TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
                        "DIALOGO + CalcoloPothenot [Calcolo Pothenot] Primo=\"T1\" Secondo=\"T2\" Terzo=\"T3\""));
   const int32_t r = IlPiuVicinoPerNome(b.s, "100");
   ASSERT_GE(r, 0);
-  Vicino({b.s.PuntoX[static_cast<size_t>(r)], b.s.PuntoY[static_cast<size_t>(r)]}, 1234.567, 2345.678);
+  EXPECT_TRUE(Vicini({b.s.PuntoX[static_cast<size_t>(r)], b.s.PuntoY[static_cast<size_t>(r)]}, {1234.567, 2345.678}, kDecimoDiMm));
 
   // On the dangerous circle: said, nothing inserted, the dialog up for other angles.
   const int32_t prima = b.s.ContaEntita[SlotPunti];
