@@ -20,11 +20,8 @@ namespace {
 
 using prova::Vicini;
 
-constexpr std::array<PuntoXYZ, 5> kUfficiali = {{{1523.417, -2310.255, 0},
-                                                 {2840.902, -1977.61, 0},
-                                                 {2105.33, -640.125, 0},
-                                                 {980.06, -1104.8, 0},
-                                                 {2410.75, -2950.4, 0}}};
+constexpr std::array<PuntoXYZ, 5> kUfficiali = {
+    {{1523.417, -2310.255, 0}, {2840.902, -1977.61, 0}, {2105.33, -640.125, 0}, {980.06, -1104.8, 0}, {2410.75, -2950.4, 0}}};
 
 // The survey as the script makes it: official points less the shift, turned back, rounded to
 // the tenth of a millimetre, plus noise.
