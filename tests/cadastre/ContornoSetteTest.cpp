@@ -6,6 +6,7 @@
 
 #include "cadastre/ContornoSette.h"
 #include "cadastre/Libretto.h"
+#include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "support/ProvaComandi.h"
 
@@ -39,10 +40,7 @@ std::vector<std::pair<std::string, V>> LineeSette(const Sessione& s) {
 
 TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   Banco b;
-  MettiPunto(b.s, "101", 0, 0);
-  MettiPunto(b.s, "102", 10, 0);
-  MettiPunto(b.s, "103", 10, 10);
-  MettiPunto(b.s, "104", 0, 10);
+  MettiPunti(b.s, {{"101", 0, 0}, {"102", 10, 0}, {"103", 10, 10}, {"104", 0, 10}});
   b.Pronto(5, 5, 40);
   b.s.TipoSettePendente = "LIVELLAZIONE RAGGIANTE";  // as the book's reader leaves it
   const std::string fatto = b.Script(
@@ -50,8 +48,8 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
       "EXPECT campo ContornoSette.Commento \nFIELD ContornoSette.Commento FABBRICATO\nPRESS ContornoSette.Conferma\n"
       "TAG DISEGNA_SQUADRI\nCLICK left @101\nCLICK left @102\nCLICK left @104\nCLICK right 0 0\nCLICK right 0 0\n"
       "PRESS ContornoSette.Conferma\n");
-  EXPECT_NE(fatto.find("PROMPT Disegna Squadro - Punto Orientamento :\n"), std::string::npos) << fatto;
-  EXPECT_NE(fatto.find("PROMPT Disegna Squadro - Punto Rilevato :\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(fatto, "PROMPT Disegna Squadro - Punto Orientamento :\n"));
+  EXPECT_TRUE(Contiene(fatto, "PROMPT Disegna Squadro - Punto Rilevato :\n"));
   ASSERT_EQ(b.s.ContaEntita[SlotSette], 2);
   EXPECT_EQ(std::tie(b.s.SetteContorno[0], b.s.SetteCommento[0], b.s.SetteParticella[0]),
             std::make_tuple("|101|102|103|", "FABBRICATO", ""));
@@ -70,8 +68,8 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
             "Commento\tPunti Contorno\nFABBRICATO\t|101|102|103|\nSQUADRO\t|101|102|104|");
   b.Script("FIELD SelezionaContorno7.Riga 2\nPRESS SelezionaContorno7.Seleziona\n");
   std::vector<int> stati;
-  for (int64_t i = 0; i < b.s.ListaDisegno.Conta(); ++i)
-    if (b.s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSette) stati.push_back(b.s.ListaDisegno.Stato[static_cast<size_t>(i)]);
+  for (size_t k = 0; k < static_cast<size_t>(b.s.ListaDisegno.Conta()); ++k)
+    if (b.s.ListaDisegno.Tipo[k] == SlotSette) stati.push_back(b.s.ListaDisegno.Stato[k]);
   EXPECT_EQ(stati, (std::vector<int>{0, 0, 1, 1}));
 
   // Every point moved by (5, 5): the structures follow at the regeneration that ends the edit.
@@ -79,8 +77,7 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
   ASSERT_EQ(b.s.PuntoX[1], 15);
   EXPECT_EQ(LineeSette(b.s), (L{{"CONTORNO", {15, 15, 15, 5}}, {"CONTORNO", {15, 5, 5, 5}},
                                 {"SQUADRO", {5, 5, 15, 5}}, {"SQUADRO", {5, 15, 5, 5}}}));
-  // The records still hold names alone.
-  EXPECT_EQ(b.s.SetteContorno[0], "|101|102|103|");
+  EXPECT_EQ(b.s.SetteContorno[0], "|101|102|103|");  // the records still hold names alone
 
   b.Opzioni.Rigoroso = false;
   b.ui.Accoda("si");
@@ -91,15 +88,13 @@ TEST(ContornoSette, DisegnatoPerPuntiSegueIPuntiSpostati) {
 
 TEST(ContornoSette, ITagDelLibrettoDaScript) {
   Banco b;
-  MettiPunto(b.s, "100", 0, 0);
-  MettiPunto(b.s, "101", 5, 0);
-  MettiPunto(b.s, "200", 10, 0);
+  MettiPunti(b.s, {{"100", 0, 0}, {"101", 5, 0}, {"200", 10, 0}});
   b.s.LibrettoMisure = {"0|010199|1|G693|0010|1|ROSSI|GEOMETRA|PADOVA|", "1|100|1.550|", "2|101|1|100|5|1.300|",
                         "2|200|2|100|10|1.800|", "4|100|200|1|1|0|"};
   b.Pronto(5, 5, 40);
   // The question, answered no: nothing changes; then yes.
   std::string out = b.Script("ANSWER no\nTAG HPS_DA_LIBRETTO\n");
-  EXPECT_NE(out.find("[HP/HS da Libretto Misure ??] Assegnare ai Punti "), std::string::npos) << out;
+  EXPECT_TRUE(Contiene(out, "[HP/HS da Libretto Misure ??] Assegnare ai Punti "));
   EXPECT_EQ(b.s.PuntoHPrisma[0], 0.0f);
   b.Script("ANSWER si\nTAG HPS_DA_LIBRETTO\n");
   EXPECT_EQ(std::make_tuple(b.s.PuntoHPrisma[0], b.s.PuntoHPrisma[1], b.s.PuntoHPrisma[2]),
@@ -109,17 +104,14 @@ TEST(ContornoSette, ITagDelLibrettoDaScript) {
   ASSERT_EQ(b.s.ContaEntita[SlotLinee], 1);
   EXPECT_EQ(std::make_tuple(b.s.LineaX2[0], b.s.LineaPiano[0]), std::make_tuple(10.0, "SCHEMALI"));
   b.Script("TAG DISEGNO_DA_LIBRETTO\n");
-  EXPECT_EQ(b.s.ContaEntita[SlotLinee], 2);
-  ASSERT_EQ(b.s.ContaEntita[SlotSette], 1);
+  ASSERT_EQ(std::make_tuple(b.s.ContaEntita[SlotLinee], b.s.ContaEntita[SlotSette]), std::make_tuple(2, 1));
   EXPECT_EQ(std::make_tuple(b.s.SetteContorno[0], b.s.SetteCommento[0]), std::make_tuple("|100|200|", "LIVELLAZIONE DAL MEZZO"));
   EXPECT_EQ(LineeSette(b.s), (std::vector<std::pair<std::string, V>>{{"LIVELLAZIONE DAL MEZZO", {0, 0, 10, 0}}}));
 }
 
 TEST(ContornoSette, IlDialogoInserisceEliminaELaPosizioneMancante) {
   Banco b;
-  MettiPunto(b.s, "1", 0, 0);
-  MettiPunto(b.s, "2", 10, 0);
-  MettiPunto(b.s, "PF3/0010/G693", 10, 10);
+  MettiPunti(b.s, {{"1", 0, 0}, {"2", 10, 0}, {"PF3/0010/G693", 10, 10}});
   b.Pronto(5, 5, 40);
   b.Opzioni.Rigoroso = false;
   const std::string out = b.Script(
@@ -129,27 +121,20 @@ TEST(ContornoSette, IlDialogoInserisceEliminaELaPosizioneMancante) {
       "FIELD ContornoSette.Posizione 2\nPRESS ContornoSette.Inserisci\n"
       "EXPECT campo ContornoSette.Vertici 1|2|PF3/0010/G693\n"
       "FIELD ContornoSette.Posizione 1\nPRESS ContornoSette.Elimina\nPRESS ContornoSette.Conferma\n");
-  EXPECT_NE(out.find("MESSAGGIO [Posizone di inserimento] Selezionare la posizione di inserimento!"), std::string::npos)
-      << out;
+  EXPECT_TRUE(Contiene(out, "MESSAGGIO [Posizone di inserimento] Selezionare la posizione di inserimento!"));
   ASSERT_EQ(b.s.ContaEntita[SlotSette], 1);
   EXPECT_EQ(std::tie(b.s.SetteContorno[0], b.s.SetteCommento[0]), std::make_tuple("|2|PF3/0010/G693|", "POLIGONALE"));
   // A traverse: pen 40 and line type 4, a thin line.
   const ElencoDisegno& d = b.s.ListaDisegno;
-  int tratti = 0;
-  for (int64_t i = 0; i < d.Conta(); ++i) {
-    if (d.Tipo[static_cast<size_t>(i)] != SlotSette) continue;
-    EXPECT_EQ(d.Penna[static_cast<size_t>(i)], 40);
-    ++tratti;
-  }
-  EXPECT_EQ(tratti, 1);
-  EXPECT_EQ(b.UltimoEsito.Codice, 0);
+  std::vector<int16_t> penne;
+  for (size_t k = 0; k < static_cast<size_t>(d.Conta()); ++k)
+    if (d.Tipo[k] == SlotSette) penne.push_back(d.Penna[k]);
+  EXPECT_EQ(std::make_tuple(penne, b.UltimoEsito.Codice), std::make_tuple(std::vector<int16_t>{40}, 0));
 }
 
 TEST(ContornoSette, CodiciNomiMancantiEEtichetta) {
   Banco b;
-  MettiPunto(b.s, "1", 0, 0);
-  MettiPunto(b.s, "2", 10, 0);
-  MettiPunto(b.s, "12A", 10, 10);
+  MettiPunti(b.s, {{"1", 0, 0}, {"2", 10, 0}, {"12A", 10, 10}});
   subAggiungiSetteSingolo(b.s, "|1|2|99|12A|A12|RT|", "", "P1|||7.5|2.5", 1, 1);
   subAggiungiSetteSingolo(b.s, "|1|2|12A|", kCogo, "*V*", 8, 3);
   subAggiungiSetteSingolo(b.s, "|1|", "", "", 1, 1);

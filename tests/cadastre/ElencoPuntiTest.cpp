@@ -35,8 +35,7 @@ TEST_F(Elenco, RigheCelleEOrdine) {
             std::make_tuple("5000.500", "1500.250", "-1.000", "3"));
   // Names sort as texts, coordinates as numbers; the progressive follows the new order.
   OrdinaElencoPunti(s, r, ColonnaNome, true);
-  EXPECT_EQ(r, (std::vector<int32_t>{3, 0, 1}));
-  EXPECT_EQ(CellaElencoPunti(s, r, 0, ColonnaProgressivo), "1");
+  EXPECT_EQ(std::make_tuple(r, CellaElencoPunti(s, r, 0, ColonnaProgressivo)), std::make_tuple(std::vector<int32_t>{3, 0, 1}, "1"));
   OrdinaElencoPunti(s, r, ColonnaEst, false);
   EXPECT_EQ(r, (std::vector<int32_t>{0, 3, 1}));
 }
@@ -45,9 +44,8 @@ TEST_F(Elenco, DomandaNoENessunaSelezioneNonCambianoNulla) {
   EXPECT_FALSE(Esegui("PV", {}));
   EXPECT_TRUE(ui.Domande.empty());
   EXPECT_FALSE(Esegui("PV", {0}));  // the default answer is No
-  EXPECT_EQ(std::tie(ui.Domande.back().Testo, ui.Domande.back().Titolo),
-            std::make_tuple("Assegnare il codice <PV> \nai Punti Selezionati ??", "Assegna <PV> ai Punti"));
-  EXPECT_EQ(s.PuntoDescrizione[0], "");
+  EXPECT_EQ(std::tie(ui.Domande.back().Testo, ui.Domande.back().Titolo, s.PuntoDescrizione[0]),
+            std::make_tuple("Assegnare il codice <PV> \nai Punti Selezionati ??", "Assegna <PV> ai Punti", ""));
 }
 
 TEST_F(Elenco, CodiciQuoteENomi) {

@@ -4,145 +4,51 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <ostream>
-#include <set>
+#include <sstream>
 
 #include "cadastre/Estratto.h"
 #include "commands/Attese.h"
 #include "commands/Comandi.h"
 #include "core/Dialoghi.h"
+#include "core/Testo.h"
 #include "exchange/DxfScrittura.h"
 #include "store/Cfg.h"
 #include "view/Rigenera.h"
 
 namespace varena {
 
-void PrintTo(const ElementoEstratto& e, std::ostream* os) {
-  *os << "{prim " << int(e.Primitiva) << " (" << e.X1 << "," << e.Y1 << ")-(" << e.X2 << "," << e.Y2 << ") penna "
-      << e.Penna << " tratto " << e.Tratto << " spessore " << e.Spessore << " h " << e.Altezza << " rot "
-      << e.Rotazione << " \"" << e.Testo << "\" " << e.Font << "}";
-}
-
 namespace {
-
-// The sheet: a grid of 20 x 10 vertices 20 m apart, three of them fiducial points, and 60
-// parcels on the cells of its first 12 columns and 5 rows, each walked clockwise, so that
-// two neighbours meet their common side in opposite directions.
-struct Foglio {
-  static std::string Nome(int i, int j) {
-    if (i == 0 && j == 0) return "PF01";
-    if (i == 19 && j == 0) return "PF02";
-    if (i == 0 && j == 9) return "PF03";
-    char b[16];
-    std::snprintf(b, sizeof b, "V%03d", j * 20 + i + 1);
-    return b;
-  }
-  static double X(int i) { return 1000.0 + 20.0 * i; }
-  static double Y(int j) { return 5000.0 + 20.0 * j; }
-
-  std::string Testo(bool finaleConCrLf) const {
-    std::string t = "0|ESTRATTO DI MAPPA|G693|12|\r\n6|ESTRATTO DI MAPPA|\r\n";
-    for (int j = 0; j < 10; ++j)
-      for (int i = 0; i < 20; ++i) {
-        // Some names carry the sheet's "%", which rows 7 leave out.
-        const std::string segno = (j * 20 + i) % 10 == 9 ? "%" : "";
-        t += "8|" + Nome(i, j) + segno + "|" + std::to_string(Y(j)) + "|" + std::to_string(X(i)) + "|0|\r\n";
-      }
-    int k = 0;
-    for (int j = 0; j < 5; ++j)
-      for (int i = 0; i < 12; ++i, ++k) {
-        const std::string a = Nome(i, j), b = Nome(i, j + 1), c = Nome(i + 1, j + 1), d = Nome(i + 1, j);
-        if (k % 4 == 3)
-          t += "7|5|" + a + "|" + b + "|" + c + "|\r\n7|0|" + c + "|" + d + "|" + a + "|NC|\r\n";
-        else
-          t += "7|5|" + a + "|" + b + "|" + c + "|" + d + "|" + a + "|NC|\r\n";
-      }
-    t += "7|2|" + Nome(14, 7) + "|" + Nome(15, 7) + "|NT|\r\n";
-    t += "7|3|" + Nome(14, 8) + "|" + Nome(15, 8) + "|" + Nome(16, 8) + "|NP|\r\n";
-    t += "7|2|" + Nome(14, 9) + "|" + Nome(15, 9) + "|+|\r\n";
-    t += "7|2|" + Nome(16, 9) + "|" + Nome(17, 9) + "|-|\r\n";
-    t += "7|2|" + Nome(17, 7) + "|" + Nome(16, 7) + "|NC|\r\n";
-    t += "7|2|" + Nome(16, 7) + "|" + Nome(17, 7) + "|NC|\r\n";
-    t += "6|DISTANZA|" + Nome(0, 7) + "|" + Nome(5, 7) + "|100.00|\r\n";
-    for (int p = 0; p < 60; ++p) {
-      const int i = p % 12, j = p / 12;
-      t += "6|" + std::to_string(p + 1) + "|T|" + std::to_string(Y(j) + 10) + "|" + std::to_string(X(i) + 10) + "|\r\n";
-    }
-    t += "6|FOGLIO 12|%|5190|1100|\r\n6|A|L|" + Nome(18, 8) + "|\r\n6|X|S|5170|1300|6|50|\r\n";
-    t += "6|INQUADRAMENTO|5300.5|990.25|0.25|";
-    if (finaleConCrLf) t += "\r\n";
-    return t;
-  }
-};
 
 constexpr int32_t kPenna = 5, kFondo = 7;
 
-ElementoEstratto Lato(int stile, int i1, int j1, int i2, int j2) {
-  // The smaller name first.
-  if (Foglio::Nome(i2, j2) < Foglio::Nome(i1, j1)) std::swap(i1, i2), std::swap(j1, j2);
-  ElementoEstratto e;
-  e.X1 = Foglio::X(i1), e.Y1 = Foglio::Y(j1), e.X2 = Foglio::X(i2), e.Y2 = Foglio::Y(j2);
-  e.Penna = kPenna;
-  // Pens, styles and widths of the style codes, as the sheet's legend gives them.
-  if (stile == 0) e.Tratto = 1;
-  if (stile == 3 || stile == 4) e.Spessore = 2.0f;
-  if (stile == 5) e.Tratto = 2;
-  return e;
+// The realistic sheet written by tests/data/estratto/genera.py: 60 parcels on a grid, other
+// chains, a measured distance, fiducial points, labels, the frame row. Its last row ends with
+// a line end, or not.
+std::string Dati(const std::string& nome) { return prova::LeggiFileProva(VARENA_SORGENTI "/tests/data/estratto/" + nome); }
+std::string Foglio(bool finaleConCrLf = true) {
+  const std::string t = Dati("F12.EMP");
+  return finaleConCrLf ? t : t.substr(0, t.size() - 2);
 }
 
-ElementoEstratto Scritta(const std::string& testo, double x, double y, float h, const std::string& font, float rot = 0) {
-  ElementoEstratto e;
-  e.Primitiva = 5;
-  e.Penna = kPenna;
-  e.Testo = testo, e.Font = font, e.Altezza = h, e.Rotazione = rot;
-  e.X1 = x, e.Y1 = y;
-  const double l = 0.6 * h * static_cast<double>(testo.size()), a = rot * 3.14159265358979323846 / 200.0;
-  e.X2 = x + l * std::cos(a), e.Y2 = y + l * std::sin(a);
-  return e;
-}
-
-// What the sheet must give, built from its geometry: the parcels' sides once each in the
-// order first walked, then the other chains, the measured distance, the fiducial points and
-// the texts.
+// What the sheet must give, from the same script: one element a line.
 std::vector<ElementoEstratto> Attesi() {
   std::vector<ElementoEstratto> v;
-  std::set<std::pair<std::string, std::string>> visti;
-  for (int j = 0; j < 5; ++j)
-    for (int i = 0; i < 12; ++i) {
-      const int giro[5][2] = {{i, j}, {i, j + 1}, {i + 1, j + 1}, {i + 1, j}, {i, j}};
-      for (int k = 0; k < 4; ++k) {
-        std::string a = Foglio::Nome(giro[k][0], giro[k][1]), b = Foglio::Nome(giro[k + 1][0], giro[k + 1][1]);
-        if (b < a) std::swap(a, b);
-        if (visti.insert({a, b}).second) v.push_back(Lato(1, giro[k][0], giro[k][1], giro[k + 1][0], giro[k + 1][1]));
-      }
-    }
-  v.push_back(Lato(0, 14, 7, 15, 7));
-  v.push_back(Lato(5, 14, 8, 15, 8));
-  v.push_back(Lato(5, 15, 8, 16, 8));
-  v.push_back(Lato(3, 14, 9, 15, 9));
-  v.push_back(Lato(4, 16, 9, 17, 9));
-  v.push_back(Lato(1, 16, 7, 17, 7));
-  v.push_back(Lato(0, 0, 7, 5, 7));
-  v.push_back(Scritta("100.00", 1050, 5140, 2, "Arial"));
-  for (auto [i, j] : {std::pair{0, 0}, {19, 0}, {0, 9}}) {
-    ElementoEstratto o;
-    o.Primitiva = 0, o.Penna = kPenna, o.Altezza = 1;
-    o.X1 = o.X2 = Foglio::X(i), o.Y1 = o.Y2 = Foglio::Y(j);
-    v.push_back(o);
-    v.push_back(Scritta(Foglio::Nome(i, j), Foglio::X(i) + 1.5, Foglio::Y(j) + 1.5, 2, "Arial"));
+  std::istringstream in(Dati("atteso.txt"));
+  for (std::string riga; std::getline(in, riga);) {
+    const std::vector<std::string> c = Dividi(riga, '\t');
+    ElementoEstratto e;
+    e.Primitiva = static_cast<uint8_t>(std::stoi(c.at(0)));
+    e.X1 = std::stod(c.at(1)), e.Y1 = std::stod(c.at(2)), e.X2 = std::stod(c.at(3)), e.Y2 = std::stod(c.at(4));
+    e.Penna = std::stoi(c.at(5)), e.Tratto = static_cast<int16_t>(std::stoi(c.at(6)));
+    e.Spessore = std::stof(c.at(7)), e.Altezza = std::stof(c.at(8)), e.Rotazione = std::stof(c.at(9));
+    e.Testo = c.at(10), e.Font = c.at(11);
+    v.push_back(e);
   }
-  for (int p = 0; p < 60; ++p)
-    v.push_back(Scritta(std::to_string(p + 1), Foglio::X(p % 12) + 10, Foglio::Y(p / 12) + 10, 3, "Arial"));
-  v.push_back(Scritta("FOGLIO 12", 1100, 5190, 4, "Courier New"));
-  v.push_back(Scritta("A", Foglio::X(18), Foglio::Y(8), 2, "Arial"));
-  v.push_back(Scritta("X", 1300, 5170, 6, "Courier New", 50));
   return v;
 }
 
 TEST(Estratto, FoglioRealisticoRigaPerRiga) {
-  const Foglio f;
-  const LetturaEstratto l = LeggiEstratto(f.Testo(false), kPenna, kFondo);
+  const LetturaEstratto l = LeggiEstratto(Foglio(false), kPenna, kFondo);
   const std::vector<ElementoEstratto> attesi = Attesi();
   // 12 x 5 cells: 12 x 6 sides across and 13 x 5 along, then 6 sides of the other chains.
   EXPECT_EQ(l.Lati.size(), 12u * 6 + 13 * 5 + 6);
@@ -156,11 +62,11 @@ TEST(Estratto, FoglioRealisticoRigaPerRiga) {
 
   // The origin and scale come from the last row, or from the one before a final line end.
   for (bool crlf : {false, true}) {
-    const Inquadramento q = LeggiInquadramento(f.Testo(crlf));
+    const Inquadramento q = LeggiInquadramento(Foglio(crlf));
     EXPECT_TRUE(q.Trovato);
     EXPECT_EQ(std::vector<double>({q.X, q.Y, q.Scala}), (std::vector<double>{990.25, 5300.5, 0.25})) << crlf;
   }
-  EXPECT_FALSE(LeggiInquadramento(f.Testo(true) + "6|NOTA|\r\n").Trovato);
+  EXPECT_FALSE(LeggiInquadramento(Foglio() + "6|NOTA|\r\n").Trovato);
 }
 
 TEST(Estratto, PennaComeLoSfondo) {
@@ -202,15 +108,18 @@ struct LavoroConEstratto : prova::SessioneProva {
                                              "1,1,1,1,1,1,\"x\"\r\n1\r\n1\r\n\"0\"\r\n1\r\n\"" + parametri + "\"\r\n\"\"\r\n"));
   }
   std::vector<std::string> Messaggi() const { return MessaggiDi(ui); }
+  // Loaded as the program opens a job, then drawn.
+  void Apri() {
+    CaricaLavoro(s);
+    RigeneraLista(s);
+  }
   // The records of kind 14 in the list.
   int64_t Record14() const { return prova::InLista(s, 14); }
 };
 
 TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
-  const Foglio f;
-  LavoroConEstratto p(f.Testo(true), Png(400, 280));
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  LavoroConEstratto p(Foglio(), Png(400, 280));
+  p.Apri();
   EXPECT_EQ(p.Messaggi(), std::vector<std::string>{});
   EXPECT_EQ(std::tie(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata, p.s.FileImmagineEstratto),
             std::make_tuple(0, 0, "F12.PNG"));
@@ -243,9 +152,8 @@ TEST(Estratto, CaricatoConIlLavoroEConLaCornice) {
 TEST(Estratto, CongelatoDaiSettaggiDelLavoro) {
   // A job saved with its extract frozen keeps it frozen: nothing of kind 14, and the raster
   // frozen too.
-  LavoroConEstratto p(Foglio().Testo(true), Png(400, 280), "7|||||||||||||||||F12|1|F12.PNG||1|5");
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  LavoroConEstratto p(Foglio(), Png(400, 280), "7|||||||||||||||||F12|1|F12.PNG||1|5");
+  p.Apri();
   EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(1, 1)));
   EXPECT_EQ(p.Record14(), 0);
 }
@@ -260,28 +168,21 @@ TEST(Estratto, IngressiGuasti) {
     // Read again, as an undo does: said once only.
     CaricaEstratto(p.s);
     EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Vertici dell'estratto non definiti (2): Q, Z"});
-    ASSERT_EQ(p.s.ElementiEstratto.size(), 5u);
-    const std::vector<std::array<double, 4>> attesi{{1000, 5000, 1010, 5000}, {1010, 5000, 1010, 5010},
-                                                    {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
-                                                    {1010, 5000, 1010, 5010}};
-    for (size_t k = 0; k < attesi.size(); ++k) {
-      const ElementoEstratto& e = p.s.ElementiEstratto[k];
-      EXPECT_EQ((std::array<double, 4>{e.X1, e.Y1, e.X2, e.Y2}), attesi[k]) << k;
-    }
+    std::vector<std::array<double, 4>> lati;
+    for (const ElementoEstratto& e : p.s.ElementiEstratto) lati.push_back({e.X1, e.Y1, e.X2, e.Y2});
+    EXPECT_EQ(lati, (std::vector<std::array<double, 4>>{{1000, 5000, 1010, 5000}, {1010, 5000, 1010, 5010},
+                                                        {1010, 5010, 1010, 5010}, {1000, 5000, 1010, 5010},
+                                                        {1010, 5000, 1010, 5010}}));
   }
-  {
-    // A zero scale: the raster is not drawn, the lines are.
-    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|0|\r\n", Png(10, 10));
+  // A zero scale, a raster cut short, or no picture at all: the raster is not drawn, the lines are.
+  const std::string senzaScala = "Inquadramento dell'estratto senza scala: l'immagine non viene disegnata",
+                    illeggibile = "Immagine dell'estratto non leggibile: F12.PNG";
+  for (const auto& [scala, png, messaggio] : {std::tuple{"0", Png(10, 10), senzaScala}, {"1", Png(10, 10, false), illeggibile},
+                                              {"1", std::string("GIF? not a picture at all"), illeggibile},
+                                              {"1", Png(10, 10).substr(0, 20), illeggibile}}) {
+    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|" + scala + "|\r\n", png);
     CaricaLavoro(p.s);
-    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{
-                                "[Estratto di Mappa] Inquadramento dell'estratto senza scala: l'immagine non viene disegnata"});
-    EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
-  }
-  for (const std::string& png : {Png(10, 10, false), std::string("GIF? not a picture at all"), Png(10, 10).substr(0, 20)}) {
-    // A raster cut short, or no picture at all.
-    LavoroConEstratto p(base + "7|2|A|B|NC|\r\n6|INQUADRAMENTO|5000|1000|1|\r\n", png);
-    CaricaLavoro(p.s);
-    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] Immagine dell'estratto non leggibile: F12.PNG"});
+    EXPECT_EQ(p.Messaggi(), std::vector<std::string>{"[Estratto di Mappa] " + messaggio});
     EXPECT_EQ(std::make_tuple(p.s.EstrattoImmagineCongelata, p.s.ElementiEstratto.size()), std::make_tuple(1, 1u));
   }
   {
@@ -321,9 +222,8 @@ TEST(Estratto, OperazioniDelMenu) {
     EXPECT_EQ(std::make_pair(p.s.EstrattoCongelato, p.s.EstrattoImmagineCongelata), (std::pair<int16_t, int16_t>(0, 0)));
     EXPECT_EQ(p.s.ElementiEstratto.size(), 5u);  // the side and the raster's frame
   }
-  LavoroConEstratto p(Foglio().Testo(true), Png(400, 280));
-  CaricaLavoro(p.s);
-  RigeneraLista(p.s);
+  LavoroConEstratto p(Foglio(), Png(400, 280));
+  p.Apri();
   EseguiTag(p.s, "CONGELA_ESTRATTO");
   EXPECT_EQ(p.Record14(), 0);
   // Kept with the job: the name, the freeze, the raster's name and freeze, the pen, the
@@ -374,14 +274,13 @@ TEST(Estratto, SpostaInquadramento) {
   // A quarter turn clockwise about the view's centre: East becomes South.
   ScriviCampo(p.s, "SpostaInquadramento", "Text2", "100");
   PremiBottone(p.s, "SpostaInquadramento", "RuotaOraria");
-  const Q girato = lato(), atteso{1002.5, 4997.5, 1002.5, 4987.5};
-  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(girato[k], atteso[k], 1e-9) << k;
+  const Q atteso{1002.5, 4997.5, 1002.5, 4987.5};
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(lato()[k], atteso[k], 1e-9) << k;
   // Kept with the job: read again, the extract stands where it was moved.
   PremiBottone(p.s, "SpostaInquadramento", "Chiudi");
   EXPECT_FALSE(DialogoAperto(p.s, "SpostaInquadramento"));
   CaricaLavoro(p.s);
-  const Q riletto = lato();
-  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(riletto[k], atteso[k], 1e-9) << k;
+  for (size_t k = 0; k < 4; ++k) EXPECT_NEAR(lato()[k], atteso[k], 1e-9) << k;
 }
 
 }  // namespace

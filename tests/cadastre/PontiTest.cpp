@@ -1,5 +1,5 @@
 // The bridges to Pregeo and the sibling tools: the files written, worked out by hand from the
-// file layouts, and each hand-off run end to end against a stand-in tool.
+// file layouts, and each hand-off run end to end against a stand-in tool; Pregeo's municipalities.
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -9,14 +9,15 @@
 #include "cadastre/Autoallestito.h"
 #include "cadastre/ContornoSette.h"
 #include "cadastre/ElaboratoPregeo.h"
+#include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDaDisegno.h"
 #include "cadastre/Pregeo.h"
 #include "Terminale.h"
-#include "core/CodicePagina.h"
+#include "commands/RoutineModifica.h"
+#include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "core/ProcessiSistema.h"
 #include "core/Testo.h"
-#include "store/Cfg.h"
 #include "store/Undo.h"
 #include "support/ProvaCli.h"
 #include "support/ProvaComandi.h"
@@ -52,6 +53,22 @@ std::string Sonda(Banco& b, const std::string& corpo) {
 
 std::string Ultimo(const InterfacciaRegistrata& ui) { return ui.Messaggi.empty() ? "" : ui.Messaggi.back().Testo; }
 
+// The proposal of the map hub kept with the fuzz seeds, without the seed's leading byte.
+std::string Proposta() {
+  return prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1);
+}
+
+// An empty job open, its boxes recorded in `reg`, the tools run for real.
+struct BancoPonti : Banco {
+  InterfacciaRegistrata reg;
+  ProcessiSistema sistema;
+  BancoPonti() {
+    prova::ApriLavoroVuoto(*this);
+    s.Ui = &reg;
+    s.Proc = &sistema;
+  }
+};
+
 // A wait the user stopped.
 struct Interrotto : Processi {
   std::optional<int> Esegui(const std::string&, const std::vector<std::string>&, const std::string&) override {
@@ -86,9 +103,8 @@ TEST(Ponti, AutoallestitoConImmagine) {
 }
 
 TEST(Ponti, PropostaDaDat) {
-  const std::string dat = prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1);
   std::vector<std::string> letto;
-  for (const LineaProposta& l : LeggiProposta(dat))
+  for (const LineaProposta& l : LeggiProposta(Proposta()))
     letto.push_back(l.Piano + " " + FormaSemplice(l.X1) + "," + FormaSemplice(l.Y1) + " " + FormaSemplice(l.X2) +
                     "," + FormaSemplice(l.Y2) + " " + std::to_string(l.Penna) + "/" + std::to_string(l.Tratteggio));
   EXPECT_EQ(letto, (std::vector<std::string>{"ESTRATTO 200,100 200,110 250/1", "ESTRATTO 200,110 210,110 250/1",
@@ -105,10 +121,8 @@ TEST(Ponti, ElaborazioneInTabella) {
 // The rows picked from a computed `.DAT` go to the end of the book as one step; a choice of
 // rows that are not there leaves the book as it was.
 TEST(Ponti, ElaboratoDatNelLibretto) {
-  Banco b;
-  prova::ApriLavoroVuoto(b);
-  InterfacciaRegistrata ui;
-  b.s.Ui = &ui;
+  BancoPonti b;
+  InterfacciaRegistrata& ui = b.reg;
   prova::ScriviFileProva(b.cartella / "elab.dat",
                          "0|01012020|1|G693|\r\n6|PUNTI ELABORATI|\r\n6|<EST>F1.EMP|\r\n8|101|5020.25|1000.5|12.3456|\r\n"
                          "8|PF01/0010/G693|100.1234567|-7.5|\r\n8|X|abc|1|\r\n7|3|1|2|3|NC|\r\n"
@@ -146,14 +160,10 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
       {"garbuglio", "", {"xyz|||", "7|||"}},
   };
   for (const Caso& c : casi) {
-    Banco b;
-    prova::ApriLavoroVuoto(b);
+    BancoPonti b;
     Disegno(b.s);
-    InterfacciaRegistrata ui;
-    b.s.Ui = &ui;
-    ProcessiSistema sistema;
     Interrotto interrotto;
-    b.s.Proc = c.comando == "interrotto" ? static_cast<Processi*>(&interrotto) : &sistema;
+    if (c.comando == "interrotto") b.s.Proc = &interrotto;
     b.s.Imp.Strumento_SondaIII = c.comando == "sonda"       ? Sonda(b, ok)
                                  : c.comando == "fallisce"  ? Sonda(b, "echo '9|' > \"$libro\"; exit 3")
                                  : c.comando == "garbuglio" ? Sonda(b, "printf 'xyz|||\\r\\n7|||' > \"$libro\"")
@@ -161,7 +171,7 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
     b.s.LibrettoMisure = {"0|x|"};
     AzioneLibrettoDaDisegno(b.s);
     EXPECT_EQ(b.s.LibrettoMisure, c.libro) << c.comando;
-    EXPECT_EQ(Ultimo(ui), c.messaggio) << c.comando;
+    EXPECT_EQ(Ultimo(b.reg), c.messaggio) << c.comando;
     if (c.comando == "sonda") {
       EXPECT_EQ(b.s.FileEstratto, "F9.EMP");
     }
@@ -172,12 +182,8 @@ TEST(Ponti, LibrettoDaDisegnoConLoStrumento) {
 // is on an unnamed point, one whose end point is frozen but has a shown point 4 mm away, a
 // deleted side, and one from a deleted point to a long station name 3 mm from it.
 TEST(Ponti, LineePuntiEstremi) {
-  Banco b;
-  prova::ApriLavoroVuoto(b);
-  InterfacciaRegistrata ui;
-  b.s.Ui = &ui;
-  ProcessiSistema sistema;
-  b.s.Proc = &sistema;
+  BancoPonti b;
+  InterfacciaRegistrata& ui = b.reg;
   b.s.Imp.Strumento_SondaIII = Sonda(b, "printf '%s' \"$1\" > \"$(dirname \"$0\")/argomento\"");
   AzioneMisurateDaStazione(b.s);
   EXPECT_EQ(Ultimo(ui), "Non è stata trovata nessuna Stazione nel Disegno!");
@@ -211,18 +217,14 @@ TEST(Ponti, LineePuntiEstremi) {
 }
 
 TEST(Ponti, DaPregeoEDat) {
-  Banco b;
-  prova::ApriLavoroVuoto(b);
-  InterfacciaRegistrata ui;
-  b.s.Ui = &ui;
+  BancoPonti b;
+  InterfacciaRegistrata& ui = b.reg;
   const std::string temp = b.s.CartellaDocumenti + "/ZN_Suite/Temp/";
   const std::string omnia = b.cartella / "omnia.sh";
   prova::ScriviFileProva(omnia, "#!/bin/sh\nmkdir -p '" + temp + "'\nprintf '0|01012020|1|G693|0010|\\r\\n' > '" + temp +
                                     "ESPORTA_LIBRETTO.TXT'\n[ -n \"$1\" ] && printf '101|10,5|20|3|muro|\\r\\n' > '" +
                                     temp + "ESPORTA_PUNTI_ELABORATI.TXT'\nexit 0\n");
   chmod(omnia.c_str(), 0755);
-  ProcessiSistema sistema;
-  b.s.Proc = &sistema;
   b.s.Imp.Strumento_ZN_Omnia = omnia + " %1";  // "%1" is empty: the hub writes no points
   ui.Rispondi(Risposta::No);
   AzioneDaPregeo(b.s);
@@ -234,7 +236,7 @@ TEST(Ponti, DaPregeoEDat) {
   ASSERT_EQ(b.s.ContaEntita[SlotPunti], 1);
   EXPECT_EQ(b.s.PuntoNome[0] + " " + FormaSemplice(b.s.PuntoX[0]) + " " + FormaSemplice(b.s.PuntoY[0]), "101 10.5 20");
   EXPECT_EQ(b.s.LibrettoMisure, std::vector<std::string>{"0|01012020|1|G693|0010|"});
-  EXPECT_NE(b.s.NomeOriginale.find("LAVORI/NUOVO/NUOVO"), std::string::npos);
+  EXPECT_TRUE(prova::Contiene(b.s.NomeOriginale, "LAVORI/NUOVO/NUOVO"));
   // The extract manager names its choice in lower case: the job takes it in upper case.
   b.s.Imp.Strumento_ZN_Estratti = "/bin/sh -c \"mkdir -p '" + temp + "../TEMP'; printf 'f12.png\\r\\n' > '" + temp +
                                   "../TEMP/ESTRATTOASSOCIATO.txt'\"";
@@ -242,7 +244,7 @@ TEST(Ponti, DaPregeoEDat) {
   EXPECT_EQ(b.s.FileEstratto + " " + b.s.FileImmagineEstratto, "F12.EMP F12.PNG");
   // The map hub leaves its proposal; the book manager adds a row to the book it is named.
   const std::string dat = b.cartella / "p.dat";
-  prova::ScriviFileProva(dat, prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  prova::ScriviFileProva(dat, Proposta());
   b.s.Imp.Strumento_ZN_SuiteMappa = "cp " + dat + " " + temp + "ESPORTA_PROPOSTA.TXT";
   ui.Rispondi(Risposta::No);
   AzionePropostaDaPregeo(b.s);
@@ -255,32 +257,51 @@ TEST(Ponti, DaPregeoEDat) {
 }
 
 TEST(Ponti, RigaDiComando) {
-  prova::CartellaTemporanea radice;
-  ::setenv("VARENA_DOCUMENTI", radice.Percorso().c_str(), 1);
-  ::setenv("VARENA_PROGRAMMA", (radice / "programma").c_str(), 1);
-  {
-    Sessione vuota;
-    prova::ScriviFileProva(radice / "rossi.cfg", Utf8InCp1252(TestoCfg(vuota)));
-  }
+  prova::RadiceCli r;
+  const prova::CartellaTemporanea& radice = r.radice;
+  prova::ScriviFileProva(radice / "rossi.cfg", prova::CfgNuovo());
   prova::ScriviFileProva(radice / "rossi.lll", prova::RecordPuntoBase("101", 10.5, 20, 3).Byte());
-  prova::ScriviFileProva(radice / "p.dat",
-                         prova::LeggiFileProva(VARENA_SORGENTI "/tests/fuzz/corpus/pregeo/proposta.dat").substr(1));
+  prova::ScriviFileProva(radice / "p.dat", Proposta());
   const auto dat = prova::Cli({"dat", radice / "rossi", radice / "p.dat"});
-  EXPECT_EQ(dat.stato, 0) << dat.err;
-  EXPECT_EQ(dat.out, "Linee: 4\n");
+  EXPECT_EQ(std::tie(dat.stato, dat.out), std::make_tuple(0, "Linee: 4\n")) << dat.err;
   const auto manca = prova::Cli({"dat", radice / "rossi", radice / "nessuno.dat"});
   EXPECT_EQ(manca.err, "Il file " + radice / "nessuno.dat" + " NON è stato trovato!\n");
   Sessione s;
   std::ostringstream err;
   ASSERT_TRUE(cli::CaricaInLettura(s, radice / "rossi", err));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 4);
-  EXPECT_EQ(s.LineaPiano[3], "PROPOSTA");
+  EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.LineaPiano[3]), std::make_tuple(4, "PROPOSTA"));
   EXPECT_EQ(prova::Cli({"lxc", radice / "rossi"}).stato, 0);
   EXPECT_EQ(prova::LeggiFileProva(radice / "rossi.LXC").substr(0, 20), "P,101,10.5,20,3,,0\r\n");
   EXPECT_EQ(prova::Cli({"autoallestito", radice / "rossi", "F1", "--cartella", radice / "e"}).out, radice / "e/F1.emp\n");
   EXPECT_EQ(prova::LeggiFileProva(radice / "e/F1.emp").substr(0, 34), "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n");
-  ::unsetenv("VARENA_DOCUMENTI");
-  ::unsetenv("VARENA_PROGRAMMA");
+}
+
+TEST(Ponti, CalcoloGpsEMonografia) {
+  BancoPonti b;
+  const std::string copia = b.cartella / "copia";  // what the stand-in tools were handed
+  b.s.Imp.Strumento_CalcoloGPS = "cp %1 " + copia;
+  b.s.Imp.Strumento_SondaIII = "/bin/sh -c \"echo $0 > " + copia + "\" %1";
+  prova::MettiPunti(b.s, {{"101", 10.5, 20.25, 3}, {"A,1", -5.5, 0.0004, 1234.123456789}, {"5 B", 1, 2, 3}});
+  b.s.StatoPunto[0] = b.s.StatoPunto[1] = 1;  // only the picked points go
+  AzioneCalcoloGPS(b.s);
+  EXPECT_EQ(prova::LeggiFileProva(copia), "101,10.500,20.250,3.000,0,0,0\r\nA.1,-5.500,0.0004,1234.123456789,0,0,0\r\n");
+  subEditaEntita(b.s, SlotPunti, 2);
+  ASSERT_TRUE(PremiBottone(b.s, "formEditaPunto", "MONOGRAFIE"));
+  EXPECT_EQ(prova::LeggiFileProva(copia), "5 B |MONOGRAFIE|\n");
+}
+
+// Pregeo's table before "comunt.dat"; a line of no name is no row; the file's code page.
+TEST(Ponti, ComuniDaProsigle) {
+  Banco b;
+  b.s.Imp.Cartella_Pregeo = b.s.Imp.Cartella_Archivio_Pregeo = b.cartella / "pregeo";
+  std::filesystem::create_directories(b.cartella / "pregeo/exe");
+  prova::ScriviFileProva(b.cartella / "pregeo/exe/PROSIGLE", "X999\r\nA001;PADOVA\r\nG693\t CITT\xC0 DI PADOVA \r\n");
+  prova::ScriviFileProva(b.cartella / "pregeo/comunt.dat", "G693 ALTRO@BB0001BOLOGNA@B");
+  for (const auto& [codice, nome] : {std::pair{"G693", "CITTÀ DI PADOVA"}, {"B0001", "BOLOGNA"}, {"X999", ""}}) {
+    b.s.LibrettoMisure = {std::string("0|01012020|1|") + codice + "|0010|1|COGNOME NOME|GEOMETRA|PADOVA|"};
+    DatiDaRigaZero(b.s);
+    EXPECT_EQ(b.s.RigaZero.NomeComune, nome) << codice;
+  }
 }
 
 }  // namespace

@@ -34,9 +34,8 @@ TEST_F(Avvio, AlberoDelleCartelle) {
                         "SONDAIII/MENU"})
     EXPECT_TRUE(fs::is_directory(doc / c)) << c;
   EXPECT_TRUE(fs::is_directory(prog / "GUIDA"));
-  EXPECT_EQ(s.CartellaLavoro, doc.Percorso() + "/VR2000/");
-  EXPECT_TRUE(s.NomeOriginale.empty());
-  EXPECT_TRUE(ui.Messaggi.empty());
+  EXPECT_EQ(std::make_tuple(s.CartellaLavoro, s.NomeOriginale, ui.Messaggi.size()),
+            std::make_tuple(doc.Percorso() + "/VR2000/", "", 0u));
 }
 
 TEST_F(Avvio, RigaDiComandoTraVirgoletteConSpazi) {
@@ -44,8 +43,7 @@ TEST_F(Avvio, RigaDiComandoTraVirgoletteConSpazi) {
   VarenaLoad(s, "\"" + base + ".cfg\"  ");
   EXPECT_TRUE(ui.Messaggi.empty()) << (ui.Messaggi.empty() ? "" : ui.Messaggi[0].Testo);
   // The job's name is upper-cased on its way through COMMON.CFG, its folders are not.
-  EXPECT_EQ(s.NomeOriginale, base);
-  EXPECT_EQ(s.ContaEntita[SlotPunti], 20);
+  EXPECT_EQ(std::tie(s.NomeOriginale, s.ContaEntita[SlotPunti]), std::make_tuple(base, 20));
   EXPECT_EQ(s.NomeLavoro.rfind(doc.Percorso() + "/VR2000/PROVVISO/RILIEVO_", 0), 0u);
   EXPECT_TRUE(prova::Esiste(s.NomeLavoro + ".LLL"));
   EXPECT_FALSE(prova::Esiste(Comune()));  // the hand-over is consumed
@@ -63,10 +61,9 @@ TEST_F(Avvio, RigaDiComandoRelativa) {
 }
 
 TEST_F(Avvio, DividiNomeComune) {
-  auto n = DividiNomeComune("/home/x/my.jobs/rilievo.v2.cfg");
-  EXPECT_EQ(std::tie(n.Nome, n.Estensione), std::make_tuple("/HOME/X/MY.JOBS/RILIEVO.V2", "CFG"));
-  n = DividiNomeComune("senzapunto");
-  EXPECT_EQ(std::tie(n.Nome, n.Estensione), std::make_tuple("", "SENZAPUNTO"));
+  const auto n = DividiNomeComune("/home/x/my.jobs/rilievo.v2.cfg"), m = DividiNomeComune("senzapunto");
+  EXPECT_EQ(std::tie(n.Nome, n.Estensione, m.Nome, m.Estensione),
+            std::make_tuple("/HOME/X/MY.JOBS/RILIEVO.V2", "CFG", "", "SENZAPUNTO"));
 }
 
 TEST_F(Avvio, EstensioneMinuscolaDiImportazione) {
@@ -103,8 +100,8 @@ TEST_F(Avvio, RiapriUltimoLavoro) {
   ScriviFileProva(doc / "VR2000/Configura.ini", "Configurazione_Ambiente,RiapriUltimoLavoro,1\r\n");
   ScriviFileProva(doc / "VR2000/LavoriRecenti.txt", "");
   VarenaLoad(s, "");
-  EXPECT_TRUE(s.NomeOriginale.empty());  // an empty list: no job, no error
-  EXPECT_TRUE(ui.Messaggi.empty());
+  // An empty list: no job, no error.
+  EXPECT_EQ(std::make_tuple(s.NomeOriginale, ui.Messaggi.size()), std::make_tuple("", 0u));
   ScriviFileProva(doc / "VR2000/LavoriRecenti.txt", "/altro/VECCHIO.CFG\r\n" + base + ".CFG\r\n");
   Sessione t;
   t.Ui = &ui;

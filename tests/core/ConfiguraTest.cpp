@@ -17,67 +17,12 @@ class Configura : public prova::ProvaTabelle {
   std::string File() { return Lavoro("Configura.ini"); }
 };
 
-// Every row in the order of the table, typed out line by line.
+// Every row in the order of the table, typed out into tests/data/impostazioni, with
+// "%RADICE%" where the working root goes.
 std::string FileDefault(const std::string& radice) {
-  return "Configurazione_Ambiente,NomeFileConfiguraPunti,ConfiguraTuttiPunti\r\n"
-         "Configurazione_Ambiente,nomefileautoallestito,\r\n"
-         "Configurazione_Ambiente,MostraIngombroDisegno,0\r\n"
-         "Configurazione_Ambiente,SalvaUnaCopiaZip,0\r\n"
-         "Configurazione_Ambiente,RiapriUltimoLavoro,0\r\n"
-         "Configurazione_Ambiente,MostraDescrizione,1\r\n"
-         "Configurazione_Ambiente,MostraNome,1\r\n"
-         "Configurazione_Ambiente,MostraQuota,1\r\n"
-         "Testo,AngoloTestoDefault,0\r\n"
-         "Testo,AltezzaTestoDefault,5\r\n"
-         "Testo,FontTestoDefault,Arial\r\n"
-         "Testo,ColoreTestoDefault,1\r\n"
-         "Visualizza,Cornice,0\r\n"
-         "Visualizza,Trasparenza,0\r\n"
-         "Puntatori,MenuMouse,1\r\n"
-         "Puntatori,Puntatore,3\r\n"
-         "Puntatori,ComandiSuSnap,0\r\n"
-         "Configurazione_Ambiente,Fai_Anteprima_SiNo,0\r\n"
-         "Configurazione_Ambiente,Colore_Fondo_Default,7\r\n"
-         "Configurazione_Ambiente,Tratteggio_Default,1\r\n"
-         "Configurazione_Ambiente,Stira_Linee,1\r\n"
-         "Configurazione_Ambiente,Info_Estesa,1\r\n"
-         "Configurazione_Ambiente,VISUALIZZA_SNAP,0\r\n"
-         "Configurazione_Ambiente,Stampa_Scala_Plottaggio,1\r\n"
-         "Configurazione_Ambiente,Stampa_Nome_Lavoro,1\r\n"
-         "Configurazione_Ambiente,Colore_Default,1\r\n"
-         "Configurazione_Ambiente,Azzera_Codici_Catastali,0\r\n"
-         "Configurazione_Ambiente,Cartella_Default," + radice + "LAVORI\r\n"
-         "Configurazione_Ambiente,FATTORE_DI_ZOOM,50\r\n"
-         "Configurazione_Ambiente,Icone_grandi,0\r\n"
-         "Mostra Informazioni Sui Comandi,INFOCOMANDI,0\r\n"
-         "Configurazione_Ambiente,Numero_Punti,0\r\n"
-         "Configurazione_Ambiente,Distanza,0\r\n"
-         "Configurazione_Ambiente,Numero_Righe,0\r\n"
-         "Configurazione_Ambiente,Numero_Colonne,0\r\n"
-         "Configurazione_Ambiente,Angolo_Campitura,45\r\n"
-         "Configurazione_Ambiente,Distanza_Campitura,1\r\n"
-         "Configurazione_Ambiente,Alfa,0\r\n"
-         "Configurazione_Ambiente,Beta,0\r\n"
-         "Configurazione_Ambiente,D1,1\r\n"
-         "Configurazione_Ambiente,D2,1\r\n"
-         "Configurazione_Ambiente,Ambito_Laterale,0\r\n"
-         "INFO_DISTANZA,TIPODISTANZA,1\r\n"
-         "Configurazione_Ambiente,CollegaPuntoSimbolo,0\r\n"
-         "Configurazione_Ambiente,VPLOT,0\r\n"
-         "Configurazione_Ambiente,TOOLTIPBELLA,0\r\n"
-         "Configurazione_Ambiente,SOLOCOLORINELDISEGNO,0\r\n"
-         "PNG,PNGCONG,0\r\n"
-         "Configurazione_Stampa,DIMENSIONEUNICAPUNTO,0.0\r\n"
-         "Linea_Altezza_Testo,LineaMostraLunghezza,1\r\n"
-         "Linea_Altezza_Testo,LineaDecimali,2\r\n"
-         "Cartelle,Cartella_Pregeo," + radice + "PREGEO\r\n"
-         "Cartelle,Cartella_Estratti," + radice + "PREGEO/ESTRATTI\r\n"
-         "Cartelle,Cartella_Archivio_Pregeo," + radice + "PREGEO/ARCH\r\n"
-         "Cartelle,Cartella_Fiducial," + radice + "FIDUCIAL\r\n"
-         "Cartelle,Cartella_Copia_Salvataggio,\r\n"
-         "Terreno,Limite_Punti_Triangolazione,10000\r\n"
-         "Strumenti,SondaIII,\r\nStrumenti,ZN_Omnia,\r\nStrumenti,ZN_SuiteMappa,\r\n"
-         "Strumenti,ZN_SuiteLibretti,\r\nStrumenti,ZN_Estratti,\r\nStrumenti,Pregeo,\r\nStrumenti,CalcoloGPS,\r\n";
+  std::string f = LeggiFileProva(VARENA_SORGENTI "/tests/data/impostazioni/Configura.ini");
+  for (size_t k = f.find("%RADICE%"); k != std::string::npos; k = f.find("%RADICE%", k)) f.replace(k, 8, radice);
+  return f;
 }
 
 TEST_F(Configura, SenzaFileIPredefinitiEIlFileScrittoByteperByte) {

@@ -46,8 +46,7 @@ TEST(File, CollegamentiEdEliminazioneEsatta) {
   EXPECT_TRUE(CollegaFile(a, b));  // b stood: replaced by a second name of a
   EXPECT_EQ(std::make_tuple(StessoFile(a, b), LeggiFileProva(b)), std::make_tuple(true, "uno"));
   EXPECT_TRUE(CollegaFile(a, c / "C.TXT"));
-  EXPECT_FALSE(CollegaFile(c / "MANCA.TXT", c / "D.TXT"));
-  EXPECT_FALSE(StessoFile(a, c / "MANCA.TXT"));
+  EXPECT_FALSE(CollegaFile(c / "MANCA.TXT", c / "D.TXT") || StessoFile(a, c / "MANCA.TXT"));
   // The exact form ignores another letter case, where the matching form finds it.
   EXPECT_FALSE(EliminaFileEsatto(c / "a.txt"));
   EXPECT_TRUE(EliminaFile(c / "a.txt"));

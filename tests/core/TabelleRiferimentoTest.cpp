@@ -16,6 +16,12 @@ using prova::Esiste;
 using prova::LeggiFileProva;
 using prova::ScriviFileProva;
 
+// A default file as it must reach the disk when it is missing, typed from the table of
+// defaults into tests/data/impostazioni.
+std::string Predefinito(const std::string& nome) {
+  return prova::LeggiFileProva(VARENA_SORGENTI "/tests/data/impostazioni/" + nome);
+}
+
 // Each loader run on a file written just before it.
 class TabelleRiferimento : public prova::ProvaTabelle {
  protected:
@@ -36,12 +42,10 @@ using prova::Spazzatura;
 TEST_F(TabelleRiferimento, ColoriCreatiEConfezionati) {
   CaricaColori(s, PercorsoColori(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")),
-            "255,0,0,1\r\n255,255,0,2\r\n0,255,0,3\r\n0,255,255,4\r\n0,0,255,5\r\n255,0,255,6\r\n"
-            "255,255,255,7\r\n65,65,65,8\r\n128,128,128,9\r\n");
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(s.Colori[8], 0x414141u);
-  for (int i : {0, -1, 10, 9999}) EXPECT_EQ(s.Colori[i], 0u) << i;  // outside the file: black
+  EXPECT_EQ(LeggiFileProva(Programma("COLORI.ini")), Predefinito("COLORI.ini"));
+  // Outside the file: black.
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, s.Colori[8], s.Colori[0], s.Colori[-1], s.Colori[10], s.Colori[9999]),
+            std::make_tuple(9, 0x414141u, 0u, 0u, 0u, 0u));
   EXPECT_EQ(TrovaOrigine(s, "COLORI.ini")->Stato, StatoFile::Creato);
 
   // A file of the user, in another letter case, read as it stands.
@@ -80,20 +84,18 @@ TEST_F(TabelleRiferimento, ColoriGuastiDannoIlBoxEIPredefiniti) {
   // One enormous line of text: no row at all, so the defaults.
   Colori(std::string(3'000'000, 'x') + "\r\n");
   AttesoErrore("CaricaColori", "Type mismatch");
-  EXPECT_EQ(s.Colori.NumeroColori, 9);
-  EXPECT_EQ(p.ui.Messaggi.size(), 3u);
+  EXPECT_EQ(std::make_tuple(s.Colori.NumeroColori, p.ui.Messaggi.size()), std::make_tuple(9, 3u));
 }
 
 TEST_F(TabelleRiferimento, SpessoriDaUnoEDalFile) {
   CaricaSpessori(s, PercorsoSpessori(s));
-  EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_FALSE(Esiste(Lavoro("SPESSORI1.ini")));
+  EXPECT_EQ(std::make_tuple(p.ui.Messaggi.size(), Esiste(Lavoro("SPESSORI1.ini"))), std::make_tuple(0u, false));
   for (float v : s.Spessori.Spessore) EXPECT_EQ(v, 1.0f);
 
   Spessori("2\r\n0\r\n 0.5 \r\n");
-  EXPECT_EQ(s.Spessori.Letti, 3);
   EXPECT_EQ(std::vector<float>(s.Spessori.Spessore.begin(), s.Spessori.Spessore.begin() + 5),
             (std::vector<float>{1, 2, 0, 0.5, 1}));
+  EXPECT_EQ(s.Spessori.Letti, 3);
 
   // Up to entry 256: further lines are not read.
   std::string molte;
@@ -108,37 +110,15 @@ TEST_F(TabelleRiferimento, SpessoriDaUnoEDalFile) {
   EXPECT_EQ(std::make_tuple(s.Spessori.Spessore[1], s.Spessori.Spessore[2]), std::make_tuple(3.0f, 1.0f));
 }
 
-// The file as it must reach the disk when it is missing, typed from the table of styles.
-const char* const kLineeAttese =
-    "*CONTINUA,__ __ __ __ \r\nA, 0.5, 0\r\n"
-    "*TRATTEGG,__ __ __ __ \r\nA, 3, -3\r\n"
-    "*NASCOSTA,_ _ _ _ _ _ \r\nA, -0.5, 0.5\r\n"
-    "*ASSE,____ _ ____ _ ____\r\nA, 12.5, -25, 25, -25\r\n"
-    "*LINEE,_____ _ _ _____ _ _\r\nA, 12.5,-25, 25,-25, 25,-25\r\n"
-    "*PUNTINI,................\r\nA, 0, -25, 0, -25\r\n"
-    "*PUNTOLIN,__ . __ . __ .\r\nA, 50, -25, 0, -25\r\n"
-    "*BORDINO,__ __ . __ \r\nA, 50,-25, 50,-25, 0,-25\r\n"
-    "*DIVISION,__ . . __ . . \r\nA, 50, -25, 0, -25, 0, -25\r\n"
-    "*TRATT1,__ __ __ __ __ \r\nA, 50, -25\r\n"
-    "*TRATT2,_ _ _ _ _ _ _ _\r\nA, 25,-25\r\n"
-    "*ASSE1,____ _ ____ _ ____ _\r\nA, 12.5,-25, 25,-25\r\n"
-    "*TRATT3,_____ _ _ _____ _ _ \r\nA, 12.5, -25, 25, -25, 25, -25\r\n"
-    "*TRATT4,__ . __ . __ . __\r\nA, 50, -25, 0, -25\r\n"
-    "*TRATT5,__ __ . __ __ . \r\nA, 50, -25, 50, -25, 0, -25\r\n"
-    "*TRATT6,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n"
-    "*TRATT7,100,1 __ __ . __ __ . __ \r\nA, 50, -25, 50, -25, 0, -25\r\n"
-    "*TRATT8,__ . . __ . . __ . .\r\nA, 50, -25, 0, -25, 0, -25\r\n";
-
 TEST_F(TabelleRiferimento, TratteggiCreatiELetti) {
   CaricaTratteggi(s);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), kLineeAttese);
+  EXPECT_EQ(LeggiFileProva(Programma("linee.ini")), Predefinito("linee.ini"));
   const TabellaTratteggi& t = s.Tratteggi;
-  EXPECT_EQ(t.NumeroTratteggi, 18);
-  EXPECT_EQ(t.Stili[0].NumeroElementi(), 0);  // no style: the plain line
+  // Style 0, no style: the plain line.
+  EXPECT_EQ(std::make_tuple(t.NumeroTratteggi, t.Stili[0].NumeroElementi(), t.Stili[5].ScalaElemento), std::make_tuple(18, 0, 0.0));
   EXPECT_EQ(std::tie(t.Stili[1].NomeTratteggio, t.Stili[1].DisegnoTratteggio), std::make_tuple("CONTINUA", "__ __ __ __ "));
   EXPECT_EQ(Elementi(t.Stili[5]), (std::vector<double>{12.5, -25, 25, -25, 25, -25}));
-  EXPECT_EQ(t.Stili[5].ScalaElemento, 0.0);
   const Tratteggio& t7 = t.Stili[17];
   EXPECT_EQ(std::tie(t7.NomeTratteggio, t7.DisegnoTratteggio, t7.ScalaElemento, t7.AngoloElemento),
             std::make_tuple("TRATT7", "100,1 __ __ . __ __ . __ ", 100.0, 1.0));
@@ -151,8 +131,7 @@ TEST_F(TabelleRiferimento, TratteggiGuastiEFuoriLimite) {
                   "*UNO,_ _\r\nB, 1, -1\r\n\r\n*DUE,__\r\nA, 2, -2, x, 4\r\n*TRE\r\n*QUATTRO,.\r\nA,1,2,3,4,5,6,7,8,9,"
                   "10,11,12,13,14,15,16,17,18,19,20,21,22\r\n");
   CaricaTratteggi(s);
-  EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_FALSE(Esiste(Programma("linee.ini")));
+  EXPECT_EQ(std::make_tuple(p.ui.Messaggi.size(), Esiste(Programma("linee.ini"))), std::make_tuple(0u, false));
   const TabellaTratteggi& t = s.Tratteggi;
   ASSERT_EQ(t.NumeroTratteggi, 4);
   EXPECT_EQ(t.Stili[1].NumeroElementi(), 0);
@@ -188,18 +167,14 @@ TEST_F(TabelleRiferimento, TratteggiSalvatiERiletti) {
   prova::SessioneProva q;
   q.s.CartellaProgramma = s.CartellaProgramma;
   CaricaTratteggi(q.s);
-  EXPECT_EQ(q.s.Tratteggi.NumeroTratteggi, 18);
-  EXPECT_EQ(Elementi(q.s.Tratteggi.Stili[2]), (std::vector<double>{1.25, -0.125, 0}));
+  EXPECT_EQ(std::make_tuple(q.s.Tratteggi.NumeroTratteggi, Elementi(q.s.Tratteggi.Stili[2])),
+            std::make_tuple(18, std::vector<double>{1.25, -0.125, 0}));
 }
 
 TEST_F(TabelleRiferimento, CodiciCreatiELetti) {
   CaricaCodici(s, PercorsoCodici(s));
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(LeggiFileProva(Lavoro("VRPUNTI.COD")),
-            "\"1\",\"CHIODO MINIATO\"\r\n\"2\",\"PICCHETTO IN LEGNO\"\r\n\"3\",\"PICCHETTO IN FERRO\"\r\n"
-            "\"4\",\"TOMBINO ENEL\"\r\n\"5\",\"TOMBINO SIP\"\r\n\"6\",\"S.F.\"\r\n\"7\",\"C.S.\"\r\n"
-            "\"8\",\"ASSE STRADA\"\r\n\"9\",\"ASSE FOSSO\"\r\n\"10\",\"CIGLIO STRADA\"\r\n"
-            "\"12\",\"POLLAIO\"\r\n\"13\",\"CANTINA\"\r\n\"14\",\"ASSE CAMPANILE\"\r\n");
+  EXPECT_EQ(LeggiFileProva(Lavoro("VRPUNTI.COD")), Predefinito("VRPUNTI.COD"));
   EXPECT_EQ(CercaCodice(s.Codici, "11"), nullptr);
   ASSERT_NE(CercaCodice(s.Codici, "14"), nullptr);
   EXPECT_EQ(CercaCodice(s.Codici, "14")->Descrizione, "ASSE CAMPANILE");
@@ -218,24 +193,21 @@ TEST_F(TabelleRiferimento, CodiciOltreIlLimiteETroncati) {
   Codici(molti);
   AttesoErrore("CaricaCodici", "Subscript out of range");
   ASSERT_EQ(s.Codici.Righe.size(), 501u);
-  EXPECT_EQ(s.Codici.Righe[500].Descrizione, "D500");
+  EXPECT_EQ(s.Codici.Righe.back().Descrizione, "D500");
 
   Codici("\"1\",\"UNO\"\r\n\"2\"\r\n");
   AttesoErrore("CaricaCodici", "Input past end of file");
   ASSERT_EQ(s.Codici.Righe.size(), 1u);
-  EXPECT_EQ(s.Codici.Righe[0].Descrizione, "UNO");
+  EXPECT_EQ(s.Codici.Righe.back().Descrizione, "UNO");
 }
 
 TEST_F(TabelleRiferimento, ArchivioNoteCreatoELetto) {
   CaricaArchivioNote(s);
-  EXPECT_EQ(LeggiFileProva(Lavoro("ArchivioNote.ini")),
-            "FABBRICATO DA INSERIRE\r\nNUOVA DIVIDENTE\r\nCONFINE\r\nFABRICATO ESISTENTE\r\nNUOVA COSTRUZIONE\r\n"
-            "RECINZIONE\r\nCONTORNO FABBRICATO\r\nASSE FOSSO\r\n");
+  EXPECT_EQ(LeggiFileProva(Lavoro("ArchivioNote.ini")), Predefinito("ArchivioNote.ini"));
   std::filesystem::remove(Lavoro("ArchivioNote.ini"));
   ScriviFileProva(Lavoro("Archivionote.ini"), "MURO\r\n\r\nSIEPE");
   CaricaArchivioNote(s);
-  EXPECT_EQ(s.Note.Note, (std::vector<std::string>{"MURO", "SIEPE"}));
-  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(std::make_tuple(s.Note.Note, p.ui.Messaggi.size()), std::make_tuple(std::vector<std::string>{"MURO", "SIEPE"}, 0u));
 }
 
 TEST_F(TabelleRiferimento, ComuniDaArchivioPregeo) {
@@ -256,18 +228,16 @@ TEST_F(TabelleRiferimento, ComuniDaArchivioPregeo) {
   // Read once: a table already filled is kept.
   ScriviFileProva(s.CartellaLavoro + "PREGEO/ARCH/COMUNT.DAT", "X0001ALTRO@B");
   CaricaComuni(s);
-  EXPECT_EQ(s.Comuni.NumeroComuni(), 3);
-  EXPECT_TRUE(p.ui.Messaggi.empty());
+  EXPECT_EQ(std::make_tuple(s.Comuni.NumeroComuni(), p.ui.Messaggi.size()), std::make_tuple(3, 0u));
 }
 
 TEST_F(TabelleRiferimento, PianoCorrenteDaPianiIni) {
   CaricaPiani1(s);
-  EXPECT_EQ(LeggiFileProva(Lavoro("PIANI.INI")), "\"0\"\r\n");
-  EXPECT_EQ(s.PianoCorrente, "0");
-  Piani1("\" STRADE |EDIFICI|\"\r\n");
-  EXPECT_EQ(s.PianoCorrente, "STRADE");
-  Piani1("\"\"\r\n");
-  EXPECT_EQ(s.PianoCorrente, "0");
+  EXPECT_EQ(std::make_tuple(LeggiFileProva(Lavoro("PIANI.INI")), s.PianoCorrente), std::make_tuple("\"0\"\r\n", "0"));
+  for (const auto& [riga, piano] : {std::pair{"\" STRADE |EDIFICI|\"\r\n", "STRADE"}, {"\"\"\r\n", "0"}}) {
+    Piani1(riga);
+    EXPECT_EQ(s.PianoCorrente, piano) << riga;
+  }
   Piani1(Spazzatura(500));
   AttesoErrore("Carica Piani 1", "Invalid file format");
   EXPECT_EQ(s.PianoCorrente, "0");
@@ -277,8 +247,8 @@ TEST_F(TabelleRiferimento, PianiDelLavoroGuastiOVuoti) {
   s.NomeLavoro = p.Lavoro("LAV");
   ScriviFileProva(s.NomeLavoro + ".PIA", "");
   CaricaPiani(s);
-  EXPECT_TRUE(s.Piani.empty());  // an empty member is no error and gives no layer
-  EXPECT_TRUE(p.ui.Messaggi.empty());
+  // An empty member is no error and gives no layer.
+  EXPECT_EQ(std::make_tuple(s.Piani.size(), p.ui.Messaggi.size()), std::make_tuple(0u, 0u));
   const std::string guasto = "STRADE|0|3|0|1|Arial|0|0|\r\n" + Spazzatura(300);
   ScriviFileProva(s.NomeLavoro + ".PIA", guasto);
   CaricaPiani(s);
@@ -290,8 +260,7 @@ TEST_F(TabelleRiferimento, PianiDelLavoroGuastiOVuoti) {
   std::filesystem::remove(s.NomeLavoro + ".PIA");
   s.SolaLettura = true;
   CaricaPiani(s);
-  EXPECT_EQ(s.Piani.size(), 1u);
-  EXPECT_FALSE(Esiste(s.NomeLavoro + ".PIA"));
+  EXPECT_EQ(std::make_tuple(s.Piani.size(), Esiste(s.NomeLavoro + ".PIA")), std::make_tuple(1u, false));
 }
 
 TEST(FileTabella, NumeriDelleRighe) {

@@ -27,9 +27,7 @@ TEST(ArrotondaPari, MetaVersoIlPari) {
   const std::pair<double, int> casi[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},    {-0.5, 0},
                                          {-1.5, -2}, {-2.5, -2}, {2.4999, 2}, {2.5001, 3}};
   for (const auto& [v, atteso] : casi) EXPECT_EQ(ArrotondaPari(v), atteso) << v;
-  EXPECT_EQ(ArrotondaPari(std::nan("")), 0);
-  EXPECT_EQ(InteroCorto(40000.0), 32767);
-  EXPECT_EQ(InteroCorto(-1e12), -32768);
+  EXPECT_EQ(std::make_tuple(ArrotondaPari(std::nan("")), InteroCorto(40000.0), InteroCorto(-1e12)), std::make_tuple(0, 32767, -32768));
 }
 
 TEST(InteroSaturato, TroncaESiFermaAgliEstremi) {
@@ -54,52 +52,38 @@ TEST(FormatoMaschera, CasiDellaTabellaDeiNumeri) {
     const char* atteso;
   };
   const Caso casi[] = {
-      {1.5, "##########0.000", "1.500"},
-      {1, "#########0.##0", "1.0"},
-      {1.5, "#########0.##0", "1.50"},
-      {1.23456, "#########0.##0", "1.235"},
-      {1.2, "###0.###0", "1.20"},
-      {1.23, "#########0.##0", "1.230"},
-      {2.5, "#########0.", "3."},
-      {12.3456, "00000000.##0", "00000012.346"},
-      {-12.5, "#########0.000", "-12.500"},
-      {1234567.891, "#########0.000", "1234567.891"},
+      {1.5, "##########0.000", "1.500"},  {1, "#########0.##0", "1.0"},        {1.5, "#########0.##0", "1.50"},
+      {1.23456, "#########0.##0", "1.235"}, {1.2, "###0.###0", "1.20"},        {1.23, "#########0.##0", "1.230"},
+      {2.5, "#########0.", "3."},         {12.3456, "00000000.##0", "00000012.346"},
+      {-12.5, "#########0.000", "-12.500"}, {1234567.891, "#########0.000", "1234567.891"},
       {123456789012.0, "###0", "123456789012"},  // a wider value still prints whole
       {0.0005, "0.000", "0.001"},                 // half away from zero
       {-0.0005, "0.000", "-0.001"},
       {2.675, "0.00", "2.68"},                    // in decimal, as the surveyor reads it
       {-0.0001, "0.000", "0.000"},                // no minus on a zero
-      {9.9996, "0.000", "10.000"},
-      {0.25, "#.##", ".25"},
+      {9.9996, "0.000", "10.000"},        {0.25, "#.##", ".25"},
   };
   for (const Caso& c : casi) EXPECT_EQ(FormatoMaschera(c.v, c.maschera), c.atteso) << c.v << " " << c.maschera;
 }
 
 TEST(FormeDeiNumeri, SempliceEStampaSenzaLocale) {
-  EXPECT_EQ(FormaSemplice(1.5), "1.5");
-  EXPECT_EQ(FormaSemplice(0.1 + 0.2), "0.3");  // 15 significant digits, not 17
-  EXPECT_EQ(FormaSemplice(1725320.0), "1725320");
-  EXPECT_EQ(FormaSemplice(5031210.123456789), "5031210.12345679");
-  EXPECT_EQ(FormaSemplice(-0.0), "0");
-  EXPECT_EQ(FormaStampa(5), " 5 ");
-  EXPECT_EQ(FormaStampa(-5), "-5 ");
+  // 0.1 + 0.2 to 15 significant digits, not 17.
+  EXPECT_EQ(FormaSemplice(1.5) + "|" + FormaSemplice(0.1 + 0.2) + "|" + FormaSemplice(1725320.0) + "|" +
+                FormaSemplice(5031210.123456789) + "|" + FormaSemplice(-0.0),
+            "1.5|0.3|1725320|5031210.12345679|0");
+  EXPECT_EQ(FormaStampa(5) + "|" + FormaStampa(-5), " 5 |-5 ");
   // A locale with a decimal comma changes nothing that reaches a file.
   if (std::setlocale(LC_NUMERIC, "it_IT.UTF-8") || std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
-    EXPECT_EQ(FormaSemplice(1.5), "1.5");
-    EXPECT_EQ(FormatoMaschera(1.5, "0.000"), "1.500");
-    EXPECT_EQ(Val("2.5"), 2.5);
+    EXPECT_EQ(std::make_tuple(FormaSemplice(1.5), FormatoMaschera(1.5, "0.000"), Val("2.5")), std::make_tuple("1.5", "1.500", 2.5));
     std::setlocale(LC_NUMERIC, "C");
   }
   EXPECT_EQ(VirgolaInPunto("12,345"), "12.345");
 }
 
 TEST(TestiELettere, RifilaMaiuscoloEDividi) {
-  EXPECT_EQ(Rifila("  a b \t"), "a b");
-  EXPECT_EQ(RifilaDestra("  a  "), "  a");
-  EXPECT_EQ(Maiuscolo("città perché"), "CITTÀ PERCHÉ");
-  EXPECT_EQ(Minuscolo("CITTÀ"), "città");
-  EXPECT_TRUE(UgualeSenzaCaso("però", "PERÒ"));
-  EXPECT_FALSE(UgualeSenzaCaso("a", "b"));
+  EXPECT_EQ(Rifila("  a b \t") + "|" + RifilaDestra("  a  "), "a b|  a");
+  EXPECT_EQ(Maiuscolo("città perché") + "|" + Minuscolo("CITTÀ"), "CITTÀ PERCHÉ|città");
+  EXPECT_EQ(std::make_pair(UgualeSenzaCaso("però", "PERÒ"), UgualeSenzaCaso("a", "b")), std::make_pair(true, false));
   EXPECT_EQ(Dividi("1|2||", '|'), (std::vector<std::string>{"1", "2", "", ""}));
   EXPECT_EQ(Sostituisci("a\"b\"", "\"", " "), "a b ");
 }
@@ -109,9 +93,8 @@ TEST(CodicePagina, OgniByteTornaUguale) {
   for (int b = 0; b < 256; ++b) tutti.push_back(static_cast<char>(b));
   EXPECT_EQ(Utf8InCp1252(Cp1252InUtf8(tutti)), tutti);
   EXPECT_EQ(Cp1252InUtf8("\xE8\x80\x9C"), "è€œ");
-  EXPECT_EQ(Utf8InCp1252("Si è verificato"), "Si \xE8 verificato");
-  EXPECT_EQ(Utf8InCp1252("€ ∑"), "\x80 ?");  // what the code page lacks becomes "?"
-  EXPECT_EQ(Utf8InCp1252("\xC3"), "?");       // a broken sequence too
+  // What the code page lacks becomes "?", and a broken sequence too.
+  EXPECT_EQ(Utf8InCp1252("Si è verificato|€ ∑|\xC3"), "Si \xE8 verificato|\x80 ?|?");
 }
 
 TEST(Lista, ScrittoreDelleIstruzioni) {

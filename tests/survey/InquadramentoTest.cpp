@@ -9,6 +9,7 @@
 #include <fstream>
 #include <vector>
 
+#include "commands/Attese.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
 #include "support/ProvaComandi.h"
@@ -17,11 +18,10 @@
 namespace varena {
 namespace {
 
-constexpr std::array<PuntoXYZ, 5> kUfficiali = {{{1523.417, -2310.255, 0},
-                                                 {2840.902, -1977.61, 0},
-                                                 {2105.33, -640.125, 0},
-                                                 {980.06, -1104.8, 0},
-                                                 {2410.75, -2950.4, 0}}};
+using prova::Vicini;
+
+constexpr std::array<PuntoXYZ, 5> kUfficiali = {
+    {{1523.417, -2310.255, 0}, {2840.902, -1977.61, 0}, {2105.33, -640.125, 0}, {980.06, -1104.8, 0}, {2410.75, -2950.4, 0}}};
 
 // The survey as the script makes it: official points less the shift, turned back, rounded to
 // the tenth of a millimetre, plus noise.
@@ -49,15 +49,12 @@ TEST(Inquadramento, SenzaRumoreRitrovaRotazioneETraslazione) {
     }
     const EsitoInquadramento e = Inquadra(Coppie(rilievo), scala != 1.0);
     ASSERT_TRUE(e.Riuscito);
-    EXPECT_NEAR(e.Rotazione, giro, 1e-9);
-    EXPECT_NEAR(e.Scala, scala, 1e-9);
-    EXPECT_EQ(e.Usati, 5);
+    EXPECT_TRUE(Vicini({e.Rotazione, e.Scala}, {giro, scala}));
+    EXPECT_LT(e.Sqm, 1e-9);
     // The survey's origin lands on the shift.
     const PuntoXYZ o = e.Applica({0, 0, 3});
-    EXPECT_NEAR(o.X, ex, 1e-9);
-    EXPECT_NEAR(o.Y, nx, 1e-9);
-    EXPECT_EQ(o.Z, 3);
-    EXPECT_LT(e.Sqm, 1e-9);
+    EXPECT_TRUE(Vicini({o.X, o.Y}, {ex, nx}));
+    EXPECT_EQ(std::make_tuple(o.Z, e.Usati), std::make_tuple(3.0, 5));
   }
 }
 
@@ -69,17 +66,13 @@ struct Attesi {
 
 void Confronta(const EsitoInquadramento& e, const Attesi& a) {
   ASSERT_TRUE(e.Riuscito);
-  EXPECT_NEAR(e.Rotazione, a.Rotazione, 1e-9);
-  EXPECT_NEAR(e.Scala, a.Scala, 1e-9);
-  EXPECT_NEAR(e.Sqm, a.Sqm, 1e-9);
-  EXPECT_EQ(e.Peggiore, a.Peggiore);
-  ASSERT_EQ(e.Residui.size(), 5u);
-  for (size_t k = 0; k < 5; ++k) {
-    SCOPED_TRACE(k);
-    EXPECT_NEAR(e.Residui[k].DNord, a.Residui[k][0], 1e-9);
-    EXPECT_NEAR(e.Residui[k].DEst, a.Residui[k][1], 1e-9);
-    EXPECT_NEAR(e.Residui[k].Distanza, a.Residui[k][2], 1e-9);
+  EXPECT_EQ(std::make_tuple(e.Peggiore, e.Residui.size()), std::make_tuple(a.Peggiore, 5u));
+  prova::Valori fatti{e.Rotazione, e.Scala, e.Sqm}, attesi{a.Rotazione, a.Scala, a.Sqm};
+  for (size_t k = 0; k < std::min<size_t>(e.Residui.size(), 5); ++k) {
+    fatti.insert(fatti.end(), {e.Residui[k].DNord, e.Residui[k].DEst, e.Residui[k].Distanza});
+    attesi.insert(attesi.end(), a.Residui[k].begin(), a.Residui[k].end());
   }
+  EXPECT_TRUE(Vicini(fatti, attesi));
 }
 
 TEST(Inquadramento, ConRumoreIResiduiDelloScript) {
@@ -115,8 +108,7 @@ TEST(Inquadramento, DuePuntiComeLInquadramentoSu2PF) {
   const std::vector<CoppiaPF> c = {{"PF1", {10, 10, 0}, {0, 0, 0}}, {"PF2", {10, 110.05, 0}, {100, 0, 0}}};
   const EsitoInquadramento e = Inquadra(c, false);
   ASSERT_TRUE(e.Riuscito);
-  EXPECT_NEAR(e.Residui[1].DEst, -0.05, 1e-9);
-  EXPECT_NEAR(e.Residui[1].DNord, 0, 1e-9);
+  EXPECT_TRUE(Vicini({e.Residui[1].DEst, e.Residui[1].DNord}, {-0.05, 0}));
   EXPECT_EQ(e.Peggiore, 1);
   EXPECT_NEAR(e.Sqm, 0.05 / std::sqrt(2.0), 1e-9);
   // With the scale the two fall on their places.
@@ -137,8 +129,9 @@ TEST(Inquadramento, SenzaDuePFDistintiNonSiInquadra) {
 // --- The commands on the drawing -----------------------------------------------------------
 
 using prova::Banco;
+using prova::Contiene;
 using prova::MettiLinea;
-using prova::MettiPunto;
+using prova::MettiPunti;
 using prova::MettiTesto;
 
 // A line of the archive of municipality A123, sheet 12: the number in columns 14-17, North
@@ -159,34 +152,28 @@ TEST(InquadraSu2PF, IDuePFSulleLoroCoordinateUfficiali) {
   Banco b;
   Sessione& s = b.s;
   Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100));
-  MettiPunto(s, "PF01/0120/A123", 10, 10, 5);
-  MettiPunto(s, "PF02/0120/A123", 10, 110.05);
-  MettiPunto(s, "12", 50, 60, 7);
+  MettiPunti(s, {{"PF01/0120/A123", 10, 10, 5}, {"PF02/0120/A123", 10, 110.05}, {"12", 50, 60, 7}});
   MettiTesto(s, 50, 60, "T");
   b.Pronto(50, 60, 300);
   b.Opzioni.Rigoroso = false;  // the pick of a point that is no PF does nothing, as it should
   const std::string uscita =
       b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 50 60\nKEY P\nCLICK left 10 10\nKEY P\nCLICK left 10 110.05\n");
-  EXPECT_NE(uscita.find("PROMPT Inquadra su 2 PF - Primo PF :\n> KEY P\n> CLICK left 50 60\n> KEY P\n> CLICK left 10 10\n"
-                        "PROMPT Inquadra su 2 PF - Punto Orientamento :\n"),
-            std::string::npos)
-      << uscita;
+  EXPECT_TRUE(Contiene(uscita,
+                       "PROMPT Inquadra su 2 PF - Primo PF :\n> KEY P\n> CLICK left 50 60\n> KEY P\n> CLICK left 10 10\n"
+                       "PROMPT Inquadra su 2 PF - Punto Orientamento :\n"));
   const Dialogo* d = TrovaDialogo(s, "FormRotoTraslazione");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Titolo, "Punto - Inquadra su 2 PF");
-  EXPECT_EQ(d->Valore("NuovaOrigine_Nome"), "PF01/0120/A123");
-  EXPECT_EQ(d->Valore("NuovaOrigine_Nord"), "2000.000");
-  EXPECT_EQ(d->Valore("NuovoOrientamento_Est"), "1100.000");
-  EXPECT_EQ(d->Valore("Differenza_Azimut"), "100.0000");
-  EXPECT_EQ(d->Valore("Differenza_Distanza"), "-0.050");
+  std::string valori = d->Titolo;
+  for (const char* c : {"NuovaOrigine_Nome", "NuovaOrigine_Nord", "NuovoOrientamento_Est", "Differenza_Azimut",
+                        "Differenza_Distanza"})
+    valori += "|" + d->Valore(c);
+  EXPECT_EQ(valori, "Punto - Inquadra su 2 PF|PF01/0120/A123|2000.000|1100.000|100.0000|-0.050");
   b.Script("PRESS FormRotoTraslazione.OK\n");
   // Turned by 100 gon about PF01, which falls on its place; the 5 cm stay at PF02. Heights
   // stay as they were.
   EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0]), std::make_tuple(1000.0, 2000.0, 5.0));
-  EXPECT_NEAR(s.PuntoX[1], 1100.05, 1e-9);
-  EXPECT_NEAR(s.PuntoY[1], 2000, 1e-9);
-  EXPECT_NEAR(s.PuntoX[2], 1050, 1e-9);
-  EXPECT_NEAR(s.PuntoY[2], 1960, 1e-9);
+  EXPECT_TRUE(Vicini({s.PuntoX[1], s.PuntoY[1]}, {1100.05, 2000}));
+  EXPECT_TRUE(Vicini({s.PuntoX[2], s.PuntoY[2]}, {1050, 1960}));
   EXPECT_EQ(s.PuntoZ[2], 7);
   EXPECT_NEAR(s.TestoRotazione[0], 300, 1e-9);
   // The framing on n PF with these two gives the same places to the last bit.
@@ -200,29 +187,14 @@ TEST(InquadraSu2PF, UnPFSenzaCoordinateNellArchivioNonMuoveNulla) {
   Banco b;
   Sessione& s = b.s;
   Archivio(s, b.cartella.Percorso(), RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 2000, 1100, 110));
-  MettiPunto(s, "PF01/0120/A123", 10, 10);
-  MettiPunto(s, "PF02/0120/A123", 10, 110.05);
-  b.Pronto(10, 60, 300);
-  b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 10 10\nKEY P\nCLICK left 10 110.05\n");
-  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione"), nullptr);
-  EXPECT_NE(b.uscita.str().find("Coordinate mancanti nell'archivio TAF: PF02/0120/A123"), std::string::npos)
-      << b.uscita.str();
-  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoX[1], s.PuntoY[1]), std::make_tuple(10.0, 10.0, 10.0, 110.05));
-}
-
-TEST(InquadraSu2PF, DuePFAssentiDallArchivioLascianoTuttoDovEra) {
-  Banco b;
-  Sessione& s = b.s;
-  Archivio(s, b.cartella.Percorso(), RigaArchivio(5, 2000, 1000));
   // Local coordinates, where a polar round trip would leave the last bits changed.
-  MettiPunto(s, "PF01/0120/A123", 10.1, 20.3);
-  MettiPunto(s, "PF02/0120/A123", 5.5, 90.25);
-  MettiPunto(s, "7", 37.123, -13.917);
-  MettiPunto(s, "8", -44.4, 3.3);
-  b.Pronto(0, 30, 300);
-  b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 10.1 20.3\nKEY P\nCLICK left 5.5 90.25\nPRESS FormRotoTraslazione.OK\n");
-  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoX[1], s.PuntoY[1]), std::make_tuple(10.1, 20.3, 5.5, 90.25));
-  EXPECT_EQ(std::tie(s.PuntoX[2], s.PuntoY[2], s.PuntoX[3], s.PuntoY[3]), std::make_tuple(37.123, -13.917, -44.4, 3.3));
+  MettiPunti(s, {{"PF01/0120/A123", 10.1, 20.3}, {"PF02/0120/A123", 5.5, 90.25}, {"7", 37.123, -13.917}});
+  b.Pronto(10, 60, 300);
+  b.Script("TAG INQUADRA_2_PF\nKEY P\nCLICK left 10.1 20.3\nKEY P\nCLICK left 5.5 90.25\n");
+  EXPECT_EQ(TrovaDialogo(s, "FormRotoTraslazione"), nullptr);
+  EXPECT_TRUE(Contiene(b.uscita.str(), "Coordinate mancanti nell'archivio TAF: PF02/0120/A123"));
+  EXPECT_EQ(std::tie(s.PuntoX[0], s.PuntoY[0], s.PuntoX[1], s.PuntoY[1], s.PuntoX[2], s.PuntoY[2]),
+            std::make_tuple(10.1, 20.3, 5.5, 90.25, 37.123, -13.917));
 }
 
 TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
@@ -232,18 +204,16 @@ TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
   // off in the survey, PF09 is not in the archive.
   Archivio(s, b.cartella.Percorso(),
            RigaArchivio(1, 2000, 1000) + RigaArchivio(2, 1900, 1000) + RigaArchivio(3, 1900, 1100));
-  MettiPunto(s, "PF01/0120/A123", 0, 0);
-  MettiPunto(s, "PF02/0120/A123", 100, 0);
-  MettiPunto(s, "PF03/0120/A123", 99.97, 100);
-  MettiPunto(s, "PF09/0120/A123", 5, 5);
+  MettiPunti(s, {{"PF01/0120/A123", 0, 0}, {"PF02/0120/A123", 100, 0}, {"PF03/0120/A123", 99.97, 100},
+                 {"PF09/0120/A123", 5, 5}});
   MettiLinea(s, 0, 0, 0, 10);
   b.Pronto(0, 0, 300);
   b.Script("TAG INQUADRA_N_PF\n");
   const Dialogo* d = TrovaDialogo(s, "FormInquadraPF");
   ASSERT_NE(d, nullptr);
   EXPECT_EQ(d->Valore("Mancanti"), "PF non presente nell'archivio TAF: PF09/0120/A123\n");
-  EXPECT_NE(d->Valore("Tabella").find("PF03/0120/A123\t"), std::string::npos);
-  EXPECT_NE(d->Valore("Tabella").find("<<"), std::string::npos);
+  EXPECT_TRUE(Contiene(d->Valore("Tabella"), "PF03/0120/A123\t"));
+  EXPECT_TRUE(Contiene(d->Valore("Tabella"), "<<"));
   // PF03 left out: the other two agree to the last digit shown, and PF03 shows its 3 cm.
   b.Script("FIELD FormInquadraPF.Esclusi pf03/0120/a123\nPRESS FormInquadraPF.Calcola\n");
   EXPECT_EQ(TrovaDialogo(s, "FormInquadraPF")->Valore("Tabella"),
@@ -254,10 +224,8 @@ TEST(InquadraSuNPF, LaTabellaDeiResiduiUnPFEsclusoEIlDisegnoInquadrato) {
             "Rotazione (gon)\t100.0000\nScala\t1.000000000\nS.q.m.\t0.0000");
   b.Script("PRESS FormInquadraPF.OK\n");
   EXPECT_FALSE(DialogoAperto(s, "FormInquadraPF"));
-  EXPECT_NEAR(s.PuntoX[2], 1100, 1e-9);
-  EXPECT_NEAR(s.PuntoY[2], 1900.03, 1e-9);
-  EXPECT_NEAR(s.LineaX2[0], 1010, 1e-9);
-  EXPECT_NEAR(s.LineaY2[0], 2000, 1e-9);
+  EXPECT_TRUE(Vicini({s.PuntoX[2], s.PuntoY[2]}, {1100, 1900.03}));
+  EXPECT_TRUE(Vicini({s.LineaX2[0], s.LineaY2[0]}, {1010, 2000}));
 }
 
 }  // namespace

@@ -30,9 +30,9 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   };
   for (const Caso& c : casi) {
     const EsitoPothenot e = Pothenot(c.p1, c.p2, c.p3, c.alfa, c.beta);
-    ASSERT_EQ(e.Stato, kRiuscito) << c.nome;
-    EXPECT_NEAR(e.Stazione.X, c.x, kDecimoDiMm) << c.nome;
-    EXPECT_NEAR(e.Stazione.Y, c.y, kDecimoDiMm) << c.nome;
+    SCOPED_TRACE(c.nome);
+    ASSERT_EQ(e.Stato, kRiuscito);
+    EXPECT_TRUE(Vicini({e.Stazione.X, e.Stazione.Y}, {c.x, c.y}, kDecimoDiMm));
     EXPECT_EQ(e.Stazione.Z, 0);
   }
   // Three points in a row, the station off their line: the circle is the line, the station
@@ -40,8 +40,7 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
   const double al = std::atan2(50.0, 100.0) * 200 / M_PI;  // each pair 50 m apart seen from 100 m
   const EsitoPothenot riga = Pothenot({-50, 100}, {0, 100}, {50, 100}, al, al);
   ASSERT_EQ(riga.Stato, kRiuscito);
-  EXPECT_NEAR(riga.Stazione.X, 0, kDecimoDiMm);
-  EXPECT_NEAR(riga.Stazione.Y, 0, kDecimoDiMm);
+  EXPECT_TRUE(Vicini({riga.Stazione.X, riga.Stazione.Y}, {0, 0}, kDecimoDiMm));
   // Refusals (the dangerous circle is the command's case below).
   EXPECT_EQ(Pothenot({0, 0}, {0, 0.0005}, {50, 0}, 50, 50).Motivo, "Punti noti coincidenti!");
   for (double alfa : {0.0, 200.0})
@@ -51,31 +50,26 @@ TEST(Pothenot, StazioniNoteRitrovateSullaGrigliaEVicinoAllOrigine) {
 
 TEST(Pothenot, ComandoTrePuntiDueAngoliEStazioneInserita) {
   Banco b;
-  MettiPunto(b.s, "T1", 612.41, 3890.12, 0);
-  MettiPunto(b.s, "T2", 2950.73, 3105.33, 0);
-  MettiPunto(b.s, "T3", 2011.05, 405.98, 0);
-  MettiPunto(b.s, "C1", 100, 150, 0);
-  MettiPunto(b.s, "C2", 149.3844170298, 107.821723252, 0);
-  MettiPunto(b.s, "C3", 129.3892626146, 59.5491502813, 0);
+  MettiPunti(b.s, {{"T1", 612.41, 3890.12, 0}, {"T2", 2950.73, 3105.33, 0}, {"T3", 2011.05, 405.98, 0},
+                   {"C1", 100, 150, 0}, {"C2", 149.3844170298, 107.821723252, 0},
+                   {"C3", 129.3892626146, 59.5491502813, 0}});
   b.Pronto(1500, 2000, 5000);
   const std::string uscita =
       b.Script("TAG POTHENOT\nCLICK left @T1\nCLICK left @T2\nCLICK left @T3\nFIELD NuovoPunto.Nome 100\n"
                "FIELD Alfa 97.849988788401\nFIELD Beta 102.288425330096\nPRESS OK\n");
-  EXPECT_NE(uscita.find("PROMPT Snellius/Pothenot - Primo Trigonometrico :\n"), std::string::npos);
-  EXPECT_NE(uscita.find("PROMPT Pothenot - Terzo Trigonometrico\n"), std::string::npos);
-  EXPECT_NE(uscita.find("DIALOGO + CalcoloPothenot [Calcolo Pothenot] Primo=\"T1\" Secondo=\"T2\" Terzo=\"T3\""),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(uscita, "PROMPT Snellius/Pothenot - Primo Trigonometrico :\n"));
+  EXPECT_TRUE(Contiene(uscita, "PROMPT Pothenot - Terzo Trigonometrico\n"));
+  EXPECT_TRUE(Contiene(uscita,
+                       "DIALOGO + CalcoloPothenot [Calcolo Pothenot] Primo=\"T1\" Secondo=\"T2\" Terzo=\"T3\""));
   const int32_t r = IlPiuVicinoPerNome(b.s, "100");
   ASSERT_GE(r, 0);
-  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(r)], 1234.567, kDecimoDiMm);
-  EXPECT_NEAR(b.s.PuntoY[static_cast<size_t>(r)], 2345.678, kDecimoDiMm);
+  EXPECT_TRUE(Vicini({b.s.PuntoX[static_cast<size_t>(r)], b.s.PuntoY[static_cast<size_t>(r)]}, {1234.567, 2345.678}, kDecimoDiMm));
 
   // On the dangerous circle: said, nothing inserted, the dialog up for other angles.
   const int32_t prima = b.s.ContaEntita[SlotPunti];
   b.Script("CLICK left @C1\nCLICK left @C2\nCLICK left @C3\nFIELD Alfa 45\nFIELD Beta 35\nPRESS OK\n");
-  EXPECT_NE(b.ui.UltimoMessaggio.find("Stazione sul cerchio pericoloso: il punto è indeterminato!"), std::string::npos);
-  EXPECT_EQ(b.s.ContaEntita[SlotPunti], prima);
-  EXPECT_TRUE(DialogoAperto(b.s, "CalcoloPothenot"));
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Stazione sul cerchio pericoloso: il punto è indeterminato!"));
+  EXPECT_EQ(std::make_tuple(b.s.ContaEntita[SlotPunti], DialogoAperto(b.s, "CalcoloPothenot")), std::make_tuple(prima, true));
 }
 
 // tests/survey/dati/fuoricentro.py: the instrument 2.35 m from the centre on 137.5 gon, its
@@ -97,8 +91,7 @@ TEST(FuoriCentro, SenzaEccentricitaOOrientamentiNienteEUnaVisualeTroppoCortaFall
   vicino[1].Nord = 5002001;
   vicino[1].Est = 1701000;
   const EsitoFuoriCentro v = FuoriCentro(vicino, 2.35);
-  EXPECT_FALSE(v.Righe[0].Riuscita);
-  EXPECT_TRUE(v.Righe[1].Riuscita);
+  EXPECT_EQ(std::make_pair(v.Righe[0].Riuscita, v.Righe[1].Riuscita), std::make_pair(false, true));
 }
 
 TEST(FuoriCentro, FileFFFScrittoRilettoETroncato) {
@@ -108,17 +101,16 @@ TEST(FuoriCentro, FileFFFScrittoRilettoETroncato) {
             "Centro\tC\t5002000.000\t1701000.000\t60.9567\r\n");
   EXPECT_EQ(LeggiFFF(testo, righe), "");
   ASSERT_EQ(righe.size(), 4u);
-  EXPECT_EQ(righe[3].Nome, "O3");
-  EXPECT_EQ(righe[3].Direzione, 310.966);
-  // Cut in the middle of a row, garbage, nothing: said, and the rows as they were.
-  EXPECT_EQ(LeggiFFF(testo.substr(0, testo.size() - 20), righe), "Riga 4 incompleta o non numerica");
-  EXPECT_EQ(LeggiFFF("Centro\tC\tx\t1\t2\r\n", righe), "Riga 1 incompleta o non numerica");
-  EXPECT_EQ(LeggiFFF("", righe), "Nessuna riga");
-  EXPECT_EQ(righe.size(), 4u);
+  EXPECT_EQ(std::tie(righe[3].Nome, righe[3].Direzione), std::make_tuple("O3", 310.966));
+  // Garbage, nothing, too much: said, and the rows as they were (a row cut short is the
+  // command's case below).
   std::string lungo;
   for (int i = 0; i < 1001; ++i) lungo += "Orientamento\tP\t1\t2\t3\n";
-  EXPECT_EQ(LeggiFFF(lungo, righe), "Più di 1000 righe");
-  EXPECT_EQ(righe.size(), 4u);
+  for (const auto& [guasto, motivo] : {std::pair<std::string, std::string>{"Centro\tC\tx\t1\t2\r\n", "Riga 1 incompleta o non numerica"},
+                                       {"", "Nessuna riga"}, {lungo, "Più di 1000 righe"}}) {
+    EXPECT_EQ(LeggiFFF(guasto, righe), motivo);
+    EXPECT_EQ(righe.size(), 4u) << motivo;
+  }
 }
 
 TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
@@ -136,25 +128,25 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
             "Orientamento\tO3\t5001480.250\t1701105.000\t310.9660");
   // No eccentricity: said, nothing computed.
   b.Script("PRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Eccentricità non ammissibile!") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Eccentricità non ammissibile!"));
   b.Script("FIELD Eccentricita 2,35\nFIELD Stazione 200\nPRESS Calcola\n");
   const std::string t2 = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Tabella2");
-  EXPECT_NE(t2.find("\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"), std::string::npos);
-  EXPECT_NE(t2.find("\nMedie\t200\t5001998.694\t1701001.954\t276.5433"), std::string::npos);
+  EXPECT_TRUE(Contiene(t2, "\nO2\t200\t5001998.694\t1701001.954\t276.5433\t431.707\t331.6176\t"));
+  EXPECT_TRUE(Contiene(t2, "\nMedie\t200\t5001998.694\t1701001.954\t276.5433"));
   b.Script("PRESS Relazione\n");
   const std::string relazione = TrovaDialogo(b.s, "FormFuoricentro")->Valore("Relazione");
   EXPECT_EQ(relazione.substr(0, relazione.find("Dalla")),
             "          RILEVAMENTO  ESEGUITO  DAL SOTTOSCRITTO A MEZZO DI TEODOLITE A GRADUAZIONE CENTESIMALE DESTRORSA "
             "E GEODIMETRO\n          MEDIANTE CALCOLO DELLA CORREZIONE DI ORIENTAMENTO E COORDINATE DELLA STAZIONE 200 "
             "FUORI CENTRO. ORIGINE C\n");
-  EXPECT_NE(relazione.find("\nC           5002000.000  1701000.000     60.9567   2.350\n"), std::string::npos);
-  EXPECT_NE(relazione.find("VALORI MEDI:    276.5433 5001998.694  1701001.954\n"), std::string::npos);
-  EXPECT_NE(relazione.find("\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
-                           "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(relazione, "\nC           5002000.000  1701000.000     60.9567   2.350\n"));
+  EXPECT_TRUE(Contiene(relazione, "VALORI MEDI:    276.5433 5001998.694  1701001.954\n"));
+  EXPECT_TRUE(Contiene(relazione,
+                       "\nPUNTO O2    5002205.700  1700620.450     55.1061          431.707  331.6176    "
+                       "5.8506  137.5000  276.5433 5001998.694  1701001.954\n"));
   b.Script("PRESS Inserisci\n");
-  const int32_t r = IlPiuVicinoPerNome(b.s, "200");
-  ASSERT_GE(r, 0);
-  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(r)], 1701001.9540, kDecimoDiMm);
+  ASSERT_GE(IlPiuVicinoPerNome(b.s, "200"), 0);
+  EXPECT_NEAR(b.s.PuntoX[static_cast<size_t>(IlPiuVicinoPerNome(b.s, "200"))], 1701001.9540, kDecimoDiMm);
   // Each station and the mean as fuoricentro.py gives S, to the fifth decimal.
   b.Script("PRESS Esporta\n");
   const std::string s200 = "200|5001998.69441|1701001.95395|0.0000\r\n";
@@ -169,9 +161,8 @@ TEST(FuoriCentro, ComandoTabelleMediaInserimentoEFile) {
   const std::string intero = *LeggiByte(fff);
   ScriviByte(fff, intero.substr(0, intero.size() / 2));
   b.Script("PRESS Leggi\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio, "File ROSSI.FFF non valido: Riga 3 incompleta o non numerica!");
-  EXPECT_EQ(b.s.Calcoli.FuoriCentro.size(), 4u);
-  EXPECT_TRUE(DialogoAperto(b.s, "FormFuoricentro"));
+  EXPECT_EQ(std::make_tuple(b.ui.UltimoMessaggio, b.s.Calcoli.FuoriCentro.size(), DialogoAperto(b.s, "FormFuoricentro")),
+            std::make_tuple("File ROSSI.FFF non valido: Riga 3 incompleta o non numerica!", 4u, true));
 }
 
 }  // namespace

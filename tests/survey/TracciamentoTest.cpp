@@ -65,18 +65,18 @@ TEST(Tracciamento, DieciPuntiDaUnaStazioneCatastale) {
             "10\t5000700.050\t1700655.550\t334.5565\t253.408");
   // A reading of 0: the angles below the orientation's wrap up by a turn.
   b.Script("FIELD Lettura 0\nPRESS Calcola\n");
-  EXPECT_NE(Tabella(b.s).find("\n2\t5000495.500\t1700610.000\t45.0849\t110.092\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(Tabella(b.s), "\n2\t5000495.500\t1700610.000\t45.0849\t110.092\n"));
 
   // Both runs appended to one report of this dialog, each with its head.
   const std::string txt = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT");
   EXPECT_EQ(txt.substr(0, 69), "     --------------------------------------------------------------\r\n");
-  EXPECT_NE(txt.find("     Stazione     : S  Nord: 5000500.000  Est: 1700500.000\r\n"
-                     "     Orientamento : O  Nord: 5000610.500  Est: 1700640.250\r\n"
-                     "     Direzione all'Orientamento : 57.5180\r\n"
-                     "     O     O     O     Nome Punto             Nord         Est   Angolo      Distanza\r\n"),
-            std::string::npos);
-  EXPECT_NE(txt.find("     O     O     O     9                 5000500.000  1700500.000      92.4820        0.000\r\n"),
-            std::string::npos);
+  EXPECT_TRUE(Contiene(txt,
+                       "     Stazione     : S  Nord: 5000500.000  Est: 1700500.000\r\n"
+                       "     Orientamento : O  Nord: 5000610.500  Est: 1700640.250\r\n"
+                       "     Direzione all'Orientamento : 57.5180\r\n"
+                       "     O     O     O     Nome Punto             Nord         Est   Angolo      Distanza\r\n"));
+  EXPECT_TRUE(Contiene(txt,
+                       "     O     O     O     9                 5000500.000  1700500.000      92.4820        0.000\r\n"));
   size_t teste = 0;
   for (size_t i = txt.find("Info - Tracciamento  Lotto A"); i != std::string::npos;
        i = txt.find("Info - Tracciamento  Lotto A", i + 1))
@@ -85,7 +85,7 @@ TEST(Tracciamento, DieciPuntiDaUnaStazioneCatastale) {
   const std::string libretto = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.LIB");
   EXPECT_EQ(libretto.substr(0, libretto.find("2|1|")),
             "1|S|0.000|\r\n2|O|350.0000|178.551||\r\n");
-  EXPECT_NE(libretto.find("2|10|334.5565|253.408||\r\n"), std::string::npos);
+  EXPECT_TRUE(Contiene(libretto, "2|10|334.5565|253.408||\r\n"));
   const std::string csv = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.CSV");
   EXPECT_EQ(csv.substr(0, csv.find("Nome Punto")),
             "Stazione;S;Nord;5000500.000;EST;1700500.000\r\nOrientamento;O;  Nord;5000610.500;Est;1700640.250\r\n"
@@ -98,29 +98,27 @@ TEST(Tracciamento, NomiAssentiLetturaNonNumericaEdElencoVuoto) {
   MettiPunto(b.s, "O", 0, 10, 0);
   b.Pronto(0, 0, 50);
   b.Script("TAG TRACCIAMENTO\nCLICK left @S\nCLICK left @O\nFIELD Nome X9\nPRESS Aggiungi\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Punto Non Trovato") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Punto Non Trovato"));
   EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "");
   b.Script("FIELD Stazione ZZ\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Punto Non Trovato") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Punto Non Trovato"));
   EXPECT_EQ(LunghezzaFile(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT"), -1);
   b.Script("FIELD Stazione S\nFIELD Lettura 12x\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Dati incongruenti nella casella") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Dati incongruenti nella casella"));
   EXPECT_EQ(LunghezzaFile(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT"), -1);
   // A name taken out of the list after the question.
   b.Script("FIELD Nome O\nPRESS Aggiungi\nFIELD Nome S\nPRESS Aggiungi\nFIELD Nome O\nANSWER yes\nPRESS Elimina\n");
   EXPECT_EQ(TrovaDialogo(b.s, "FormTracciamento")->Valore("Elenco"), "S\n");
-  b.Script("FIELD Nome S\nANSWER yes\nPRESS Elimina\n");
   // An empty list: only the head is written, and said.
-  b.Script("FIELD Lettura 0\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Nessun punto da tracciare") != std::string::npos, true);
+  b.Script("FIELD Nome S\nANSWER yes\nPRESS Elimina\nFIELD Lettura 0\nPRESS Calcola\n");
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Nessun punto da tracciare"));
   const std::string txt = *LeggiByte(b.s.CartellaProgramma + "/temp/TRACCIAMENTO1.TXT");
   EXPECT_EQ(txt.find("     O     O     O     Nome Punto"), txt.rfind("     O     O     O"));
 
   // A contour picked on the drawing gives its points in the order of its list; a code and a
   // name no point has are passed over.
-  MettiPunto(b.s, "21", 20, 0, 0);
-  MettiPunto(b.s, "22", 20, 10, 0);
-  MettiPunto(b.s, "23", 30, 10, 0);
+  for (const auto& [nome, x, y] : {std::tuple{"21", 20, 0}, {"22", 20, 10}, {"23", 30, 10}})
+    MettiPunto(b.s, nome, x, y, 0);
   subAggiungiSetteSingolo(b.s, "|23|R|99|22|21|", "LOTTO", "", 1, 1);
   RigeneraLista(b.s);
   b.Script("PRESS Contorno\nCLICK left 25 10\n");
@@ -136,24 +134,22 @@ TEST(DivisioneAree, UnTerzoEDueTerziDiUnaParticellaIrregolare) {
     clic += "CLICK left @V" + std::to_string(i + 1) + "\n";
   }
   // The direction of the cut, 50 gon, and the point the script found for one third.
-  MettiPunto(b.s, "D1", E0, N0, 0);
-  MettiPunto(b.s, "D2", E0 + 10, N0 + 10, 0);
-  MettiPunto(b.s, "P", 1700051.6020813216, 5000063.3979186788, 0);
+  MettiPunti(b.s, {{"D1", E0, N0, 0}, {"D2", E0 + 10, N0 + 10, 0}, {"P", 1700051.6020813216, 5000063.3979186788, 0}});
   b.Pronto(E0 + 60, N0 + 55, 200);
   // The first right click leaves the point snap, the second closes the contour.
   b.Script(clic + "CLICK right @V1\nCLICK right @V1\n");
   ASSERT_TRUE(TrovaDialogo(b.s, "FormDivisioneAree"));
-  EXPECT_EQ(TrovaDialogo(b.s, "FormDivisioneAree")->Titolo, "Divisione Aree 2 Punti");
-  EXPECT_EQ(Aree(b.s), "8611.094 0.000 8611.094");
+  EXPECT_EQ(TrovaDialogo(b.s, "FormDivisioneAree")->Titolo + " " + Aree(b.s),
+            "Divisione Aree 2 Punti 8611.094 0.000 8611.094");
   b.Script("CLICK left @D1\nCLICK left @D2\nCLICK left @P\n");
-  EXPECT_EQ(b.ui.UltimoPrompt, "Divisione Aree - Punto per la Linea di Divisione :");
-  EXPECT_EQ(Aree(b.s), "8611.094 2870.365 5740.729");
+  EXPECT_EQ(b.ui.UltimoPrompt + " " + Aree(b.s),
+            "Divisione Aree - Punto per la Linea di Divisione : 8611.094 2870.365 5740.729");
   // Half a metre North: the script's pieces 2829.994 and 5781.100.
   b.Script("FIELD Passo 0.5\nPRESS NordPiu\n");
   EXPECT_EQ(Aree(b.s), "8611.094 2829.994 5781.100");
   // A step of nothing moves nothing.
   b.Script("FIELD Passo 0\nPRESS NordPiu\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Inserire un valore per spostamento!") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Inserire un valore per spostamento!"));
   EXPECT_EQ(Aree(b.s), "8611.094 2829.994 5781.100");
   // The cut goes in as a line between its two crossings.
   const int32_t linee = b.s.ContaEntita[SlotLinee];
@@ -169,12 +165,10 @@ TEST(DivisioneAree, UnTerzoEDueTerziDiUnaParticellaIrregolare) {
 TEST(DivisioneAree, TaglioPerUnVerticeEFuoriDalContorno) {
   const std::vector<PuntoXYZ> quadro{{0, 0}, {10, 0}, {10, 10}, {0, 10}};
   // Through the corner (10, 0) only: both crossings on it, a part of nothing.
-  TaglioArea t = TagliaContorno(quadro, {5, -5}, {15, 5});
-  EXPECT_EQ(t.Incroci, 2);
-  EXPECT_EQ(t.AreaParte, 0);
+  const TaglioArea t = TagliaContorno(quadro, {5, -5}, {15, 5});
+  EXPECT_EQ(std::make_tuple(t.Incroci, t.AreaParte), std::make_tuple(2, 0.0));
   // Along the diagonal: half the square.
-  t = TagliaContorno(quadro, {-1, -1}, {11, 11});
-  EXPECT_NEAR(t.AreaParte, 50, 1e-9);
+  EXPECT_NEAR(TagliaContorno(quadro, {-1, -1}, {11, 11}).AreaParte, 50, 1e-9);
   // Wide of it: no crossing.
   EXPECT_EQ(TagliaContorno(quadro, {20, 0}, {20, 10}).Incroci, 0);
 }
@@ -212,9 +206,7 @@ TEST(Triangoli, OgniTernaSufficienteDaLoStessoTriangolo) {
   for (const auto& t : terne) {
     const EsitoTriangolo e = RisolviTriangolo(Solo(t));
     ASSERT_TRUE(e.Risolto) << *t.begin();
-    EXPECT_EQ(e.Messaggio, "");
-    EXPECT_EQ(Mostrate(e), kAttese);
-    EXPECT_EQ(e.Relazione, kRelazione);
+    EXPECT_EQ(std::make_tuple(e.Messaggio, Mostrate(e), e.Relazione), std::make_tuple("", kAttese, kRelazione));
   }
   // All six given: the three sides win and the angles typed are overwritten.
   Caselle tutti = kTutti;
@@ -222,8 +214,7 @@ TEST(Triangoli, OgniTernaSufficienteDaLoStessoTriangolo) {
   EXPECT_EQ(Mostrate(RisolviTriangolo(tutti)), kAttese);
   // An angle and two sides that do not hold it, nor fit the last row: no result, no word.
   const EsitoTriangolo nessuno = RisolviTriangolo(Solo({0, 1, 4}));
-  EXPECT_FALSE(nessuno.Risolto);
-  EXPECT_EQ(nessuno.Messaggio, "");
+  EXPECT_EQ(std::make_tuple(nessuno.Risolto, nessuno.Messaggio), std::make_tuple(false, ""));
 }
 
 TEST(Triangoli, CasiImpossibiliEAmbigui) {
@@ -232,12 +223,12 @@ TEST(Triangoli, CasiImpossibiliEAmbigui) {
     EXPECT_FALSE(e.Risolto);
     return e.Messaggio + "|" + e.Titolo;
   };
-  EXPECT_EQ(rifiuto({"3", "4", "", "", "", ""}), "Numero di elementi insufficienti!|Impossibile continuare");
-  EXPECT_EQ(rifiuto({"3", "4", "x", "", "", ""}), "Numero di elementi insufficienti!|Impossibile continuare");
+  for (const char* c : {"", "x"})
+    EXPECT_EQ(rifiuto({"3", "4", c, "", "", ""}), "Numero di elementi insufficienti!|Impossibile continuare");
   EXPECT_EQ(rifiuto({"", "", "", "60", "70", "70"}), "Numero di elementi Lineari insufficienti!|Impossibile continuare");
-  EXPECT_EQ(rifiuto({"3", "4", "8", "", "", ""}), "Un lato è Maggiore della somma degli altri 2!|Impossibile continuare");
-  // Flat: a + b = c is refused, the test is strict.
-  EXPECT_EQ(rifiuto({"3", "4", "7", "", "", ""}), "Un lato è Maggiore della somma degli altri 2!|Impossibile continuare");
+  // Flat, a + b = c, is refused too: the test is strict.
+  for (const char* c : {"8", "7"})
+    EXPECT_EQ(rifiuto({"3", "4", c, "", "", ""}), "Un lato è Maggiore della somma degli altri 2!|Impossibile continuare");
   // The side opposite the angle is the shorter: two triangles fit.
   EXPECT_EQ(rifiuto({"3", "4", "", "40", "", ""}), "Doppia Soluzione|Problema");
   // Two angles of more than a half turn together.
@@ -260,7 +251,7 @@ TEST(Triangoli, IlDialogoRiscriveLeCaselleERestaAperto) {
             "Altezza3\t2.400\nRaggio Cerchio Inscritto\t1.000\nRaggio Cerchio Circoscritto\t2.500");
   // A refusal leaves the boxes as typed and the dialog up.
   b.Script("PRESS Pulisci\nFIELD a 1\nFIELD b 1\nFIELD c 3\nPRESS Calcola\n");
-  EXPECT_EQ(b.ui.UltimoMessaggio.find("Un lato è Maggiore della somma degli altri 2!") != std::string::npos, true);
+  EXPECT_TRUE(Contiene(b.ui.UltimoMessaggio, "Un lato è Maggiore della somma degli altri 2!"));
   EXPECT_EQ(TrovaDialogo(b.s, "Triangoli")->Valore("c"), "3");
 }
 
