@@ -163,7 +163,8 @@ TEST_F(SelezioneBanco, SingolaAlternaDipingeInvertitoEContaDiNuovo) {
   const auto& c = sup.Chiamate;
   const auto prima = std::find(c.begin(), c.end(), sup.Solo("Linea")[0]);
   ASSERT_NE(prima, c.begin());
-  EXPECT_EQ(*(prima - 2), inverti);  // the mode, then the dotted style, then the line
+  // The mode, then the dotted style, then the line, then the plain mode back.
+  EXPECT_EQ(std::make_tuple(*(prima - 2), *(prima - 1), *(prima + 1)), std::make_tuple(inverti, "Stile 2", "Modo 13"));
   Script("CLICK left 3 4\nCLICK left 3 1\n");
   EXPECT_EQ(Stati(s), "L01 C A T P ");
   Script("CLICK right 0 0\n");

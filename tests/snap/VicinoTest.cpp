@@ -26,13 +26,6 @@ Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
   return v;
 }
 
-TEST_F(VicinanzaBanco, IlPiuVicinoDisegnoVuotoNonTrovaNulla) {
-  Pronto();
-  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
-  EXPECT_EQ(IlPiuVicinoBitMap(s, 3, 4).Riga, -1);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo, 0);
-}
-
 TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   MettiPunto(s, "a 20 km", 20000, 0);
   MettiLinea(s, 0, 2000, 10, 2000);
@@ -45,7 +38,11 @@ TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
 
-TEST_F(VicinanzaBanco, IlPiuVicinoPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
+TEST_F(VicinanzaBanco, DisegnoVuotoEPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
+  Pronto();
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoBitMap(s, 3, 4).Riga, LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo), std::make_tuple(-1, 0));
+  EXPECT_EQ(IlPiuVicinoPerNome(s, "101"), -1);
   MettiPunto(s, "101", 0, 0);
   s.PuntoIdent[0] = -1;
   MettiPunti(s, {{" 101 ", 1, 0}, {"101", 2, 0}});

@@ -61,6 +61,11 @@ struct Scena {
     RigeneraLista(s);
     Ridisegna(s);
   }
+  // The list as it stands painted again on a clean record.
+  void Ridipingi() {
+    sup.Chiamate.clear();
+    Ridisegna(s);
+  }
   size_t Conta(const std::string& prefisso) const { return sup.Solo(prefisso).size(); }
 };
 
@@ -244,8 +249,7 @@ TEST(Ridisegno, TrattiSottoIlPixelSonoUnaLineaPiena) {
   EXPECT_EQ(z.sup.Solo("Linea").size(), 160u);  // strokes starting at 522 ... 1476 m, in 520 ... 1480
   // The line type emptied since the list was made: the line is painted plain, whole.
   z.s.Tratteggi.Stili[2].Elementi = {0};
-  z.sup.Chiamate.clear();
-  Ridisegna(z.s);
+  z.Ridipingi();
   EXPECT_EQ(z.sup.Solo("Linea"), (std::vector<std::string>{"Linea -1000 0 19000 0 #ff0000"}));
 }
 
@@ -301,29 +305,25 @@ TEST(Ridisegno, EtichetteSovrapposteERinvio) {
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
   EXPECT_TRUE(z.sup.Solo("Stile 2").empty());
   z.s.PuntoSpoX[r] = 3;
-  z.sup.Chiamate.clear();
-  Ridisegna(z.s);
+  z.Ridipingi();
   EXPECT_EQ(z.sup.Solo("Linea").front(), "Linea 0 0 3 0 #ff0000");  // the dotted leader
   EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 101");
   // A frozen name leaves its place to the height.
   z.s.PuntoCongelaNome[r] = -1;
-  z.sup.Chiamate.clear();
-  Ridisegna(z.s);
+  z.Ridipingi();
   EXPECT_EQ(z.sup.Solo("Testo").front(), "Testo 4 3 12.35");
   // Sizes given as 2% of the view's 100 m: the same 2 m lines, each printed on its line
   // rather than above it, and the same font.
   z.s.PuntoCongelaNome[r] = 0;
   z.s.PuntoSpoX[r] = 0;
   z.s.PuntoDimensioneNome[r] = z.s.PuntoDimensioneQuota[r] = z.s.PuntoDimensioneDescrizione[r] = -2;
-  z.sup.Chiamate.clear();
-  Ridisegna(z.s);
+  z.Ridipingi();
   EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -3 12.35", "Testo 1 -6 SPIGOLO"}));
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(2.0 / 0.3528)));
   // The same surface as a window on a screen 150 mm high: 2% of 150 mm is 3 mm, which on
   // the 100 mm window showing 100 m is 3 m, lines 4.5 m apart; the symbol keeps its size.
   z.sup.riferimentoMm = 150;
-  z.sup.Chiamate.clear();
-  Ridisegna(z.s);
+  z.Ridipingi();
   EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 0 101", "Testo 1 -4.5 12.35", "Testo 1 -9 SPIGOLO"}));
   EXPECT_EQ(z.sup.Solo("Carattere Arial").front(), "Carattere Arial " + FormaSemplice(static_cast<float>(3.0 / 0.3528)));
 }
@@ -362,19 +362,6 @@ TEST(Ridisegno, RigheCancellateECongelateNonDipinteImmagineInCimaPerUltima) {
   EXPECT_EQ(immagini[0].substr(0, 18), "Immagine foto1.png");
   EXPECT_EQ(immagini[1].substr(0, 18), "Immagine foto0.png");
   EXPECT_EQ(z.s.Vista.Storia.size(), prima + 1);
-}
-
-TEST(Ridisegno, SelezioneInInversione) {
-  Scena z;
-  const auto r = static_cast<size_t>(z.Linea(990, 2000, 1010, 2000));
-  z.s.StatoLinea[r] = 1;
-  z.Disegna();
-  const auto& c = z.sup.Chiamate;
-  const auto linea = std::find(c.begin(), c.end(), "Linea -10 0 10 0 #ff0000");
-  ASSERT_NE(linea, c.end());
-  EXPECT_EQ(*(linea - 1), "Stile 2");
-  EXPECT_EQ(*(linea - 2), "Modo 6");
-  EXPECT_EQ(*(linea + 1), "Modo 13");
 }
 
 std::vector<Tratto> Espandi(double x1, double y1, double x2, double y2, std::vector<double> elementi,
