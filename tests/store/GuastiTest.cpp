@@ -147,10 +147,9 @@ class Guasti : public ::testing::Test {
     EXPECT_TRUE(salvato || ora == prima) << quando;
     EXPECT_EQ(q.s.PuntoX[0], salvato ? 1 : 1725000) << quando;
     EXPECT_EQ(q.s.ContaEntita[SlotCerchi], salvato ? 1 : 0) << quando;
-    std::vector<std::string> attesi, visti;
-    if (interrotto) attesi.push_back(salvato ? kCompletato : kAnnullato);
-    for (const auto& m : q.ui.Messaggi) visti.push_back(m.Testo);
-    EXPECT_EQ(visti, attesi) << quando;
+    std::vector<std::string> attesi;
+    if (interrotto) attesi.push_back("Salvataggio interrotto: " + (salvato ? kCompletato : kAnnullato));
+    EXPECT_EQ(prova::Detti(q.ui), attesi) << quando;
     EliminaProvviso(q.s);
     return salvato;
   }
@@ -176,10 +175,9 @@ TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
       EXPECT_FALSE(VR_DaProvvisoAOriginale(s)) << est;
     }
     EXPECT_EQ(Cartella(), prima) << est;  // nothing changed, no temporary left behind
-    ASSERT_EQ(p.ui.Messaggi.size(), 1u) << est;
-    EXPECT_EQ(p.ui.Messaggi[0].Testo,
-              "Si è verificato questo errore : Disk full o il file potrebbe essere di sola lettura!\n"
-              "Nella Routine VR_DaProvvisoAOriginale");
+    EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{"Rilevato errore: Si è verificato questo errore : Disk full o "
+                                                           "il file potrebbe essere di sola lettura!\n"
+                                                           "Nella Routine VR_DaProvvisoAOriginale"}) << est;
     EXPECT_EQ(MembriDi(s.NomeLavoro), membri);
   }
   // A member that cannot be written where it must land: a folder stands in the way.
@@ -271,9 +269,7 @@ TEST_F(Guasti, UnaCopiaPersaRiportaIlLavoroComEraPrima) {
   Apri(q);
   // The older backups the save had removed stay removed: the job is the one before.
   EXPECT_EQ(Cartella(), originali);
-  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(q.ui.Messaggi[0].Titolo, "Salvataggio interrotto");
-  EXPECT_EQ(q.ui.Messaggi[0].Testo, kAnnullato);
+  EXPECT_EQ(prova::Detti(q.ui), std::vector<std::string>{"Salvataggio interrotto: " + kAnnullato});
   EXPECT_EQ(q.s.PuntoX[0], 1725000);
   EliminaProvviso(q.s);
 }
@@ -293,10 +289,9 @@ TEST_F(Guasti, UnGiornaleIlleggibileNonMuoveNulla) {
   prova::SessioneProva q;
   Apri(q);
   EXPECT_EQ(Cartella(), lasciato);
-  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(q.ui.Messaggi[0].Testo,
-            "Si è verificato questo errore : Invalid file format o il file potrebbe essere di sola lettura!\n"
-            "Nella Routine RiprendiSalvataggio");
+  EXPECT_EQ(prova::Detti(q.ui), std::vector<std::string>{"Rilevato errore: Si è verificato questo errore : Invalid file "
+                                                         "format o il file potrebbe essere di sola lettura!\n"
+                                                         "Nella Routine RiprendiSalvataggio"});
   EXPECT_EQ(q.s.ContaEntita[SlotPunti], 0);
 }
 
@@ -309,12 +304,10 @@ TEST_F(Guasti, MembriMancantiAccantoAlBackupNonSiApronoInSilenzio) {
   const Insieme lasciato = Cartella();
   Apri(p);
   EXPECT_EQ(Cartella(), lasciato);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Apri Lavoro");
-  EXPECT_EQ(p.ui.Messaggi[0].Testo,
-            "Del Lavoro ROSSI mancano questi file, dei quali resta la copia di sicurezza:\nROSSI.LLL (ROSSI.LLK)\n"
+  EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{
+            "Apri Lavoro: Del Lavoro ROSSI mancano questi file, dei quali resta la copia di sicurezza:\nROSSI.LLL (ROSSI.LLK)\n"
             "ROSSI.LIN (ROSSI.LIK)\nSe l'ultimo salvataggio li ha tolti perché vuoti, va bene così; se mancano per "
-            "errore, rinominare le copie prima di salvare, perché il salvataggio le sostituisce.");
+            "errore, rinominare le copie prima di salvare, perché il salvataggio le sostituisce."});
 }
 
 }  // namespace

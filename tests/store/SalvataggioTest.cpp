@@ -151,10 +151,8 @@ TEST_F(Salvataggio, UnMembroLettoConErroreNonVieneRiscrittoNeRuotato) {
   EXPECT_EQ(LeggiFileProva(base + ".HAT"), sette);
   EXPECT_EQ(LeggiFileProva(base + ".HAK"), buono);
   EXPECT_EQ(MembriDi(base).at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(std::tie(p.ui.Messaggi[0].Titolo, p.ui.Messaggi[0].Testo),
-            std::make_tuple("Salva Lavoro",
-                            "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:\nROSSI.HAT"));
+  EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{"Salva Lavoro: Questi file del Lavoro, letti con un errore, non "
+                                                         "sono stati salvati e restano com'erano:\nROSSI.HAT"});
 }
 
 TEST_F(Salvataggio, LeRigheCancellateRestanoFinoAllaRiapertura) {
