@@ -11,15 +11,10 @@
 namespace varena {
 namespace {
 
-using prova::BloccoAManuale;
 using prova::ScriviFileProva;
 
-class CaricaTesti : public ::testing::Test {
+class CaricaTesti : public prova::ProvaMembri {
  protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  void SetUp() override { s.NomeLavoro = p.Lavoro("LAV"); }
-  void Scrivi(const char* estensione, const std::string& byte) { ScriviFileProva(s.NomeLavoro + estensione, byte); }
   // A `.CFG` of edition VR2020 whose block B ends at statement 17, `vista` its statement 15.
   void Cfg(const std::string& vista, const std::string& coda = "") {
     Scrivi(".CFG", prova::CfgManuale("VR2020", vista, coda));
@@ -124,7 +119,7 @@ TEST_F(CaricaTesti, ImmaginiConESenzaRotazioneRiscritteDaCapo) {
   ASSERT_EQ(s.ContaEntita[SlotBitmap], 3);
   EXPECT_EQ(s.BitmapIdent[2], -1);
   SalvaBitmap(s);
-  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".BTM"),
+  EXPECT_EQ(File(".BTM"),
             "0,\"c:\\img\\foto.jpg\",10,20,30,40,0,\"++++++++\",1,0.5,0.25,12.5,\"IMMAGINI\"\r\n"
             "0,\"vecchia.bmp\",1,2,3,4,-1,\"++++++++\",0,1,1,0,\"SFONDO\"\r\n");
 }
@@ -155,7 +150,7 @@ TEST_F(CaricaTesti, LibrettoSenzaRiguardoAlleMaiuscoleODiRipiego) {
 TEST_F(CaricaTesti, PianiConLeLoroRiparazioni) {
   CaricaPiani(s);
   ASSERT_EQ(s.Piani.size(), 1u);
-  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".PIA"), "0|0|1|0|1|Arial|0|0|\r\n");
+  EXPECT_EQ(File(".PIA"), "0|0|1|0|1|Arial|0|0|\r\n");
   Scrivi(".PIA", " |1|0|-2|0| |1|2|3\r\nSTRADE|0|8|2|3|Courier New|0|0|\r\n");
   CaricaPiani(s);
   ASSERT_EQ(s.Piani.size(), 2u);

@@ -56,6 +56,17 @@ inline std::string RecordFalda() {
   return f.Car(212, 44, "").Byte();
 }
 
+// A session whose job "LAV" lies in its temporary folder, with its members written and read
+// by hand.
+class ProvaMembri : public ::testing::Test {
+ protected:
+  SessioneProva p;
+  Sessione& s = p.s;
+  void SetUp() override { s.NomeLavoro = p.Lavoro("LAV"); }
+  void Scrivi(const char* est, const std::string& byte) { ScriviFileProva(s.NomeLavoro + est, byte); }
+  std::string File(const std::string& est) const { return LeggiFileProva(s.NomeLavoro + est); }
+};
+
 // The boxes shown so far, each as "title: text".
 inline std::vector<std::string> Detti(const InterfacciaRegistrata& ui) {
   std::vector<std::string> d;
