@@ -106,7 +106,7 @@ TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnaLinea) {
                      {6, 10, 6, 9, 10, 9, 7.5, 10, 7.5, 9, 10, 9, 12, 10, 12}));
 }
 
-TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDegliArchi) {
   MettiCerchio(s, 10, 0, 2, 7);
   Pronto();
   const PuntoXYZ p1{0, 0, 3};
@@ -132,11 +132,10 @@ TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
   const RisultatoVicina a = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(a.VicinaTipo, SlotArchi);
   EXPECT_TRUE(Vicini(Xyz({a.Ortogonale}), {8, 0, 7}));
-}
 
-TEST_F(VicinanzaBanco, LapiuvicinaBitMapPuntiLungoUnArcoConLeQuote) {
-  MettiArco(s, 0, 0, 10, 0, 100, 0, 8);
-  s.ArcoZ[0] = 1;
+  // The points along a quarter arc, with the heights from its start to its end.
+  s.ArcoIdent[0] = -1;
+  s.ArcoZ[static_cast<size_t>(MettiArco(s, 0, 0, 10, 0, 100, 0, 8))] = 1;
   Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 7, 7, {});
   ASSERT_EQ(r.VicinaTipo, SlotArchi);
