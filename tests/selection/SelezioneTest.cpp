@@ -58,41 +58,32 @@ struct Scena {
   }
 };
 
+// The window of the dialog, click by click: from the left what lies inside, from the right
+// what it touches too, with a dashed guide.
 TEST(Finestra, DaSinistraSoloCioCheStaDentroDaDestraCioCheTocca) {
   Scena x;
-  EXPECT_EQ(SelezionaFinestra(x.s, 5, -5, 20, 5), 5);
+  const std::string uscita = x.b.Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
+  EXPECT_NE(uscita.find("> PRESS Selezentita.Finestra\nDIALOGO - Selezentita\nPROMPT Primo punto per Finestra : \n"
+                        "> CLICK left 5 -5\nPROMPT Secondo punto per Finestra : \n> CLICK left 20 5\n"
+                        "DIALOGO + Selezentita [Cambia Elimina ] Selezione=\"5\""),
+            std::string::npos)
+      << uscita;
   EXPECT_EQ(Stati(x.s), "L0100 C100 A100 T10 P10 ");
   AzzeraSelezione(x.s);
-  EXPECT_EQ(SelezionaFinestra(x.s, 20, 5, 5, -5), 10);
+  x.b.Script("PRESS Finestra\nCLICK left 20 5\nMOVE 5 -5\n");
+  EXPECT_TRUE(x.s.Elastico.Guida.Tratteggiato);
+  x.b.Script("CLICK left 5 -5\n");
   EXPECT_EQ(Stati(x.s), "L1110 C110 A111 T10 P10 ");
+  EXPECT_EQ(TrovaDialogo(x.s, "Selezentita")->Valore("Selezione"), "10");
   // Inclusive: a line lying on the box's edge is inside.
   AzzeraSelezione(x.s);
   MettiLinea(x.s, 5, -5, 20, -5);
-  SelezionaFinestra(x.s, 5, -5, 20, 5);
+  EXPECT_EQ(SelezionaFinestra(x.s, 5, -5, 20, 5), 6);
   EXPECT_EQ(Stati(x.s), "L01001 C100 A100 T10 P10 ");
   // The add and remove mode: the same window takes away.
   x.s.ValoreSelezione = 0;
   SelezionaFinestra(x.s, 5, -5, 20, 5);
   EXPECT_EQ(Stati(x.s), "L00000 C000 A000 T00 P00 ");
-}
-
-// The window of the dialog, click by click: a line with one end in the box only right to
-// left, and a dashed guide for the crossing window.
-TEST_F(SelezioneBanco, FinestraLaLineaConUnEstremoDentroSoloDaDestraASinistra) {
-  MettiLinee(s, {{0, 0, 10, 0}, {6, 1, 8, 1}});
-  Pronto(10, 0, 100);
-  const std::string uscita = Script("TAG CAMBIA_ELIMINA\nPRESS Selezentita.Finestra\nCLICK left 5 -5\nCLICK left 20 5\n");
-  EXPECT_NE(uscita.find("> PRESS Selezentita.Finestra\nDIALOGO - Selezentita\nPROMPT Primo punto per Finestra : \n"
-                        "> CLICK left 5 -5\nPROMPT Secondo punto per Finestra : \n> CLICK left 20 5\n"
-                        "DIALOGO + Selezentita [Cambia Elimina ] Selezione=\"1\""),
-            std::string::npos)
-      << uscita;
-  EXPECT_EQ(Stati(s), "L01 C A T P ");
-  Script("PRESS Finestra\nCLICK left 20 5\nMOVE 5 -5\n");
-  EXPECT_TRUE(s.Elastico.Guida.Tratteggiato);
-  Script("CLICK left 5 -5\n");
-  EXPECT_EQ(Stati(s), "L11 C A T P ");
-  EXPECT_EQ(TrovaDialogo(s, "Selezentita")->Valore("Selezione"), "2");
 }
 
 TEST(Tutto, ConIPuntiSpentiTuttoMaNonIPuntiNeICongelati) {
@@ -172,7 +163,8 @@ TEST_F(SelezioneBanco, SingolaAlternaDipingeInvertitoEContaDiNuovo) {
   const auto& c = sup.Chiamate;
   const auto prima = std::find(c.begin(), c.end(), sup.Solo("Linea")[0]);
   ASSERT_NE(prima, c.begin());
-  EXPECT_EQ(*(prima - 2), inverti);  // the mode, then the dotted style, then the line
+  // The mode, then the dotted style, then the line, then the plain mode back.
+  EXPECT_EQ(std::make_tuple(*(prima - 2), *(prima - 1), *(prima + 1)), std::make_tuple(inverti, "Stile 2", "Modo 13"));
   Script("CLICK left 3 4\nCLICK left 3 1\n");
   EXPECT_EQ(Stati(s), "L01 C A T P ");
   Script("CLICK right 0 0\n");

@@ -80,7 +80,7 @@ TEST_F(SnapBanco, SnapIncrocioDueClicSuDueLineeDiversePoiIlPuntoONessuno) {
   EXPECT_EQ(std::tie(s.ComandoCorrente, s.UltimoComando), std::make_tuple(0, 22));
 }
 
-TEST_F(SnapBanco, SnapPiedeETangenteDalloUltimoPuntoDelComando) {
+TEST_F(SnapBanco, SnapPiedeETangenteDalloUltimoPuntoEIlTesto) {
   MettiLinea(s, 0, 0, 10, 0);
   MettiCerchio(s, 30, 0, 3);
   Pronto();
@@ -92,13 +92,11 @@ TEST_F(SnapBanco, SnapPiedeETangenteDalloUltimoPuntoDelComando) {
   Script("CLICK left 25 0\nKEY T\nCLICK left 28 3\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_TRUE(Presso(s.LineaX2[2], s.LineaY2[2], 28.2, 2.4, 1e-12));
-}
-
-TEST_F(SnapBanco, SnapTestoInserimentoDelTestoAllaQuotaDiRiferimento) {
+  // The text: its insertion, at the reference height.
   MettiTesto(s, 4, 6, "casa");
   s.QuotaRiferimento = 100;
   Pronto();
-  Script("TAG DISEGNA_LINEA_2_P\nKEY B\nCLICK left 0 0\n");
+  Script("KEY ESC\nKEY ESC\nTAG DISEGNA_LINEA_2_P\nKEY B\nCLICK left 0 0\n");
   EXPECT_EQ(std::tie(s.Punto1X, s.Punto1Y, s.Punto1Z), std::make_tuple(4, 6, 100));
 }
 

@@ -26,13 +26,6 @@ Valori Xyz(std::initializer_list<PuntoXYZ> punti) {
   return v;
 }
 
-TEST_F(VicinanzaBanco, IlPiuVicinoDisegnoVuotoNonTrovaNulla) {
-  Pronto();
-  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
-  EXPECT_EQ(IlPiuVicinoBitMap(s, 3, 4).Riga, -1);
-  EXPECT_EQ(LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo, 0);
-}
-
 TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   MettiPunto(s, "a 20 km", 20000, 0);
   MettiLinea(s, 0, 2000, 10, 2000);
@@ -45,7 +38,11 @@ TEST_F(VicinanzaBanco, IlPiuVicinoLimitiInAltezzeDiVistaConIlConfine) {
   EXPECT_EQ(IlPiuVicinoCerchio(s, 0, 0.5).Riga, -1);
 }
 
-TEST_F(VicinanzaBanco, IlPiuVicinoPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
+TEST_F(VicinanzaBanco, DisegnoVuotoEPerNomeNomeRifilatoPrimoTrovatoSaltaICancellati) {
+  Pronto();
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoPunto(s, 3, 4).Riga, IlPiuVicinoLinea(s, 3, 4).Riga), std::make_tuple(-1, -1));
+  EXPECT_EQ(std::make_tuple(IlPiuVicinoBitMap(s, 3, 4).Riga, LapiuvicinaBitMap(s, 3, 4, {}).VicinaTipo), std::make_tuple(-1, 0));
+  EXPECT_EQ(IlPiuVicinoPerNome(s, "101"), -1);
   MettiPunto(s, "101", 0, 0);
   s.PuntoIdent[0] = -1;
   MettiPunti(s, {{" 101 ", 1, 0}, {"101", 2, 0}});
@@ -109,7 +106,7 @@ TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnaLinea) {
                      {6, 10, 6, 9, 10, 9, 7.5, 10, 7.5, 9, 10, 9, 12, 10, 12}));
 }
 
-TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
+TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDegliArchi) {
   MettiCerchio(s, 10, 0, 2, 7);
   Pronto();
   const PuntoXYZ p1{0, 0, 3};
@@ -135,11 +132,10 @@ TEST_F(VicinanzaBanco, LapiuvicinaBitMapRecordDiUnCerchioEDiUnArco) {
   const RisultatoVicina a = LapiuvicinaBitMap(s, 10.5, 2.5, p1);
   EXPECT_EQ(a.VicinaTipo, SlotArchi);
   EXPECT_TRUE(Vicini(Xyz({a.Ortogonale}), {8, 0, 7}));
-}
 
-TEST_F(VicinanzaBanco, LapiuvicinaBitMapPuntiLungoUnArcoConLeQuote) {
-  MettiArco(s, 0, 0, 10, 0, 100, 0, 8);
-  s.ArcoZ[0] = 1;
+  // The points along a quarter arc, with the heights from its start to its end.
+  s.ArcoIdent[0] = -1;
+  s.ArcoZ[static_cast<size_t>(MettiArco(s, 0, 0, 10, 0, 100, 0, 8))] = 1;
   Pronto();
   const RisultatoVicina r = LapiuvicinaBitMap(s, 7, 7, {});
   ASSERT_EQ(r.VicinaTipo, SlotArchi);

@@ -7,7 +7,7 @@
 
 #include "store/Carica.h"
 #include "store/Salva.h"
-#include "support/Supporto.h"
+#include "store/LavoroProva.h"
 
 namespace varena {
 namespace {
@@ -15,15 +15,7 @@ namespace {
 using prova::Record;
 using prova::RecordPuntoBase;
 
-class CaricaRecord : public ::testing::Test {
- protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  void SetUp() override { s.NomeLavoro = p.Lavoro("LAV"); }
-  void Scrivi(const char* estensione, const std::string& byte) {
-    prova::ScriviFileProva(s.NomeLavoro + estensione, byte);
-  }
-};
+struct CaricaRecord : prova::ProvaMembri {};
 
 // The identity of each counted row: "0" live, "-1" deleted.
 std::string Identi(const Colonna<int16_t>& ident, int32_t conta) {
@@ -45,7 +37,7 @@ TEST_F(CaricaRecord, RiparazioniDeiPuntiVisteNelRecordRiscritto) {
   SalvaPunti(s);
   riparatoA.Car(194, 30, "Courier New").I16(122, 0).I16(124, 0).I16(132, 0).I16(182, 0);
   riparatoB.F64(106, -0.0000001).F64(114, 3).Car(148, 8, "PUNTI");  // only exactly 0 is repaired
-  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".LLL"), riparatoA.Byte() + riparatoB.Byte());
+  EXPECT_EQ(File(".LLL"), riparatoA.Byte() + riparatoB.Byte());
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
 

@@ -6,20 +6,15 @@
 #include "store/Carica.h"
 #include "store/Cfg.h"
 #include "store/Salva.h"
-#include "support/Supporto.h"
+#include "store/LavoroProva.h"
 
 namespace varena {
 namespace {
 
-using prova::BloccoAManuale;
 using prova::ScriviFileProva;
 
-class CaricaTesti : public ::testing::Test {
+class CaricaTesti : public prova::ProvaMembri {
  protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  void SetUp() override { s.NomeLavoro = p.Lavoro("LAV"); }
-  void Scrivi(const char* estensione, const std::string& byte) { ScriviFileProva(s.NomeLavoro + estensione, byte); }
   // A `.CFG` of edition VR2020 whose block B ends at statement 17, `vista` its statement 15.
   void Cfg(const std::string& vista, const std::string& coda = "") {
     Scrivi(".CFG", prova::CfgManuale("VR2020", vista, coda));
@@ -57,36 +52,30 @@ TEST_F(CaricaTesti, CfgBloccoAConsumatoEBloccoBLetto) {
 }
 
 TEST_F(CaricaTesti, CfgTroncatoOSporcoDaIlBoxENonRompe) {
-  auto box = [](const std::string& errore) {
-    return "Si è verificato questo errore : " + errore +
-           " o il file potrebbe essere di sola lettura!\nNella Routine CaricaCFGProvvisorio";
-  };
-  Scrivi(".CFG", "\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n");
-  CaricaCFGProvvisorio(s);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Input past end of file"));
-  EXPECT_EQ(s.Cfg.A(1, 0).Numero, 2);  // what the file had is taken
-  p.ui.Messaggi.clear();
   Scrivi(".CFG", prova::Spazzatura(5000));
   CaricaCFGProvvisorio(s);
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
   EXPECT_EQ(p.ui.Messaggi[0].Testo.rfind("Si è verificato questo errore : Type mismatch: riga ", 0), 0u);
 
+  s.Vista.AltezzaVista = 55;
   // A quote left open on line 4 swallows the line end: read on, every later item would take
   // its neighbour's place. Nothing of the file is taken.
-  s.Vista.AltezzaVista = 55;
   std::string rotto = prova::CfgManuale("VR2020", "10,20,30");
   rotto.replace(rotto.find("\"\",\"x\"\r\n"), 8, "\"\",\"x\r\n");
   // A quoted text where a number belongs: the first statement, on line 2.
   std::string virgolettato = prova::CfgManuale("VR2020", "10,20,30");
   virgolettato.replace(virgolettato.find("\"\",1\r\n"), 6, "\"\",\"1\"\r\n");
-  for (const auto& [cfg, riga] : {std::pair{rotto, 4}, std::pair{virgolettato, 2}}) {
+  // A file cut short: what it had is taken, statement 1 is 2.
+  const std::string troncato = "\"VR2020\"\r\n\"\",1\r\n\"\",2\r\n";
+  for (const auto& [cfg, errore] : {std::pair{troncato, "Input past end of file"}, {rotto, "Type mismatch: riga 4"},
+                                    {virgolettato, "Type mismatch: riga 2"}}) {
     p.ui.Messaggi.clear();
     Scrivi(".CFG", cfg);
     CaricaCFGProvvisorio(s);
-    ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-    EXPECT_EQ(p.ui.Messaggi[0].Testo, box("Type mismatch: riga " + std::to_string(riga)));
-    EXPECT_EQ(std::tie(s.Vista.AltezzaVista, s.Cfg.A(1, 0).Numero), std::make_tuple(55.0, 2.0));
+    EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{"Rilevato errore: Si è verificato questo errore : " +
+                                                           std::string(errore) + " o il file potrebbe essere di sola "
+                                                           "lettura!\nNella Routine CaricaCFGProvvisorio"});
+    EXPECT_EQ(std::tie(s.Vista.AltezzaVista, s.Cfg.A(1, 0).Numero), std::make_tuple(55.0, 2.0)) << errore;
   }
   Cfg("10,20,30");  // mended, it is read
   EXPECT_EQ(s.Vista.AltezzaVista, 30);
@@ -130,7 +119,7 @@ TEST_F(CaricaTesti, ImmaginiConESenzaRotazioneRiscritteDaCapo) {
   ASSERT_EQ(s.ContaEntita[SlotBitmap], 3);
   EXPECT_EQ(s.BitmapIdent[2], -1);
   SalvaBitmap(s);
-  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".BTM"),
+  EXPECT_EQ(File(".BTM"),
             "0,\"c:\\img\\foto.jpg\",10,20,30,40,0,\"++++++++\",1,0.5,0.25,12.5,\"IMMAGINI\"\r\n"
             "0,\"vecchia.bmp\",1,2,3,4,-1,\"++++++++\",0,1,1,0,\"SFONDO\"\r\n");
 }
@@ -161,7 +150,7 @@ TEST_F(CaricaTesti, LibrettoSenzaRiguardoAlleMaiuscoleODiRipiego) {
 TEST_F(CaricaTesti, PianiConLeLoroRiparazioni) {
   CaricaPiani(s);
   ASSERT_EQ(s.Piani.size(), 1u);
-  EXPECT_EQ(prova::LeggiFileProva(s.NomeLavoro + ".PIA"), "0|0|1|0|1|Arial|0|0|\r\n");
+  EXPECT_EQ(File(".PIA"), "0|0|1|0|1|Arial|0|0|\r\n");
   Scrivi(".PIA", " |1|0|-2|0| |1|2|3\r\nSTRADE|0|8|2|3|Courier New|0|0|\r\n");
   CaricaPiani(s);
   ASSERT_EQ(s.Piani.size(), 2u);

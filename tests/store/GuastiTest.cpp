@@ -6,9 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <thread>
-
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
@@ -74,6 +71,11 @@ class Guasti : public ::testing::Test {
     }
     return m;
   }
+  // The job opened as the user opens it, in a session of its own.
+  void Apri(prova::SessioneProva& q) const {
+    q.s.NomeOriginale = base;
+    VR_ApriLavoro(q.s);
+  }
   void Ripristina() {
     fs::remove_all(lavori);
     fs::create_directories(lavori);
@@ -83,8 +85,7 @@ class Guasti : public ::testing::Test {
   // the job did not have, a row of the field book and the view. Saved once to learn what the
   // save makes of it.
   void ApriEModifica() {
-    s.NomeOriginale = base;
-    VR_ApriLavoro(s);
+    Apri(p);
     s.Imp.SalvaUnaCopiaZip = 1;
     s.PuntoX[0] = 1;
     SegnaModificato(s, SlotPunti);
@@ -140,17 +141,15 @@ class Guasti : public ::testing::Test {
     bool interrotto = false;
     for (const auto& [nome, byte] : Cartella()) interrotto |= nome.find(".~") != std::string::npos;
     prova::SessioneProva q;
-    q.s.NomeOriginale = base;
-    VR_ApriLavoro(q.s);
+    Apri(q);
     const Insieme ora = Cartella();
     const bool salvato = ora == dopo;
     EXPECT_TRUE(salvato || ora == prima) << quando;
     EXPECT_EQ(q.s.PuntoX[0], salvato ? 1 : 1725000) << quando;
     EXPECT_EQ(q.s.ContaEntita[SlotCerchi], salvato ? 1 : 0) << quando;
-    std::vector<std::string> attesi, visti;
-    if (interrotto) attesi.push_back(salvato ? kCompletato : kAnnullato);
-    for (const auto& m : q.ui.Messaggi) visti.push_back(m.Testo);
-    EXPECT_EQ(visti, attesi) << quando;
+    std::vector<std::string> attesi;
+    if (interrotto) attesi.push_back("Salvataggio interrotto: " + (salvato ? kCompletato : kAnnullato));
+    EXPECT_EQ(prova::Detti(q.ui), attesi) << quando;
     EliminaProvviso(q.s);
     return salvato;
   }
@@ -158,8 +157,7 @@ class Guasti : public ::testing::Test {
 
 TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
   Prepara(50);
-  s.NomeOriginale = base;
-  VR_ApriLavoro(s);
+  Apri(p);
   s.PuntoX[0] = 1;
   SegnaModificato(s, SlotPunti);
   ASSERT_TRUE(VR_SalvaUndo(s));
@@ -177,10 +175,9 @@ TEST_F(Guasti, UnGuastoAOgniMembroLasciaLOriginaleComEra) {
       EXPECT_FALSE(VR_DaProvvisoAOriginale(s)) << est;
     }
     EXPECT_EQ(Cartella(), prima) << est;  // nothing changed, no temporary left behind
-    ASSERT_EQ(p.ui.Messaggi.size(), 1u) << est;
-    EXPECT_EQ(p.ui.Messaggi[0].Testo,
-              "Si è verificato questo errore : Disk full o il file potrebbe essere di sola lettura!\n"
-              "Nella Routine VR_DaProvvisoAOriginale");
+    EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{"Rilevato errore: Si è verificato questo errore : Disk full o "
+                                                           "il file potrebbe essere di sola lettura!\n"
+                                                           "Nella Routine VR_DaProvvisoAOriginale"}) << est;
     EXPECT_EQ(MembriDi(s.NomeLavoro), membri);
   }
   // A member that cannot be written where it must land: a folder stands in the way.
@@ -269,13 +266,10 @@ TEST_F(Guasti, UnaCopiaPersaRiportaIlLavoroComEraPrima) {
   // completed, and every member goes back.
   ASSERT_TRUE(fs::remove(base + ".PIA.~nuovo"));
   prova::SessioneProva q;
-  q.s.NomeOriginale = base;
-  VR_ApriLavoro(q.s);
+  Apri(q);
   // The older backups the save had removed stay removed: the job is the one before.
   EXPECT_EQ(Cartella(), originali);
-  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(q.ui.Messaggi[0].Titolo, "Salvataggio interrotto");
-  EXPECT_EQ(q.ui.Messaggi[0].Testo, kAnnullato);
+  EXPECT_EQ(prova::Detti(q.ui), std::vector<std::string>{"Salvataggio interrotto: " + kAnnullato});
   EXPECT_EQ(q.s.PuntoX[0], 1725000);
   EliminaProvviso(q.s);
 }
@@ -293,13 +287,11 @@ TEST_F(Guasti, UnGiornaleIlleggibileNonMuoveNulla) {
   prova::ScriviFileProva(base + ".~salvataggio", giornale);
   const Insieme lasciato = Cartella();
   prova::SessioneProva q;
-  q.s.NomeOriginale = base;
-  VR_ApriLavoro(q.s);
+  Apri(q);
   EXPECT_EQ(Cartella(), lasciato);
-  ASSERT_EQ(q.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(q.ui.Messaggi[0].Testo,
-            "Si è verificato questo errore : Invalid file format o il file potrebbe essere di sola lettura!\n"
-            "Nella Routine RiprendiSalvataggio");
+  EXPECT_EQ(prova::Detti(q.ui), std::vector<std::string>{"Rilevato errore: Si è verificato questo errore : Invalid file "
+                                                         "format o il file potrebbe essere di sola lettura!\n"
+                                                         "Nella Routine RiprendiSalvataggio"});
   EXPECT_EQ(q.s.ContaEntita[SlotPunti], 0);
 }
 
@@ -310,38 +302,12 @@ TEST_F(Guasti, MembriMancantiAccantoAlBackupNonSiApronoInSilenzio) {
   fs::rename(base + ".LLL", base + ".LLK");
   fs::rename(base + ".LIN", base + ".LIK");
   const Insieme lasciato = Cartella();
-  s.NomeOriginale = base;
-  VR_ApriLavoro(s);
+  Apri(p);
   EXPECT_EQ(Cartella(), lasciato);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Apri Lavoro");
-  EXPECT_EQ(p.ui.Messaggi[0].Testo,
-            "Del Lavoro ROSSI mancano questi file, dei quali resta la copia di sicurezza:\nROSSI.LLL (ROSSI.LLK)\n"
+  EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{
+            "Apri Lavoro: Del Lavoro ROSSI mancano questi file, dei quali resta la copia di sicurezza:\nROSSI.LLL (ROSSI.LLK)\n"
             "ROSSI.LIN (ROSSI.LIK)\nSe l'ultimo salvataggio li ha tolti perché vuoti, va bene così; se mancano per "
-            "errore, rinominare le copie prima di salvare, perché il salvataggio le sostituisce.");
-}
-
-TEST_F(Guasti, ProcessoUccisoDuranteIlSalvataggioDiUnLavoroGrande) {
-  Prepara(40000);
-  ApriEModifica();
-  Ripristina();
-  const auto inizio = std::chrono::steady_clock::now();
-  ASSERT_TRUE(WIFEXITED(SalvaInUnFiglio(nullptr)));
-  const auto durata = std::chrono::steady_clock::now() - inizio;
-  for (int decimi = 1; decimi <= 9; decimi += 2) {
-    Ripristina();
-    const pid_t figlio = fork();
-    if (figlio == 0) {
-      Salva(s);
-      ::_exit(0);
-    }
-    ASSERT_GT(figlio, 0);
-    std::this_thread::sleep_for(durata * decimi / 10);
-    ::kill(figlio, SIGKILL);
-    int stato = 0;
-    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
-    Riaperto("ucciso a " + std::to_string(decimi) + "/10");
-  }
+            "errore, rinominare le copie prima di salvare, perché il salvataggio le sostituisce."});
 }
 
 }  // namespace

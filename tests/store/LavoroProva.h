@@ -56,6 +56,24 @@ inline std::string RecordFalda() {
   return f.Car(212, 44, "").Byte();
 }
 
+// A session whose job "LAV" lies in its temporary folder, with its members written and read
+// by hand.
+class ProvaMembri : public ::testing::Test {
+ protected:
+  SessioneProva p;
+  Sessione& s = p.s;
+  void SetUp() override { s.NomeLavoro = p.Lavoro("LAV"); }
+  void Scrivi(const char* est, const std::string& byte) { ScriviFileProva(s.NomeLavoro + est, byte); }
+  std::string File(const std::string& est) const { return LeggiFileProva(s.NomeLavoro + est); }
+};
+
+// The boxes shown so far, each as "title: text".
+inline std::vector<std::string> Detti(const InterfacciaRegistrata& ui) {
+  std::vector<std::string> d;
+  for (const auto& m : ui.Messaggi) d.push_back(m.Titolo + ": " + m.Testo);
+  return d;
+}
+
 inline std::string Vertice(uint8_t flag, double x) { return Record(17).U8(0, flag).F64(1, x).F64(9, -3).Byte(); }
 
 // A job of `punti` points 10 m apart from East 1725000 and `linee` lines joining them,

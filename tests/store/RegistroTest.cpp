@@ -16,6 +16,13 @@ using prova::ScriviFileProva;
 
 using prova::CopiaEsempio;
 
+// The example job copied into a folder of the working root.
+class RegistroEsempio : public ::testing::Test {
+ protected:
+  prova::SessioneProva p;
+  const std::string base = CopiaEsempio(p.cartella / "lavori");
+};
+
 TEST(Registro, ArchivioConVirgoleNellaDescrizione) {
   prova::SessioneProva p;
   ScriviFileProva(p.s.CartellaLavoro + "VRLAVORI.LAV",
@@ -43,9 +50,7 @@ TEST(Registro, LavoriRecentiESvuotamento) {
   EXPECT_TRUE(LavoriRecenti(p.s).empty());
 }
 
-TEST(Registro, CopiaProvvisoriaRecuperataDopoUnaChiusuraMancata) {
-  prova::SessioneProva p;
-  const std::string base = CopiaEsempio(p.cartella / "lavori");
+TEST_F(RegistroEsempio, CopiaProvvisoriaRecuperataDopoUnaChiusuraMancata) {
   ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".cfg"));
   // An edit reaches the provisional copy through its snapshot; then the program dies.
   p.s.PuntoNome[0] = "PF99/0010/G693";
@@ -72,9 +77,7 @@ TEST(Registro, CopiaProvvisoriaRecuperataDopoUnaChiusuraMancata) {
   EXPECT_TRUE(prova::Esiste(base + ".LLK"));  // with its backup
 }
 
-TEST(Registro, EliminaLavoroETuttiIProvvisori) {
-  prova::SessioneProva p;
-  const std::string base = CopiaEsempio(p.cartella / "lavori");
+TEST_F(RegistroEsempio, EliminaLavoroETuttiIProvvisori) {
   ScriviFileProva(p.cartella / "lavori/RILIEVO2.CFG", "");
   p.ui.Rispondi(Risposta::Si);
   ASSERT_TRUE(EliminaLavoro(p.s, base + ".CFG"));
@@ -87,9 +90,7 @@ TEST(Registro, EliminaLavoroETuttiIProvvisori) {
   EXPECT_TRUE(fs::is_empty(p.s.CartellaLavoro + "PROVVISO"));
 }
 
-TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
-  prova::SessioneProva p;
-  const std::string base = CopiaEsempio(p.cartella / "lavori");
+TEST_F(RegistroEsempio, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".CFG"));
   const size_t prima = p.ui.Messaggi.size();
   const std::string taf = p.cartella / "FIDUCIALI.TAF";
@@ -106,9 +107,7 @@ TEST(Registro, IncludereUnaTabellaLaRileggeAdOgniCaricamento) {
   EXPECT_EQ(p.s.ContaEntita[SlotPunti], 20);
 }
 
-TEST(Registro, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
-  prova::SessioneProva p;
-  const std::string base = CopiaEsempio(p.cartella / "lavori");
+TEST_F(RegistroEsempio, UnLavoroInclusoSiVedeMaNonSiSalvaNeSiRichiude) {
   const std::string altro = CopiaEsempio(p.cartella / "altri");
   ASSERT_TRUE(ApriLavoroScelto(p.s, base + ".CFG"));
   const auto prima = p.s.ContaEntita;

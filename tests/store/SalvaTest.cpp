@@ -11,19 +11,13 @@ namespace varena {
 namespace {
 
 using prova::Esiste;
-using prova::LeggiFileProva;
-using prova::Record;
-using prova::ScriviFileProva;
 
-class Salvataggi : public ::testing::Test {
+class Salvataggi : public prova::ProvaMembri {
  protected:
-  prova::SessioneProva p;
-  Sessione& s = p.s;
   void SetUp() override {
-    s.NomeLavoro = p.Lavoro("LAV");
+    ProvaMembri::SetUp();
     s.NomeOriginale = "/lavori/ROSSI";
   }
-  std::string File(const std::string& est) const { return LeggiFileProva(s.NomeLavoro + est); }
   bool C(const char* est) const { return Esiste(s.NomeLavoro + est); }
   // A second name for a member, to see afterwards whether the member was left alone.
   void Testimone(const char* est) {
@@ -135,7 +129,7 @@ TEST_F(Salvataggi, MembriDiTesto) {
   // A single point: the list is not written, and one left from before stays.
   ClearAllTables(s);
   Punto(s, "1", 1, "PUNTI", 0);
-  ScriviFileProva(s.NomeLavoro + ".L", "di prima");
+  Scrivi(".L", "di prima");
   SalvaListaL(s);
   EXPECT_EQ(File(".L"), "di prima");
   std::remove((s.NomeLavoro + ".L").c_str());
@@ -145,8 +139,8 @@ TEST_F(Salvataggi, MembriDiTesto) {
 
 TEST_F(Salvataggi, BackupRimossiEFileVuoti) {
   for (const char* est : {".LLK", ".LIK", ".CEK", ".CKK", ".haK", ".TXK", ".12K", ".PIK", ".BTK", ".LIN", ".CER"})
-    ScriviFileProva(s.NomeLavoro + est, "vecchio");
-  ScriviFileProva(s.NomeLavoro + ".CUV", "vertici di prima");
+    Scrivi(est, "vecchio");
+  Scrivi(".CUV", "vertici di prima");
   // Lines: a count but every row deleted. Circles: no rows at all.
   DimensionaLinee(s);
   s.LineaIdent[0] = -1;

@@ -90,16 +90,6 @@ TEST_F(Salvataggio, DueSalvataggiLascianoUnaSolaGenerazioneDiBackup) {
   EXPECT_EQ(LeggiFileProva(s.CartellaLavoro + "LavoriRecenti.txt"), base + ".CFG\r\n" + base + ".CFG\r\n");
 }
 
-TEST_F(Salvataggio, UnLavoroSenzaLineeNonHaNeLinNeLik) {
-  std::remove((base + ".LIN").c_str());
-  Scrivi(".LIK", "linee di un tempo");
-  Apri();
-  ASSERT_TRUE(Salva(s));
-  EXPECT_FALSE(Esiste(base + ".LIN"));
-  EXPECT_FALSE(Esiste(base + ".LIK"));
-  EXPECT_TRUE(Esiste(base + ".LLK"));
-}
-
 TEST_F(Salvataggio, LaCopiaNellaCartellaDelleImpostazioniSegueIlLavoro) {
   const std::string condivisa = s.CartellaLavoro + "condivisa";
   Apri();
@@ -109,13 +99,16 @@ TEST_F(Salvataggio, LaCopiaNellaCartellaDelleImpostazioniSegueIlLavoro) {
   EXPECT_EQ(MembriDi(condivisa + "/ROSSI"), salvato);
   EXPECT_TRUE(BackupDi(condivisa + "/ROSSI").empty());  // a mirror of the job, not of its history
 
-  // The job loses its lines: the copy loses its own as well.
+  // The job loses its lines: it has neither them nor their old backup after a save, and the
+  // copy loses its lines as well.
   std::remove((base + ".LIN").c_str());
-  std::remove((base + ".LIK").c_str());
+  Scrivi(".LIK", "linee di un tempo");
+  EXPECT_TRUE(p.ui.Messaggi.empty());
   Apri();
+  p.ui.Messaggi.clear();  // the opening tells of the lines' lone backup
   s.Imp.Cartella_Copia_Salvataggio = condivisa;
   ASSERT_TRUE(Salva(s));
-  EXPECT_FALSE(Esiste(condivisa + "/ROSSI.LIN"));
+  EXPECT_FALSE(Esiste(base + ".LIN") || Esiste(base + ".LIK") || Esiste(condivisa + "/ROSSI.LIN"));
   EXPECT_EQ(MembriDi(condivisa + "/ROSSI"), MembriDi(base));
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
@@ -158,10 +151,8 @@ TEST_F(Salvataggio, UnMembroLettoConErroreNonVieneRiscrittoNeRuotato) {
   EXPECT_EQ(LeggiFileProva(base + ".HAT"), sette);
   EXPECT_EQ(LeggiFileProva(base + ".HAK"), buono);
   EXPECT_EQ(MembriDi(base).at(".LIN").substr(26, 8), std::string("\0\0\0\0\x53\x52\x3A\x41", 8));
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(std::tie(p.ui.Messaggi[0].Titolo, p.ui.Messaggi[0].Testo),
-            std::make_tuple("Salva Lavoro",
-                            "Questi file del Lavoro, letti con un errore, non sono stati salvati e restano com'erano:\nROSSI.HAT"));
+  EXPECT_EQ(prova::Detti(p.ui), std::vector<std::string>{"Salva Lavoro: Questi file del Lavoro, letti con un errore, non "
+                                                         "sono stati salvati e restano com'erano:\nROSSI.HAT"});
 }
 
 TEST_F(Salvataggio, LeRigheCancellateRestanoFinoAllaRiapertura) {

@@ -13,10 +13,11 @@
 #include "cadastre/ContornoSette.h"
 #include "core/Sessione.h"
 #include "sections/FileSezioni.h"
+#include "snap/Vicino.h"
 #include "store/Carica.h"
 #include "store/LavoroProva.h"
 #include "store/Undo.h"
-#include "support/Supporto.h"
+#include "support/ProvaComandi.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -59,24 +60,6 @@ std::vector<int64_t> NelRiquadro(const Sessione& s, double x0, double y0, double
     if (a <= x1 && cc >= x0 && b <= y1 && d >= y0) dentro.push_back(i);
   }
   return dentro;
-}
-
-// The nearest line record to (x, y) by its box, through the tree of lines.
-int64_t LineaPiuVicina(const Sessione& s, double x, double y) {
-  const ElencoDisegno& l = s.ListaDisegno;
-  double migliore = INFINITY;
-  int64_t trovata = -1;
-  s.Vicinanza.Linee.Visita(
-      x, y,
-      [&](int64_t i) {
-        const auto k = static_cast<size_t>(i);
-        const double dx = std::max({std::min(l.X1[k], l.X2[k]) - x, 0.0, x - std::max(l.X1[k], l.X2[k])});
-        const double dy = std::max({std::min(l.Y1[k], l.Y2[k]) - y, 0.0, y - std::max(l.Y1[k], l.Y2[k])});
-        const double d = std::hypot(dx, dy);
-        if (d < migliore || (d == migliore && i < trovata)) migliore = d, trovata = i;
-      },
-      [&] { return migliore; });
-  return trovata;
 }
 
 // The first row of a kind in which two sessions' tables differ; -1 when none does.
@@ -127,42 +110,35 @@ class RigeneraModifiche : public ::testing::Test {
   double Y() { return Caso(5030900, 5031100); }
 
   void NuovaLinea() {
-    DimensionaLinee(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotLinee]++);
-    s.LineaX1[r] = X(), s.LineaY1[r] = Y(), s.LineaX2[r] = X(), s.LineaY2[r] = Y();
+    const double x1 = X(), y1 = Y(), x2 = X(), y2 = Y();
+    const auto r = static_cast<size_t>(prova::MettiLinea(s, x1, y1, x2, y2));
     s.LineaColore[r] = Intero(12), s.LineaTratteggio[r] = static_cast<int16_t>(Intero(4));
     s.LineaQuotata[r] = static_cast<int16_t>(Intero(2)), s.LineaOffsetQuota[r] = 2;
     s.LineaTronca[r] = Intero(3) == 0 ? 1.5 : 0;
     s.LineaPiano[r] = Intero(2) ? "RECINZ" : "";
   }
   void NuovoCerchio() {
-    DimensionaCerchi(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotCerchi]++);
-    s.CerchioX[r] = X(), s.CerchioY[r] = Y(), s.CerchioRaggio[r] = Caso(0.5, 30);
+    const double x = X(), y = Y(), raggio = Caso(0.5, 30);
+    const auto r = static_cast<size_t>(prova::MettiCerchio(s, x, y, raggio));
     s.CerchioColore[r] = Intero(12), s.CerchioTratteggio[r] = static_cast<int16_t>(Intero(4));
     s.CerchioPiano[r] = "VERDE";
   }
   void NuovoArco() {
-    DimensionaArchi(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotArchi]++);
-    s.ArcoX[r] = X(), s.ArcoY[r] = Y(), s.ArcoRaggio[r] = Caso(0.5, 30);
-    s.ArcoInizio[r] = Caso(0, 400), s.ArcoFine[r] = Caso(1, 300);
+    const double x = X(), y = Y(), raggio = Caso(0.5, 30), inizio = Caso(0, 400), ampiezza = Caso(1, 300);
+    const auto r = static_cast<size_t>(prova::MettiArco(s, x, y, raggio, inizio, ampiezza));
     s.ArcoColore[r] = Intero(12), s.ArcoTratteggio[r] = static_cast<int16_t>(Intero(4));
     s.ArcoPiano[r] = "STRADA";
   }
   void NuovoTesto() {
-    DimensionaTesti(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotTesti]++);
-    s.TestoX[r] = X(), s.TestoY[r] = Y(), s.TestoAltezza[r] = 2, s.TestoRotazione[r] = Caso(0, 400);
-    s.TestoTesto[r] = std::string(static_cast<size_t>(1 + Intero(12)), 'A'), s.TestoFont[r] = "Arial";
+    const double x = X(), y = Y(), rotazione = Caso(0, 400);
+    const auto r = static_cast<size_t>(prova::MettiTesto(s, x, y, std::string(static_cast<size_t>(1 + Intero(12)), 'A')));
+    s.TestoAltezza[r] = 2, s.TestoRotazione[r] = rotazione, s.TestoFont[r] = "Arial";
     s.TestoColore[r] = Intero(12), s.TestoPiano[r] = "TESTI";
   }
   void NuovaImmagine() {
-    DimensionaBitmap(s);
-    const auto r = static_cast<size_t>(s.ContaEntita[SlotBitmap]++);
-    s.BitmapNomeFile[r] = "FOTO.PNG", s.BitmapX[r] = X(), s.BitmapY[r] = Y();
-    s.BitmapLarghezza[r] = 100, s.BitmapAltezza[r] = 50, s.BitmapScalaLar[r] = s.BitmapScalaAlt[r] = 0.1;
-    s.BitmapPiano[r] = "FOTO";
+    const double x = X(), y = Y();
+    const auto r = static_cast<size_t>(prova::MettiImmagine(s, x, y, 100, 50, 0.1));
+    s.BitmapNomeFile[r] = "FOTO.PNG", s.BitmapPiano[r] = "FOTO";
   }
 
   void NuovaSezione() {
@@ -265,7 +241,8 @@ class RigeneraModifiche : public ::testing::Test {
     std::vector<int64_t> vicine;
     const std::array<double, 4> riquadri[] = {{1725000, 5030950, 1725100, 5031050}, {1724800, 5030800, 1725600, 5031200}};
     for (const auto& q : riquadri) trovati.push_back(NelRiquadro(s, q[0], q[1], q[2], q[3]));
-    for (int k = 0; k < 3; ++k) vicine.push_back(LineaPiuVicina(s, 1725000 + 150 * k, 5031000 + 20 * k));
+    // The nearest line, through the tree of lines.
+    for (int k = 0; k < 3; ++k) vicine.push_back(IlPiuVicinoLinea(s, 1725000 + 150 * k, 5031000 + 20 * k).RigaLista);
 
     RigeneraLista(s);
     ASSERT_EQ(Differenza(righe, s.ListaDisegno), "") << passo;
@@ -273,7 +250,8 @@ class RigeneraModifiche : public ::testing::Test {
       const auto& q = riquadri[k];
       EXPECT_EQ(trovati[k], NelRiquadro(s, q[0], q[1], q[2], q[3])) << passo;
     }
-    for (int k = 0; k < 3; ++k) EXPECT_EQ(vicine[static_cast<size_t>(k)], LineaPiuVicina(s, 1725000 + 150 * k, 5031000 + 20 * k)) << passo;
+    for (int k = 0; k < 3; ++k)
+      EXPECT_EQ(vicine[static_cast<size_t>(k)], IlPiuVicinoLinea(s, 1725000 + 150 * k, 5031000 + 20 * k).RigaLista) << passo;
 
     s.ListaDisegno = righe;
     s.Rigenerazione = stato;

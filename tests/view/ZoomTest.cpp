@@ -104,6 +104,15 @@ TEST(ZoomFinestra, AngoliInQualsiasiOrdineEIlLatoMaggiore) {
   EXPECT_EQ(a.s.Vista.AltezzaVista, 70.0);
   a.Finestra(0, 0, -30, -30);
   EXPECT_EQ(a.s.Vista.AltezzaVista, 30.0);
+  // The right button between the two clicks cancels it, guide and all.
+  ArmaZoom(a.s, ZoomFinestra);
+  (void)ClicZoom(a.s, 0, 0, false);
+  PuntatoreMosso(a.s, 5, 5);
+  EXPECT_EQ(GuidaPerZoom(a.s).Tipo, GuidaZoom::Riquadro);
+  AnnullaZoom(a.s);
+  EXPECT_EQ(std::make_tuple(a.s.Vista.PrimoPuntoZoom, GuidaPerZoom(a.s).Tipo), std::make_tuple(0, GuidaZoom::Nessuna));
+  EXPECT_EQ(ClicZoom(a.s, 50, 50, false), Seguito::Nessuno);
+  EXPECT_EQ(a.s.Vista.AltezzaVista, 30.0);
 }
 
 TEST(ZoomFinestra, DentroUnComandoRipristinaIlSuoPrompt) {
@@ -123,20 +132,6 @@ TEST(ZoomFinestra, DentroUnComandoRipristinaIlSuoPrompt) {
   (void)ClicZoom(q.s, 5, 5, false);
   EXPECT_EQ(q.s.Prompt, "Primo Punto per Finestra :");
   EXPECT_EQ(q.s.Vista.ModoZoom, ZoomNessuno);
-}
-
-TEST(ZoomFinestra, TastoDestroTraIDueClicAnnulla) {
-  Prova p;
-  p.Vista(1, 2, 3);
-  ArmaZoom(p.s, ZoomFinestra);
-  (void)ClicZoom(p.s, 0, 0, false);
-  PuntatoreMosso(p.s, 5, 5);
-  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Riquadro);
-  AnnullaZoom(p.s);
-  EXPECT_EQ(p.s.Vista.PrimoPuntoZoom, 0);
-  EXPECT_EQ(GuidaPerZoom(p.s).Tipo, GuidaZoom::Nessuna);
-  EXPECT_EQ(ClicZoom(p.s, 50, 50, false), Seguito::Nessuno);
-  EXPECT_EQ(p.s.Vista.AltezzaVista, 3.0);
 }
 
 TEST(ZoomSposta, SpostamentoOrtogonaleEGuida) {
@@ -161,6 +156,13 @@ TEST(ZoomSposta, SpostamentoOrtogonaleEGuida) {
     (void)ClicZoom(p.s, x, y, true);
     EXPECT_EQ(p.Vista(), attesa) << x;
   }
+  // The middle button drags by the run from where it was pressed, not from the last move.
+  p.Vista(100, 200, 50);
+  InizioTrascinamento(p.s, 1, 2);
+  EXPECT_EQ(Trascina(p.s, 4, 6), Seguito::Ridisegno);
+  EXPECT_EQ(p.Vista(), (Tre{97, 196, 50}));
+  (void)Trascina(p.s, 0, 0);
+  EXPECT_EQ(p.Vista(), (Tre{101, 202, 50}));
 }
 
 TEST(ZoomCentro, OgniClicRicentraFinoAlTastoDestro) {
@@ -213,17 +215,6 @@ TEST(ZoomPasso, FattoreDiZoomEDirezioni) {
   EXPECT_EQ(ZoomPasso(p.s, PassoZoom::Indietro), Seguito::Ridisegno);
   EXPECT_EQ(ZoomPasso(p.s, PassoZoom::Su), Seguito::Ridisegno);
   EXPECT_EQ(p.Vista(), (Tre{100, 0, 200}));
-}
-
-TEST(Trascinamento, TastoCentraleSpostaPerLaCorsaDalPremere) {
-  Prova p;
-  p.Vista(100, 200, 50);
-  InizioTrascinamento(p.s, 1, 2);
-  EXPECT_EQ(Trascina(p.s, 4, 6), Seguito::Ridisegno);
-  EXPECT_EQ(p.Vista(), (Tre{97, 196, 50}));
-  // The next move counts from the press again, not from the last move.
-  (void)Trascina(p.s, 0, 0);
-  EXPECT_EQ(p.Vista(), (Tre{101, 202, 50}));
 }
 
 TEST(VistaPrecedente, IndietroNellaStoriaEHomeSenzaVistePrecedenti) {
@@ -430,7 +421,6 @@ TEST(DopoRidisegno, AltezzaDellIngombroETempo) {
   Ridisegna(s);
   EXPECT_EQ(s.Prompt, "");
   EXPECT_EQ(s.Vista.Ridisegni, 2u);
-  EXPECT_GE(s.Vista.TempoRidisegno, 0);
 }
 
 }  // namespace
