@@ -1,6 +1,7 @@
 #include "WidgetGrafica.h"
 
 #include <QContextMenuEvent>
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPageLayout>
@@ -39,7 +40,7 @@ QPointF WidgetGrafica::Metri(QPointF pixel) const {
 
 void WidgetGrafica::resizeEvent(QResizeEvent*) {
   g_.Rapporto = height() > 0 ? double(width()) / height() : 1;
-  if (adattata_) g_.VR_ZoomTutto();
+  if (adattata_) ZoomTutto();
 }
 
 void WidgetGrafica::paintEvent(QPaintEvent*) {
@@ -66,6 +67,53 @@ bool WidgetGrafica::VR_Stampa(QPrinter& stampante) {
   return fatto;
 }
 
+namespace {
+
+// A point's name stands up and to the right of its dot.
+const QPointF kScostamentoNome(4, -4);
+
+// Captions in the control's rule, by the kind of the row they come from and the kind of text
+// they are: the names of points and of parcels.
+QFont FontDidascalia(std::string_view riga) {
+  QFont f(FamigliaCarattere(Grafica::FontDidascalia(riga, "T")));
+  f.setPixelSize(12);
+  return f;
+}
+
+}  // namespace
+
+// The pixels the drawing covers: dots, lines and the boxes of the captions shown.
+QRectF WidgetGrafica::Ingombro() const {
+  QRectF r;
+  auto unisci = [&r](const QRectF& q) { r = r.isNull() ? q : r.united(q); };
+  for (const Grafica::Linea& l : g_.Linee()) unisci(QRectF(Pixel(l.X1, l.Y1), Pixel(l.X2, l.Y2)).normalized());
+  const QFontMetricsF nomi(FontDidascalia("P")), toponimi(FontDidascalia("@"));
+  for (const Grafica::Punto& q : g_.Punti()) {
+    if (!g_.Visibile(q)) continue;
+    const QPointF c = Pixel(q.Est, q.Nord);
+    unisci(QRectF(c - QPointF(2, 2), QSizeF(4, 4)));
+    if (g_.MostraNomi) unisci(nomi.boundingRect(QString::fromStdString(q.Nome)).translated(c + kScostamentoNome));
+  }
+  if (g_.MostraToponimi)
+    for (const Grafica::Nome& n : g_.Nomi())
+      unisci(toponimi.boundingRect(QString::fromStdString(n.Testo)).translated(Pixel(n.Est, n.Nord)));
+  return r;
+}
+
+// The model fits what it knows, the points and lines; the captions keep their size in
+// pixels at any zoom, so the view is then widened until their boxes too stand inside.
+void WidgetGrafica::ZoomTutto() {
+  g_.VR_ZoomTutto();
+  const QRectF dentro = QRectF(rect()).adjusted(4, 4, -4, -4);
+  for (int passo = 0; passo < 4 && dentro.isValid(); ++passo) {
+    const QRectF r = Ingombro();
+    if (r.isNull() || dentro.contains(r)) return;
+    const QPointF centro = Metri(r.center());
+    g_.CentroEst = centro.x(), g_.CentroNord = centro.y();
+    g_.Altezza *= std::max({1.0, r.width() / dentro.width(), r.height() / dentro.height()});
+  }
+}
+
 void WidgetGrafica::GeneraGrafica(QPainter& p) const {
   p.setRenderHint(QPainter::Antialiasing);
   static const QColor kColori[3] = {Qt::red, Qt::darkGreen, Qt::black};
@@ -81,16 +129,11 @@ void WidgetGrafica::GeneraGrafica(QPainter& p) const {
     if (g_.Visibile(q)) p.drawEllipse(Pixel(q.Est, q.Nord), 2, 2);
   // Captions in the control's rule, by the kind of the row they come from and the kind of
   // text they are: the names of points and of parcels.
-  auto didascalie = [&p](std::string_view riga) {
-    QFont f(FamigliaCarattere(Grafica::FontDidascalia(riga, "T")));
-    f.setPixelSize(12);
-    p.setFont(f);
-  };
-  didascalie("P");
+  p.setFont(FontDidascalia("P"));
   p.setPen(Qt::red);
   for (const Grafica::Punto& q : g_.Punti())
-    if (g_.MostraNomi && g_.Visibile(q)) p.drawText(Pixel(q.Est, q.Nord) + QPointF(4, -4), QString::fromStdString(q.Nome));
-  didascalie("@");
+    if (g_.MostraNomi && g_.Visibile(q)) p.drawText(Pixel(q.Est, q.Nord) + kScostamentoNome, QString::fromStdString(q.Nome));
+  p.setFont(FontDidascalia("@"));
   p.setPen(Qt::blue);
   for (const Grafica::Nome& n : g_.Nomi())
     if (g_.MostraToponimi) p.drawText(Pixel(n.Est, n.Nord), QString::fromStdString(n.Testo));
@@ -117,7 +160,7 @@ void WidgetGrafica::keyPressEvent(QKeyEvent* e) {
     case Qt::Key_Right: g_.VR_ZoomRight(); break;
     case Qt::Key_Plus: g_.VR_ZoomPiu(); break;
     case Qt::Key_Minus: g_.VR_ZoomMeno(); break;
-    case Qt::Key_Home: g_.VR_ZoomTutto(); break;
+    case Qt::Key_Home: ZoomTutto(); break;
     default: QWidget::keyPressEvent(e); return;
   }
   adattata_ = e->key() == Qt::Key_Home;
@@ -142,7 +185,7 @@ void WidgetGrafica::mouseDoubleClickEvent(QMouseEvent* e) {
 void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
   QMenu menu(this);
   menu.addAction("Zoom Tutto", [this] {
-    g_.VR_ZoomTutto();
+    ZoomTutto();
     adattata_ = true;
     update();
   });
@@ -162,6 +205,7 @@ void WidgetGrafica::contextMenuEvent(QContextMenuEvent* e) {
     const auto file = s_.Ui->ScegliFile(false, titolo, filtro, s_.CartellaLavoro, "");
     if (!file) return;
     (g_.*carica)(s_, *file);
+    ZoomTutto();
     adattata_ = true;
     update();
   };

@@ -45,6 +45,10 @@ class WidgetGrafica : public QWidget {
   void contextMenuEvent(QContextMenuEvent* e) override;
 
  private:
+  QRectF Ingombro() const;
+  // `VR_ZoomTutto` with the captions inside.
+  void ZoomTutto();
+
   Sessione& s_;
   Grafica g_;
   // The view is the fit of all the content, as the control first shows it or the user asked

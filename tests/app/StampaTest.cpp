@@ -8,12 +8,14 @@
 #include <QTextEdit>
 #include <cstdio>
 #include <QKeyEvent>
+#include <QFontMetricsF>
 #include <QPrinter>
 #include <QTest>
 
 #include "DialogoQt.h"
 #include "EditorStampe.h"
 #include "Stampa.h"
+#include "SuperficieQt.h"
 #include "WidgetGrafica.h"
 #include "core/Dialoghi.h"
 #include "core/File.h"
@@ -158,6 +160,15 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   ASSERT_EQ(g.Punti().size(), 3u);
   EXPECT_DOUBLE_EQ(g.Punti()[2].Est, 100);  // 100 pixels right of the middle, 2 a metre
   EXPECT_DOUBLE_EQ(g.Punti()[2].Nord, 10);
+  // A long name at the right edge: the fit makes room for it, so that its last letter is
+  // inside the control (it was cut off when only the points were fitted).
+  g.VR_AggiungiPuntoGraf(100, 0, "CONFINE-NORD-EST-1234", "NP", 1);
+  QTest::keyClick(&w, Qt::Key_Home);
+  QFont f(FamigliaCarattere(Grafica::FontDidascalia("P", "T")));
+  f.setPixelSize(12);
+  const double fine = w.Pixel(100, 0).x() + 4 + QFontMetricsF(f).horizontalAdvance("CONFINE-NORD-EST-1234");
+  EXPECT_TRUE(fine <= 400 && fine > 300) << fine;
+  EXPECT_LT(w.Pixel(0, 0).x(), 200);
 }
 
 }  // namespace
