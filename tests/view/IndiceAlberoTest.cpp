@@ -81,6 +81,27 @@ TEST(IndiceAlbero, VuotoEUnaSolaScatola) {
   EXPECT_EQ(visite, 1);
 }
 
+// The boxes are kept in 32 bits from an origin and rounded outwards: a point searched at its
+// own national-grid coordinates with no distance allowed is met, whichever way 32 bits round.
+TEST(IndiceAlbero, UnPuntoCercatoSuSeStessoADistanzaZero) {
+  std::mt19937 caso(5);
+  std::uniform_real_distribution<double> u(-500, 500);
+  std::vector<std::pair<double, double>> p(300);
+  for (auto& [x, y] : p) x = 1725000 + u(caso), y = 5030000 + u(caso);
+  IndiceAlbero a;
+  a.Costruisci(static_cast<int64_t>(p.size()), [&](int64_t i, double& x0, double& y0, double& x1, double& y1) {
+    x0 = x1 = p[static_cast<size_t>(i)].first, y0 = y1 = p[static_cast<size_t>(i)].second;
+    return true;
+  });
+  int mancati = 0;
+  for (size_t i = 0; i < p.size(); ++i) {
+    bool trovato = false;
+    a.Visita(p[i].first, p[i].second, [&](int64_t k) { trovato |= k == static_cast<int64_t>(i); }, [] { return 0.0; });
+    mancati += !trovato;
+  }
+  EXPECT_EQ(mancati, 0);
+}
+
 std::vector<int64_t> Griglia(const std::vector<std::vector<double>>& b, double x0, double y0, double x1, double y1) {
   IndiceGriglia g;
   g.Costruisci(static_cast<int64_t>(b.size()), [&](int64_t i, double& a, double& c, double& d, double& e) {
