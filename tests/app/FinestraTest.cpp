@@ -844,5 +844,13 @@ TEST_F(Desktop, NitidoSuUnoSchermoDoppio) {
   EXPECT_EQ(schermo, T()->Immagine());
 }
 
+// The legacy filter pairs a description and its patterns; Qt filters by what stands in the
+// brackets, so the patterns replace the description's own brackets, which may name fewer.
+TEST(FiltroQt, ComeQtLoLegge) {
+  EXPECT_EQ(FiltroQt("Lavori (*.CFG)|*.CFG;*.VRZ|Tutti i file (*.*)|*.*|").toStdString(),
+            "Lavori (*.CFG *.VRZ);;Tutti i file (*.*)");
+  EXPECT_EQ(FiltroQt("Senza patterni|").toStdString(), "");
+}
+
 }  // namespace
 }  // namespace varena
