@@ -38,5 +38,17 @@ TEST(PuntiCli, ImportEElenco) {
             "          3  PF1      5.000    6.000      7.000                 0.000  0        2\n");
 }
 
+TEST(PuntiCli, ImportConUnaListaDiColonne) {
+  const prova::RadiceCli r;
+  prova::ScriviFileProva(r.lavori + "ROSSI.CFG", prova::CfgNuovo());
+  prova::ScriviFileProva(r.radice / "b.txt", "5 6 7\r\n");
+  // List 6 at its default: North, East, height.
+  EXPECT_EQ(Cli({"import", r.lavori + "ROSSI", r.radice / "b.txt", "--format", "txt", "--colonne", "DAT6"}).stato, 0);
+  const auto e = Cli({"import", r.lavori + "ROSSI", r.radice / "b.txt", "--format", "txt", "--colonne", "DAT9"});
+  EXPECT_EQ(e.stato, 1);
+  EXPECT_NE(e.err.find("Colonne non valide: DAT9"), std::string::npos) << e.err;
+  EXPECT_NE(Cli({"punti", r.lavori + "ROSSI", "--csv"}).out.find("\n1,,5.000,6.000,7.000,"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace varena

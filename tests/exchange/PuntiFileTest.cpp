@@ -6,6 +6,7 @@
 #include <array>
 
 #include "core/Avvio.h"
+#include "core/ImpostazioniUtente.h"
 #include "exchange/ImportaPunti.h"
 #include "exchange/PuntiFile.h"
 #include "support/Supporto.h"
@@ -238,13 +239,27 @@ TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
 }
 
 TEST_F(ImportaPuntiProva, TestoConLeColonneDellUtente) {
+  // Kept by hand: list 3 holds a letter that is no column, list 5 an order; 5 picked last.
+  prova::ScriviFileProva(PercorsoImpostazioniUtente(s), "[CaricaTXT]\r\nDAT3=NQXYZ\r\nDAT5= x y n\r\nCARICA_TIPO_FILE=5\r\n");
   prova::ScriviFileProva(dir / "p.txt", "x 7 1.5 2.5 muro\r\n");
   ui.RispondiFile(dir / "p.txt");
-  ui.RispondiValore("-nyxd"), ui.RispondiValore("S");
   CaricaPuntiCXF(s);
+  const Dialogo* d = TrovaDialogo(s, "CaricaTXT");
+  ASSERT_TRUE(d);
+  EXPECT_EQ(d->Valore("Colonne"), "DAT5 XYN");
+  EXPECT_EQ(d->Campo("Colonne")->Scelte, (std::vector<std::string>{"DAT1 NXYZD", "DAT2 NYXZD", "DAT3 NDXYZ", "DAT4 NDYXZ",
+                                                                    "DAT5 XYN", "DAT6 YXZ", "DAT7 -NYXZD"}));
+  ScriviCampo(s, "CaricaTXT", "Colonne", "DAT4 NXX");
+  PremiBottone(s, "CaricaTXT", "Importa");
+  EXPECT_EQ(std::make_tuple(ui.Messaggi.back().Testo, s.ContaEntita[SlotPunti]), std::make_tuple("Colonne non valide: DAT4 NXX", 0));
+  // List 4 as the user changed it reads the file, and is kept and picked the next time.
+  ScriviCampo(s, "CaricaTXT", "Colonne", "DAT4 -nyxd");
+  ScriviCampo(s, "CaricaTXT", "Prefisso", "S");
+  PremiBottone(s, "CaricaTXT", "Importa");
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0], ui.Richieste[0]),
-            std::make_tuple("S7", 2.5, 1.5, "muro", "Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :"));
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0]),
+            std::make_tuple("S7", 2.5, 1.5, "muro"));
+  EXPECT_EQ(std::make_tuple(ListaColonne(s, 4), UltimaListaColonne(s)), std::make_tuple("-NYXD", 4));
 }
 
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
