@@ -5,6 +5,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "cadastre/ContornoSette.h"
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
 #include "core/Colori.h"
@@ -43,6 +44,26 @@ constexpr const char* kFiltroTesti =
     "Importa file CSV (*.CSV)|*.CSV|Importa file xyz di Pregeo (*.xyz)|*.xyz|Generico file TXT (*.TXT)|*.TXT|"
     "Generico (*.*)|*.*|";
 
+// A line drawn by a field-book manager on the layer of one of its structures takes the pen
+// this program draws that structure with: the links of the scheme as the book's scheme, the
+// contours by their codes (R, N the pen; C, T, P the line type), as a contour's own codes
+// set them. The triangles and the extract, which the book does not draw here, take the
+// colours the script for an outside CAD gives their layers: green and yellow.
+void PennaStruttura(std::string_view piano, int32_t& penna, int16_t& tratteggio) {
+  if (piano == "LINEE_SCHEMA") {
+    penna = 12, tratteggio = 2;
+  } else if (piano == "LINEE_TRIANGOLO") {
+    penna = 3;
+  } else if (piano == "LINEE_ESTRATTO") {
+    penna = 2;
+  } else if (piano.size() == 8 && IniziaCon(piano, "LINEE_") && piano.find_first_of("RN", 6) == 6 &&
+             piano.find_first_of("CTP", 7) == 7) {
+    int stile = tratteggio;
+    CodiceLinea(piano.substr(6), penna, stile);
+    tratteggio = static_cast<int16_t>(stile);
+  }
+}
+
 // The adapter: each point a row with the drawing defaults, its origin in the font field.
 class PuntiNelLavoro : public DestinoPunti {
  public:
@@ -60,10 +81,16 @@ class PuntiNelLavoro : public DestinoPunti {
     s_.LibrettoMisure.push_back(Rifila(riga));
   }
   void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) override {
-    ScriviPunto(s_, nome, {x, y, z}, {}, piano.empty() ? piano_ : piano);
+    // A symbol with no name stands in for a point whose name is a text of its own: it gets
+    // one until that text, tied to it afterwards, names it.
+    std::string nominato(nome);
+    if (piano == "PUNTI_S" && Rifila(nome).empty())
+      nominato = "PuntiSenzaNome" + FormatoMaschera(s_.ContaEntita[SlotPunti] + 1, "############");
+    ScriviPunto(s_, nominato, {x, y, z}, {}, piano.empty() ? piano_ : piano);
   }
   void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view piano) override {
-    ScriviLinea(s_, {x1, y1, z1}, {x2, y2, z2}, piano.empty() ? piano_ : piano);
+    const auto k = static_cast<size_t>(ScriviLinea(s_, {x1, y1, z1}, {x2, y2, z2}, piano.empty() ? piano_ : piano));
+    PennaStruttura(piano, s_.LineaColore[k], s_.LineaTratteggio[k]);
     SegnaModificato(s_, SlotLinee);
   }
   void Cerchio(double x, double y, double z, double raggio, std::string_view piano) override {

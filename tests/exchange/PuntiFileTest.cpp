@@ -281,18 +281,26 @@ TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
                          "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio;Valore;Angolo iniziale;Angolo totale\r\n"
                          "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;;;;\r\n"
                          "Linea;;STRADE;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Linea;;LINEE_NT;;;;1;2;0;3;4;0;;;;;;;\r\nLinea;;LINEE_SCHEMA;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Punto;;PUNTI_S;30;40;0;;;;;;;;;;;;;\r\n"
                          "Cerchio;;;;;;;;;;;;5;6;0;1.5;;;\r\n"
                          "Arco;;ARCHI;;;;;;;;;;7;8;0;2;;45;90\r\n"
                          "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
                          "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  // A symbol of no name is named after its progressive number.
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[1], s.PuntoPiano[1]), std::make_tuple("PuntiSenzaNome2", "PUNTI_S"));
   // The text on the layer of descriptions is the description of the point at its place.
   EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
             std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
+  // The layers of the book's structures: a contour's codes N and T (pen 250, type 2), the
+  // scheme's pen 12 dashed.
+  EXPECT_EQ(std::make_tuple(s.LineaColore[0], s.LineaColore[1], s.LineaTratteggio[1], s.LineaColore[2], s.LineaTratteggio[2]),
+            std::make_tuple(s.Imp.Colore_Default, 250, int16_t{2}, 12, int16_t{2}));
   ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
   // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.
