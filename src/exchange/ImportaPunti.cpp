@@ -56,8 +56,8 @@ void PennaStruttura(std::string_view piano, int32_t& penna, int16_t& tratteggio)
     penna = 3;
   } else if (piano == "LINEE_ESTRATTO") {
     penna = 2;
-  } else if (piano.size() == 8 && IniziaCon(piano, "LINEE_") && piano.find_first_of("RN", 6) == 6 &&
-             piano.find_first_of("CTP", 7) == 7) {
+  } else if (piano.size() == 8 && IniziaCon(piano, "LINEE_") && (piano[6] == 'R' || piano[6] == 'N') &&
+             (piano[7] == 'C' || piano[7] == 'T' || piano[7] == 'P')) {
     int stile = tratteggio;
     CodiceLinea(piano.substr(6), penna, stile);
     tratteggio = static_cast<int16_t>(stile);

@@ -46,8 +46,8 @@ int UltimaListaColonne(Sessione& s);
 // letter is not a column, a column comes twice, or East or North is missing.
 std::optional<std::string> ColonneValide(std::string_view testo);
 // What a choice of the dialog or of the command line names: "DAT3" the stored list, "DAT3
-// NDXYZ" that list as the user changed it, any other text an order as typed. `lista` is
-// the number of the list named, 0 for an order typed.
+// NDXYZ" that list as the user changed it, any other text an order as typed. `Lista` is
+// the number of the list named, 0 for an order typed; nothing when the text is no order.
 struct SceltaColonne {
   std::string Colonne;
   int Lista = 0;
