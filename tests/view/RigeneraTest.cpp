@@ -555,8 +555,7 @@ TEST(ScomponiSimbolo, DecorazioniEBasi) {
 TEST(Ridisegno, PuntoPlanimetricoSenzaQuota) {
   Scena z;
   z.s.PuntoDescrizione[static_cast<size_t>(z.Punto("101", 1000, 2000, 1, 2))] = "<P!>SPIGOLO";
-  z.Disegna();
-  // The description takes the line the height would have had.
+  z.Disegna();  // the description on the line the height would have had
   EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 <P!>SPIGOLO"}));
 }
 
