@@ -25,7 +25,16 @@ using LettoreImport = bool (*)(Sessione& s, const std::string& file, const Argom
 
 bool ImportaFormatoPunti(FormatoPunti f, Sessione& s, const std::string& file, const Argomenti& a, std::ostream& out) {
   OpzioniTesto o;
-  o.Colonne = Maiuscolo(a.Valore("--colonne", FormatoDi(f).Colonne));
+  // A text table takes an order of columns or one of the user's stored lists ("DAT3").
+  if (*FormatoDi(f).Colonne) {
+    const std::string colonne = a.Valore("--colonne", FormatoDi(f).Colonne);
+    const auto scelta = LeggiSceltaColonne(s, colonne);
+    if (!scelta) {
+      s.Ui->Messaggio("Colonne non valide: " + colonne, FormatoDi(f).Routine, Icona::Avviso);
+      return false;
+    }
+    o.Colonne = scelta->Colonne;
+  }
   o.Prefisso = a.Valore("--prefisso");
   EsitoLettura e;
   const int64_t libretto = static_cast<int64_t>(s.LibrettoMisure.size());
@@ -78,7 +87,7 @@ std::string NomiFormati() {
 
 int ComandoImport(const Argomenti& a, std::ostream& out, std::ostream& err) {
   const std::string uso = "uso: varena-cli import LAVORO.CFG FILE --format " + NomiFormati() +
-                          " [--colonne NYXZD] [--prefisso PF]\n";
+                          " [--colonne NYXZD|DAT1..DAT7] [--prefisso PF]\n";
   const std::string nome = Minuscolo(a.Valore("--format"));
   const FormatoImport* formato = nullptr;
   for (const FormatoImport& f : kFormati)

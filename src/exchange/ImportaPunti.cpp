@@ -5,9 +5,12 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "cadastre/ContornoSette.h"
 #include "commands/Costruttori.h"
 #include "core/Errori.h"
 #include "core/Colori.h"
+#include "core/Dialoghi.h"
+#include "core/ImpostazioniUtente.h"
 #include "core/File.h"
 #include "core/FileTabella.h"
 #include "core/Sessione.h"
@@ -41,6 +44,26 @@ constexpr const char* kFiltroTesti =
     "Importa file CSV (*.CSV)|*.CSV|Importa file xyz di Pregeo (*.xyz)|*.xyz|Generico file TXT (*.TXT)|*.TXT|"
     "Generico (*.*)|*.*|";
 
+// A line drawn by a field-book manager on the layer of one of its structures takes the pen
+// this program draws that structure with: the links of the scheme as the book's scheme, the
+// contours by their codes (R, N the pen; C, T, P the line type), as a contour's own codes
+// set them. The triangles and the extract, which the book does not draw here, take the
+// colours the script for an outside CAD gives their layers: green and yellow.
+void PennaStruttura(std::string_view piano, int32_t& penna, int16_t& tratteggio) {
+  if (piano == "LINEE_SCHEMA") {
+    penna = 12, tratteggio = 2;
+  } else if (piano == "LINEE_TRIANGOLO") {
+    penna = 3;
+  } else if (piano == "LINEE_ESTRATTO") {
+    penna = 2;
+  } else if (piano.size() == 8 && IniziaCon(piano, "LINEE_") && (piano[6] == 'R' || piano[6] == 'N') &&
+             (piano[7] == 'C' || piano[7] == 'T' || piano[7] == 'P')) {
+    int stile = tratteggio;
+    CodiceLinea(piano.substr(6), penna, stile);
+    tratteggio = static_cast<int16_t>(stile);
+  }
+}
+
 // The adapter: each point a row with the drawing defaults, its origin in the font field.
 class PuntiNelLavoro : public DestinoPunti {
  public:
@@ -58,10 +81,16 @@ class PuntiNelLavoro : public DestinoPunti {
     s_.LibrettoMisure.push_back(Rifila(riga));
   }
   void PuntoSuPiano(std::string_view nome, double x, double y, double z, std::string_view piano) override {
-    ScriviPunto(s_, nome, {x, y, z}, {}, piano.empty() ? piano_ : piano);
+    // A symbol with no name stands in for a point whose name is a text of its own: it gets
+    // one until that text, tied to it afterwards, names it.
+    std::string nominato(nome);
+    if (piano == "PUNTI_S" && Rifila(nome).empty())
+      nominato = "PuntiSenzaNome" + FormatoMaschera(s_.ContaEntita[SlotPunti] + 1, "############");
+    ScriviPunto(s_, nominato, {x, y, z}, {}, piano.empty() ? piano_ : piano);
   }
   void Linea(double x1, double y1, double z1, double x2, double y2, double z2, std::string_view piano) override {
-    ScriviLinea(s_, {x1, y1, z1}, {x2, y2, z2}, piano.empty() ? piano_ : piano);
+    const auto k = static_cast<size_t>(ScriviLinea(s_, {x1, y1, z1}, {x2, y2, z2}, piano.empty() ? piano_ : piano));
+    PennaStruttura(piano, s_.LineaColore[k], s_.LineaTratteggio[k]);
     SegnaModificato(s_, SlotLinee);
   }
   void Cerchio(double x, double y, double z, double raggio, std::string_view piano) override {
@@ -211,6 +240,63 @@ void Comando(Sessione& s, FormatoPunti f) {
   VR_SalvaUndo(s);
 }
 
+// The reading of a text table and what follows it, under the tags of its phases.
+void CaricaTesto(Sessione& s, FormatoPunti f, const std::string& percorso, const OpzioniTesto& o) {
+  s.RoutineCorrente = "Caricatxt";
+  if (!ImportaPunti(s, f, percorso, o, nullptr, BarraDi(s))) return;
+  s.RoutineCorrente = "CaricaTXT1";
+  TuttoTutto(s);
+  VR_SalvaUndo(s);
+  s.RoutineCorrente = "CaricaTXT0-1";
+}
+
+constexpr const char* kSezioneTesti = "CaricaTXT";
+// The orders a surveyor meets most: East before North as Pregeo and most instruments write,
+// North first as the CSV export does, the description before the coordinates, the bare
+// coordinates of a scanner, and the point list's copy with its progressive number first.
+constexpr const char* kColonneDefault[] = {"NXYZD", "NYXZD", "NDXYZ", "NDYXZ", "XYZ", "YXZ", "-NYXZD"};
+static_assert(std::size(kColonneDefault) == kListeColonne);
+
+std::string VoceLista(Sessione& s, int n) { return "DAT" + std::to_string(n) + " " + ListaColonne(s, n); }
+
+// "Importa da File Testo : " on the chosen file: the stored column lists offered, the last one
+// picked shown (at first the one of the file's kind), and the prefix of names made of digits.
+// What is picked, and a list the user changed, are kept for the next time.
+void ApriCaricaTXT(Sessione& s, FormatoPunti f, const std::string& percorso) {
+  const std::string predefinite = FormatoDi(f).Colonne;
+  int ultima = UltimaListaColonne(s);
+  for (int n = 1; n <= kListeColonne && ultima == 0; ++n)
+    if (ListaColonne(s, n) == predefinite) ultima = n;
+  Dialogo d;
+  d.Nome = "CaricaTXT";
+  d.Titolo = "Importa da File Testo : " + percorso;
+  d.AggiungiCampo("Colonne", "Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :",
+                  ultima ? VoceLista(s, ultima) : predefinite);
+  for (int n = 1; n <= kListeColonne; ++n) d.Campo("Colonne")->Scelte.push_back(VoceLista(s, n));
+  d.AggiungiCampo("Prefisso", "Prefisso dei Nomi numerici :", "PF");
+  d.AggiungiBottone("Importa", "Importa", [f, percorso](Sessione& x) {
+    const Dialogo* g = TrovaDialogo(x, "CaricaTXT");
+    if (!g) return;
+    const auto scelta = LeggiSceltaColonne(x, g->Valore("Colonne"));
+    if (!scelta) {
+      x.Ui->Messaggio("Colonne non valide: " + g->Valore("Colonne"), "Importa da File Testo : ", Icona::Avviso);
+      return;
+    }
+    if (scelta->Lista) {
+      ScriviImpostazioneUtente(x, kSezioneTesti, "DAT" + std::to_string(scelta->Lista), scelta->Colonne);
+      ScriviImpostazioneUtente(x, kSezioneTesti, "CARICA_TIPO_FILE", std::to_string(scelta->Lista));
+    }
+    OpzioniTesto o;
+    o.Colonne = scelta->Colonne;
+    o.Prefisso = Rifila(g->Valore("Prefisso"));
+    ChiudiDialogo(x, "CaricaTXT");
+    CaricaTesto(x, f, percorso, o);
+  });
+  d.AggiungiBottone("Annulla", "Annulla", [](Sessione& x) { ChiudiDialogo(x, "CaricaTXT"); });
+  d.BottoneEsc = "Annulla";
+  ApriDialogo(s, std::move(d));
+}
+
 }  // namespace
 
 std::span<const DescrizioneFormatoPunti> FormatiPunti() { return kFormati; }
@@ -292,6 +378,43 @@ void CaricaPuntiASC(Sessione& s) { Comando(s, FormatoPunti::Asc); }
 void ImportaNuvola(Sessione& s) { Comando(s, FormatoPunti::Nuvola); }
 void CaricaVR4(Sessione& s) { Comando(s, FormatoPunti::Vr4); }
 
+std::string ListaColonne(Sessione& s, int n) {
+  if (n < 1 || n > kListeColonne) return {};
+  const std::string letta = LeggiImpostazioneUtente(s, kSezioneTesti, "DAT" + std::to_string(n), "");
+  return ColonneValide(letta).value_or(kColonneDefault[n - 1]);
+}
+
+int UltimaListaColonne(Sessione& s) {
+  const std::string t = Rifila(LeggiImpostazioneUtente(s, kSezioneTesti, "CARICA_TIPO_FILE", ""));
+  const int n = t.size() == 1 ? t[0] - '0' : 0;
+  return n >= 1 && n <= kListeColonne ? n : 0;
+}
+
+std::optional<std::string> ColonneValide(std::string_view testo) {
+  std::string c;
+  for (char k : Maiuscolo(testo)) {
+    if (k == ' ' || k == '\t') continue;
+    if (std::string_view("NXYZD-").find(k) == std::string_view::npos) return std::nullopt;
+    if (k != '-' && c.find(k) != std::string::npos) return std::nullopt;
+    c += k;
+  }
+  if (c.find('X') == std::string::npos || c.find('Y') == std::string::npos) return std::nullopt;
+  return c;
+}
+
+std::optional<SceltaColonne> LeggiSceltaColonne(Sessione& s, std::string_view testo) {
+  const std::string t = Rifila(testo);
+  // "DAT" and the list's number, then what the user left or typed of its order.
+  const int n = t.size() >= 4 && UgualeSenzaCaso(t.substr(0, 3), "DAT") ? t[3] - '0' : 0;
+  if (n >= 1 && n <= kListeColonne && (t.size() == 4 || t[4] == ' ')) {
+    if (t.size() == 4) return SceltaColonne{ListaColonne(s, n), n};
+    const auto c = ColonneValide(t.substr(5));
+    return c ? std::optional(SceltaColonne{*c, n}) : std::nullopt;
+  }
+  const auto c = ColonneValide(t);
+  return c ? std::optional(SceltaColonne{*c, 0}) : std::nullopt;
+}
+
 void CaricaPuntiCXF(Sessione& s) {
   s.RoutineCorrente = "CaricaTXT0-0";
   const auto scelto = s.Ui->ScegliFile(false, "Importa da File Testo : ", kFiltroTesti, "", "");
@@ -302,25 +425,11 @@ void CaricaPuntiCXF(Sessione& s) {
                          : estensione == "XYZ" ? FormatoPunti::Xyz
                          : estensione == "DXF" ? FormatoPunti::LineeDxf
                                                : FormatoPunti::Txt;
-  OpzioniTesto o;
-  o.Colonne = FormatoDi(f).Colonne;
-  // A table's columns and the prefix of names made of digits are the user's: the format's
-  // order and "PF" are offered.
-  if (f != FormatoPunti::LineeDxf) {
-    const auto colonne = s.Ui->Imputa("Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :",
-                                      "Importa da File Testo : ", o.Colonne);
-    if (!colonne) return;
-    const auto prefisso = s.Ui->Imputa("Prefisso dei Nomi numerici :", "Importa da File Testo : ", "PF");
-    if (!prefisso) return;
-    if (!Rifila(*colonne).empty()) o.Colonne = Maiuscolo(Rifila(*colonne));
-    o.Prefisso = Rifila(*prefisso);
+  if (f == FormatoPunti::LineeDxf) {
+    CaricaTesto(s, f, *scelto, {});
+    return;
   }
-  s.RoutineCorrente = "Caricatxt";
-  if (!ImportaPunti(s, f, *scelto, o, nullptr, BarraDi(s))) return;
-  s.RoutineCorrente = "CaricaTXT1";
-  TuttoTutto(s);
-  VR_SalvaUndo(s);
-  s.RoutineCorrente = "CaricaTXT0-1";
+  ApriCaricaTXT(s, f, *scelto);
 }
 
 bool ImportaPuntiAvvio(Sessione& s, FormatoPunti f, const std::string& percorso) {

@@ -2,6 +2,7 @@
 // file filter, layer), the points handed to the job through one adapter.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,6 +35,25 @@ const DescrizioneFormatoPunti& FormatoDi(FormatoPunti f);
 bool ImportaPunti(Sessione& s, FormatoPunti f, const std::string& percorso, const OpzioniTesto& o,
                   EsitoLettura* esito = nullptr, const AvanzamentoLettura& avanzamento = {});
 
+// The column orders of the text tables the user keeps, `DAT1` to `DAT7`, and the one picked
+// last (`CARICA_TIPO_FILE`, its number), in the per-user store: a value that is not an order
+// of columns, or no number of a list, reads as its default.
+inline constexpr int kListeColonne = 7;
+std::string ListaColonne(Sessione& s, int n);
+// 0 when none was picked yet.
+int UltimaListaColonne(Sessione& s);
+// An order as the user types it ("n y x z d", "-NYXZD") in its stored form, or nothing when a
+// letter is not a column, a column comes twice, or East or North is missing.
+std::optional<std::string> ColonneValide(std::string_view testo);
+// What a choice of the dialog or of the command line names: "DAT3" the stored list, "DAT3
+// NDXYZ" that list as the user changed it, any other text an order as typed. `Lista` is
+// the number of the list named, 0 for an order typed; nothing when the text is no order.
+struct SceltaColonne {
+  std::string Colonne;
+  int Lista = 0;
+};
+std::optional<SceltaColonne> LeggiSceltaColonne(Sessione& s, std::string_view testo);
+
 // The commands: the file asked with the format's filter, read with a progress bar that can
 // stop it, then the zoom to everything and the save.
 void CaricaPuntiRil(Sessione& s);
@@ -43,8 +63,9 @@ void CaricaPuntiASC(Sessione& s);
 void ImportaNuvola(Sessione& s);
 // The points of an older job's `.L`.
 void CaricaVR4(Sessione& s);
-// The text tables: CSV, the xyz of Pregeo, a generic text, by the file's extension; the lines
-// of a `.DXF`.
+// The text tables: CSV, the xyz of Pregeo, a generic text, read with the column order and
+// prefix of the dialog "CaricaTXT", which offers the stored lists and remembers the choice;
+// the lines of a `.DXF` at once.
 void CaricaPuntiCXF(Sessione& s);
 // A file of a kind named on the command line (GSI, CSV) read into a new job.
 bool ImportaPuntiAvvio(Sessione& s, FormatoPunti f, const std::string& percorso);

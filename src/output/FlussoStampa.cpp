@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "cadastre/CodiciPunto.h"
 #include "core/AltreImpostazioni.h"
 #include "core/Errori.h"
 #include "core/File.h"
@@ -175,7 +176,8 @@ void ScriviSimbolo(Pagina& p, int32_t riga, double dimensione) {
 }
 
 // A point as the screen paints it: the symbol, the leader to a moved label, then name,
-// height and description one under the other, the frozen ones skipped.
+// height and description one under the other, the frozen ones skipped (and the height of a
+// planimetric point).
 void ScriviPunto(Pagina& p, int32_t riga) {
   Sessione& s = p.s;
   const auto r = static_cast<size_t>(riga);
@@ -197,7 +199,7 @@ void ScriviPunto(Pagina& p, int32_t riga) {
     ScriviEtichetta(p, "PN", xn, y, h(s.PuntoDimensioneNome[r]), s.PuntoNome[r], font, s.PuntoColoreNome[r]);
     primo = false;
   }
-  if (s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
+  if (s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0 && !HaCodice(s.PuntoDescrizione[r], kCodicePlanimetrico)) {
     const double hq = h(s.PuntoDimensioneQuota[r]);
     if (!primo) y -= 1.5 * std::fabs(hq);
     const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];

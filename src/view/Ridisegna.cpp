@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "cadastre/CodiciPunto.h"
 #include "cadastre/Estratto.h"
 #include "core/Conversioni.h"
 #include "core/Sessione.h"
@@ -328,7 +329,9 @@ void DisegnaPuntoAperto(Sessione& s, Superficie& sup, int32_t riga, StatoPunti& 
                       s.PuntoColoreNome[r]);
     primo = false;
   }
-  if (etichette && s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0) {
+  // A planimetric point has no height to show: its height line is left out as a frozen one.
+  if (etichette && s.PuntoCongelaQuota[r] == 0 && s.Imp.MostraQuota != 0 &&
+      !HaCodice(s.PuntoDescrizione[r], kCodicePlanimetrico)) {
     const double h = MisuraEtichetta(s, stato, s.PuntoDimensioneQuota[r]);
     if (!primo) y -= 1.5 * std::fabs(h);
     const double valore = s.ModoQuota == 1 ? s.QuotaRiferimento - s.PuntoZ[r] : s.PuntoZ[r];

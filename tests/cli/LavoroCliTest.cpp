@@ -114,6 +114,13 @@ TEST_F(LavoroCli, ImportEElencoDeiPunti) {
             "          3  PF1      5.000    6.000      7.000                 0.000  0        2\n");
 }
 
+TEST_F(LavoroCli, ImportConUnaListaDiColonne) {
+  ScriviFileProva(radice / "b.txt", "5 6 7\r\n");
+  EXPECT_EQ(Cli({"import", lavoro, radice / "b.txt", "--format", "txt", "--colonne", "DAT6"}).stato, 0);
+  EXPECT_EQ(Cli({"import", lavoro, radice / "b.txt", "--format", "txt", "--colonne", "DAT9"}).stato, 1);
+  EXPECT_NE(Cli({"punti", lavoro, "--csv"}).out.find("\n1,,5.000,6.000,7.000,"), std::string::npos);  // N E H
+}
+
 TEST_F(LavoroCli, DxfDentroEFuori) {
   const std::string dxf = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nSTRADE\n10\n1\n20\n2\n11\n3\n21\n4\n"
                           "0\nCIRCLE\n8\nVERDE\n10\n5\n20\n6\n40\n1.5\n0\nTEXT\n8\nSTRADE\n10\n0\n20\n0\n40\n1\n1\nVia\n"

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "core/Avvio.h"
+#include "core/ImpostazioniUtente.h"
 #include "exchange/ImportaPunti.h"
 #include "exchange/PuntiFile.h"
 #include "support/Supporto.h"
@@ -238,13 +239,24 @@ TEST_F(ImportaPuntiProva, AscInUnLibrettoGiaAperto) {
 }
 
 TEST_F(ImportaPuntiProva, TestoConLeColonneDellUtente) {
+  // Kept by hand: list 3 holds a letter that is no column, list 5 an order; 5 picked last.
+  prova::ScriviFileProva(PercorsoImpostazioniUtente(s), "[CaricaTXT]\r\nDAT3=NQXYZ\r\nDAT5= x y n\r\nCARICA_TIPO_FILE=5\r\n");
   prova::ScriviFileProva(dir / "p.txt", "x 7 1.5 2.5 muro\r\n");
   ui.RispondiFile(dir / "p.txt");
-  ui.RispondiValore("-nyxd"), ui.RispondiValore("S");
   CaricaPuntiCXF(s);
+  const Dialogo* d = TrovaDialogo(s, "CaricaTXT");
+  ASSERT_TRUE(d);
+  EXPECT_EQ(std::make_tuple(d->Valore("Colonne"), d->Campo("Colonne")->Scelte[2], d->Campo("Colonne")->Scelte[4]),
+            std::make_tuple("DAT5 XYN", "DAT3 NDXYZ", "DAT5 XYN"));
+  ScriviCampo(s, "CaricaTXT", "Colonne", "DAT4 NXX");
+  PremiBottone(s, "CaricaTXT", "Importa");
+  EXPECT_EQ(std::make_tuple(ui.Messaggi.back().Testo, s.ContaEntita[SlotPunti]), std::make_tuple("Colonne non valide: DAT4 NXX", 0));
+  // List 4 as the user changed it reads the file, and is kept and picked the next time.
+  ScriviCampo(s, "CaricaTXT", "Colonne", "DAT4 -nyxd"), ScriviCampo(s, "CaricaTXT", "Prefisso", "S");
+  PremiBottone(s, "CaricaTXT", "Importa");
   ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0], ui.Richieste[0]),
-            std::make_tuple("S7", 2.5, 1.5, "muro", "Colonne (N Nome, X Est, Y Nord, Z Quota, D Descrizione, - nessuna) :"));
+  EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoX[0], s.PuntoY[0], s.PuntoDescrizione[0], ListaColonne(s, 4), UltimaListaColonne(s)),
+            std::make_tuple("S7", 2.5, 1.5, "muro", "-NYXD", 4));
 }
 
 TEST_F(ImportaPuntiProva, ColoriVR4ScrittiAMano) {
@@ -266,18 +278,24 @@ TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
                          "Fine Y;Fine Z;Centro X;Centro Y;Centro Z;Raggio;Valore;Angolo iniziale;Angolo totale\r\n"
                          "Punto;PF1;CONFINI;10.5;20.25;3;;;;;;;;;;;;;\r\n"
                          "Linea;;STRADE;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Linea;;LINEE_NT;;;;1;2;0;3;4;0;;;;;;;\r\nLinea;;LINEE_SCHEMA;;;;1;2;0;3;4;0;;;;;;;\r\n"
+                         "Punto;;PUNTI_S;30;40;0;;;;;;;;;;;;;\r\n"
                          "Cerchio;;;;;;;;;;;;5;6;0;1.5;;;\r\n"
                          "Arco;;ARCHI;;;;;;;;;;7;8;0;2;;45;90\r\n"
                          "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
                          "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 1);
+  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  EXPECT_EQ(s.PuntoNome[1], "PuntiSenzaNome2");  // a symbol of no name, by its progressive number
   // The text on the layer of descriptions is the description of the point at its place.
   EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
             std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 1);
+  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
+  // The layers of the book's structures: a contour's codes N, T; the scheme's pen and type.
+  EXPECT_EQ(std::make_tuple(s.LineaColore[0], s.LineaColore[1], s.LineaTratteggio[1], s.LineaColore[2], s.LineaTratteggio[2]),
+            std::make_tuple(s.Imp.Colore_Default, 250, int16_t{2}, 12, int16_t{2}));
   ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
   // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.

@@ -16,6 +16,7 @@
 #include "core/Salvaini.h"
 #include "core/Sessione.h"
 #include "core/Tratteggi.h"
+#include "exchange/ImportaPunti.h"
 #include "store/Carica.h"
 #include "store/Registro.h"
 #include "view/Rigenera.h"
@@ -47,6 +48,9 @@ void FuzzImpostazioni(const Ambiente& a, std::string_view byte) {
   ApriLavoroIniziale(s, "");
   LeggiStampaPaginato(s);
   (void)LeggiImpostazioneUtente(s, "Visualizza", "Nomi", "1");
+  // The text import's column lists, which the user may edit there.
+  for (int n = 0; n <= kListeColonne + 1; ++n) (void)LeggiSceltaColonne(s, "DAT" + std::to_string(n));
+  (void)UltimaListaColonne(s);
   (void)CaricaGriglia(s);
   (void)LavoriRecenti(s);
   Dipingi(s);

@@ -491,5 +491,13 @@ TEST(Grafica, SalvaDxfConIMessaggi) {
   EXPECT_EQ(prova::LeggiFileProva(p.s.CartellaProgramma + "/Stampe.HTML"), Esempio().TestoHTML());
 }
 
+TEST(FlussoStampa, PuntoPlanimetricoSenzaQuota) {
+  ScenaStampa z;
+  const size_t r = z.Punto("P1", 1020, 1990, 0, 1);
+  z.s.PuntoCongelaSimbolo[r] = 1, z.s.PuntoDescrizione[r] = "<P!>d";
+  EXPECT_EQ(FlussoPagina(z.s, {900, 1950, 1100, 2050}),
+            "SCALA,100\r\nPN,P1,20.500,-7.000,Arial,2.000,1\r\nPD,<P!>d,20.500,-10.000,Arial,2.000,1\r\n");
+}
+
 }  // namespace
 }  // namespace varena

@@ -498,5 +498,12 @@ TEST(ScomponiSimbolo, DecorazioniEBasi) {
   EXPECT_TRUE(Simbolo(1, 2).empty());
 }
 
+TEST(Ridisegno, PuntoPlanimetricoSenzaQuota) {
+  Scena z;
+  z.s.PuntoDescrizione[static_cast<size_t>(z.Punto("101", 1000, 2000, 1, 2))] = "<P!>SPIGOLO";
+  z.Disegna();  // the description on the line the height would have had
+  EXPECT_EQ(z.sup.Solo("Testo"), (std::vector<std::string>{"Testo 1 3 101", "Testo 1 0 <P!>SPIGOLO"}));
+}
+
 }  // namespace
 }  // namespace varena
