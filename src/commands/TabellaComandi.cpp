@@ -29,6 +29,7 @@
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
 #include "sections/DialoghiSezioni.h"
+#include "sections/ImpaginaSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -199,6 +200,8 @@ constexpr VoceComando kTabella[] = {
     Arma("SEZIONI_SOMMA", 380, "Somma Sezioni - Prima Sezione :", L, {}, "Terreno", "Somma Sezioni"),
     Arma("SEZIONI_DIVIDI", 381, "Indica la sezione :", L, {}, "Terreno", "Dividi Sezione"),
     Arma("SEZIONI_IN_SERIE", 382, "Sezioni in Serie - Primo Punto Asse :", P, {}, "Terreno", "Sezoni in Serie"),
+    Arma("SEZIONI_IMPAGINA", 383, "Impagina Sezioni - Angolo in alto a sinistra del foglio :", L, {}, "Terreno",
+         "Impagina Sezioni"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -521,6 +524,7 @@ constexpr SchedaCodice kSchede[] = {
     {380, subSommaSezioni, FormaElastico::Nessuna, nullptr},
     {381, subDividiSezione, FormaElastico::Nessuna, nullptr},
     {382, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
+    {383, subImpaginaSezioni, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

@@ -155,6 +155,7 @@ std::vector<PezzoTitolo> PezziTitolo(const Sessione& s, const Sezione& z, int32_
     const AreeSezione a = AreeSterroRiporto(z);
     p.push_back({"Area Sterro= " + FormatoMaschera(a.Sterro, "########0.#0"), h, c.ColoreProgetto});
     p.push_back({"Area Riporto= " + FormatoMaschera(a.Riporto, "########0.#0"), h, c.ColoreProgetto});
+    p.push_back({"Area Totale= " + FormatoMaschera(a.Sterro + a.Riporto, "########0.#0"), h, c.ColoreProgetto});
   }
   std::erase_if(p, [](const PezzoTitolo& x) { return x.Testo.empty(); });
   return p;

@@ -6,6 +6,7 @@
 #include "commands/Attese.h"
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
+#include "sections/ImpaginaSezioni.h"
 
 namespace varena {
 namespace {
@@ -206,6 +207,76 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
             std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// The page file as a user edits it: keys in any case, decimal commas, comments; what is no
+// use is named and left at the default; garbage and a cut line read as nothing.
+TEST(ImpaginaSezioni, IlFileSiLeggeConTolleranza) {
+  const ImpaginazioneLetta l = LeggiImpaginazione(
+      "[ImpaginaSezioni]\r\n; an A4 upright\r\nlarghezza = 210\r\nMargineSinistro=12,5\r\nMargineAlto=-3\r\n"
+      "Colonne=2.5\r\nRighe=abc\r\nScala=1e300\r\n\xff\x01=\r\nDistanzaFogli");
+  Impaginazione attesa;
+  attesa.Larghezza = 210, attesa.MargineSinistro = 12.5;
+  EXPECT_EQ(l.Pagina, attesa);
+  EXPECT_EQ(l.Scartati, (std::vector<std::string>{"MargineAlto", "Colonne", "Righe", "Scala"}));
+  // Margins wider than the page leave the default page.
+  const ImpaginazioneLetta m = LeggiImpaginazione("Larghezza=100\nMargineDestro=95\nAltezza=50\n");
+  EXPECT_EQ(std::make_tuple(m.Pagina, m.Scartati), std::make_tuple(Impaginazione{}, std::vector<std::string>{"Margini"}));
+  attesa.Colonne = 3, attesa.Scala = 500, attesa.DisegnaFogli = 0;
+  EXPECT_EQ(LeggiImpaginazione(TestoImpaginazione(attesa)).Pagina, attesa);
+}
+
+// A page of 100 by 80 mm at 1:1000 (a metre a millimetre), margins of 10, spacing 5, pages
+// 20 apart, the first at (1000, 2000). Worked by hand: two frames a row, a third under
+// them, the fourth too tall for what is left, the fifth too wide for any row.
+TEST(ImpaginaSezioni, LeCorniciFoglioPerFoglio) {
+  Impaginazione p;
+  p.Larghezza = 100, p.Altezza = 80;
+  p.MargineSinistro = p.MargineDestro = p.MargineAlto = p.MargineBasso = 10;
+  p.SpaziaturaOrizzontale = p.SpaziaturaVerticale = 5;
+  const std::vector<Riquadro> r = {{35, 25}, {35, 25}, {35, 25}, {70, 50}, {90, 70}};
+  auto posti = [&](const Impaginazione& q) {
+    std::vector<std::tuple<int, double, double>> v;
+    for (const Posto& x : Impagina(q, 1, r, 1000, 2000)) v.emplace_back(x.Foglio, x.X - 1000, x.Y - 2000);
+    return v;
+  };
+  EXPECT_EQ(posti(p), (std::vector<std::tuple<int, double, double>>{
+                          {0, 10, -10}, {0, 50, -10}, {0, 10, -40}, {1, 130, -10}, {2, 250, -10}}));
+  // One a row, two rows a page.
+  p.Colonne = 1, p.Righe = 2;
+  EXPECT_EQ(posti(p), (std::vector<std::tuple<int, double, double>>{
+                          {0, 10, -10}, {0, 10, -40}, {1, 130, -10}, {2, 250, -10}, {3, 370, -10}}));
+}
+
+// Two sections laid out one a row from the click: each frame's top left corner where the
+// page puts it, the pages' borders drawn once however many times the command runs.
+TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 6, 5}};
+  AggiungiSezione(s, z);
+  z.OrigineX = 300;
+  AggiungiSezione(s, z);
+  Pronto(0, 0, 400);
+  const double l = s.SezioneBoxX2[0] - s.SezioneBoxX1[0], h = s.SezioneBoxY2[0] - s.SezioneBoxY1[0];
+  ScriviFileProva(PercorsoImpaginazione(s), "Larghezza=500\r\nAltezza=400\r\nColonne=1\r\nScala=1000\r\nRighe=-1\r\n");
+  for (int volta = 0; volta < 2; ++volta) {
+    Script("TAG SEZIONI_IMPAGINA\nCLICK left 1000 2000\n");
+    EXPECT_EQ(ui.UltimoMessaggio, "ImpaginaSezioni.ini: valori non validi (Righe), usati i predefiniti.");
+    EXPECT_TRUE(Vicini({s.SezioneBoxX1[0], s.SezioneBoxY2[0], s.SezioneBoxX1[1], s.SezioneBoxY2[1]},
+                       {1020, 1990, 1020, 1990 - h - 10}, 1e-6));
+    EXPECT_NEAR(s.SezioneBoxX2[1] - s.SezioneBoxX1[1], l, 1e-6);
+    int64_t bordi = 0;
+    for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r) bordi += RigaViva(s, SlotLinee, r);
+    EXPECT_EQ(bordi, 4);
+  }
 }
 
 }  // namespace

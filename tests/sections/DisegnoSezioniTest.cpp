@@ -148,7 +148,7 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
                                                                 "i= 2.0%", "i= 2.50%", "R= 1.25", "R= 12.50",
                                                                 "S= 2.71"}));
   const auto titolo = d.Testi("TRAS_QuotaRif");
-  for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75"})
+  for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75", "Area Totale= 16.46"})
     EXPECT_NE(std::find(titolo.begin(), titolo.end(), atteso), titolo.end()) << atteso;
   EXPECT_EQ(std::count_if(titolo.begin(), titolo.end(), [](const std::string& x) { return x.starts_with("Distanza"); }), 0);
   const auto dopo = d.Testi("DOPO_QuotaRif");
