@@ -28,6 +28,7 @@
 #include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
+#include "sections/CopiaSezioni.h"
 #include "sections/DialoghiSezioni.h"
 #include "sections/ImpaginaSezioni.h"
 #include "terrain/ComandiTerreno.h"
@@ -202,6 +203,8 @@ constexpr VoceComando kTabella[] = {
     Arma("SEZIONI_IN_SERIE", 382, "Sezioni in Serie - Primo Punto Asse :", P, {}, "Terreno", "Sezoni in Serie"),
     Arma("SEZIONI_IMPAGINA", 383, "Impagina Sezioni - Angolo in alto a sinistra del foglio :", L, {}, "Terreno",
          "Impagina Sezioni"),
+    Arma("SEZIONI_COPIA_VALORI", 384, "Indica la sezione :", L, {}, "Terreno", "Copia Valori Sezione"),
+    Arma("SEZIONI_COPIA_IN_FILE", 385, "Indica la sezione :", L, {}, "Terreno", "Copia Sezione in File"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -525,6 +528,8 @@ constexpr SchedaCodice kSchede[] = {
     {381, subDividiSezione, FormaElastico::Nessuna, nullptr},
     {382, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
     {383, subImpaginaSezioni, FormaElastico::Nessuna, nullptr},
+    {384, subCopiaValoriSezione, FormaElastico::Nessuna, nullptr},
+    {385, subCopiaSezioneInFile, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

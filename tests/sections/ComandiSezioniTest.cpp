@@ -7,6 +7,9 @@
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
 #include "sections/ImpaginaSezioni.h"
+#include "sections/CopiaSezioni.h"
+#include "exchange/Incolla.h"
+#include "core/File.h"
 
 namespace varena {
 namespace {
@@ -277,6 +280,51 @@ TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
     for (int32_t r = 0; r < s.ContaEntita[SlotLinee]; ++r) bordi += RigaViva(s, SlotLinee, r);
     EXPECT_EQ(bordi, 4);
   }
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// A section copied out: its values as a table, worked by hand (partials 5 and 6; cut and fill
+// split where the profiles cross, at 5/3 and at 8), and its drawing as lines and texts of
+// the hand-over file, one statement a record, the paste reading each back.
+TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.IndiceSezione = "PROVA";
+  z.Stazioni = {{"A", 0, 0, 5, 5.5}, {"B", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}};
+  AggiungiSezione(s, z);
+  Pronto(5, 5, 100);
+  Script("TAG SEZIONI_COPIA_VALORI\nCLICK left 2.5 5.5\n");
+  const std::string tabella =
+      "Sezione\tPROVA\r\nPunto\tProgressiva\tParziale\tEst\tNord\tQuota Terreno\tQuota Progetto\tQuota Rossa\r\n"
+      "A\t0.000\t0.000\t0.000\t0.000\t5.000\t5.500\t0.500\r\n"
+      "B\t5.000\t5.000\t3.000\t4.000\t6.000\t5.000\t-1.000\r\n"
+      "C\t11.000\t6.000\t3.000\t10.000\t4.000\t5.000\t1.000\r\n"
+      "Area Sterro\t3.167\r\nArea Riporto\t1.917\r\nArea Totale\t5.083\r\n";
+  EXPECT_EQ(LeggiByte(PercorsoValoriSezione(s)), tabella);
+  EXPECT_EQ(s.Clip->Leggi(), tabella);
+
+  Script("KEY ESC\nTAG SEZIONI_COPIA_IN_FILE\nCLICK left 2.5 5.5\n");
+  const EsitoIncolla e = LeggiCopiaInFile(LeggiByte(PercorsoCopiaInFile(s)).value_or(""));
+  int64_t linee = 0, testi = 0, terreno = 0;
+  for (const EntitaIncollata& x : e.Entita) {
+    (x.Genere == 'L' ? linee : testi) += 1;
+    // The terrain from A to B, as drawn: heights as they are, over the datum at 0.
+    terreno += x.Genere == 'L' && x.A.X == 0 && x.A.Y == 5 && x.B.X == 5 && x.B.Y == 6 &&
+               x.Attributi == std::vector<std::string>{"3", "1", "0", "SEZ_ProfRili", "0"};
+  }
+  int64_t record[2] = {0, 0};
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
+    if (s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni)
+      ++record[s.ListaDisegno.Primitiva[static_cast<size_t>(i)] == PrimTesto];
+  EXPECT_EQ(std::make_tuple(linee, testi, terreno, e.Lettura.TotaleDanneggiate),
+            std::make_tuple(record[0], record[1], 1, 0));
 }
 
 }  // namespace
