@@ -31,6 +31,7 @@
 #include "sections/CopiaSezioni.h"
 #include "sections/DialoghiSezioni.h"
 #include "sections/ImpaginaSezioni.h"
+#include "sections/ProgettoSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -205,6 +206,10 @@ constexpr VoceComando kTabella[] = {
          "Impagina Sezioni"),
     Arma("SEZIONI_COPIA_VALORI", 384, "Indica la sezione :", L, {}, "Terreno", "Copia Valori Sezione"),
     Arma("SEZIONI_COPIA_IN_FILE", 385, "Indica la sezione :", L, {}, "Terreno", "Copia Sezione in File"),
+    Arma("SEZIONI_PROGETTO_PENDENZA", 386, "Indica la sezione :", L, {}, "Terreno", "Progetto in Pendenza"),
+    Arma("SEZIONI_PROGETTO_PUNTO", 387, "Indica la sezione sul punto, alla quota :", L, {}, "Terreno",
+         "Quota Progetto Punto"),
+    Arma("SEZIONI_PROGETTO_INTERPOLA", 388, "Indica la sezione :", L, {}, "Terreno", "Interpola Progetto"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -530,6 +535,9 @@ constexpr SchedaCodice kSchede[] = {
     {383, subImpaginaSezioni, FormaElastico::Nessuna, nullptr},
     {384, subCopiaValoriSezione, FormaElastico::Nessuna, nullptr},
     {385, subCopiaSezioneInFile, FormaElastico::Nessuna, nullptr},
+    {386, subProgettoPendenza, FormaElastico::Nessuna, nullptr},
+    {387, subProgettoPunto, FormaElastico::Nessuna, nullptr},
+    {388, subProgettoInterpola, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

@@ -8,6 +8,7 @@
 #include "sections/FileSezioni.h"
 #include "sections/ImpaginaSezioni.h"
 #include "sections/CopiaSezioni.h"
+#include "sections/ProgettoSezioni.h"
 #include "exchange/Incolla.h"
 #include "core/File.h"
 
@@ -325,6 +326,55 @@ TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
       ++record[s.ListaDisegno.Primitiva[static_cast<size_t>(i)] == PrimTesto];
   EXPECT_EQ(std::make_tuple(linee, testi, terreno, e.Lettura.TotaleDanneggiate),
             std::make_tuple(record[0], record[1], 1, 0));
+}
+
+}  // namespace
+}  // namespace varena
+
+namespace varena {
+namespace {
+
+// Five stations ten metres apart, terrain 100 to 104, drawn ten times higher over a datum
+// at 95. A grade of -2.5% from the second at 100; a straight stretch from the first to the
+// fourth; the last picked at the level of 103.5 and typed 98. Each is one undo step and is
+// drawn at once.
+TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.QuotaRiferimento = 95;
+  for (int i = 0; i < 5; ++i) z.Stazioni.push_back({std::to_string(i + 1), 10.0 * i, 0, 100.0 + i, 100.0 + i});
+  AggiungiSezione(s, z);
+  Pronto(20, 40, 200);
+  auto progetto = [&] {
+    std::vector<double> q;
+    for (const StazioneSezione& p : s.SezioneDati[0].Stazioni) q.push_back(p.QuotaProgetto);
+    return q;
+  };
+  const int64_t passo = PassoUndo(s);
+  for (const char* r : {"2", "100", "-2,5"}) ui.Accoda(r);
+  Script("TAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_TRUE(Vicini(progetto(), {100, 100, 99.75, 99.5, 99.25}));
+  EXPECT_EQ(PassoUndo(s), passo + 1);
+  int64_t scritto = 0;
+  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i)
+    scritto += s.ListaDisegno.Piano(i) == "SEZ_QuotaPro" && s.ListaDisegno.Testo(i) == "99.75";
+  EXPECT_EQ(scritto, 1);
+
+  for (const char* r : {"1", "4"}) ui.Accoda(r);
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_INTERPOLA\nCLICK left 5 55\n");
+  EXPECT_TRUE(Vicini(progetto(), {100, 100 - 1.0 / 6, 100 - 1.0 / 3, 99.5, 99.25}));
+
+  const StazioneCliccata c = StazioneSulFoglio(s.SezioneDati[0], 39, 85);
+  EXPECT_EQ(std::make_pair(c.Indice, c.Quota), std::make_pair(size_t{4}, 103.5));
+  ui.Accoda("98");
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_PUNTO\nCLICK left 39 85\n");
+  EXPECT_EQ(progetto().back(), 98);
+
+  ui.Accoda("9");
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
+            std::make_tuple("Punto fuori dalla sezione!", 98, passo + 3));
 }
 
 }  // namespace
