@@ -185,7 +185,8 @@ void subImpaginaSezioni(Sessione& s) {
   }
   if (righe.empty()) return;
   const double scala = p.Scala > 0 ? p.Scala : s.SezioneDati[static_cast<size_t>(righe[0])].Cfg.ScalaLunghezze;
-  const double m = scala > 0 && std::isfinite(scala) ? scala / 1000 : 0.2;
+  // A scale past any the file accepts is a section's own mistake: the pages take 1:200.
+  const double m = scala > 0 && scala <= 1e6 ? scala / 1000 : 0.2;
   const std::vector<Posto> posti = Impagina(p, m, riquadri, x0, y0);
   int ultimo = 0;
   for (size_t i = 0; i < righe.size(); ++i) {

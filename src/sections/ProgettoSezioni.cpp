@@ -44,6 +44,24 @@ std::optional<size_t> ChiediStazione(Sessione& s, const Sezione& z, const char* 
   return static_cast<size_t>(n - 1);
 }
 
+// The section clicked, a copy of it and the station asked where the change starts; none
+// when any of them is missing.
+struct Scelta {
+  int32_t Riga;
+  Sezione Z;
+  size_t Da;
+};
+std::optional<Scelta> SezioneDalPunto(Sessione& s, const char* titolo) {
+  const int32_t riga = SezioneCliccata(s);
+  if (riga < 0) return std::nullopt;
+  Scelta c{riga, ScompattaSezione(s, riga), 0};
+  if (c.Z.Stazioni.empty()) return std::nullopt;
+  const std::optional<size_t> da = ChiediStazione(s, c.Z, "Dal punto n° :", titolo, 1);
+  if (!da) return std::nullopt;
+  c.Da = *da;
+  return c;
+}
+
 }  // namespace
 
 void ProgettoInPendenza(Sezione& z, size_t da, double quota, double pendenza) {
@@ -81,19 +99,15 @@ void subQuotaProgettoSezione(Sessione& s) {
 
 void subProgettoPendenza(Sessione& s) {
   constexpr const char* kTitolo = "Progetto in Pendenza";
-  const int32_t riga = SezioneCliccata(s);
-  if (riga < 0) return;
-  Sezione z = ScompattaSezione(s, riga);
-  if (z.Stazioni.empty()) return;
-  const std::optional<size_t> da = ChiediStazione(s, z, "Dal punto n° :", kTitolo, 1);
-  if (!da) return;
+  std::optional<Scelta> c = SezioneDalPunto(s, kTitolo);
+  if (!c) return;
   const std::optional<double> q =
-      ChiediNumero(s, "Quota Progetto :", kTitolo, FormaSemplice(z.Stazioni[*da].QuotaProgetto));
+      ChiediNumero(s, "Quota Progetto :", kTitolo, FormaSemplice(c->Z.Stazioni[c->Da].QuotaProgetto));
   if (!q) return;
   const std::optional<double> pendenza = ChiediNumero(s, "Pendenza % :", kTitolo, "0");
   if (!pendenza) return;
-  ProgettoInPendenza(z, *da, *q, *pendenza);
-  SalvaProgetto(s, riga, std::move(z));
+  ProgettoInPendenza(c->Z, c->Da, *q, *pendenza);
+  SalvaProgetto(s, c->Riga, std::move(c->Z));
 }
 
 void subProgettoPunto(Sessione& s) {
@@ -112,16 +126,12 @@ void subProgettoPunto(Sessione& s) {
 
 void subProgettoInterpola(Sessione& s) {
   constexpr const char* kTitolo = "Interpola Progetto";
-  const int32_t riga = SezioneCliccata(s);
-  if (riga < 0) return;
-  Sezione z = ScompattaSezione(s, riga);
-  if (z.Stazioni.empty()) return;
-  const std::optional<size_t> da = ChiediStazione(s, z, "Dal punto n° :", kTitolo, 1);
-  if (!da) return;
-  const std::optional<size_t> a = ChiediStazione(s, z, "Al punto n° :", kTitolo, z.Stazioni.size());
+  std::optional<Scelta> c = SezioneDalPunto(s, kTitolo);
+  if (!c) return;
+  const std::optional<size_t> a = ChiediStazione(s, c->Z, "Al punto n° :", kTitolo, c->Z.Stazioni.size());
   if (!a) return;
-  ProgettoInterpolato(z, *da, *a);
-  SalvaProgetto(s, riga, std::move(z));
+  ProgettoInterpolato(c->Z, c->Da, *a);
+  SalvaProgetto(s, c->Riga, std::move(c->Z));
 }
 
 }  // namespace varena
