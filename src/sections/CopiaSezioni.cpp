@@ -22,6 +22,10 @@ constexpr const char* kTitoloCopia = "Copia Sezione";
 
 std::string Metri(double v) { return FormatoMaschera(v, "#########0.000"); }
 
+// A tab would split a name into two columns of the table, a double quote end an item of the
+// hand-over file early.
+std::string Campo(std::string_view t, char via) { return Sostituisci(t, std::string(1, via), via == '"' ? "'" : " "); }
+
 // The text written at `percorso`, its folder made first; false when it could not be (said).
 bool Scrivi(Sessione& s, const std::string& percorso, const std::string& testo) {
   return Protetto(s, [&] {
@@ -33,7 +37,7 @@ bool Scrivi(Sessione& s, const std::string& percorso, const std::string& testo) 
 }  // namespace
 
 std::string TabellaValoriSezione(const Sezione& z) {
-  std::string t = "Sezione\t" + z.IndiceSezione + "\r\n";
+  std::string t = "Sezione\t" + Campo(z.IndiceSezione, '\t') + "\r\n";
   t += "Punto\tProgressiva\tParziale\tEst\tNord\tQuota Terreno\tQuota Progetto\tQuota Rossa\r\n";
   const std::vector<double> d = DistanzePiane(z);
   double progressiva = z.Cfg.OrigineQuotatura;
@@ -41,7 +45,7 @@ std::string TabellaValoriSezione(const Sezione& z) {
     const StazioneSezione& p = z.Stazioni[i];
     const double parziale = i == 0 ? 0 : d[i - 1];
     progressiva += parziale;
-    t += p.Nome;
+    t += Campo(p.Nome, '\t');
     for (double v : {progressiva, parziale, p.X, p.Y, p.QuotaTerreno, p.QuotaProgetto, p.QuotaProgetto - p.QuotaTerreno})
       t += "\t" + Metri(v);
     t += "\r\n";
@@ -65,11 +69,12 @@ std::string TestoCopiaSezione(const Sessione& s, int32_t riga) {
     if (l.Primitiva[k] == PrimTesto) {
       // X, Y, rotation, height, rows, colour, frozen, columns, layer, font, text.
       r.Testo("T").Numero(l.X1[k]).Numero(l.Y1[k]).Numero(l.Rotazione[k]).Numero(l.Altezza[k]).Numero(1);
-      r.Numero(l.Penna[k]).Numero(0).Numero(0).Testo(l.Piano(i)).Testo(l.Font(i)).Testo(l.Testo(i));
+      r.Numero(l.Penna[k]).Numero(0).Numero(0).Testo(Campo(l.Piano(i), '"')).Testo(l.Font(i));
+      r.Testo(Campo(l.Testo(i), '"'));
     } else {
       // Two ends, colour, line type, frozen, layer, truncation: a continuous line, flat.
       r.Testo("L").Numero(l.X1[k]).Numero(l.Y1[k]).Numero(0).Numero(l.X2[k]).Numero(l.Y2[k]).Numero(0);
-      r.Numero(l.Penna[k]).Numero(1).Numero(0).Testo(l.Piano(i)).Numero(0);
+      r.Numero(l.Penna[k]).Numero(1).Numero(0).Testo(Campo(l.Piano(i), '"')).Numero(0);
     }
     out += r.Riga();
   }

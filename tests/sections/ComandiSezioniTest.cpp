@@ -276,20 +276,21 @@ TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
 
 // A section copied out: its values as a table worked by hand (partials 5 and 6; cut and fill
 // split where the profiles cross, at 5/3 and at 8), and its drawing as the hand-over file's
-// statements, one a record of the display list, read back by the paste.
+// statements, one a record of the display list, read back by the paste; a name with a tab
+// and a quote breaks neither.
 TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
   ApriLavoroVuoto(*this);
   Sezione z;
   z.Cfg = ConfigurazioneIniziale();
   z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
   z.IndiceSezione = "PROVA";
-  z.Stazioni = {{"A", 0, 0, 5, 5.5}, {"B", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}};
+  z.Stazioni = {{"A", 0, 0, 5, 5.5}, {"B\"1\t2", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}};
   AggiungiSezione(s, z);
   Pronto(5, 5, 100);
   Script("TAG SEZIONI_COPIA_VALORI\nCLICK left 2.5 5.5\nKEY ESC\nTAG SEZIONI_COPIA_IN_FILE\nCLICK left 2.5 5.5\n");
   const std::string tabella =
       "Sezione\tPROVA\r\nPunto\tProgressiva\tParziale\tEst\tNord\tQuota Terreno\tQuota Progetto\tQuota Rossa\r\n"
-      "A\t0.000\t0.000\t0.000\t0.000\t5.000\t5.500\t0.500\r\nB\t5.000\t5.000\t3.000\t4.000\t6.000\t5.000\t-1.000\r\n"
+      "A\t0.000\t0.000\t0.000\t0.000\t5.000\t5.500\t0.500\r\nB\"1 2\t5.000\t5.000\t3.000\t4.000\t6.000\t5.000\t-1.000\r\n"
       "C\t11.000\t6.000\t3.000\t10.000\t4.000\t5.000\t1.000\r\nArea Sterro\t3.167\r\nArea Riporto\t1.917\r\n"
       "Area Totale\t5.083\r\n";
   EXPECT_EQ(std::make_pair(LeggiByte(PercorsoValoriSezione(s)).value_or(""), s.Clip->Leggi()),
