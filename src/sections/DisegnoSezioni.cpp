@@ -335,6 +335,8 @@ void Disegna(Sessione& s, int32_t riga) {
     d.Linea(z.OrigineX, Y(c.QuotaInvaso), xs.back(), Y(c.QuotaInvaso));
   }
 
+  // The frame, the last step, reports its failures under a tag of its own.
+  s.RoutineCorrente = "Rigenera Sezione1";
   double* b = d.Box();
   b[0] -= 2 * scala;
   b[1] -= scala;
