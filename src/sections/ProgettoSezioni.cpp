@@ -24,6 +24,14 @@ std::vector<double> Progressive(const Sezione& z) {
 }
 
 void SalvaProgetto(Sessione& s, int32_t riga, Sezione z) {
+  // A grade typed far too large runs past any number: such heights would make the section
+  // table unreadable at the next opening, so the section stays as it was.
+  for (const StazioneSezione& p : z.Stazioni)
+    if (!std::isfinite(p.QuotaProgetto)) {
+      s.Ui->Messaggio("Quote di progetto fuori misura!", "Impossibile continuare", Icona::Avviso);
+      Riprendi(s);
+      return;
+    }
   z.Cfg.ProfiloProgetto = 1;
   z.Cfg.QuoteProgetto.Disegna = 1;
   CompattaSezione(s, riga, std::move(z));

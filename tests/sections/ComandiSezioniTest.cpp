@@ -334,6 +334,11 @@ TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
   Script("KEY ESC\nTAG SEZIONI_PROGETTO_PUNTO\nCLICK left 39 85\nKEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
             std::make_tuple("Punto fuori dalla sezione!", 98, passo + 3));
+  // A grade that runs past any number leaves the section as it was.
+  for (const char* r : {"1", "1e999", "1e999"}) ui.Accoda(r);
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
+            std::make_tuple("Quote di progetto fuori misura!", 98, passo + 3));
 }
 
 }  // namespace
