@@ -143,7 +143,10 @@ constexpr IconaDiTag kIcone[] = {
     {"SEZIONI_APPLICA_DEFAULT", "configura-tutto"}, {"SEZIONI_SALVA_DEFAULT", "salva"},
     {"SEZIONI_CARICA_DEFAULT", "apri"}, {"SEZIONI_CONFIGURA", "configurazione"},
     {"SEZIONI_EDITA_PUNTI", "modifica-entita"}, {"SEZIONI_SOMMA", "allunga"}, {"SEZIONI_DIVIDI", "divide"},
-    {"SEZIONI_IN_SERIE", "serie-allineata"},
+    {"SEZIONI_IN_SERIE", "serie-allineata"}, {"SEZIONI_IMPAGINA", "anteprima-foglio"},
+    {"SEZIONI_COPIA_VALORI", "copia"}, {"SEZIONI_COPIA_IN_FILE", "copia-in-file"},
+    {"SEZIONI_PROGETTO_PENDENZA", "quotatura-progressiva"}, {"SEZIONI_PROGETTO_PUNTO", "copia-quota"},
+    {"SEZIONI_PROGETTO_INTERPOLA", "medio"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

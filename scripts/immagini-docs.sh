@@ -4,7 +4,7 @@
 # (docs/finestra*.png), the job as varena-cli render paints it (docs/esempio.png), the
 # drawing commands of examples/disegno-comandi.txt (docs/disegno-comandi.png) and the
 # sections of examples/sezioni.txt (docs/sezioni.png) with the dialog of their layout
-# (docs/sezioni-configura.png). Run it after
+# (docs/sezioni-configura.png) and laid out on pages (docs/sezioni-impagina.png). Run it after
 # any change that shows in them; this is the only way the pictures are made, so they never
 # lag behind the program.
 set -eu
@@ -65,7 +65,12 @@ cp examples/RILIEVO.* "$tmp/sezioni/"
 printf 'VIEW 1725357 5031114 60\nTAG SEZIONI_CONFIGURA\nCLICK left 1725342 5031121.5\n' >"$tmp/configura.txt"
 xvfb-run -a -s "-screen 0 1280x800x24" ./build/app/varena "$tmp/sezioni/RILIEVO.CFG" --dimensioni 1280x800 \
   --tema chiaro --script "$tmp/configura.txt" --schermata docs/sezioni-configura.png >/dev/null
+# The same two sections laid out on A3 pages from a corner north-east of the job.
+printf 'TAG SEZIONI_IMPAGINA\nCLICK left 1725400 5031300\nSAVE\n' >"$tmp/impagina.txt"
+./build/cli/varena-cli script "$tmp/sezioni/RILIEVO" "$tmp/impagina.txt" --rigoroso >/dev/null
+./build/cli/varena-cli render "$tmp/sezioni/RILIEVO" docs/sezioni-impagina.png --size 1200x600 \
+  --view 1725486,5031270,92
 
 echo "Immagini rifatte: docs/finestra.png docs/finestra-scura.png docs/finestra-1920.png" \
   "docs/finestra-1920-scura.png docs/esempio.png docs/disegno-comandi.png docs/sezioni.png" \
-  "docs/sezioni-configura.png"
+  "docs/sezioni-configura.png docs/sezioni-impagina.png"

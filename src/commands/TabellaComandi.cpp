@@ -28,7 +28,10 @@
 #include "exchange/Incolla.h"
 #include "output/FlussoStampa.h"
 #include "sections/ComandiSezioni.h"
+#include "sections/CopiaSezioni.h"
 #include "sections/DialoghiSezioni.h"
+#include "sections/ImpaginaSezioni.h"
+#include "sections/ProgettoSezioni.h"
 #include "terrain/ComandiTerreno.h"
 #include "terrain/Curve.h"
 #include "terrain/DefinizioneFalda.h"
@@ -199,6 +202,14 @@ constexpr VoceComando kTabella[] = {
     Arma("SEZIONI_SOMMA", 380, "Somma Sezioni - Prima Sezione :", L, {}, "Terreno", "Somma Sezioni"),
     Arma("SEZIONI_DIVIDI", 381, "Indica la sezione :", L, {}, "Terreno", "Dividi Sezione"),
     Arma("SEZIONI_IN_SERIE", 382, "Sezioni in Serie - Primo Punto Asse :", P, {}, "Terreno", "Sezoni in Serie"),
+    Arma("SEZIONI_IMPAGINA", 383, "Impagina Sezioni - Angolo in alto a sinistra del foglio :", L, {}, "Terreno",
+         "Impagina Sezioni"),
+    Arma("SEZIONI_COPIA_VALORI", 384, "Indica la sezione :", L, {}, "Terreno", "Copia Valori Sezione"),
+    Arma("SEZIONI_COPIA_IN_FILE", 385, "Indica la sezione :", L, {}, "Terreno", "Copia Sezione in File"),
+    Arma("SEZIONI_PROGETTO_PENDENZA", 386, "Indica la sezione :", L, {}, "Terreno", "Progetto in Pendenza"),
+    Arma("SEZIONI_PROGETTO_PUNTO", 387, "Indica la sezione sul punto, alla quota :", L, {}, "Terreno",
+         "Quota Progetto Punto"),
+    Arma("SEZIONI_PROGETTO_INTERPOLA", 388, "Indica la sezione :", L, {}, "Terreno", "Interpola Progetto"),
     Arma("INCOLLA_TRATTEGGIO_SINGOLO", 306, "Cambia Tratteggio Singolo - Indica Entità :", V, {}, "Cambia",
          "Tratteggio Singolo"),
     Arma("INCOLLA_PIANO", 163, {}, V, {}, "Cambia", "Incolla Piano"),
@@ -521,6 +532,12 @@ constexpr SchedaCodice kSchede[] = {
     {380, subSommaSezioni, FormaElastico::Nessuna, nullptr},
     {381, subDividiSezione, FormaElastico::Nessuna, nullptr},
     {382, subSezioniCatturaPunti, FormaElastico::Nessuna, nullptr},
+    {383, subImpaginaSezioni, FormaElastico::Nessuna, nullptr},
+    {384, subCopiaValoriSezione, FormaElastico::Nessuna, nullptr},
+    {385, subCopiaSezioneInFile, FormaElastico::Nessuna, nullptr},
+    {386, subProgettoPendenza, FormaElastico::Nessuna, nullptr},
+    {387, subProgettoPunto, FormaElastico::Nessuna, nullptr},
+    {388, subProgettoInterpola, FormaElastico::Nessuna, nullptr},
     {399, subInvertiFalde, FormaElastico::Nessuna, nullptr},
     {190, subContornoSette, FormaElastico::Nessuna, nullptr},
     {230, subContornoSette, FormaElastico::Nessuna, nullptr},

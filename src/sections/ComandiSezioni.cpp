@@ -397,21 +397,6 @@ void subDividiSezione(Sessione& s) {
   Riprendi(s);
 }
 
-void subQuotaProgettoSezione(Sessione& s) {
-  const int32_t riga = SezioneCliccata(s);
-  if (riga < 0) return;
-  Sezione z = ScompattaSezione(s, riga);
-  const std::optional<double> q = ChiediNumero(s, "Quota Progetto :", "Quota Progetto",
-                                               FormaSemplice(z.Stazioni.empty() ? 0 : z.Stazioni.front().QuotaProgetto));
-  if (!q) return;
-  for (StazioneSezione& p : z.Stazioni) p.QuotaProgetto = *q;
-  z.Cfg.ProfiloProgetto = 1;
-  z.Cfg.QuoteProgetto.Disegna = 1;
-  z.Cfg.QuotaProgetto = *q;
-  CompattaSezione(s, riga, std::move(z));
-  Riprendi(s);
-}
-
 void AzioneApplicaDefaultSezioni(Sessione& s) {
   if (RigheVive(s, SlotSezioni) == 0) {
     s.Ui->Messaggio("Sezioni assenti!!", kImpossibile, Icona::Avviso);

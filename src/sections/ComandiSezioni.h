@@ -15,8 +15,6 @@ struct Sessione;
 // The clicks of code 373 (SEZIONI_CATTURA_PUNTI): a vertex each; the right button ends it.
 void subSezioniCatturaPunti(Sessione& s);
 void FineCatturaSezione(Sessione& s);
-// The click of code 374 (SEZIONI_QUOTA_PROGETTO) on a section: its project height asked.
-void subQuotaProgettoSezione(Sessione& s);
 // Code 368 (CATTURA_SPEZZATA): a click on a line; the section runs along the chain of lines
 // that meet end to end with it, from its western end, its heights from the lines or from
 // the facets.

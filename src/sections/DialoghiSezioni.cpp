@@ -132,6 +132,8 @@ const std::vector<CampoSezione>& CampiSezione() {
     c.push_back(Di("Progetto_Colore", "Profilo di Progetto - Colore", &C::ColoreProgetto));
     c.push_back(Di("Progetto_Valore", "Disegna Quotatura", &C::DisegnaQuotatura));
     c.push_back(Di("Progetto_Valore2", "Testo Sterro/Riporto", &C::TestoSterroRiporto));
+    c.push_back(Di("Box_Disegna", "Blocco Descrizioni", &C::BloccoDescrizioni));
+    c.push_back(Di("Box_Valore", "Larghezza Box", &C::LarghezzaBox));
     Gruppo(c, "NomiPunti", "Nomi Punti", &C::NomiPunti, true);
     c.push_back(Di("NomiPunti_Valore", "Usa Nomi Punti Ordinati", &C::NomiPuntiOrdinati));
     Gruppo(c, "QuoteTerreno", "Quote Terreno", &C::QuoteTerreno, true);

@@ -155,6 +155,7 @@ std::vector<PezzoTitolo> PezziTitolo(const Sessione& s, const Sezione& z, int32_
     const AreeSezione a = AreeSterroRiporto(z);
     p.push_back({"Area Sterro= " + FormatoMaschera(a.Sterro, "########0.#0"), h, c.ColoreProgetto});
     p.push_back({"Area Riporto= " + FormatoMaschera(a.Riporto, "########0.#0"), h, c.ColoreProgetto});
+    p.push_back({"Area Totale= " + FormatoMaschera(a.Sterro + a.Riporto, "########0.#0"), h, c.ColoreProgetto});
   }
   std::erase_if(p, [](const PezzoTitolo& x) { return x.Testo.empty(); });
   return p;
@@ -231,6 +232,24 @@ void EtichetteAree(Disegnatore& d, const Sezione& z, const std::vector<double>& 
   }
 }
 
+// The column of the row titles: 2 cm of paper, or the width of the description block when
+// the user gave it one.
+double LarghezzaTitoli(const ConfigurazioneSezione& c, double scala) {
+  return c.BloccoDescrizioni == 1 && c.LarghezzaBox > 0 ? c.LarghezzaBox : 2 * scala;
+}
+
+// `_Box`: the description block, a rectangle round the row titles from the datum line to the
+// foot of the last row.
+void BloccoDescrizioni(Disegnatore& d, const Sezione& z, double xTitoli, double fondo) {
+  if (z.Cfg.BloccoDescrizioni != 1 || !(fondo < z.OrigineY)) return;
+  d.Gruppo("_Box", z.Cfg.ColoreQuotaRiferimento);
+  const double x0 = xTitoli, x1 = z.OrigineX, y0 = fondo, y1 = z.OrigineY;
+  d.Linea(x0, y1, x1, y1);
+  d.Linea(x1, y1, x1, y0);
+  d.Linea(x1, y0, x0, y0);
+  d.Linea(x0, y0, x0, y1);
+}
+
 void Disegna(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
   const Sezione& z = s.SezioneDati[r];
@@ -284,7 +303,7 @@ void Disegna(Sessione& s, int32_t riga) {
   Titolo(d, s, z, riga, totale);
 
   // The rows, from the datum line down.
-  Fincatura f{z.OrigineX - 2 * scala, xs.back(), z.OrigineY};
+  Fincatura f{z.OrigineX - LarghezzaTitoli(c, scala), xs.back(), z.OrigineY};
   std::vector<std::string> nomi, terreno, progetto, progressive, parz, incl;
   std::vector<double> xParz, xIncl;
   for (size_t i = 0; i < n; ++i) {
@@ -309,12 +328,15 @@ void Disegna(Sessione& s, int32_t riga) {
   Riga(d, f, c.DistanzeProgressive, "_DistProgr", xs, progressive, xs);
   Riga(d, f, c.DistanzeParziali, "_DistParz", xs, parz, xParz);
   Riga(d, f, c.DistanzeInclinate, "_DistIncl", xs, incl, xIncl);
+  BloccoDescrizioni(d, z, f.XTitoli, f.Y);
 
   if (c.LineaInvaso.Disegna == 1) {
     d.Gruppo("_QuotaInvaso", c.LineaInvaso.Colore);
     d.Linea(z.OrigineX, Y(c.QuotaInvaso), xs.back(), Y(c.QuotaInvaso));
   }
 
+  // The frame, the last step, reports its failures under a tag of its own.
+  s.RoutineCorrente = "Rigenera Sezione1";
   double* b = d.Box();
   b[0] -= 2 * scala;
   b[1] -= scala;

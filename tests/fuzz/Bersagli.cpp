@@ -56,6 +56,7 @@ constexpr Bersaglio kBersagli[] = {
     {"pregeo", FuzzPregeo, true},
     {"ggg", FuzzGgg, true},
     {"lavori", FuzzLavori, true},
+    {"impagina", FuzzImpagina, true},
 };
 
 }  // namespace

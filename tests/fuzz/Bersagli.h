@@ -69,5 +69,6 @@ void FuzzCopiaInFile(const Ambiente& a, std::string_view byte);
 void FuzzPregeo(const Ambiente& a, std::string_view byte);
 void FuzzGgg(const Ambiente& a, std::string_view byte);
 void FuzzLavori(const Ambiente& a, std::string_view byte);
+void FuzzImpagina(const Ambiente& a, std::string_view byte);
 
 }  // namespace varena::fuzz

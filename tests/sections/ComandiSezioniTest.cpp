@@ -6,6 +6,11 @@
 #include "commands/Attese.h"
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
+#include "sections/ImpaginaSezioni.h"
+#include "sections/CopiaSezioni.h"
+#include "sections/ProgettoSezioni.h"
+#include "exchange/Incolla.h"
+#include "core/File.h"
 
 namespace varena {
 namespace {
@@ -206,6 +211,134 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
             std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
+}
+
+
+// The page file as a user edits it: keys in any case, decimal commas, comments; what is no
+// use is named and left at the default; garbage and a cut line read as nothing; margins
+// wider than the page leave the default page.
+TEST(ImpaginaSezioni, IlFileSiLeggeConTolleranza) {
+  const ImpaginazioneLetta l = LeggiImpaginazione(
+      "[ImpaginaSezioni]\r\n; A4\r\nlarghezza = 210\r\nMargineSinistro=12,5\r\nMargineAlto=-3\r\n"
+      "Colonne=2.5\r\nRighe=abc\r\nScala=1e300\r\n\xff\x01=\r\nDistanzaFogli");
+  Impaginazione attesa;
+  attesa.Larghezza = 210, attesa.MargineSinistro = 12.5;
+  EXPECT_EQ(std::make_tuple(l.Pagina, l.Scartati),
+            std::make_tuple(attesa, std::vector<std::string>{"MargineAlto", "Colonne", "Righe", "Scala"}));
+  const ImpaginazioneLetta m = LeggiImpaginazione("Larghezza=100\nMargineDestro=95\nAltezza=50\n");
+  EXPECT_EQ(std::make_tuple(m.Pagina, m.Scartati), std::make_tuple(Impaginazione{}, std::vector<std::string>{"Margini"}));
+  attesa.Colonne = 3, attesa.Scala = 500, attesa.DisegnaFogli = 0;
+  EXPECT_EQ(LeggiImpaginazione(TestoImpaginazione(attesa)).Pagina, attesa);
+}
+
+// Pages of 100 by 80, margins 10, spacing 5, 20 apart, from (0, 0). By hand: two frames a
+// row, a third under them, the fourth too tall for what is left, the fifth too wide for any
+// row; then one a row and two rows a page.
+TEST(ImpaginaSezioni, LeCorniciFoglioPerFoglio) {
+  Impaginazione p;
+  p.Larghezza = 100, p.Altezza = 80;
+  p.MargineSinistro = p.MargineDestro = p.MargineAlto = p.MargineBasso = 10;
+  p.SpaziaturaOrizzontale = p.SpaziaturaVerticale = 5;
+  using Posti = std::vector<std::tuple<int, double, double>>;
+  auto posti = [&] {
+    Posti v;
+    for (const Posto& x : Impagina(p, 1, {{35, 25}, {35, 25}, {35, 25}, {70, 50}, {90, 70}}, 0, 0))
+      v.emplace_back(x.Foglio, x.X, x.Y);
+    return v;
+  };
+  EXPECT_EQ(posti(), (Posti{{0, 10, -10}, {0, 50, -10}, {0, 10, -40}, {1, 130, -10}, {2, 250, -10}}));
+  p.Colonne = 1, p.Righe = 2;
+  EXPECT_EQ(posti(), (Posti{{0, 10, -10}, {0, 10, -40}, {1, 130, -10}, {2, 250, -10}, {3, 370, -10}}));
+}
+
+// Two sections laid out one a row from the click, at a metre a millimetre: each frame's top
+// left corner inside the default margins (20, 10), the second a spacing (10) under the
+// first; the page drawn once however many times the command runs.
+TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 6, 5}};
+  AggiungiSezione(s, z);
+  z.OrigineX = 300;
+  AggiungiSezione(s, z);
+  Pronto(0, 0, 400);
+  const double h = s.SezioneBoxY2[0] - s.SezioneBoxY1[0];
+  ScriviFileProva(PercorsoImpaginazione(s), "Larghezza=500\r\nAltezza=400\r\nColonne=1\r\nScala=1000\r\nRighe=-1\r\n");
+  for (int volta = 0; volta < 2; ++volta) {
+    Script("TAG SEZIONI_IMPAGINA\nCLICK left 1000 2000\n");
+    EXPECT_EQ(ui.UltimoMessaggio, "ImpaginaSezioni.ini: valori non validi (Righe), usati i predefiniti.");
+    EXPECT_TRUE(Vicini({s.SezioneBoxX1[0], s.SezioneBoxY2[0], s.SezioneBoxX1[1], s.SezioneBoxY2[1]},
+                       {1020, 1990, 1020, 1990 - h - 10}, 1e-6));
+    EXPECT_EQ(RigheVive(s, SlotLinee), 4);
+  }
+}
+
+// A section copied out: its values as a table worked by hand (partials 5 and 6; cut and fill
+// split where the profiles cross, at 5/3 and at 8), and its drawing as the hand-over file's
+// statements, one a record of the display list, read back by the paste; a name with a tab
+// and a quote breaks neither.
+TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+  z.IndiceSezione = "PROVA";
+  z.Stazioni = {{"A", 0, 0, 5, 5.5}, {"B\"1\t2", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}};
+  AggiungiSezione(s, z);
+  Pronto(5, 5, 100);
+  Script("TAG SEZIONI_COPIA_VALORI\nCLICK left 2.5 5.5\nKEY ESC\nTAG SEZIONI_COPIA_IN_FILE\nCLICK left 2.5 5.5\n");
+  const std::string tabella =
+      "Sezione\tPROVA\r\nPunto\tProgressiva\tParziale\tEst\tNord\tQuota Terreno\tQuota Progetto\tQuota Rossa\r\n"
+      "A\t0.000\t0.000\t0.000\t0.000\t5.000\t5.500\t0.500\r\nB\"1 2\t5.000\t5.000\t3.000\t4.000\t6.000\t5.000\t-1.000\r\n"
+      "C\t11.000\t6.000\t3.000\t10.000\t4.000\t5.000\t1.000\r\nArea Sterro\t3.167\r\nArea Riporto\t1.917\r\n"
+      "Area Totale\t5.083\r\n";
+  EXPECT_EQ(std::make_pair(LeggiByte(PercorsoValoriSezione(s)).value_or(""), s.Clip->Leggi()),
+            std::make_pair(tabella, tabella));
+  const EsitoIncolla e = LeggiCopiaInFile(LeggiByte(PercorsoCopiaInFile(s)).value_or(""));
+  // The terrain from A to B as drawn, over the datum at 0, in the colour and on the layer of its group.
+  const std::vector<std::string> terreno = {"3", "1", "0", "SEZ_ProfRili", "0"};
+  EXPECT_EQ(std::count_if(e.Entita.begin(), e.Entita.end(), [&](const EntitaIncollata& x) {
+              return x.A.X == 0 && x.A.Y == 5 && x.B.X == 5 && x.B.Y == 6 && x.Attributi == terreno;
+            }), 1);
+  EXPECT_EQ(static_cast<int64_t>(e.Entita.size()), InLista(s, SlotSezioni));
+}
+
+// Five stations ten metres apart, terrain 100 to 104, drawn ten times higher over a datum
+// at 95: a grade of -2.5% from the second at 100; a straight stretch from the first to the
+// fourth; the last picked at the level of 103.5 and typed 98. Each is one undo step.
+TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
+  ApriLavoroVuoto(*this);
+  Sezione z;
+  z.Cfg = ConfigurazioneIniziale();
+  z.Cfg.QuotaRiferimento = 95;
+  for (int i = 0; i < 5; ++i) z.Stazioni.push_back({std::to_string(i + 1), 10.0 * i, 0, 100.0 + i, 100.0 + i});
+  AggiungiSezione(s, z);
+  Pronto(20, 40, 200);
+  auto progetto = [&] {
+    std::vector<double> q;
+    for (const StazioneSezione& p : s.SezioneDati[0].Stazioni) q.push_back(p.QuotaProgetto);
+    return q;
+  };
+  const int64_t passo = PassoUndo(s);
+  for (const char* r : {"2", "100", "-2,5"}) ui.Accoda(r);
+  Script("TAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_TRUE(Vicini(progetto(), {100, 100, 99.75, 99.5, 99.25}));
+  for (const char* r : {"1", "4"}) ui.Accoda(r);
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_INTERPOLA\nCLICK left 5 55\n");
+  EXPECT_TRUE(Vicini(progetto(), {100, 100 - 1.0 / 6, 100 - 1.0 / 3, 99.5, 99.25}));
+  const StazioneCliccata c = StazioneSulFoglio(s.SezioneDati[0], 39, 85);
+  EXPECT_EQ(std::make_pair(c.Indice, c.Quota), std::make_pair(size_t{4}, 103.5));
+  ui.Accoda("98");
+  ui.Accoda("9");
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_PUNTO\nCLICK left 39 85\nKEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
+            std::make_tuple("Punto fuori dalla sezione!", 98, passo + 3));
+  // A grade that runs past any number leaves the section as it was.
+  for (const char* r : {"1", "1e999", "1e999"}) ui.Accoda(r);
+  Script("KEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
+  EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
+            std::make_tuple("Quote di progetto fuori misura!", 98, passo + 3));
 }
 
 }  // namespace

@@ -148,7 +148,7 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
                                                                 "i= 2.0%", "i= 2.50%", "R= 1.25", "R= 12.50",
                                                                 "S= 2.71"}));
   const auto titolo = d.Testi("TRAS_QuotaRif");
-  for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75"})
+  for (const char* atteso : {"Area Sterro= 2.71", "Area Riporto= 13.75", "Area Totale= 16.46"})
     EXPECT_NE(std::find(titolo.begin(), titolo.end(), atteso), titolo.end()) << atteso;
   EXPECT_EQ(std::count_if(titolo.begin(), titolo.end(), [](const std::string& x) { return x.starts_with("Distanza"); }), 0);
   const auto dopo = d.Testi("DOPO_QuotaRif");
@@ -211,6 +211,18 @@ TEST(DisegnoSezioni, SenzaDuePuntiNullaECongelataNulla) {
   const auto righe = e.Record("SEZ_QuotaTer", PrimLinea);
   ASSERT_FALSE(righe.empty());
   EXPECT_DOUBLE_EQ(e.s.ListaDisegno.Y1[static_cast<size_t>(righe[0])], 0);  // ticks from the datum line down
+
+  // The description block round the row titles, 10 wide, down the rows of terrain heights,
+  // progressives and partials: 2.4 + 2.4 + 1.6.
+  Disegno g;
+  z.Cfg.BloccoDescrizioni = 1, z.Cfg.LarghezzaBox = 10;
+  AggiungiSezione(g.s, z);
+  RigeneraLista(g.s);
+  const auto box = g.Record("SEZ_Box", PrimLinea);
+  ASSERT_EQ(box.size(), 4u);
+  const ElencoDisegno& b = g.s.ListaDisegno;
+  EXPECT_EQ(std::make_tuple(b.X1[size_t(box[0])], b.Y1[size_t(box[0])], b.X1[size_t(box[2])]), std::make_tuple(-10, 0, 0));
+  EXPECT_DOUBLE_EQ(b.Y1[size_t(box[2])], -6.4);
 
   // Values each a number that together overflow: what would stand at infinity is left out.
   Disegno f;
