@@ -147,6 +147,7 @@ constexpr IconaDiTag kIcone[] = {
     {"SEZIONI_COPIA_VALORI", "copia"}, {"SEZIONI_COPIA_IN_FILE", "copia-in-file"},
     {"SEZIONI_PROGETTO_PENDENZA", "quotatura-progressiva"}, {"SEZIONI_PROGETTO_PUNTO", "copia-quota"},
     {"SEZIONI_PROGETTO_INTERPOLA", "medio"},
+    {"SEZIONI_DA_LIVELLAZIONE", "quotatura-progressiva"},
     // Tools
     {"CALCOLATRICE", "calcolatrice"}, {"CATTURA_SCHERMO", "cattura-schermo"}, {"ORTOSINO", "orto"},
     // Snap

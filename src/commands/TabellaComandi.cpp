@@ -409,6 +409,7 @@ constexpr VoceComando kTabella[] = {
     Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
     Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
     Subito("SEZIONI_APPLICA_DEFAULT", AzioneApplicaDefaultSezioni, {}, "Terreno", "Applica Default a tutte le Sezioni"),
+    Subito("SEZIONI_DA_LIVELLAZIONE", AzioneSezioniDaLivellazione, {}, "Terreno", "Profili da Livellazione"),
     Subito("SEZIONI_SALVA_DEFAULT", AzioneSalvaDefaultSezioni, {}, "Terreno", "Salva Default Sezioni"),
     Subito("SEZIONI_CARICA_DEFAULT", AzioneCaricaDefaultSezioni, {}, "Terreno", "Carica Default Sezioni"),
     Subito("AGGIUNGI_FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Aggiungi Falde da Linee"),

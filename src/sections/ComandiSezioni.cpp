@@ -13,6 +13,8 @@
 #include "commands/Comandi.h"
 #include "commands/Costruttori.h"
 #include "commands/Modifica.h"
+#include "cadastre/ContornoSette.h"
+#include "cadastre/Libretto.h"
 #include "core/Sessione.h"
 #include "core/ImpostazioniUtente.h"
 #include "core/Testo.h"
@@ -332,6 +334,78 @@ void FineSezioniInSerie(Sessione& s) {
     inizio = p - l;
   }
   if (fatta) FineModifica(s);
+}
+
+namespace {
+
+// The names of each levelling from the middle, a record "|A|B|" a leg, joined leg to leg
+// where one ends at the point the next starts from: a run of the level is one profile.
+std::vector<std::vector<std::string>> CorseLivellazione(const Sessione& s) {
+  std::vector<std::vector<std::string>> tratti;
+  for (int32_t r = 0; r < s.ContaEntita[SlotSette]; ++r) {
+    const auto k = static_cast<size_t>(r);
+    if (!IdentVivo(s.SetteIdent[k]) || Rifila(s.SetteCommento[k]) != kLivellazioneDalMezzo) continue;
+    std::vector<std::string> nomi;
+    for (std::string_view n : Dividi(s.SetteContorno[k], '|'))
+      if (!Rifila(n).empty()) nomi.emplace_back(Rifila(n));
+    if (nomi.size() >= 2) tratti.push_back(std::move(nomi));
+  }
+  std::vector<std::vector<std::string>> corse;
+  std::vector<bool> preso(tratti.size(), false);
+  for (size_t i = 0; i < tratti.size(); ++i) {
+    if (preso[i]) continue;
+    std::deque<std::string> c(tratti[i].begin(), tratti[i].end());
+    preso[i] = true;
+    for (bool cresce = true; cresce;) {
+      cresce = false;
+      for (size_t j = 0; j < tratti.size(); ++j) {
+        if (preso[j]) continue;
+        const std::vector<std::string>& t = tratti[j];
+        if (t.front() == c.back()) {
+          c.insert(c.end(), t.begin() + 1, t.end());
+        } else if (t.back() == c.front()) {
+          c.insert(c.begin(), t.begin(), t.end() - 1);
+        } else {
+          continue;
+        }
+        preso[j] = cresce = true;
+      }
+    }
+    corse.emplace_back(c.begin(), c.end());
+  }
+  return corse;
+}
+
+}  // namespace
+
+// A longitudinal profile along each run of a levelling from the middle, through its points
+// as the table holds them (a name missing from the table is left out of the profile).
+void AzioneSezioniDaLivellazione(Sessione& s) {
+  const std::vector<std::vector<std::string>> corse = CorseLivellazione(s);
+  const IndiceNomi indice(s);
+  double sotto = kInfinito;
+  bool fatta = false;
+  for (const std::vector<std::string>& corsa : corse) {
+    std::vector<StazioneSezione> st;
+    std::vector<double> x, y;
+    for (const std::string& nome : corsa) {
+      const int32_t k = indice.Primo(nome);
+      if (k < 0) continue;
+      const auto r = static_cast<size_t>(k);
+      st.push_back({nome, s.PuntoX[r], s.PuntoY[r], s.PuntoZ[r], s.PuntoZ[r]});
+      x.push_back(s.PuntoX[r]), y.push_back(s.PuntoY[r]);
+    }
+    const int32_t riga = NuovaSezione(s, std::move(st), x, y, sotto);
+    if (riga < 0) continue;
+    const Sezione& z = s.SezioneDati[static_cast<size_t>(riga)];
+    sotto = z.OrigineY - IngombroVerticale(z) + 8 * ScalaSezione(z.Cfg.ScalaLunghezze);
+    fatta = true;
+  }
+  if (!fatta) {
+    s.Ui->Messaggio("Livellazione assente!", kImpossibile, Icona::Avviso);
+    return;
+  }
+  FineModifica(s);
 }
 
 void subSommaSezioni(Sessione& s) {

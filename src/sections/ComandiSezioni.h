@@ -53,6 +53,9 @@ int32_t SezioneCliccata(Sessione& s);
 Sezione ScompattaSezione(const Sessione& s, int32_t riga);
 void CompattaSezione(Sessione& s, int32_t riga, Sezione z);
 
+// Profiles along the runs of the levellings from the middle; with none, "Livellazione
+// assente!".
+void AzioneSezioniDaLivellazione(Sessione& s);
 void AzioneApplicaDefaultSezioni(Sessione& s);
 void AzioneSalvaDefaultSezioni(Sessione& s);
 void AzioneCaricaDefaultSezioni(Sessione& s);

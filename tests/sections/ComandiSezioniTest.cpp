@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sections/ComandiSezioni.h"
+#include "cadastre/ContornoSette.h"
 #include "commands/Attese.h"
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
@@ -186,6 +187,24 @@ TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
 
 // Cross sections every 40 metres along an axis going East, 20 wide, from North to South,
 // through the plane z = 100 + x/10 + y/5 of two facets.
+// A profile along a levelling from the middle: its legs, recorded in any order, joined into
+// one run through 1, 2 and 3; a run whose far point is not in the table makes no profile.
+TEST_F(SezioniBanco, ComandiSezioniProfiloDaLivellazione) {
+  ApriLavoroVuoto(*this);
+  Pronto(0, 0, 400);
+  Script("TAG SEZIONI_DA_LIVELLAZIONE\n");
+  EXPECT_EQ(ui.UltimoMessaggio, "Livellazione assente!");
+  MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 12}, {"3", 30, 60, 11}, {"7", 5, 5, 5}});
+  subAggiungiSetteSingolo(s, "|2|3|", kLivellazioneDalMezzo, "", 8, 3);
+  subAggiungiSetteSingolo(s, "|7|8|", kLivellazioneDalMezzo, "", 8, 3);
+  subAggiungiSetteSingolo(s, "|1|2|", kLivellazioneDalMezzo, "", 8, 3);
+  subAggiungiSetteSingolo(s, "|3|7|", kPoligonale, "", 8, 3);
+  Script("TAG SEZIONI_DA_LIVELLAZIONE\n");
+  ASSERT_EQ(s.ContaEntita[SlotSezioni], 1);
+  const std::vector<StazioneSezione> attese = {{"1", 0, 0, 10, 10}, {"2", 30, 40, 12, 12}, {"3", 30, 60, 11, 11}};
+  EXPECT_EQ(s.SezioneDati[0].Stazioni, attese);
+}
+
 TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   ApriLavoroVuoto(*this);
   DueFalde(s);
