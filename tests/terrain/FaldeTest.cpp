@@ -10,6 +10,8 @@
 
 #include "core/Dialoghi.h"
 #include "support/ProvaComandi.h"
+#include "store/Carica.h"
+#include "store/Salvataggio.h"
 #include "support/Supporto.h"
 #include "terrain/Curve.h"
 #include "terrain/Falde.h"
@@ -19,6 +21,14 @@ namespace varena {
 namespace {
 
 using prova::LeggiFileProva;
+
+// The empty job of the tests, with the terrain settings at their defaults: its hand-written
+// settings hold 1 in every row, the reference height and the reference curve among them.
+void ApriLavoroTerreno(prova::Banco& b) {
+  prova::ApriLavoroVuoto(b);
+  b.s.Terreno = {};
+  b.s.QuotaRiferimento = 0;
+}
 
 // A live facet of three vertices.
 void Falda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3, double z3) {
@@ -55,7 +65,7 @@ TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
 TEST(Volumi, PiramideTotaliERapportoCsv) {
   prova::Banco b;
   Sessione& s = b.s;
-  prova::ApriLavoroVuoto(b);
+  ApriLavoroTerreno(b);
   // A pyramid 6 high on the square of side 4 centred at the origin, one facet a side.
   const double base[5][2] = {{-2, -2}, {2, -2}, {2, 2}, {-2, 2}, {-2, -2}};
   for (int k = 0; k < 4; ++k) Falda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
@@ -181,7 +191,7 @@ class Curve : public ::testing::Test {
  protected:
   prova::Banco b;
   Sessione& s = b.s;
-  void SetUp() override { prova::ApriLavoroVuoto(b); }
+  void SetUp() override { ApriLavoroTerreno(b); }
   std::string Due() const { return LeggiFileProva(s.NomeLavoro + ".DUE"); }
   // The polylines of the curve table: head height, colour and vertices.
   struct Curva {
@@ -416,6 +426,45 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   EXPECT_EQ(s.LineaZ1[19], 2.0);
   b.Script("ANSWER yes\nTAG ELIMINA_CURVE_ESPLOSE\n");
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
+}
+
+TEST(ImpostazioniTerreno, ColLavoroEUnCfgVecchioAlByte) {
+  prova::Banco b;
+  const std::string base = prova::CopiaEsempio(b.cartella / "lavori");
+  const std::string vecchio = LeggiFileProva(base + ".CFG");
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+  // The example was written before the settings had rows: they hold 0 and read as defaults.
+  const StatoTerreno& t = b.s.Terreno;
+  EXPECT_EQ(std::tie(t.Equidistanza, t.LimiteDeviazione, t.PassoCurva, t.AltezzaEtichettaCurve, t.AltezzaNumero,
+                     t.AltezzaValori, b.s.QuotaRiferimento),
+            std::tuple(1.0, 30.0, 1.0, 1.0, 1.0, 1.0, 0.0));
+  EXPECT_EQ(std::tie(t.ColoreCurvaSopra, t.ColoreCurvaSotto, t.ColoreCurvaBase, t.DecimaliCurve), std::tuple(3, 5, 1, 0));
+  ASSERT_TRUE(Salva(b.s));
+  EXPECT_EQ(LeggiFileProva(base + ".CFG"), vecchio);
+
+  b.s.Terreno = {.AltezzaNumero = 1.5, .AltezzaValori = 0.5, .Equidistanza = 2.5, .LimiteDeviazione = 45.5,
+                 .PassoCurva = 2, .ColoreCurvaSopra = 11, .ColoreCurvaSotto = 12, .ColoreCurvaBase = 13,
+                 .CurvaRiferimento = 1, .AltezzaEtichettaCurve = 0.75, .DecimaliCurve = 2};
+  b.s.QuotaRiferimento = 101.25;
+  ASSERT_TRUE(Salva(b.s));
+  // Statements 138 to 150 of block A, as the README places the settings.
+  const std::string cfg = LeggiFileProva(base + ".CFG");
+  size_t da = 0;
+  for (int riga = 0; riga < 1 + 137; ++riga) da = cfg.find("\r\n", da) + 2;
+  EXPECT_EQ(cfg.substr(da, cfg.find("\"\",\"\"\r\n", da) - da),
+            "\"\",1\r\n\"\",2.5\r\n\"\",101.25\r\n\"\",45.5,2\r\n\"ColoreInvasoFalda\",0\r\n"
+            "\"DimensioneQuotaCurve\",0.75\r\n\"DimensioneAreaTriangoli\",0.5\r\n\"\",2\r\n\"\",0\r\n\"\",1.5\r\n"
+            "\"\",11\r\n\"\",12\r\n\"\",13\r\n");
+  prova::Banco c;
+  c.s.NomeOriginale = base;
+  VR_ApriLavoro(c.s);
+  const StatoTerreno& u = c.s.Terreno;
+  EXPECT_EQ(std::tie(u.Equidistanza, u.LimiteDeviazione, u.PassoCurva, u.AltezzaEtichettaCurve, u.AltezzaNumero,
+                     u.AltezzaValori, c.s.QuotaRiferimento),
+            std::tuple(2.5, 45.5, 2.0, 0.75, 1.5, 0.5, 101.25));
+  EXPECT_EQ(std::tie(u.ColoreCurvaSopra, u.ColoreCurvaSotto, u.ColoreCurvaBase, u.DecimaliCurve, u.CurvaRiferimento),
+            std::tuple(11, 12, 13, 2, int16_t{1}));
 }
 
 }  // namespace
