@@ -275,6 +275,24 @@ TEST_F(Curve, SplineDaCentoPunti) {
     EXPECT_NEAR(c[1].X[k], static_cast<double>(k) / 99, 1e-12) << k;
     EXPECT_NEAR(c[1].Y[k], 3, 1e-12) << k;
   }
+  // Opened again, the job keeps the spline. Without its `.CUV` the curves come back from
+  // `.DUE` by the cubic: the vertex and ten points a span. A `.DUE` that cannot be read gives
+  // the box and no curves, and does not keep the curves made next from being saved.
+  ASSERT_TRUE(Salva(s));
+  VR_ApriLavoro(s);
+  EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 102);
+  const std::string cuv = s.NomeOriginale + ".CUV";
+  ASSERT_TRUE(std::filesystem::remove(cuv));
+  VR_ApriLavoro(s);
+  EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 13);
+  std::filesystem::remove(cuv);
+  prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
+  VR_ApriLavoro(s);
+  EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
+  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  b.Script("TAG SPLINE_CURVE\nFIELD Metodo Bezier\nPRESS OK\n");
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(LeggiFileProva(cuv).size(), 2u * 102u * 17u);
   // A square round the ring: the closed cubic B-spline starts at (P3 + 4 P0 + P1) / 6 =
   // (1/6, 1/6), and bulges towards each side no farther than the middle of its span,
   // (P0 + 23 P1 + 23 P2 + P3) / 48: 1/24 from it.
