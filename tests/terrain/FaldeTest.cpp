@@ -22,12 +22,10 @@ namespace {
 
 using prova::LeggiFileProva;
 
-// The empty job of the tests, with the terrain settings at their defaults: its hand-written
-// settings hold 1 in every row, the reference height and the reference curve among them.
+// The empty job with the terrain settings at their defaults: its hand-written `.CFG` holds 1 in every row.
 void ApriLavoroTerreno(prova::Banco& b) {
   prova::ApriLavoroVuoto(b);
-  b.s.Terreno = {};
-  b.s.QuotaRiferimento = 0;
+  b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
 }
 
 // A live facet of three vertices.
@@ -275,9 +273,8 @@ TEST_F(Curve, SplineDaCentoPunti) {
     EXPECT_NEAR(c[1].X[k], static_cast<double>(k) / 99, 1e-12) << k;
     EXPECT_NEAR(c[1].Y[k], 3, 1e-12) << k;
   }
-  // Opened again, the job keeps the spline. Without its `.CUV` the curves come back from
-  // `.DUE` by the cubic: the vertex and ten points a span. A `.DUE` that cannot be read gives
-  // the box and no curves, and does not keep the curves made next from being saved.
+  // Opened again, the job keeps the spline; without `.CUV`, the cubic from `.DUE`. A `.DUE` that
+  // cannot be read: the box, no curves, and the curves made next are saved.
   ASSERT_TRUE(Salva(s));
   VR_ApriLavoro(s);
   EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 102);
@@ -285,8 +282,7 @@ TEST_F(Curve, SplineDaCentoPunti) {
   ASSERT_TRUE(std::filesystem::remove(cuv));
   VR_ApriLavoro(s);
   EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 13);
-  std::filesystem::remove(cuv);
-  prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
+  std::filesystem::remove(cuv), prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
   VR_ApriLavoro(s);
   EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
   Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
@@ -446,6 +442,13 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
 }
 
+auto Impostazioni(const Sessione& s) {
+  const StatoTerreno& t = s.Terreno;
+  return std::tuple(t.Equidistanza, s.QuotaRiferimento, t.CurvaRiferimento, t.LimiteDeviazione, t.PassoCurva,
+                    t.ColoreCurvaSopra, t.ColoreCurvaSotto, t.ColoreCurvaBase, t.AltezzaEtichettaCurve,
+                    t.DecimaliCurve, t.AltezzaNumero, t.AltezzaValori);
+}
+
 TEST(ImpostazioniTerreno, ColLavoroEUnCfgVecchioAlByte) {
   prova::Banco b;
   const std::string base = prova::CopiaEsempio(b.cartella / "lavori");
@@ -453,36 +456,22 @@ TEST(ImpostazioniTerreno, ColLavoroEUnCfgVecchioAlByte) {
   b.s.NomeOriginale = base;
   VR_ApriLavoro(b.s);
   // The example was written before the settings had rows: they hold 0 and read as defaults.
-  const StatoTerreno& t = b.s.Terreno;
-  EXPECT_EQ(std::tie(t.Equidistanza, t.LimiteDeviazione, t.PassoCurva, t.AltezzaEtichettaCurve, t.AltezzaNumero,
-                     t.AltezzaValori, b.s.QuotaRiferimento),
-            std::tuple(1.0, 30.0, 1.0, 1.0, 1.0, 1.0, 0.0));
-  EXPECT_EQ(std::tie(t.ColoreCurvaSopra, t.ColoreCurvaSotto, t.ColoreCurvaBase, t.DecimaliCurve), std::tuple(3, 5, 1, 0));
+  EXPECT_EQ(Impostazioni(b.s), std::tuple(1.0, 0.0, int16_t{0}, 30.0, 1.0, 3, 5, 1, 1.0, 0, 1.0, 1.0));
   ASSERT_TRUE(Salva(b.s));
   EXPECT_EQ(LeggiFileProva(base + ".CFG"), vecchio);
-
-  b.s.Terreno = {.AltezzaNumero = 1.5, .AltezzaValori = 0.5, .Equidistanza = 2.5, .LimiteDeviazione = 45.5,
-                 .PassoCurva = 2, .ColoreCurvaSopra = 11, .ColoreCurvaSotto = 12, .ColoreCurvaBase = 13,
-                 .CurvaRiferimento = 1, .AltezzaEtichettaCurve = 0.75, .DecimaliCurve = 2};
-  b.s.QuotaRiferimento = 101.25;
+  b.Script("TAG IMPOSTAZIONI_TERRENO\nFIELD Equidistanza 2.5\nFIELD QuotaRiferimento 101.25\nFIELD CurvaRiferimento 1\n"
+           "FIELD LimiteDeviazione 45.5\nFIELD PassoCurva 2\nFIELD ColoreCurvaSopra 11\nFIELD ColoreCurvaSotto 12\n"
+           "FIELD ColoreCurvaBase 13\nFIELD AltezzaEtichettaCurve 0.75\nFIELD DecimaliCurve 2\nFIELD AltezzaNumero 1.5\n"
+           "FIELD AltezzaValori 0.5\nPRESS OK\n");
   ASSERT_TRUE(Salva(b.s));
-  // Statements 138 to 150 of block A, as the README places the settings.
-  const std::string cfg = LeggiFileProva(base + ".CFG");
-  size_t da = 0;
-  for (int riga = 0; riga < 1 + 137; ++riga) da = cfg.find("\r\n", da) + 2;
-  EXPECT_EQ(cfg.substr(da, cfg.find("\"\",\"\"\r\n", da) - da),
-            "\"\",1\r\n\"\",2.5\r\n\"\",101.25\r\n\"\",45.5,2\r\n\"ColoreInvasoFalda\",0\r\n"
-            "\"DimensioneQuotaCurve\",0.75\r\n\"DimensioneAreaTriangoli\",0.5\r\n\"\",2\r\n\"\",0\r\n\"\",1.5\r\n"
-            "\"\",11\r\n\"\",12\r\n\"\",13\r\n");
-  prova::Banco c;
-  c.s.NomeOriginale = base;
-  VR_ApriLavoro(c.s);
-  const StatoTerreno& u = c.s.Terreno;
-  EXPECT_EQ(std::tie(u.Equidistanza, u.LimiteDeviazione, u.PassoCurva, u.AltezzaEtichettaCurve, u.AltezzaNumero,
-                     u.AltezzaValori, c.s.QuotaRiferimento),
-            std::tuple(2.5, 45.5, 2.0, 0.75, 1.5, 0.5, 101.25));
-  EXPECT_EQ(std::tie(u.ColoreCurvaSopra, u.ColoreCurvaSotto, u.ColoreCurvaBase, u.DecimaliCurve, u.CurvaRiferimento),
-            std::tuple(11, 12, 13, 2, int16_t{1}));
+  // Statements 137 to 151 of block A, as the README places the settings round the labelled ones.
+  EXPECT_NE(LeggiFileProva(base + ".CFG").find("\"\",\"\"\r\n\"\",1\r\n\"\",2.5\r\n\"\",101.25\r\n\"\",45.5,2\r\n"
+                                               "\"ColoreInvasoFalda\",0\r\n\"DimensioneQuotaCurve\",0.75\r\n"
+                                               "\"DimensioneAreaTriangoli\",0.5\r\n\"\",2\r\n\"\",0\r\n\"\",1.5\r\n\"\",11\r\n\"\",12\r\n\"\",13\r\n\"\",\"\"\r\n"),
+            std::string::npos);
+  b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
+  VR_ApriLavoro(b.s);
+  EXPECT_EQ(Impostazioni(b.s), std::tuple(2.5, 101.25, int16_t{1}, 45.5, 2.0, 11, 12, 13, 0.75, 2, 1.5, 0.5));
 }
 
 }  // namespace
