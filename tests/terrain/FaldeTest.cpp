@@ -9,6 +9,7 @@
 #include <numbers>
 
 #include "core/Dialoghi.h"
+#include "exchange/DxfScrittura.h"
 #include "support/ProvaComandi.h"
 #include "store/Carica.h"
 #include "store/Salvataggio.h"
@@ -406,10 +407,14 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.QuotaRiferimento = 2;
   s.Terreno.ColoreCurvaSotto = 12, s.Terreno.ColoreCurvaBase = 13;
-  s.Terreno.EtichetteCurve = true;
+  s.Terreno.EtichetteCurve = true, s.Terreno.AltezzaEtichettaCurve = 0.5, s.Terreno.DecimaliCurve = 2;
   b.Pronto(2, 2, 10);
   b.Script("TAG GENERA_CURVE\n");
   ASSERT_EQ(s.ContaEntita[SlotCurve], 26);
+  // In DXF, the label of the first curve with the job's height and decimals.
+  OpzioniDxfOut dxf;
+  dxf.Curve = true;
+  EXPECT_NE(TestoDxfOut(s, dxf).find(" 40 \r\n0.5\r\n 1 \r\n1.00\r\n"), std::string::npos);
   // Each curve: ten segments of kind 9 in its colour, and its height at its end.
   int segmenti[2] = {0, 0};
   std::vector<std::string> testi;
@@ -425,7 +430,7 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   }
   EXPECT_EQ(segmenti[0], 10);
   EXPECT_EQ(segmenti[1], 10);
-  EXPECT_EQ(testi, (std::vector<std::string>{"1", "2"}));
+  EXPECT_EQ(testi, (std::vector<std::string>{"1.00", "2.00"}));
 
   b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nPRESS OK\n");
   EXPECT_EQ(s.CurvaY[0], 4.0);
