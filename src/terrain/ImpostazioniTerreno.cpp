@@ -64,7 +64,7 @@ constexpr Impostazione Voce(const char* nome, const char* etichetta, size_t istr
 // 138 the reference curve switch, 139 and 140 the interval and the reference height, 141 the
 // deviation limit and the step, 143 the curve labels, 144 the facet values' labels, 145 the
 // curve decimals, 147 the facet numbers' labels, 148 to 150 the colours above, below and at
-// the reference. 142 and 146 keep what they hold.
+// the reference. 142 and 146 keep what they hold. The table counts from 0: one less.
 using S = StatoTerreno;
 const Impostazione kImpostazioni[] = {
     Voce<&S::Equidistanza>("Equidistanza", "Equidistanza :", 138),
@@ -83,11 +83,15 @@ const Impostazione kImpostazioni[] = {
     Voce<&S::AltezzaValori>("AltezzaValori", "Altezza valori falde :", 143),
 };
 
+void Correggi(ValoriTerreno& v) {
+  CorreggiImpostazioniTerreno(v);
+  if (!std::isfinite(v.Quota)) v.Quota = 0;
+}
+
 void Leggi(const BloccoCfg& a, ValoriTerreno& v) {
   for (const Impostazione& i : kImpostazioni)
     if (i.Istruzione != kSoloDialogo) i.Metti(v, a(i.Istruzione, i.Voce).Numero);
-  CorreggiImpostazioniTerreno(v);
-  if (!std::isfinite(v.Quota)) v.Quota = 0;
+  Correggi(v);
 }
 
 ValoriTerreno Attuali(const Sessione& s) {
@@ -116,8 +120,7 @@ void ImpostaDaDialogo(Sessione& s) {
   if (!d) return;
   ValoriTerreno v = Attuali(s);
   for (const Impostazione& i : kImpostazioni) i.Metti(v, d->Numero(i.Nome));
-  CorreggiImpostazioniTerreno(v);
-  if (!std::isfinite(v.Quota)) v.Quota = 0;
+  Correggi(v);
   ChiudiDialogo(s, kDialogo);
   Imposta(s, v);
   AggiornaFalde(s);
