@@ -604,6 +604,7 @@ void ColoraDaDialogo(Sessione& s) {
   t.ColoreCurvaSopra = InteroLungo(d->Numero("ColoreCurvaSopra"));
   t.ColoreCurvaSotto = InteroLungo(d->Numero("ColoreCurvaSotto"));
   t.ColoreCurvaBase = InteroLungo(d->Numero("ColoreCurvaBase"));
+  CorreggiImpostazioniTerreno(t);  // no colour below 1
   ChiudiDialogo(s, "FormColoraCurve");
   // The head and the closing row of each curve carry its colour.
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotCurve]); ++r)

@@ -432,7 +432,8 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   EXPECT_EQ(segmenti[1], 10);
   EXPECT_EQ(testi, (std::vector<std::string>{"1.00", "2.00"}));
 
-  b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nPRESS OK\n");
+  b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nFIELD ColoreCurvaSopra 0\nPRESS OK\n");
+  EXPECT_EQ(s.Terreno.ColoreCurvaSopra, 3);
   EXPECT_EQ(s.CurvaY[0], 4.0);
   EXPECT_EQ(s.CurvaY[12], 4.0);
   EXPECT_EQ(s.CurvaY[13], 6.0);
