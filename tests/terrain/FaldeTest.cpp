@@ -283,7 +283,7 @@ TEST_F(Curve, SplineDaCentoPunti) {
   ASSERT_TRUE(std::filesystem::remove(cuv));
   VR_ApriLavoro(s);
   EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 13);
-  std::filesystem::remove(cuv), prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
+  prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
   VR_ApriLavoro(s);
   EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
   Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
