@@ -136,7 +136,8 @@ constexpr IconaDiTag kIcone[] = {
     {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
     {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
     {"INVERTI_FALDE", "interseca-falde"}, {"VOLUMI_FALDE", "volumi"}, {"GENERA_CURVE", "curve-livello"},
-    {"SPLINE_CURVE", "curve-livello"}, {"COLORA_CURVE", "colore"}, {"ESPLODI_CURVE_LIVELLO", "esplodi-linea"},
+    {"SPLINE_CURVE", "curve-livello"}, {"COLORA_CURVE", "colore"}, {"IMPOSTAZIONI_TERRENO", "configurazione"},
+    {"ESPLODI_CURVE_LIVELLO", "esplodi-linea"},
     {"ELIMINA_CURVE_ESPLOSE", "elimina"},
     // Sections
     {"SEZIONI_CATTURA_PUNTI", "cattura-spezzata"}, {"SEZIONI_QUOTA_PROGETTO", "quota"},

@@ -417,6 +417,7 @@ constexpr VoceComando kTabella[] = {
     Subito("GENERA_CURVE", AzioneGeneraCurve, {}, "Terreno", "Curve di Livello"),
     Subito("SPLINE_CURVE", nullptr, "frmSplines", "Terreno", "Curve di Livello con Spline"),
     Subito("COLORA_CURVE", nullptr, "FormColoraCurve", "Terreno", "Colora Curve"),
+    Subito("IMPOSTAZIONI_TERRENO", nullptr, "FormImpostazioniTerreno", "Terreno", "Impostazioni Terreno"),
     Subito("ESPLODI_CURVE_LIVELLO", AzioneEsplodiCurve, {}, "Terreno", "Esplodi Curve Livello"),
     Subito("ELIMINA_CURVE_ESPLOSE", AzioneEliminaCurveEsplose, {}, "Terreno", "Elimina Curve Esplose"),
     Subito("ORTOSINO", AzioneOrtogonale, {}, "Snap", "Orto SI/NO", "F8"),

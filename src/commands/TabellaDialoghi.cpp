@@ -19,6 +19,7 @@
 #include "output/DialogoSpessori.h"
 #include "survey/Primitive.h"
 #include "terrain/Curve.h"
+#include "terrain/ImpostazioniTerreno.h"
 #include "terrain/Volumi.h"
 #include "survey/DialoghiCalcoli.h"
 #include "view/Zoom.h"
@@ -77,6 +78,7 @@ constexpr SchedaDialogo kDialoghi[] = {
     // The terrain.
     {"VolumiFalde", ApriVolumiFalde},
     {"FormColoraCurve", ApriFormColoraCurve},
+    {"FormImpostazioniTerreno", ApriFormImpostazioniTerreno},
     {"frmSplines", ApriFrmSplines},
 };
 

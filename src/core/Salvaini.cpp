@@ -5,6 +5,7 @@
 #include "core/FileTabella.h"
 #include "core/Lista.h"
 #include "store/Cfg.h"
+#include "terrain/ImpostazioniTerreno.h"
 
 namespace varena {
 
@@ -34,6 +35,7 @@ void CaricaSalvaini(Sessione& s) {
   CaricaBlocco(s, "SALVAINI.INI", PercorsoSalvaini(s), s.Cfg.B, LeggiBloccoB);
   if (TrovaOrigine(s, "SALVAINI.INI")->Stato == StatoFile::Letto) ApplicaBloccoB(s);
   CaricaBlocco(s, "SALVAINI5.INI", PercorsoSalvaini5(s), s.Cfg.A, LeggiBloccoA);
+  ImpostazioniDaBloccoA(s);
 }
 
 void ScriviSalvaini(Sessione& s) {
@@ -41,6 +43,7 @@ void ScriviSalvaini(Sessione& s) {
   s.RoutineCorrente = "ScriviSalvaini";
   Protetto(s, [&] {
     RaccogliBloccoB(s);
+    ImpostazioniInBloccoA(s);
     ScriviTesto(PercorsoSalvaini5(s), ScriviBloccoA(s.Cfg.A));
     ScriviTesto(PercorsoSalvaini(s), ScriviBloccoB(s.Cfg.B));
   });

@@ -1,6 +1,7 @@
 // The DXF writer and its options.
 #include "exchange/DxfScrittura.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -313,9 +314,10 @@ void Scrittore::Curve() {
   std::string piano;
   double quota = 0, colore = 0, ultimaX = 0, ultimaY = 0;
   bool testa = true;
-  const std::string maschera = o_.DecimaliCurve == 0
-                                   ? std::string("#########0")
-                                   : "#########0." + std::string(static_cast<size_t>(std::max(0, o_.DecimaliCurve)), '0');
+  // The labels as the drawing shows them: the job's height and decimals.
+  const int decimali = std::clamp(s_.Terreno.DecimaliCurve, 0, 9);
+  const std::string maschera =
+      decimali == 0 ? std::string("#########0") : "#########0." + std::string(static_cast<size_t>(decimali), '0');
   for (size_t i = 0; i < n; ++i) {
     if (testa) {
       quota = s_.CurvaX[i];
@@ -337,7 +339,7 @@ void Scrittore::Curve() {
       testa = true;
       if (i + 1 < n) {
         u_.R(" 0").R("SEQEND").R(" 8").R("0");
-        u_.S(0).R("TEXT").S(8).R(piano).R("62").N(colore).S(10).N(ultimaX).S(20).N(ultimaY).S(40).N(o_.AltezzaCurve);
+        u_.S(0).R("TEXT").S(8).R(piano).R("62").N(colore).S(10).N(ultimaX).S(20).N(ultimaY).S(40).N(s_.Terreno.AltezzaEtichettaCurve);
         Font();
         u_.S(1).R(VirgolaInPunto(FormatoMaschera(quota, maschera))).S(50).S(0);
       }

@@ -38,10 +38,6 @@ struct OpzioniDxfOut {
   std::array<std::string, 10> Text1{kDaFile, kDaFile, kDaFile, kDaFile, kDaFile,
                                     kDaFile, kDaFile, kDaFile, kDaFile, "1"};
 
-  // The label of a contour curve: its height on the sheet and the decimals of its value.
-  double AltezzaCurve = 1;
-  int DecimaliCurve = 0;
-
   bool AssegnaColore = false;
   bool AssegnaTratteggio = false;
   // HEADER and TABLES before the same ENTITIES, for the readers that want them.

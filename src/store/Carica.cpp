@@ -24,6 +24,7 @@
 #include "store/SalvataggioInterrotto.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
+#include "terrain/Curve.h"
 #include "view/Rigenera.h"
 #include "view/Zoom.h"
 
@@ -87,7 +88,20 @@ void CaricaArchi(Sessione& s) { CaricaRecord(s, LayoutArchi(), "CaricaArchi", Ri
 void CaricaTesti(Sessione& s) { CaricaRecord(s, LayoutTesti(), "CaricaTesti", RiparaTesto); }
 void CaricaFalde(Sessione& s) { CaricaRecord(s, LayoutFalde(), "CaricaFalde", RiparaFalda); }
 void CaricaCurveCuv(Sessione& s) { CaricaRecord(s, LayoutCurve(), "CaricaCurveCuv", nullptr); }
-void CaricaCurveLivello(Sessione& s) { CaricaCurveCuv(s); }
+// Step 4 of the load. `.CUV` holds the curves as their last generation smoothed them, by the
+// cubic of `CalcolaContur` or by a spline of `Spliner`, which `.DUE` does not tell apart: a job
+// that has it loads it as it stands, and a rebuild would put the cubic in place of a spline.
+// Only a job whose `.CUV` is missing has its curves made again from `.DUE`, by the cubic. A
+// `.DUE` that cannot be read says so and gives no curves; the curve member, absent, holds
+// nothing read in part that a save must keep from being written.
+void CaricaCurveLivello(Sessione& s) {
+  if (EsisteFile(s.NomeLavoro + EstensioneFile(SlotCurve))) {
+    CaricaCurveCuv(s);
+    return;
+  }
+  CalcolaContur(s);
+  s.UltimoErrore.clear();
+}
 
 void CaricaSette(Sessione& s) {
   s.RoutineCorrente = "CaricaSette";

@@ -12,6 +12,7 @@
 #include "core/Lista.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "terrain/ImpostazioniTerreno.h"
 
 namespace varena {
 
@@ -266,6 +267,7 @@ void CaricaCFGProvvisorio(Sessione& s) {
     // included.
     auto prendi = [&] {
       s.Cfg.A = std::move(a);
+      ImpostazioniDaBloccoA(s);
       if (!bloccoB) return;
       s.Cfg.B = std::move(b);
       ApplicaBloccoB(s);
@@ -289,6 +291,7 @@ void CaricaCFGProvvisorio(Sessione& s) {
 
 std::string TestoCfg(Sessione& s) {
   RaccogliBloccoB(s);
+  ImpostazioniInBloccoA(s);
   ScriviParametriEstratto(s);
   IstruzioneLista tag;
   tag.Testo(kEdizioneCorrente);

@@ -16,6 +16,7 @@
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "terrain/ImpostazioniTerreno.h"
 #include "view/Rigenera.h"
 
 namespace varena {
@@ -25,15 +26,6 @@ namespace {
 struct Segmento {
   double X1, Y1, X2, Y2, Quota;
 };
-
-// The settings put back in range, as every generation does first.
-void CorreggiImpostazioni(StatoTerreno& t) {
-  if (t.Equidistanza == 0 || !std::isfinite(t.Equidistanza)) t.Equidistanza = 1;
-  // A negative interval would never reach the facet's height.
-  t.Equidistanza = std::fabs(t.Equidistanza);
-  if (!(t.LimiteDeviazione >= 30)) t.LimiteDeviazione = 30;
-  if (!(t.PassoCurva >= 1)) t.PassoCurva = 1;
-}
 
 // Enough for any survey a machine holds; past it the interval is surely a mistake.
 constexpr size_t kMassimoSegmenti = 50'000'000;
@@ -310,7 +302,7 @@ bool GeneraSpezzate(Sessione& s) {
     return false;
   }
   StatoTerreno& t = s.Terreno;
-  CorreggiImpostazioni(t);
+  CorreggiImpostazioniTerreno(t);
   return Protetto(s, [&] {
     EliminaFile(FileDue(s));
     std::vector<Segmento> sg;
@@ -399,7 +391,7 @@ std::vector<Spezzata> LeggiDue(std::string_view testo) {
 
 void CalcolaContur(Sessione& s) {
   s.RoutineCorrente = "CalcolaContur";
-  CorreggiImpostazioni(s.Terreno);
+  CorreggiImpostazioniTerreno(s.Terreno);
   const auto byte = LeggiByte(FileDue(s));
   if (!byte) return;
   std::vector<Spezzata> spezzate;
@@ -612,6 +604,7 @@ void ColoraDaDialogo(Sessione& s) {
   t.ColoreCurvaSopra = InteroLungo(d->Numero("ColoreCurvaSopra"));
   t.ColoreCurvaSotto = InteroLungo(d->Numero("ColoreCurvaSotto"));
   t.ColoreCurvaBase = InteroLungo(d->Numero("ColoreCurvaBase"));
+  CorreggiImpostazioniTerreno(t);  // no colour below 1
   ChiudiDialogo(s, "FormColoraCurve");
   // The head and the closing row of each curve carry its colour.
   for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotCurve]); ++r)

@@ -9,7 +9,10 @@
 #include <numbers>
 
 #include "core/Dialoghi.h"
+#include "exchange/DxfScrittura.h"
 #include "support/ProvaComandi.h"
+#include "store/Carica.h"
+#include "store/Salvataggio.h"
 #include "support/Supporto.h"
 #include "terrain/Curve.h"
 #include "terrain/Falde.h"
@@ -19,6 +22,12 @@ namespace varena {
 namespace {
 
 using prova::LeggiFileProva;
+
+// The empty job with the terrain settings at their defaults: its hand-written `.CFG` holds 1 in every row.
+void ApriLavoroTerreno(prova::Banco& b) {
+  prova::ApriLavoroVuoto(b);
+  b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
+}
 
 // A live facet of three vertices.
 void Falda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3, double z3) {
@@ -55,7 +64,7 @@ TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
 TEST(Volumi, PiramideTotaliERapportoCsv) {
   prova::Banco b;
   Sessione& s = b.s;
-  prova::ApriLavoroVuoto(b);
+  ApriLavoroTerreno(b);
   // A pyramid 6 high on the square of side 4 centred at the origin, one facet a side.
   const double base[5][2] = {{-2, -2}, {2, -2}, {2, 2}, {-2, 2}, {-2, -2}};
   for (int k = 0; k < 4; ++k) Falda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
@@ -181,7 +190,7 @@ class Curve : public ::testing::Test {
  protected:
   prova::Banco b;
   Sessione& s = b.s;
-  void SetUp() override { prova::ApriLavoroVuoto(b); }
+  void SetUp() override { ApriLavoroTerreno(b); }
   std::string Due() const { return LeggiFileProva(s.NomeLavoro + ".DUE"); }
   // The polylines of the curve table: head height, colour and vertices.
   struct Curva {
@@ -265,6 +274,22 @@ TEST_F(Curve, SplineDaCentoPunti) {
     EXPECT_NEAR(c[1].X[k], static_cast<double>(k) / 99, 1e-12) << k;
     EXPECT_NEAR(c[1].Y[k], 3, 1e-12) << k;
   }
+  // Opened again, the job keeps the spline; without `.CUV`, the cubic from `.DUE`. A `.DUE` that
+  // cannot be read: the box, no curves, and the curves made next are saved.
+  ASSERT_TRUE(Salva(s));
+  VR_ApriLavoro(s);
+  EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 102);
+  const std::string cuv = s.NomeOriginale + ".CUV";
+  ASSERT_TRUE(std::filesystem::remove(cuv));
+  VR_ApriLavoro(s);
+  EXPECT_EQ(s.ContaEntita[SlotCurve], 2 * 13);
+  prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
+  VR_ApriLavoro(s);
+  EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
+  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  b.Script("TAG SPLINE_CURVE\nFIELD Metodo Bezier\nPRESS OK\n");
+  ASSERT_TRUE(Salva(s));
+  EXPECT_EQ(LeggiFileProva(cuv).size(), 2u * 102u * 17u);
   // A square round the ring: the closed cubic B-spline starts at (P3 + 4 P0 + P1) / 6 =
   // (1/6, 1/6), and bulges towards each side no farther than the middle of its span,
   // (P0 + 23 P1 + 23 P2 + P3) / 48: 1/24 from it.
@@ -382,10 +407,14 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.QuotaRiferimento = 2;
   s.Terreno.ColoreCurvaSotto = 12, s.Terreno.ColoreCurvaBase = 13;
-  s.Terreno.EtichetteCurve = true;
+  s.Terreno.EtichetteCurve = true, s.Terreno.AltezzaEtichettaCurve = 0.5, s.Terreno.DecimaliCurve = 2;
   b.Pronto(2, 2, 10);
   b.Script("TAG GENERA_CURVE\n");
   ASSERT_EQ(s.ContaEntita[SlotCurve], 26);
+  // In DXF, the label of the first curve with the job's height and decimals.
+  OpzioniDxfOut dxf;
+  dxf.Curve = true;
+  EXPECT_NE(TestoDxfOut(s, dxf).find(" 40 \r\n0.5\r\n 1 \r\n1.00\r\n"), std::string::npos);
   // Each curve: ten segments of kind 9 in its colour, and its height at its end.
   int segmenti[2] = {0, 0};
   std::vector<std::string> testi;
@@ -401,9 +430,10 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   }
   EXPECT_EQ(segmenti[0], 10);
   EXPECT_EQ(segmenti[1], 10);
-  EXPECT_EQ(testi, (std::vector<std::string>{"1", "2"}));
+  EXPECT_EQ(testi, (std::vector<std::string>{"1.00", "2.00"}));
 
-  b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nPRESS OK\n");
+  b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nFIELD ColoreCurvaSopra 0\nPRESS OK\n");
+  EXPECT_EQ(s.Terreno.ColoreCurvaSopra, 3);
   EXPECT_EQ(s.CurvaY[0], 4.0);
   EXPECT_EQ(s.CurvaY[12], 4.0);
   EXPECT_EQ(s.CurvaY[13], 6.0);
@@ -416,6 +446,38 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   EXPECT_EQ(s.LineaZ1[19], 2.0);
   b.Script("ANSWER yes\nTAG ELIMINA_CURVE_ESPLOSE\n");
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
+}
+
+auto Impostazioni(const Sessione& s) {
+  const StatoTerreno& t = s.Terreno;
+  return std::tuple(t.Equidistanza, s.QuotaRiferimento, t.CurvaRiferimento, t.LimiteDeviazione, t.PassoCurva,
+                    t.ColoreCurvaSopra, t.ColoreCurvaSotto, t.ColoreCurvaBase, t.AltezzaEtichettaCurve,
+                    t.DecimaliCurve, t.AltezzaNumero, t.AltezzaValori);
+}
+
+TEST(ImpostazioniTerreno, ColLavoroEUnCfgVecchioAlByte) {
+  prova::Banco b;
+  const std::string base = prova::CopiaEsempio(b.cartella / "lavori");
+  const std::string vecchio = LeggiFileProva(base + ".CFG");
+  b.s.NomeOriginale = base;
+  VR_ApriLavoro(b.s);
+  // The example was written before the settings had rows: they hold 0 and read as defaults.
+  EXPECT_EQ(Impostazioni(b.s), std::tuple(1.0, 0.0, int16_t{0}, 30.0, 1.0, 3, 5, 1, 1.0, 0, 1.0, 1.0));
+  ASSERT_TRUE(Salva(b.s));
+  EXPECT_EQ(LeggiFileProva(base + ".CFG"), vecchio);
+  b.Script("TAG IMPOSTAZIONI_TERRENO\nFIELD Equidistanza 2.5\nFIELD QuotaRiferimento 101.25\nFIELD CurvaRiferimento 1\n"
+           "FIELD LimiteDeviazione 45.5\nFIELD PassoCurva 2\nFIELD ColoreCurvaSopra 11\nFIELD ColoreCurvaSotto 12\n"
+           "FIELD ColoreCurvaBase 13\nFIELD AltezzaEtichettaCurve 0.75\nFIELD DecimaliCurve 2\nFIELD AltezzaNumero 1.5\n"
+           "FIELD AltezzaValori 0.5\nPRESS OK\n");
+  ASSERT_TRUE(Salva(b.s));
+  // Statements 137 to 151 of block A, as the README places the settings round the labelled ones.
+  EXPECT_NE(LeggiFileProva(base + ".CFG").find("\"\",\"\"\r\n\"\",1\r\n\"\",2.5\r\n\"\",101.25\r\n\"\",45.5,2\r\n"
+                                               "\"ColoreInvasoFalda\",0\r\n\"DimensioneQuotaCurve\",0.75\r\n"
+                                               "\"DimensioneAreaTriangoli\",0.5\r\n\"\",2\r\n\"\",0\r\n\"\",1.5\r\n\"\",11\r\n\"\",12\r\n\"\",13\r\n\"\",\"\"\r\n"),
+            std::string::npos);
+  b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
+  VR_ApriLavoro(b.s);
+  EXPECT_EQ(Impostazioni(b.s), std::tuple(2.5, 101.25, int16_t{1}, 45.5, 2.0, 11, 12, 13, 0.75, 2, 1.5, 0.5));
 }
 
 }  // namespace
