@@ -528,7 +528,7 @@ void RigeneraCurva(Sessione& s, int32_t riga) {
   for (int64_t k = riga; testa < 0 && k >= 0; --k)
     if (s.CurvaFlag[static_cast<size_t>(k)] == 2) testa = k;
   t.RigaCurvaVista = riga, t.TestaCurvaVista = testa;
-  if (testa < 0 || s.CurvaFlag[r] == 2) return;
+  if (!t.CurveAttive || testa < 0 || s.CurvaFlag[r] == 2) return;
   const auto h = static_cast<size_t>(testa);
   RecordDisegno b;
   b.Tipo = SlotCurve;

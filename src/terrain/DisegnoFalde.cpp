@@ -1,4 +1,4 @@
-// Each live, unfrozen facet is its three sides, kind 6 of the display list, with its number,
+// While the facets are switched on, each live, unfrozen facet is its three sides, kind 6 of the display list, with its number,
 // area, cut and fill beside it when the facet labels are on.
 #include "terrain/DisegnoFalde.h"
 
@@ -13,7 +13,7 @@ namespace varena {
 
 void RigeneraFalda(Sessione& s, int32_t riga) {
   const auto r = static_cast<size_t>(riga);
-  if (!IdentVivo(s.FaldaIdent[r]) || s.FaldaCongela[r] != 0) return;
+  if (!s.Terreno.FaldeAttive || !IdentVivo(s.FaldaIdent[r]) || s.FaldaCongela[r] != 0) return;
   RecordDisegno b;
   b.Tipo = SlotFalde;
   b.Riga = riga;

@@ -33,7 +33,8 @@ struct Impostazione {
   double (*Prendi)(const ValoriTerreno&);
   void (*Metti)(ValoriTerreno&, double);
 };
-// The switches of the labels belong to the display, not to the job's file.
+// The switches of the labels and of the facets and curves shown belong to the display, not
+// to the job's file.
 constexpr size_t kSoloDialogo = std::numeric_limits<size_t>::max();
 
 template <auto Campo>
@@ -78,6 +79,8 @@ const Impostazione kImpostazioni[] = {
     Voce<&S::EtichetteCurve>("EtichetteCurve", "Etichette curve :", kSoloDialogo, 0, true),
     Voce<&S::AltezzaEtichettaCurve>("AltezzaEtichettaCurve", "Altezza etichette curve :", 142),
     Voce<&S::DecimaliCurve>("DecimaliCurve", "Decimali curve :", 144),
+    Voce<&S::CurveAttive>("CurveAttive", "Curve attive :", kSoloDialogo, 0, true),
+    Voce<&S::FaldeAttive>("FaldeAttive", "Falde attive :", kSoloDialogo, 0, true),
     Voce<&S::EtichetteFalde>("EtichetteFalde", "Etichette falde :", kSoloDialogo, 0, true),
     Voce<&S::AltezzaNumero>("AltezzaNumero", "Altezza numero falde :", 146),
     Voce<&S::AltezzaValori>("AltezzaValori", "Altezza valori falde :", 143),
@@ -114,7 +117,7 @@ void SeNonPositivo(T& valore, T predefinito) {
 constexpr const char* kDialogo = "FormImpostazioniTerreno";
 
 // OK: the values typed, put back in range; the facets worked again against the reference
-// height, which their cut and fill depend on.
+// height, which their cut and fill depend on, and drawn again with the curves.
 void ImpostaDaDialogo(Sessione& s) {
   const Dialogo* d = TrovaDialogo(s, kDialogo);
   if (!d) return;
@@ -124,6 +127,9 @@ void ImpostaDaDialogo(Sessione& s) {
   ChiudiDialogo(s, kDialogo);
   Imposta(s, v);
   AggiornaFalde(s);
+  // The curves drawn again too: whether they show, their labels, the labels' height and
+  // decimals are all in this dialog.
+  SegnaModificato(s, SlotCurve);
   FineModifica(s);
 }
 

@@ -448,6 +448,29 @@ TEST_F(Curve, DisegnateColorateEsplose) {
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
 }
 
+// Switched off in the settings, facets and curves leave the drawing and their commands
+// refuse; switched on again, they come back.
+TEST_F(Curve, FaldeECurveSpenteEAccese) {
+  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  b.Pronto(2, 2, 10);
+  b.Script("TAG GENERA_CURVE\n");
+  auto disegnati = [&] {
+    std::pair<int, int> n{0, 0};
+    for (size_t k = 0; k < static_cast<size_t>(s.ListaDisegno.Conta()); ++k)
+      n.first += s.ListaDisegno.Tipo[k] == SlotFalde, n.second += s.ListaDisegno.Tipo[k] == SlotCurve;
+    return n;
+  };
+  EXPECT_EQ(disegnati(), std::pair(3, 20));
+  b.Script("TAG IMPOSTAZIONI_TERRENO\nFIELD FaldeAttive 0\nFIELD CurveAttive 0\nPRESS OK\n");
+  EXPECT_EQ(disegnati(), std::pair(0, 0));
+  b.Script("TAG COLORA_CURVE\n");
+  EXPECT_EQ(b.ui.UltimoMessaggio, "Curve NON Attive!");
+  b.Script("KEY ESC\nTAG INVERTI_FALDE\nCLICK left 1 1\n");
+  EXPECT_EQ(b.ui.UltimoMessaggio, "Falde NON Attive!");
+  b.Script("KEY ESC\nTAG IMPOSTAZIONI_TERRENO\nFIELD FaldeAttive 1\nFIELD CurveAttive 1\nPRESS OK\n");
+  EXPECT_EQ(disegnati(), std::pair(3, 20));
+}
+
 auto Impostazioni(const Sessione& s) {
   const StatoTerreno& t = s.Terreno;
   return std::tuple(t.Equidistanza, s.QuotaRiferimento, t.CurvaRiferimento, t.LimiteDeviazione, t.PassoCurva,
