@@ -133,7 +133,7 @@ constexpr IconaDiTag kIcone[] = {
     {"ELIMINA_LIVELLAZIONI", "elimina"}, {"ELIMINA_PV_PD", "elimina"},
     // Terrain
     {"INTERSECA_FALDE", "interseca-falde"}, {"CATTURA_SPEZZATA", "cattura-spezzata"},
-    {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
+    {"SELEZIONA_TRIANGOLA", "triangola"}, {"TRIANGOLA_AGGIUNGI", "triangola"}, {"TRIPF", "triangola-fiduciali"}, {"FALDE_DA_LINEE", "falde-da-linee"},
     {"AGGIUNGI_FALDE_DA_LINEE", "falde-da-linee"}, {"DEFINIZIONE_FALDA", "falde-da-linee"},
     {"INVERTI_FALDE", "interseca-falde"}, {"VOLUMI_FALDE", "volumi"}, {"GENERA_CURVE", "curve-livello"},
     {"SPLINE_CURVE", "curve-livello"}, {"COLORA_CURVE", "colore"}, {"IMPOSTAZIONI_TERRENO", "configurazione"},

@@ -62,7 +62,7 @@ void AzionePassoDimensioni(Sessione& s) {
 
 void AzioneSelezPunti(Sessione& s) {
   const std::string& tag = s.ComandoTag;
-  s.AzionePuntiInAttesa = tag == "INCOLLA_SIMBOLO" ? 118 : tag == "PUNTO_ELIMINA" ? 113 : 253;
+  s.AzionePuntiInAttesa = tag == "INCOLLA_SIMBOLO" ? 118 : tag == "PUNTO_ELIMINA" ? 113 : tag == "TRIANGOLA_AGGIUNGI" ? 254 : 253;
   ApriDialogoDiTabella(s, "SelezPunti");
 }
 

@@ -166,10 +166,11 @@ void EseguiSelezPunti(Sessione& s) {
     s.Ui->Messaggio("Attenzione!! Nessun Punto Selezionato", "Selezione Punti", Icona::Avviso);
     return;
   }
-  if (azione == 253) {
+  if (azione == 253 || azione == 254) {
     // The hand-off to the triangulator consumes the selection; the dialog's work is done.
+    // 254 keeps the facets there and adds the new ones.
     ChiudiSelezPunti(s);
-    if (!VR_TriangolaPunti(s, true)) Ridisegna(s);
+    if (!VR_TriangolaPunti(s, azione == 253)) Ridisegna(s);
     AzzeraSelezione(s);
     return;
   }

@@ -406,6 +406,7 @@ constexpr VoceComando kTabella[] = {
     Subito("INCOLLA_SIMBOLO", AzioneSelezPunti, {}, "Punto", "Incolla Simbolo"),
     Subito("PUNTO_ELIMINA", AzioneSelezPunti, {}, "Punto", "Elimina Punti"),
     Subito("SELEZIONA_TRIANGOLA", AzioneSelezPunti, {}, "Terreno", "Triangola Punti"),
+    Subito("TRIANGOLA_AGGIUNGI", AzioneSelezPunti, {}, "Terreno", "Triangola Punti Aggiungendo Falde"),
     Subito("TRIPF", AzioneTRIPF, {}, "Terreno", "Triangola Punti Fiduciali"),
     Subito("FALDE_DA_LINEE", AzioneFaldeDaLinee, {}, "Terreno", "Falde da Linee"),
     Subito("SEZIONI_APPLICA_DEFAULT", AzioneApplicaDefaultSezioni, {}, "Terreno", "Applica Default a tutte le Sezioni"),

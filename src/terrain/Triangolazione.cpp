@@ -234,7 +234,7 @@ std::vector<std::string> FormDSQ(Sessione& s) {
   return righe;
 }
 
-bool LeggiFaldeConsegna(Sessione& s) {
+bool LeggiFaldeConsegna(Sessione& s, bool aggiungi) {
   s.RoutineCorrente = "LeggiFaldeConsegna";
   // Raw storage: the facets of a large terrain are half a gigabyte, not worth zeroing first.
   const auto byte = LeggiDati(FileConsegna(s, kFileEquMesh));
@@ -246,12 +246,17 @@ bool LeggiFaldeConsegna(Sessione& s) {
     return false;
   }
   const auto n = static_cast<int64_t>(byte->Lunghezza / L);
-  s.ContaEntita[SlotFalde] = 0;
-  PreparaRighe(s, SlotFalde, n);
+  const int64_t prima = aggiungi ? std::max(s.ContaEntita[SlotFalde], 0) : 0;
+  if (prima + n > INT32_MAX) {
+    MostraErroreComune(s, kErroreIndice);
+    return false;
+  }
+  s.ContaEntita[SlotFalde] = static_cast<int32_t>(prima);
+  PreparaRighe(s, SlotFalde, prima + n);
   TabellaFalde& t = s;
-  DecodificaRecord(l, t, 0, byte->Byte.get(), n);
-  for (int64_t r = 0; r < n; ++r) s.StatoFalda[static_cast<size_t>(r)] = 0;
-  s.ContaEntita[SlotFalde] = static_cast<int32_t>(n);
+  DecodificaRecord(l, t, prima, byte->Byte.get(), n);
+  for (int64_t r = prima; r < prima + n; ++r) s.StatoFalda[static_cast<size_t>(r)] = 0;
+  s.ContaEntita[SlotFalde] = static_cast<int32_t>(prima + n);
   SegnaModificato(s, SlotFalde);
   return true;
 }
@@ -282,7 +287,7 @@ bool VR_TriangolaPunti(Sessione& s, bool daCapo) {
       s.Ui->Messaggio("Triangolazione non eseguita: " + perche, "Triangolazione", Icona::Avviso);
       return;
     }
-    letto = LeggiFaldeConsegna(s);
+    letto = LeggiFaldeConsegna(s, !daCapo);
   });
   if (!fatto || !letto) return false;
   AggiornaFalde(s);

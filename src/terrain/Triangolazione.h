@@ -29,13 +29,15 @@ std::vector<std::string> FormDSQ(Sessione& s);
 // into chains, as `FormDSQ` does it.
 std::vector<std::vector<int32_t>> UnisciCatene(std::vector<std::vector<int32_t>> voci);
 
-// Step 9: `provviso.EQU`, when present, replaces the facet table. A file that is not a whole
-// number of records goes to the error report and changes nothing. True when read.
-bool LeggiFaldeConsegna(Sessione& s);
+// Step 9: `provviso.EQU`, when present, replaces the facet table, or with `aggiungi` comes
+// after the facets there. A file that is not a whole number of records goes to the error
+// report and changes nothing. True when read.
+bool LeggiFaldeConsegna(Sessione& s, bool aggiungi = false);
 
-// The whole chain of the command that computes the facets: `anew` deletes an old answer
-// first. The triangulator is `varena-mesh`, started through the `Processi` port in the
-// program folder. True when new facets came back.
+// The whole chain of the commands that compute the facets: `daCapo` deletes an old answer
+// first and the new facets replace the old; otherwise they are added to the old ones (a
+// new piece of ground beside a model already made). The triangulator is `varena-mesh`,
+// started through the `Processi` port in the program folder. True when new facets came back.
 bool VR_TriangolaPunti(Sessione& s, bool daCapo);
 
 // The facet commands work only while the facets are shown; otherwise "Falde NON Attive!".

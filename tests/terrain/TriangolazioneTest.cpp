@@ -142,6 +142,15 @@ class Ritorno : public ::testing::Test {
   }
 };
 
+// The command that keeps the old facets puts the answer after them.
+TEST_F(Ritorno, LeFaldeDelTriangolatoreAggiunteAlleVecchie) {
+  Risponde(RecordFalda(0, 0, 0, 4, 0, 3, 0, 4, 3));
+  SelezionaTutti(s);
+  ASSERT_TRUE(VR_TriangolaPunti(s, false));
+  ASSERT_EQ(s.ContaEntita[SlotFalde], 2);
+  EXPECT_EQ(std::tuple(s.FaldaX2[0], s.FaldaX2[1], s.FaldaZ2[1]), std::tuple(1.0, 4.0, 3.0));
+}
+
 TEST_F(Ritorno, LeFaldeDelTriangolatoreSostituisconoLaTabella) {
   s.QuotaRiferimento = 2.5;
   // A zero-area answer vanishes on recomputation.
