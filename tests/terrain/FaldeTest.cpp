@@ -10,7 +10,7 @@
 
 #include "core/Dialoghi.h"
 #include "exchange/DxfScrittura.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "store/Carica.h"
 #include "store/Salvataggio.h"
 #include "support/Supporto.h"
@@ -41,13 +41,10 @@ void Falda(Sessione& s, double x1, double y1, double z1, double x2, double y2, d
 TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
   // Flat at the reference: nothing either way.
   ValoriFalda v = CalcolaFalda(0, 0, 2, 4, 0, 2, 0, 4, 2, 2, 1, 1);
-  EXPECT_EQ(v.Area, 8.0);
-  EXPECT_EQ(v.Sterro, 0.0);
-  EXPECT_EQ(v.Riporto, 0.0);
+  EXPECT_EQ(std::tie(v.Area, v.Sterro, v.Riporto), std::make_tuple(8.0, 0.0, 0.0));
   // Heights 1, 2, 3 with the reference at 2: the middle on the plane, the net prism (0) only.
   v = CalcolaFalda(0, 0, 1, 4, 0, 2, 0, 4, 3, 2, 1, 1);
-  EXPECT_EQ(v.Sterro, 0.0);
-  EXPECT_EQ(v.Riporto, 0.0);
+  EXPECT_EQ(std::tie(v.Sterro, v.Riporto), std::make_tuple(0.0, 0.0));
   // Only the top corner above 1: the triangle (0,4) (0,4/3) (8/3,4/3) of area 32/9, its
   // mean 2/3 above: cut 64/27, and fill the net prism (0) plus that cut.
   v = CalcolaFalda(0, 0, 0, 4, 0, 0, 0, 4, 3, 1, 1, 0.5);
@@ -71,10 +68,9 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
   // On the ground: the whole pyramid, 16 * 6 / 3, is cut.
   AggiornaFalde(s);
   TotaliVolumi t = SommaVolumi(s);
-  EXPECT_EQ(t.Falde, 4);
+  EXPECT_EQ(std::tie(t.Falde, t.Riporto), std::make_tuple(4, 0.0));
   EXPECT_NEAR(t.Area, 16.0, 1e-12);
   EXPECT_NEAR(t.Sterro, 32.0, 1e-12);
-  EXPECT_EQ(t.Riporto, 0.0);
   // At half height, from the dialog: the top pyramid (side 2, 3 high) is cut, 4; the fill is
   // the box of 16 * 3 less the pyramid's 32 - 4 below the plane: 20.
   b.Pronto(0, 0, 20);
@@ -82,10 +78,8 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
   EXPECT_EQ(s.QuotaRiferimento, 3.0);
   const Dialogo* d = TrovaDialogo(s, "VolumiFalde");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Valore("Falde"), "4");
-  EXPECT_EQ(d->Valore("Area"), "16.00");
-  EXPECT_EQ(d->Valore("Sterro"), "4.00");
-  EXPECT_EQ(d->Valore("Riporto"), "20.00");
+  EXPECT_EQ(std::make_tuple(d->Valore("Falde"), d->Valore("Area"), d->Valore("Sterro"), d->Valore("Riporto")),
+            std::make_tuple("4", "16.00", "4.00", "20.00"));
   const std::string csv = b.cartella.Percorso() + "/volumi.csv";
   EXPECT_EQ(b.Script("ANSWER " + csv + "\nPRESS SalvaCsv\n"),
             "> ANSWER " + csv + "\n> PRESS SalvaCsv\nFILE [Salva Volumi] -> " + csv +
@@ -99,22 +93,17 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
 TEST(CalcolaFalda, PuntoInternoConILati) {
   prova::SessioneProva p;
   Falda(p.s, 0, 0, 0, 4, 0, 0, 0, 4, 0);
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 1, 1));
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 2, 2));  // on the long side
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 2, 0));
-  EXPECT_FALSE(PuntoInternoFalda(p.s, 0, 2.1, 2.1));
-  EXPECT_FALSE(PuntoInternoFalda(p.s, 0, -0.5, 1));
+  // Inside, on the long side, on a short one; just past the long side, left of the short one.
+  const double xy[5][2] = {{1, 1}, {2, 2}, {2, 0}, {2.1, 2.1}, {-0.5, 1}};
+  for (int k = 0; k < 5; ++k) EXPECT_EQ(PuntoInternoFalda(p.s, 0, xy[k][0], xy[k][1]), k < 3) << k;
 }
 
 TEST(TRIPF, IPuntiFiducialiInFalde) {
   prova::Banco b;
-  // A square with a point inside: any triangulation is the fan of four about it.
-  prova::MettiPunto(b.s, "PF01", 0, 0, 1);
-  prova::MettiPunto(b.s, "PF02", 10, 0, 2);
-  prova::MettiPunto(b.s, "PF03", 10, 10, 3);
-  prova::MettiPunto(b.s, "PF04", 0, 10, 9999);  // no height: 0 in the facets
-  prova::MettiPunto(b.s, "PF05", 4, 5, 5);
-  prova::MettiPunto(b.s, "100", 2, 8, 7);  // not of the network: no facet is lost for it
+  // A square with a point inside: any triangulation is the fan of four about it. PF04 has no
+  // height (0 in the facets); 100 is not of the network: no facet is lost for it.
+  prova::MettiPunti(b.s, {{"PF01", 0, 0, 1}, {"PF02", 10, 0, 2}, {"PF03", 10, 10, 3}, {"PF04", 0, 10, 9999},
+                          {"PF05", 4, 5, 5}, {"100", 2, 8, 7}});
   b.Pronto(5, 5, 100);
   b.Script("TAG TRIPF\n");
   int vive = 0;
@@ -136,10 +125,7 @@ TEST(TRIPF, IPuntiFiducialiInFalde) {
 
 TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
   prova::Banco b;
-  prova::MettiPunto(b.s, "1", 0, 0, 1);
-  prova::MettiPunto(b.s, "2", 10, 0, 2);
-  prova::MettiPunto(b.s, "3", 0, 10, 3);
-  prova::MettiPunto(b.s, "4", 10, 10, 4);
+  prova::MettiPunti(b.s, {{"1", 0, 0, 1}, {"2", 10, 0, 2}, {"3", 0, 10, 3}, {"4", 10, 10, 4}});
   b.Pronto(5, 5, 100);
   b.Script("TAG DEFINIZIONE_FALDA\nCLICK left @1\nCLICK left @2\n");
   EXPECT_EQ(b.s.Prompt, "Definizione Falda - Terzo Punto:");
@@ -242,10 +228,7 @@ TEST_F(Curve, UnaFaldaTagliataAMano) {
   ASSERT_EQ(s.ContaEntita[SlotCurve], 26);
   const auto c = Tabella();
   ASSERT_EQ(c.size(), 2u);
-  EXPECT_EQ(c[0].Quota, 1.0);
-  EXPECT_EQ(c[0].Colore, 12.0);
-  EXPECT_EQ(c[1].Quota, 2.0);
-  EXPECT_EQ(c[1].Colore, 13.0);
+  EXPECT_EQ(std::make_tuple(c[0].Quota, c[0].Colore, c[1].Quota, c[1].Colore), std::make_tuple(1.0, 12.0, 2.0, 13.0));
   ASSERT_EQ(c[0].X.size(), 11u);
   for (size_t k = 0; k < 11; ++k) {
     EXPECT_NEAR(c[0].X[k], 0.3 * static_cast<double>(k), 1e-12) << k;
@@ -298,12 +281,8 @@ TEST_F(Curve, SplineDaCentoPunti) {
   std::vector<double> x, y;
   PuntiSpline(q, MetodoSpline::BSplineChiusa, 3, x, y);
   ASSERT_EQ(x.size(), 100u);
-  for (size_t k = 0; k < 100; ++k) {
-    EXPECT_GE(x[k], 1.0 / 24 - 1e-12);
-    EXPECT_LE(x[k], 23.0 / 24 + 1e-12);
-    EXPECT_GE(y[k], 1.0 / 24 - 1e-12);
-    EXPECT_LE(y[k], 23.0 / 24 + 1e-12);
-  }
+  for (size_t k = 0; k < 100; ++k)
+    for (double v : {x[k], y[k]}) EXPECT_TRUE(v >= 1.0 / 24 - 1e-12 && v <= 23.0 / 24 + 1e-12) << k << " " << v;
   EXPECT_NEAR(x[0], 1.0 / 6, 1e-12);  // at the start of the span from the corner (0, 0)
   EXPECT_NEAR(y[0], 1.0 / 6, 1e-12);
   EXPECT_NEAR(x[99], x[0], 1e-12);    // and back there at the end
@@ -428,22 +407,16 @@ TEST_F(Curve, DisegnateColorateEsplose) {
     ASSERT_TRUE(l.Colore[k] == 12 || l.Colore[k] == 13);
     ++segmenti[l.Colore[k] - 12];
   }
-  EXPECT_EQ(segmenti[0], 10);
-  EXPECT_EQ(segmenti[1], 10);
+  EXPECT_EQ(std::make_pair(segmenti[0], segmenti[1]), std::make_pair(10, 10));
   EXPECT_EQ(testi, (std::vector<std::string>{"1.00", "2.00"}));
 
   b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nFIELD ColoreCurvaSopra 0\nPRESS OK\n");
-  EXPECT_EQ(s.Terreno.ColoreCurvaSopra, 3);
-  EXPECT_EQ(s.CurvaY[0], 4.0);
-  EXPECT_EQ(s.CurvaY[12], 4.0);
-  EXPECT_EQ(s.CurvaY[13], 6.0);
+  EXPECT_EQ(std::make_tuple(s.Terreno.ColoreCurvaSopra, s.CurvaY[0], s.CurvaY[12], s.CurvaY[13]), std::make_tuple(3, 4.0, 4.0, 6.0));
 
   b.Script("ANSWER yes\nTAG ESPLODI_CURVE_LIVELLO\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 20);
-  EXPECT_EQ(s.LineaPiano[0], "CURVEESP");
-  EXPECT_EQ(s.LineaColore[0], 4);
-  EXPECT_EQ(s.LineaColore[19], 6);
-  EXPECT_EQ(s.LineaZ1[19], 2.0);
+  EXPECT_EQ(std::make_tuple(s.LineaPiano[0], s.LineaColore[0], s.LineaColore[19], s.LineaZ1[19]),
+            std::make_tuple("CURVEESP", 4, 6, 2.0));
   b.Script("ANSWER yes\nTAG ELIMINA_CURVE_ESPLOSE\n");
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
 }
