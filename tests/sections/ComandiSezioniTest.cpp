@@ -87,12 +87,9 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
             std::make_tuple("1", "S1-2", "3", 2));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 3);
   EXPECT_EQ(std::make_tuple(s.PuntoNome[2], s.PuntoX[2], s.PuntoZ[2]), std::make_tuple("S1-2", st[1].X, st[1].QuotaTerreno));
-  EXPECT_DOUBLE_EQ(st[0].QuotaTerreno, 103);
   // The shared side is crossed at t = 8/11 of the way: (670/11, 430/11), at 100 + 153/11.
-  EXPECT_DOUBLE_EQ(st[1].X, 670.0 / 11);
-  EXPECT_DOUBLE_EQ(st[1].Y, 430.0 / 11);
-  EXPECT_DOUBLE_EQ(st[1].QuotaTerreno, 100 + 153.0 / 11);
-  EXPECT_DOUBLE_EQ(st[2].QuotaTerreno, 118);
+  EXPECT_TRUE(Vicini({st[0].QuotaTerreno, st[1].X, st[1].Y, st[1].QuotaTerreno, st[2].QuotaTerreno},
+                     {103, 670.0 / 11, 430.0 / 11, 100 + 153.0 / 11, 118}, 1e-12));
 }
 
 // A section drawn on the sheet is reached by a click as any entity: the editing commands
@@ -155,8 +152,8 @@ TEST_F(SezioniBanco, ComandiSezioniSommaEDividi) {
   ui.Accoda("2");
   Script("KEY ESC\nTAG SEZIONI_DIVIDI\nCLICK left 5 5.5\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
-  EXPECT_EQ(s.SezioneDati[0].Stazioni, std::vector<StazioneSezione>(tutte.begin(), tutte.begin() + 2));
-  EXPECT_EQ(s.SezioneDati[2].Stazioni, std::vector<StazioneSezione>(tutte.begin() + 1, tutte.end()));
+  EXPECT_EQ(std::make_pair(s.SezioneDati[0].Stazioni, s.SezioneDati[2].Stazioni),
+            std::make_pair(std::vector(tutte.begin(), tutte.begin() + 2), std::vector(tutte.begin() + 1, tutte.end())));
 }
 
 // A section along lines that meet end to end, whatever their direction and order, with
@@ -197,8 +194,7 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   DueFalde(s);
   MettiPunti(s, {{"A", 10, 50, 0}, {"B", 90, 50, 0}});
   Pronto(50, 50, 400);
-  ui.Accoda("40");
-  ui.Accoda("20");
+  for (const char* r : {"40", "20"}) ui.Accoda(r);
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
   std::vector<std::vector<double>> quote;
@@ -212,8 +208,7 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   EXPECT_LT(s.SezioneBoxY2[1], s.SezioneBoxY1[0]);
   EXPECT_LT(s.SezioneBoxY2[2], s.SezioneBoxY1[1]);
   // A spacing that would make more than a thousand sections is refused.
-  ui.Accoda("0.07");
-  ui.Accoda("20");
+  for (const char* r : {"0.07", "20"}) ui.Accoda(r);
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
             std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
@@ -320,8 +315,7 @@ TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
   EXPECT_TRUE(Vicini(progetto(), {100, 100 - 1.0 / 6, 100 - 1.0 / 3, 99.5, 99.25}));
   const StazioneCliccata c = StazioneSulFoglio(s.SezioneDati[0], 39, 85);
   EXPECT_EQ(std::make_pair(c.Indice, c.Quota), std::make_pair(size_t{4}, 103.5));
-  ui.Accoda("98");
-  ui.Accoda("9");
+  for (const char* r : {"98", "9"}) ui.Accoda(r);
   Script("KEY ESC\nTAG SEZIONI_PROGETTO_PUNTO\nCLICK left 39 85\nKEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
             std::make_tuple("Punto fuori dalla sezione!", 98, passo + 3));
