@@ -88,13 +88,9 @@ TEST(DisegnoSezioni, ProfiloLongitudinaleDiCinquantaPunti) {
   const auto terr = d.Record("LONG_ProfRili", PrimLinea);
   ASSERT_EQ(terr.size(), 49u);
   const ElencoDisegno& l = d.s.ListaDisegno;
-  EXPECT_DOUBLE_EQ(l.X1[terr[0]], 5000);
-  EXPECT_DOUBLE_EQ(l.Y1[terr[0]], 7000 + 3100);
-  EXPECT_DOUBLE_EQ(l.X2[terr[48]], 5490);
-  EXPECT_DOUBLE_EQ(l.Y2[terr[48]], 7000 + 3222.5);
-  EXPECT_EQ(d.Record("LONG_ProfProg", PrimLinea).size(), 49u);
-  EXPECT_EQ(d.Record("LONG_Vertical", PrimLinea).size(), 50u);
-  EXPECT_EQ(d.Record("LONG_CORNICE", PrimLinea).size(), 4u);
+  EXPECT_TRUE(prova::Vicini({l.X1[terr[0]], l.Y1[terr[0]], l.X2[terr[48]], l.Y2[terr[48]]}, {5000, 7000 + 3100, 5490, 7000 + 3222.5}));
+  EXPECT_EQ(std::make_tuple(d.Record("LONG_ProfProg", PrimLinea).size(), d.Record("LONG_Vertical", PrimLinea).size(),
+                            d.Record("LONG_CORNICE", PrimLinea).size()), std::make_tuple(49u, 50u, 4u));
   d.CorniceRacchiude(riga);
   EXPECT_TRUE(d.p.ui.Messaggi.empty());
 }
@@ -159,13 +155,12 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
   ASSERT_EQ(rosse.size(), 12u);
   // Stations 5 and 6 stand at one place, at progressive 47.5: the first label moves right by
   // 1.3 heights. Heights below the datum (98.5 under 100) fall below the datum line.
-  EXPECT_DOUBLE_EQ(l.X1[rosse[5]], 47.5 - 0.4 + 0.52);
-  EXPECT_DOUBLE_EQ(l.X1[rosse[6]], 47.5 - 0.4);
-  EXPECT_DOUBLE_EQ(l.Y1[rosse[3]], -1.0 + 0.12);  // project 99 over terrain 98.5
-  EXPECT_DOUBLE_EQ(l.Rotazione[rosse[3]], 100);
+  // The red height of station 3 (project 99 over terrain 98.5) upright under the datum; the
+  // vertical of station 8 up to its terrain, over a lower project.
   const auto verticali = d.Record("TRAS_Vertical", PrimLinea);
   ASSERT_EQ(verticali.size(), 12u);
-  EXPECT_DOUBLE_EQ(l.Y1[verticali[8]], 0.75);  // terrain over a lower project
+  EXPECT_TRUE(prova::Vicini({l.X1[rosse[5]], l.X1[rosse[6]], l.Y1[rosse[3]], l.Rotazione[rosse[3]], l.Y1[verticali[8]]},
+                            {47.5 - 0.4 + 0.52, 47.5 - 0.4, -1.0 + 0.12, 100, 0.75}));
   d.CorniceRacchiude(riga);
 }
 
