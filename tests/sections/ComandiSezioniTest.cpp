@@ -5,6 +5,7 @@
 #include "sections/ComandiSezioni.h"
 #include "cadastre/ContornoSette.h"
 #include "commands/Attese.h"
+#include "support/ProvaFalde.h"
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
 #include "sections/ImpaginaSezioni.h"
@@ -31,16 +32,6 @@ struct SezioniBanco : BancoProva {
     return s.SezioneDati[static_cast<size_t>(AggiungiSezione(s, z))];
   }
 };
-
-void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
-                double z3) {
-  DimensionaFalde(s);
-  const auto r = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
-  s.FaldaIdent[r] = 0;
-  s.FaldaX1[r] = x1, s.FaldaY1[r] = y1, s.FaldaZ1[r] = z1;
-  s.FaldaX2[r] = x2, s.FaldaY2[r] = y2, s.FaldaZ2[r] = z2;
-  s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
-}
 
 // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
 void DueFalde(Sessione& s) {

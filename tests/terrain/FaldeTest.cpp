@@ -13,6 +13,7 @@
 #include "commands/Attese.h"
 #include "store/Carica.h"
 #include "store/Salvataggio.h"
+#include "support/ProvaFalde.h"
 #include "support/Supporto.h"
 #include "terrain/Curve.h"
 #include "terrain/Falde.h"
@@ -22,20 +23,12 @@ namespace varena {
 namespace {
 
 using prova::LeggiFileProva;
+using prova::MettiFalda;
 
 // The empty job with the terrain settings at their defaults: its hand-written `.CFG` holds 1 in every row.
 void ApriLavoroTerreno(prova::Banco& b) {
   prova::ApriLavoroVuoto(b);
   b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
-}
-
-// A live facet of three vertices.
-void Falda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3, double z3) {
-  DimensionaFalde(s);
-  const auto r = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
-  s.FaldaIdent[r] = 0;
-  s.FaldaX1[r] = x1, s.FaldaY1[r] = y1, s.FaldaZ1[r] = z1, s.FaldaX2[r] = x2, s.FaldaY2[r] = y2, s.FaldaZ2[r] = z2;
-  s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
 }
 
 TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
@@ -64,7 +57,7 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
   ApriLavoroTerreno(b);
   // A pyramid 6 high on the square of side 4 centred at the origin, one facet a side.
   const double base[5][2] = {{-2, -2}, {2, -2}, {2, 2}, {-2, 2}, {-2, -2}};
-  for (int k = 0; k < 4; ++k) Falda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
+  for (int k = 0; k < 4; ++k) MettiFalda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
   // On the ground: the whole pyramid, 16 * 6 / 3, is cut.
   AggiornaFalde(s);
   TotaliVolumi t = SommaVolumi(s);
@@ -92,7 +85,7 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
 
 TEST(CalcolaFalda, PuntoInternoConILati) {
   prova::SessioneProva p;
-  Falda(p.s, 0, 0, 0, 4, 0, 0, 0, 4, 0);
+  MettiFalda(p.s, 0, 0, 0, 4, 0, 0, 0, 4, 0);
   // Inside, on the long side, on a short one; just past the long side, left of the short one.
   const double xy[5][2] = {{1, 1}, {2, 2}, {2, 0}, {2.1, 2.1}, {-0.5, 1}};
   for (int k = 0; k < 5; ++k) EXPECT_EQ(PuntoInternoFalda(p.s, 0, xy[k][0], xy[k][1]), k < 3) << k;
@@ -149,9 +142,9 @@ TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
 TEST(InvertiFalde, LaDiagonaleComuneCambia) {
   prova::Banco b;
   // A square split along (10,0)-(0,10), and a facet apart.
-  Falda(b.s, 0, 0, 0, 10, 0, 0, 0, 10, 7);
-  Falda(b.s, 10, 0.00005, 0, 10, 10, 0, 0, 10, 7);
-  Falda(b.s, 20, 0, 0, 30, 0, 0, 20, 10, 7);
+  MettiFalda(b.s, 0, 0, 0, 10, 0, 0, 0, 10, 7);
+  MettiFalda(b.s, 10, 0.00005, 0, 10, 10, 0, 0, 10, 7);
+  MettiFalda(b.s, 20, 0, 0, 30, 0, 0, 20, 10, 7);
   b.Pronto(5, 5, 100);
   b.Script("TAG INVERTI_FALDE\nCLICK left 2 2\n");
   EXPECT_EQ(b.s.Prompt, "Inverti Falde - Seconda Falda:");
@@ -200,7 +193,7 @@ class Curve : public ::testing::Test {
 TEST_F(Curve, UnaFaldaTagliataAMano) {
   // Heights 0.5, 0.5, 2.5: levels 1 and 2 cross the upper part, a quarter and three quarters
   // up the sides from the low edge: (0,1)-(3,1) and (0,3)-(1,3).
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   ASSERT_TRUE(GeneraSpezzate(s));
   EXPECT_EQ(Due(), "1\r\n2\r\n0,1\r\n3,1\r\n2\r\n2\r\n0,3\r\n1,3\r\n");
   // The level at the reference height carries the sentinel; with the reference curve asked
@@ -245,7 +238,7 @@ TEST_F(Curve, UnaFaldaTagliataAMano) {
 }
 
 TEST_F(Curve, SplineDaCentoPunti) {
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   b.Pronto(2, 2, 10);
   b.Script("TAG SPLINE_CURVE\nFIELD Equidistanza 1\nFIELD Metodo Bezier\nPRESS OK\n");
   // Each straight cut as 100 points evenly along it, between its head and closing rows.
@@ -269,7 +262,7 @@ TEST_F(Curve, SplineDaCentoPunti) {
   prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
   VR_ApriLavoro(s);
   EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   b.Script("TAG SPLINE_CURVE\nFIELD Metodo Bezier\nPRESS OK\n");
   ASSERT_TRUE(Salva(s));
   EXPECT_EQ(LeggiFileProva(cuv).size(), 2u * 102u * 17u);
@@ -294,8 +287,8 @@ TEST_F(Curve, IlPianoDaRetteAlPostoGiusto) {
   for (int i = 0; i < 5; ++i)
     for (int j = 0; j < 5; ++j) {
       const double x0 = 2 * i, y0 = 2 * j, x1 = x0 + 2, y1 = y0 + 2;
-      Falda(s, x0, y0, x0 + 0.5, x1, y0, x1 + 0.5, x1, y1, x1 + 0.5);
-      Falda(s, x0, y0, x0 + 0.5, x1, y1, x1 + 0.5, x0, y1, x0 + 0.5);
+      MettiFalda(s, x0, y0, x0 + 0.5, x1, y0, x1 + 0.5, x1, y1, x1 + 0.5);
+      MettiFalda(s, x0, y0, x0 + 0.5, x1, y1, x1 + 0.5, x0, y1, x0 + 0.5);
     }
   ASSERT_TRUE(GeneraSpezzate(s));
   const auto spezzate = LeggiDue(Due());
@@ -322,8 +315,8 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
     for (int j = 0; j < n; ++j) {
       double x[4], y[4], z[4];
       p(i, j, x[0], y[0], z[0]), p(i + 1, j, x[1], y[1], z[1]), p(i + 1, j + 1, x[2], y[2], z[2]), p(i, j + 1, x[3], y[3], z[3]);
-      Falda(s, x[0], y[0], z[0], x[1], y[1], z[1], x[2], y[2], z[2]);
-      if (i > 0) Falda(s, x[0], y[0], z[0], x[2], y[2], z[2], x[3], y[3], z[3]);
+      MettiFalda(s, x[0], y[0], z[0], x[1], y[1], z[1], x[2], y[2], z[2]);
+      if (i > 0) MettiFalda(s, x[0], y[0], z[0], x[2], y[2], z[2], x[3], y[3], z[3]);
     }
   ASSERT_TRUE(GeneraSpezzate(s));
   const auto spezzate = LeggiDue(Due());
@@ -350,7 +343,7 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
 TEST_F(Curve, NienteFaldeEFileDueGuasti) {
   EXPECT_EQ(b.Script("TAG GENERA_CURVE\n"),
             "> TAG GENERA_CURVE\nMESSAGGIO [Impossibile generare curve livello] Nessuna Falda nel disegno!!!\n");
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.FaldaCongela[0] = 1;
   EXPECT_FALSE(GeneraSpezzate(s));
   EXPECT_EQ(b.ui.UltimoMessaggio, "Tutte le falde congelate!!!");
@@ -383,7 +376,7 @@ TEST_F(Curve, NienteFaldeEFileDueGuasti) {
 }
 
 TEST_F(Curve, DisegnateColorateEsplose) {
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.QuotaRiferimento = 2;
   s.Terreno.ColoreCurvaSotto = 12, s.Terreno.ColoreCurvaBase = 13;
   s.Terreno.EtichetteCurve = true, s.Terreno.AltezzaEtichettaCurve = 0.5, s.Terreno.DecimaliCurve = 2;
