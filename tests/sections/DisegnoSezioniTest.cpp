@@ -21,10 +21,8 @@ struct Disegno {
   // The texts of one layer, in the order drawn, without the row's title.
   std::vector<std::string> Testi(const std::string& piano, const std::string& titolo = "") const {
     std::vector<std::string> t;
-    const ElencoDisegno& l = s.ListaDisegno;
-    for (int64_t i = 0; i < l.Conta(); ++i)
-      if (l.Primitiva[static_cast<size_t>(i)] == PrimTesto && l.Piano(i) == piano && l.Testo(i) != titolo)
-        t.push_back(l.Testo(i));
+    for (size_t i : Record(piano, PrimTesto))
+      if (s.ListaDisegno.Testo(static_cast<int64_t>(i)) != titolo) t.push_back(s.ListaDisegno.Testo(static_cast<int64_t>(i)));
     return t;
   }
   std::vector<size_t> Record(const std::string& piano, uint8_t primitiva) const {

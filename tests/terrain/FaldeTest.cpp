@@ -153,10 +153,10 @@ TEST(InvertiFalde, LaDiagonaleComuneCambia) {
     return std::vector<double>{b.s.FaldaX1[r], b.s.FaldaY1[r], b.s.FaldaX2[r], b.s.FaldaY2[r], b.s.FaldaX3[r], b.s.FaldaY3[r]};
   };
   // Now along (0,0)-(10,10): each keeps one end of the old side.
-  EXPECT_EQ(vertici(0), (std::vector<double>{0, 0, 10, 0, 10, 10}));
-  EXPECT_EQ(vertici(1), (std::vector<double>{10, 10, 0, 10, 0, 0}));
-  EXPECT_EQ(b.s.FaldaZ2[1], 7.0);  // the vertex keeps its height
-  EXPECT_EQ(b.s.FaldaAreaDiBase[0] + b.s.FaldaAreaDiBase[1], 100.0);
+  EXPECT_EQ(std::make_pair(vertici(0), vertici(1)),
+            std::make_pair(std::vector<double>{0, 0, 10, 0, 10, 10}, std::vector<double>{10, 10, 0, 10, 0, 0}));
+  // The vertex keeps its height.
+  EXPECT_EQ(std::make_pair(b.s.FaldaZ2[1], b.s.FaldaAreaDiBase[0] + b.s.FaldaAreaDiBase[1]), std::make_pair(7.0, 100.0));
   EXPECT_EQ(b.s.Prompt, "Inverti Falde - Prima Falda:");
   // Not neighbours: said, and nothing changes.
   EXPECT_EQ(b.Script("CLICK left 2 2\nCLICK left 22 2\n"), 
@@ -222,11 +222,8 @@ TEST_F(Curve, UnaFaldaTagliataAMano) {
   const auto c = Tabella();
   ASSERT_EQ(c.size(), 2u);
   EXPECT_EQ(std::make_tuple(c[0].Quota, c[0].Colore, c[1].Quota, c[1].Colore), std::make_tuple(1.0, 12.0, 2.0, 13.0));
-  ASSERT_EQ(c[0].X.size(), 11u);
-  for (size_t k = 0; k < 11; ++k) {
-    EXPECT_NEAR(c[0].X[k], 0.3 * static_cast<double>(k), 1e-12) << k;
-    EXPECT_NEAR(c[0].Y[k], 1.0, 1e-12) << k;
-  }
+  EXPECT_TRUE(prova::Vicini(c[0].X, {0, 0.3, 0.6, 0.9, 1.2, 1.5, 1.8, 2.1, 2.4, 2.7, 3}, 1e-12));
+  EXPECT_TRUE(prova::Vicini(c[0].Y, std::vector<double>(11, 1.0), 1e-12));
   // A step of 3 keeps the points 1, 4, 7 and 10 of the span; one below 1 is 1.
   s.Terreno.PassoCurva = 3;
   CalcolaContur(s);
@@ -245,11 +242,10 @@ TEST_F(Curve, SplineDaCentoPunti) {
   ASSERT_EQ(s.ContaEntita[SlotCurve], 2 * 102);
   const auto c = Tabella();
   ASSERT_EQ(c.size(), 2u);
-  ASSERT_EQ(c[1].X.size(), 100u);
-  for (size_t k = 0; k < 100; ++k) {
-    EXPECT_NEAR(c[1].X[k], static_cast<double>(k) / 99, 1e-12) << k;
-    EXPECT_NEAR(c[1].Y[k], 3, 1e-12) << k;
-  }
+  std::vector<double> passi(100);
+  for (size_t k = 0; k < 100; ++k) passi[k] = static_cast<double>(k) / 99;
+  EXPECT_TRUE(prova::Vicini(c[1].X, passi, 1e-12));
+  EXPECT_TRUE(prova::Vicini(c[1].Y, std::vector<double>(100, 3.0), 1e-12));
   // Opened again, the job keeps the spline; without `.CUV`, the cubic from `.DUE`. A `.DUE` that
   // cannot be read: the box, no curves, and the curves made next are saved.
   ASSERT_TRUE(Salva(s));
