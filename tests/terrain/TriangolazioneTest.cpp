@@ -148,8 +148,7 @@ TEST_F(Ritorno, LeFaldeDelTriangolatoreSostituisconoLaTabella) {
   Triangola(true);
   EXPECT_EQ(proc.Chiamate, (std::vector<std::string>{"varena-mesh 0 " + s.CartellaProgramma}));
   ASSERT_EQ(s.ContaEntita[SlotFalde], 2);
-  EXPECT_EQ(s.FaldaIdent[0], 0);
-  EXPECT_EQ(s.FaldaIdent[1], -1);
+  EXPECT_EQ(std::tuple(s.FaldaIdent[0], s.FaldaIdent[1]), std::tuple(0, -1));
   // Drawn: three sides of kind 6, and with the labels on, four texts. By hand: area 8, prism
   // (2 - 2.5) * 8; the corner below 2.5 is the triangle of legs 10/3: fill 250/54, cut 4 more.
   EXPECT_EQ(prova::InLista(s, SlotFalde), 3);
@@ -167,8 +166,7 @@ TEST_F(Ritorno, SenzaRispostaLeFaldeRestano) {
   proc.Risposta = [] { return std::nullopt; };
   Triangola(false);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
-  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+  EXPECT_EQ(std::make_pair(s.ContaEntita[SlotFalde], s.FaldaX2[0]), std::make_pair(1, 1.0));
 
   // Failed: its reason is shown.
   Risponde({}, 1);
@@ -182,8 +180,7 @@ TEST_F(Ritorno, SenzaRispostaLeFaldeRestano) {
   Triangola(false);
   ASSERT_EQ(p.ui.Messaggi.size(), 2u);
   EXPECT_EQ(p.ui.Messaggi[1].Testo, TestoErroreComune(kErroreFineFile, "LeggiFaldeConsegna"));
-  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
-  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+  EXPECT_EQ(std::make_pair(s.ContaEntita[SlotFalde], s.FaldaX2[0]), std::make_pair(1, 1.0));
 
   // The facets switched off: the command refuses.
   s.Terreno.FaldeAttive = false;
