@@ -49,9 +49,8 @@ TEST(FileSezioni, IlMembroScrittoAManoSiLeggeESiRiscriveUgualeByteAByte) {
             std::make_tuple("ASSE 1", 1000, 1000, 95.5));
   EXPECT_EQ(std::tie(z[0].Cfg.NomeBase, z[0].Cfg.NomiPunti.Titolo, z[0].Cfg.QuoteTerreno.AltezzaFincatura),
             std::make_tuple("STRADA", "Picchetti", 10));
-  EXPECT_EQ(std::tie(z[0].Cfg.QuoteProgetto.Titolo, z[0].Cfg.DecimaliParziali), std::make_tuple("Quote Progetto", 2));
-  EXPECT_EQ(z[0].Cfg.NomiPunti.OrientamentoVerticale, 0);
-  EXPECT_EQ(z[0].Cfg.QuoteTerreno.OrientamentoVerticale, 1);
+  EXPECT_EQ(std::tie(z[0].Cfg.QuoteProgetto.Titolo, z[0].Cfg.DecimaliParziali, z[0].Cfg.NomiPunti.OrientamentoVerticale,
+                     z[0].Cfg.QuoteTerreno.OrientamentoVerticale), std::make_tuple("Quote Progetto", 2, 0, 1));
   ASSERT_EQ(z[0].Stazioni.size(), 3u);
   EXPECT_EQ(std::tie(z[0].Stazioni[2].Nome, z[0].Stazioni[1].QuotaTerreno, z[0].Stazioni[1].QuotaProgetto),
             std::make_tuple("P3 è", 102, 101.5));
