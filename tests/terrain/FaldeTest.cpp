@@ -1,7 +1,7 @@
 // One facet's cut and fill against the reference height, worked by hand, the test of a point
 // inside a facet, and the commands on facets. Contour lines: the cuts of the facets worked by
-// hand, a plane's contours straight at their places, a cone's circles within the chord error,
-// the smoothing, the drawing and the commands on the curves.
+// hand, a cone's circles within the chord error, the smoothing, the drawing and the commands
+// on the curves.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -277,27 +277,6 @@ TEST_F(Curve, SplineDaCentoPunti) {
   EXPECT_NEAR(x[99], x[0], 1e-12);    // and back there at the end
 }
 
-TEST_F(Curve, IlPianoDaRetteAlPostoGiusto) {
-  // z = x + 0.5 over a 10 by 10 square of 25 cells, two facets each: the contour of level k
-  // is the segment x = k - 0.5 from the bottom side to the top one, one polyline each.
-  for (int i = 0; i < 5; ++i)
-    for (int j = 0; j < 5; ++j) {
-      const double x0 = 2 * i, y0 = 2 * j, x1 = x0 + 2, y1 = y0 + 2;
-      MettiFalda(s, x0, y0, x0 + 0.5, x1, y0, x1 + 0.5, x1, y1, x1 + 0.5);
-      MettiFalda(s, x0, y0, x0 + 0.5, x1, y1, x1 + 0.5, x0, y1, x0 + 0.5);
-    }
-  ASSERT_TRUE(GeneraSpezzate(s));
-  const auto spezzate = LeggiDue(Due());
-  ASSERT_EQ(spezzate.size(), 10u);
-  for (const Spezzata& p : spezzate) {
-    ASSERT_GE(p.X.size(), 2u);
-    for (double x : p.X) EXPECT_NEAR(x, p.Quota - 0.5, 1e-9) << p.Quota;
-    EXPECT_NEAR(std::min(p.Y.front(), p.Y.back()), 0.0, 1e-9);
-    EXPECT_NEAR(std::max(p.Y.front(), p.Y.back()), 10.0, 1e-9);
-    for (size_t k = 1; k < p.Y.size(); ++k) EXPECT_GT(std::fabs(p.Y[k] - p.Y[k - 1]), 0.0);  // no stray vertex
-  }
-}
-
 TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
   // z = 10.5 - r on rings 1 m apart and 64 directions: the contour of level h is the circle
   // of radius 10.5 - h, its vertices on the chords of the facets: no farther in than
@@ -326,6 +305,10 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
       const double d = std::hypot(c.X[k], c.Y[k]);
       EXPECT_LE(d, r + 1e-9);
       EXPECT_GE(d, r * (1 - corda) - 1e-9);
+      // The pieces of neighbouring facets meet at their shared side: no vertex twice.
+      if (k > 0) {
+        EXPECT_GT(std::hypot(c.X[k] - c.X[k - 1], c.Y[k] - c.Y[k - 1]), 0.0) << k;
+      }
     }
   }
   // Smoothed, the curves stay on their circles as closely.
