@@ -5,6 +5,7 @@
 #include "sections/ComandiSezioni.h"
 #include "cadastre/ContornoSette.h"
 #include "commands/Attese.h"
+#include "support/ProvaFalde.h"
 #include "core/ImpostazioniUtente.h"
 #include "sections/FileSezioni.h"
 #include "sections/ImpaginaSezioni.h"
@@ -18,17 +19,19 @@ namespace {
 
 using namespace prova;
 
-struct SezioniBanco : BancoProva {};
-
-void MettiFalda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
-                double z3) {
-  DimensionaFalde(s);
-  const auto r = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
-  s.FaldaIdent[r] = 0;
-  s.FaldaX1[r] = x1, s.FaldaY1[r] = y1, s.FaldaZ1[r] = z1;
-  s.FaldaX2[r] = x2, s.FaldaY2[r] = y2, s.FaldaZ2[r] = z2;
-  s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
-}
+// Every case starts from the empty job.
+struct SezioniBanco : BancoProva {
+  void SetUp() override { ApriLavoroVuoto(*this); }
+  // A section of the default layout on these stations, heights drawn at the scale of lengths
+  // unless `piana` is false.
+  Sezione& Aggiungi(const std::vector<StazioneSezione>& stazioni, double origineY = 0, bool piana = true) {
+    Sezione z;
+    z.Cfg = ConfigurazioneIniziale();
+    if (piana) z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
+    z.Stazioni = stazioni, z.OrigineY = origineY;
+    return s.SezioneDati[static_cast<size_t>(AggiungiSezione(s, z))];
+  }
+};
 
 // Two facets of one plane, z = 100 + x/10 + y/5, sharing the side x + y = 100.
 void DueFalde(Sessione& s) {
@@ -37,7 +40,6 @@ void DueFalde(Sessione& s) {
 }
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
-  ApriLavoroVuoto(*this);
   MettiPunti(s, {{"1", 0, 0, 10}, {"2", 30, 40, 12}, {"3", 30, 60, 11}});
   Pronto(0, 0, 400);
   Script("TAG SEZIONI_QUOTA_PROGETTO\nCLICK left 0 0\n");
@@ -51,9 +53,7 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
   // The datum a metre under the lowest ground, the sheet beside the points: 4 cm of paper
   // at 1:200 to the right of the easternmost and under the southernmost.
   EXPECT_EQ(std::tie(z.Cfg.QuotaRiferimento, z.OrigineX, z.OrigineY), std::make_tuple(9, 30 + 32, 0 - 32));
-  int64_t records = 0;
-  for (int64_t i = 0; i < s.ListaDisegno.Conta(); ++i) records += s.ListaDisegno.Tipo[static_cast<size_t>(i)] == SlotSezioni;
-  EXPECT_GT(records, 30);
+  EXPECT_GT(InLista(s, SlotSezioni), 30);
 
   // The first station's vertical stands at the origin, up to the ground at 10: ten times
   // a metre over the datum.
@@ -64,7 +64,6 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneDaiPuntiPresiEQuotaDiProgetto) {
 }
 
 TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
-  ApriLavoroVuoto(*this);
   DueFalde(s);
   MettiPunti(s, {{"A", 10, 10, 0}, {"B", 80, 50, 0}});
   Pronto(50, 50, 400);
@@ -79,27 +78,18 @@ TEST_F(SezioniBanco, ComandiSezioniSezioneAttraversoLeFalde) {
             std::make_tuple("1", "S1-2", "3", 2));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 3);
   EXPECT_EQ(std::make_tuple(s.PuntoNome[2], s.PuntoX[2], s.PuntoZ[2]), std::make_tuple("S1-2", st[1].X, st[1].QuotaTerreno));
-  EXPECT_DOUBLE_EQ(st[0].QuotaTerreno, 103);
   // The shared side is crossed at t = 8/11 of the way: (670/11, 430/11), at 100 + 153/11.
-  EXPECT_DOUBLE_EQ(st[1].X, 670.0 / 11);
-  EXPECT_DOUBLE_EQ(st[1].Y, 430.0 / 11);
-  EXPECT_DOUBLE_EQ(st[1].QuotaTerreno, 100 + 153.0 / 11);
-  EXPECT_DOUBLE_EQ(st[2].QuotaTerreno, 118);
+  EXPECT_TRUE(Vicini({st[0].QuotaTerreno, st[1].X, st[1].Y, st[1].QuotaTerreno, st[2].QuotaTerreno},
+                     {103, 670.0 / 11, 430.0 / 11, 100 + 153.0 / 11, 118}, 1e-12));
 }
 
 // A section drawn on the sheet is reached by a click as any entity: the editing commands
 // select it, move it by its origin, delete it; its own commands find its row, not the
 // record of the drawing under the pointer.
 TEST_F(SezioniBanco, ComandiSezioniUnaSezioneSulFoglioSiPrendeColClic) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Cfg.QuotaRiferimento = 0;
-  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
-  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
-  AggiungiSezione(s, z);  // its terrain from (0, 5) to (30, 5)
-  z.OrigineY = -100;
-  AggiungiSezione(s, z);  // from (0, -95) to (30, -95)
+  // Over the datum at 0: their terrain from (0, 5) to (30, 5) and from (0, -95) to (30, -95).
+  const std::vector<StazioneSezione> st = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
+  for (double y : {0, -100}) Aggiungi(st, y).Cfg.QuotaRiferimento = 0;
   Pronto(15, -50, 200);
   Script("TAG CAMBIA_SPOSTA\nPRESS Singola\nCLICK left 15 -94\nKEY ESC\nPRESS OK\nCLICK left 0 0\nCLICK left 100 50\n");
   EXPECT_EQ(std::make_tuple(s.SezioneDati[0].OrigineX, s.SezioneDati[1].OrigineX, s.SezioneDati[1].OrigineY),
@@ -116,12 +106,7 @@ TEST_F(SezioniBanco, ComandiSezioniUnaSezioneSulFoglioSiPrendeColClic) {
 // The stations edited one at a time and the layout through its dialog, kept in a file of
 // the user's and read back the same.
 TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
-  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}};
-  AggiungiSezione(s, z);
+  Aggiungi({{"A", 0, 0, 5, 5}, {"B", 30, 0, 5, 5}});
   Pronto(15, 0, 100);
   Script("TAG SEZIONI_EDITA_PUNTI\nCLICK left 15 5\nPRESS EditaPunti.Successivo\n");
   EXPECT_EQ(TrovaDialogo(s, "EditaPunti")->Valore("Nome"), "B");
@@ -148,31 +133,23 @@ TEST_F(SezioniBanco, ComandiSezioniEditaPuntiEConfiguraSezioni) {
 // Two sections summed end to end, the station they share taken once; then one divided at a
 // station, which both parts keep.
 TEST_F(SezioniBanco, ComandiSezioniSommaEDividi) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
-  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}};
-  AggiungiSezione(s, z);  // terrain at y 5 to 7 over x 0 to 20
-  z.Stazioni = {{"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
-  z.OrigineY = -100;
-  AggiungiSezione(s, z);  // terrain at y -93 to -92
-  Pronto(15, -50, 200);
-  Script("TAG SEZIONI_SOMMA\nCLICK left 5 5.5\nCLICK left 5 -92.5\n");
   const std::vector<StazioneSezione> tutte = {
       {"A", 0, 0, 5, 5}, {"B", 10, 0, 6, 6}, {"C", 20, 0, 7, 7}, {"D", 30, 0, 8, 8}};
+  Aggiungi({tutte.begin(), tutte.begin() + 3});  // terrain at y 5 to 7 over x 0 to 20
+  Aggiungi({tutte.begin() + 2, tutte.end()}, -100);  // terrain at y -93 to -92
+  Pronto(15, -50, 200);
+  Script("TAG SEZIONI_SOMMA\nCLICK left 5 5.5\nCLICK left 5 -92.5\n");
   EXPECT_EQ(std::make_tuple(s.SezioneDati[0].Stazioni, s.SezioneIdent[1]), std::make_tuple(tutte, -1));
   ui.Accoda("2");
   Script("KEY ESC\nTAG SEZIONI_DIVIDI\nCLICK left 5 5.5\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
-  EXPECT_EQ(s.SezioneDati[0].Stazioni, std::vector<StazioneSezione>(tutte.begin(), tutte.begin() + 2));
-  EXPECT_EQ(s.SezioneDati[2].Stazioni, std::vector<StazioneSezione>(tutte.begin() + 1, tutte.end()));
+  EXPECT_EQ(std::make_pair(s.SezioneDati[0].Stazioni, s.SezioneDati[2].Stazioni),
+            std::make_pair(std::vector(tutte.begin(), tutte.begin() + 2), std::vector(tutte.begin() + 1, tutte.end())));
 }
 
 // A section along lines that meet end to end, whatever their direction and order, with
 // the lines' heights; a line apart is not taken.
 TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
-  ApriLavoroVuoto(*this);
   MettiLinea(s, 10, 0, 20, 5, 11, 12);
   MettiLinea(s, 30, 5, 20, 5, 13, 12);
   MettiLinea(s, 0, 0, 10, 0, 10, 11);
@@ -185,12 +162,9 @@ TEST_F(SezioniBanco, ComandiSezioniCatturaSpezzata) {
   EXPECT_EQ(st, (std::vector<std::tuple<double, double, double>>{{0, 0, 10}, {10, 0, 11}, {20, 5, 12}, {30, 5, 13}}));
 }
 
-// Cross sections every 40 metres along an axis going East, 20 wide, from North to South,
-// through the plane z = 100 + x/10 + y/5 of two facets.
 // A profile along a levelling from the middle: its legs, recorded in any order, joined into
 // one run through 1, 2 and 3; a run whose far point is not in the table makes no profile.
 TEST_F(SezioniBanco, ComandiSezioniProfiloDaLivellazione) {
-  ApriLavoroVuoto(*this);
   Pronto(0, 0, 400);
   Script("TAG SEZIONI_DA_LIVELLAZIONE\n");
   EXPECT_EQ(ui.UltimoMessaggio, "Livellazione assente!");
@@ -205,13 +179,13 @@ TEST_F(SezioniBanco, ComandiSezioniProfiloDaLivellazione) {
   EXPECT_EQ(s.SezioneDati[0].Stazioni, attese);
 }
 
+// Cross sections every 40 metres along an axis going East, 20 wide, from North to South,
+// through the plane z = 100 + x/10 + y/5 of two facets.
 TEST_F(SezioniBanco, ComandiSezioniInSerie) {
-  ApriLavoroVuoto(*this);
   DueFalde(s);
   MettiPunti(s, {{"A", 10, 50, 0}, {"B", 90, 50, 0}});
   Pronto(50, 50, 400);
-  ui.Accoda("40");
-  ui.Accoda("20");
+  for (const char* r : {"40", "20"}) ui.Accoda(r);
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   ASSERT_EQ(s.ContaEntita[SlotSezioni], 3);
   std::vector<std::vector<double>> quote;
@@ -225,8 +199,7 @@ TEST_F(SezioniBanco, ComandiSezioniInSerie) {
   EXPECT_LT(s.SezioneBoxY2[1], s.SezioneBoxY1[0]);
   EXPECT_LT(s.SezioneBoxY2[2], s.SezioneBoxY1[1]);
   // A spacing that would make more than a thousand sections is refused.
-  ui.Accoda("0.07");
-  ui.Accoda("20");
+  for (const char* r : {"0.07", "20"}) ui.Accoda(r);
   Script("TAG SEZIONI_IN_SERIE\nCLICK left @A\nCLICK left @B\nCLICK right 0 0\nCLICK right 0 0\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, s.ContaEntita[SlotSezioni]),
             std::make_tuple("Troppe sezioni: aumentare l'interasse!", 3));
@@ -274,13 +247,7 @@ TEST(ImpaginaSezioni, LeCorniciFoglioPerFoglio) {
 // left corner inside the default margins (20, 10), the second a spacing (10) under the
 // first; the page drawn once however many times the command runs.
 TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Stazioni = {{"A", 0, 0, 5, 5}, {"B", 30, 0, 6, 5}};
-  AggiungiSezione(s, z);
-  z.OrigineX = 300;
-  AggiungiSezione(s, z);
+  for (double x : {0, 300}) Aggiungi({{"A", 0, 0, 5, 5}, {"B", 30, 0, 6, 5}}, 0, false).OrigineX = x;
   Pronto(0, 0, 400);
   const double h = s.SezioneBoxY2[0] - s.SezioneBoxY1[0];
   ScriviFileProva(PercorsoImpaginazione(s), "Larghezza=500\r\nAltezza=400\r\nColonne=1\r\nScala=1000\r\nRighe=-1\r\n");
@@ -298,13 +265,7 @@ TEST_F(SezioniBanco, ImpaginaSezioniSpostaLeCornici) {
 // statements, one a record of the display list, read back by the paste; a name with a tab
 // and a quote breaks neither.
 TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Cfg.ScalaAltezze = z.Cfg.ScalaLunghezze;
-  z.IndiceSezione = "PROVA";
-  z.Stazioni = {{"A", 0, 0, 5, 5.5}, {"B\"1\t2", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}};
-  AggiungiSezione(s, z);
+  Aggiungi({{"A", 0, 0, 5, 5.5}, {"B\"1\t2", 3, 4, 6, 5}, {"C", 3, 10, 4, 5}}).IndiceSezione = "PROVA";
   Pronto(5, 5, 100);
   Script("TAG SEZIONI_COPIA_VALORI\nCLICK left 2.5 5.5\nKEY ESC\nTAG SEZIONI_COPIA_IN_FILE\nCLICK left 2.5 5.5\n");
   const std::string tabella =
@@ -327,12 +288,9 @@ TEST_F(SezioniBanco, CopiaSezioneValoriEDisegno) {
 // at 95: a grade of -2.5% from the second at 100; a straight stretch from the first to the
 // fourth; the last picked at the level of 103.5 and typed 98. Each is one undo step.
 TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
-  ApriLavoroVuoto(*this);
-  Sezione z;
-  z.Cfg = ConfigurazioneIniziale();
-  z.Cfg.QuotaRiferimento = 95;
-  for (int i = 0; i < 5; ++i) z.Stazioni.push_back({std::to_string(i + 1), 10.0 * i, 0, 100.0 + i, 100.0 + i});
-  AggiungiSezione(s, z);
+  std::vector<StazioneSezione> st;
+  for (int i = 0; i < 5; ++i) st.push_back({std::to_string(i + 1), 10.0 * i, 0, 100.0 + i, 100.0 + i});
+  Aggiungi(st, 0, false).Cfg.QuotaRiferimento = 95;
   Pronto(20, 40, 200);
   auto progetto = [&] {
     std::vector<double> q;
@@ -348,8 +306,7 @@ TEST_F(SezioniBanco, ProgettoInPendenzaInterpolatoEPuntoPerPunto) {
   EXPECT_TRUE(Vicini(progetto(), {100, 100 - 1.0 / 6, 100 - 1.0 / 3, 99.5, 99.25}));
   const StazioneCliccata c = StazioneSulFoglio(s.SezioneDati[0], 39, 85);
   EXPECT_EQ(std::make_pair(c.Indice, c.Quota), std::make_pair(size_t{4}, 103.5));
-  ui.Accoda("98");
-  ui.Accoda("9");
+  for (const char* r : {"98", "9"}) ui.Accoda(r);
   Script("KEY ESC\nTAG SEZIONI_PROGETTO_PUNTO\nCLICK left 39 85\nKEY ESC\nTAG SEZIONI_PROGETTO_PENDENZA\nCLICK left 5 55\n");
   EXPECT_EQ(std::make_tuple(ui.UltimoMessaggio, progetto().back(), PassoUndo(s)),
             std::make_tuple("Punto fuori dalla sezione!", 98, passo + 3));

@@ -1,10 +1,11 @@
 // A longitudinal profile of 50 stations and a cross section of 12, drawn: the values of the
-// rows against values worked out here by other means, the frame around everything.
+// rows against values worked out by hand, the frame around everything.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "commands/Attese.h"
 #include "sections/DisegnoSezioni.h"
 #include "sections/FileSezioni.h"
 #include "support/Supporto.h"
@@ -20,17 +21,15 @@ struct Disegno {
   // The texts of one layer, in the order drawn, without the row's title.
   std::vector<std::string> Testi(const std::string& piano, const std::string& titolo = "") const {
     std::vector<std::string> t;
-    const ElencoDisegno& l = s.ListaDisegno;
-    for (int64_t i = 0; i < l.Conta(); ++i)
-      if (l.Primitiva[static_cast<size_t>(i)] == PrimTesto && l.Piano(i) == piano && l.Testo(i) != titolo)
-        t.push_back(l.Testo(i));
+    for (size_t i : Record(piano, PrimTesto))
+      if (s.ListaDisegno.Testo(static_cast<int64_t>(i)) != titolo) t.push_back(s.ListaDisegno.Testo(static_cast<int64_t>(i)));
     return t;
   }
-  std::vector<int64_t> Record(const std::string& piano, uint8_t primitiva) const {
-    std::vector<int64_t> r;
+  std::vector<size_t> Record(const std::string& piano, uint8_t primitiva) const {
+    std::vector<size_t> r;
     const ElencoDisegno& l = s.ListaDisegno;
     for (int64_t i = 0; i < l.Conta(); ++i)
-      if (l.Primitiva[static_cast<size_t>(i)] == primitiva && l.Piano(i) == piano) r.push_back(i);
+      if (l.Primitiva[static_cast<size_t>(i)] == primitiva && l.Piano(i) == piano) r.push_back(static_cast<size_t>(i));
     return r;
   }
   // Every point of every record of a section inside its stored frame; for a text, the line
@@ -60,13 +59,6 @@ struct Disegno {
   }
 };
 
-// k/4 through "###0.##0", written out by its remainder: each "#" place shows its digit
-// while a significant one is left, the last "0" place always shows one.
-std::string Quarti(int k) {
-  static const char* resto[] = {".0", ".250", ".50", ".750"};
-  return std::to_string(k / 4) + resto[k % 4];
-}
-
 TEST(DisegnoSezioni, ProfiloLongitudinaleDiCinquantaPunti) {
   Disegno d;
   Sezione z;
@@ -84,17 +76,9 @@ TEST(DisegnoSezioni, ProfiloLongitudinaleDiCinquantaPunti) {
   const int32_t riga = AggiungiSezione(d.s, z);
   RigeneraLista(d.s);
 
-  std::vector<std::string> progressive = {"0.00"}, parziali = {"0"}, terreno, rosse, nomi;
-  for (int i = 0; i < 50; ++i) {
-    if (i > 0) progressive.push_back(std::to_string(10 * i) + ".0"), parziali.push_back("10.00");
-    terreno.push_back(Quarti(1600 + i));
-    rosse.push_back("-1.0");
-    nomi.push_back("P" + std::to_string(i + 1));
-  }
-  EXPECT_EQ(d.Testi("LONG_DistProgr", "Distanze Progressive"), progressive);
-  EXPECT_EQ(d.Testi("LONG_DistParz", "Distanze Parziali"), parziali);
-  EXPECT_EQ(d.Testi("LONG_QuotaTer", "Quote Terreno"), terreno);
-  EXPECT_EQ(d.Testi("LONG_ProfRili"), rosse);
+  // The rows of numbers are read in the cross section below, on values of every shape.
+  std::vector<std::string> nomi;
+  for (const StazioneSezione& p : z.Stazioni) nomi.push_back(p.Nome);
   EXPECT_EQ(d.Testi("LONG_NomiPunti", "Picchetti"), nomi);
   EXPECT_EQ(d.Testi("LONG_QuotaPro", "Quote Progetto").at(5), "400.25");
 
@@ -102,13 +86,9 @@ TEST(DisegnoSezioni, ProfiloLongitudinaleDiCinquantaPunti) {
   const auto terr = d.Record("LONG_ProfRili", PrimLinea);
   ASSERT_EQ(terr.size(), 49u);
   const ElencoDisegno& l = d.s.ListaDisegno;
-  EXPECT_DOUBLE_EQ(l.X1[static_cast<size_t>(terr[0])], 5000);
-  EXPECT_DOUBLE_EQ(l.Y1[static_cast<size_t>(terr[0])], 7000 + 3100);
-  EXPECT_DOUBLE_EQ(l.X2[static_cast<size_t>(terr[48])], 5490);
-  EXPECT_DOUBLE_EQ(l.Y2[static_cast<size_t>(terr[48])], 7000 + 3222.5);
-  EXPECT_EQ(d.Record("LONG_ProfProg", PrimLinea).size(), 49u);
-  EXPECT_EQ(d.Record("LONG_Vertical", PrimLinea).size(), 50u);
-  EXPECT_EQ(d.Record("LONG_CORNICE", PrimLinea).size(), 4u);
+  EXPECT_TRUE(prova::Vicini({l.X1[terr[0]], l.Y1[terr[0]], l.X2[terr[48]], l.Y2[terr[48]]}, {5000, 7000 + 3100, 5490, 7000 + 3222.5}));
+  EXPECT_EQ(std::make_tuple(d.Record("LONG_ProfProg", PrimLinea).size(), d.Record("LONG_Vertical", PrimLinea).size(),
+                            d.Record("LONG_CORNICE", PrimLinea).size()), std::make_tuple(49u, 50u, 4u));
   d.CorniceRacchiude(riga);
   EXPECT_TRUE(d.p.ui.Messaggi.empty());
 }
@@ -153,12 +133,6 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
   EXPECT_EQ(std::count_if(titolo.begin(), titolo.end(), [](const std::string& x) { return x.starts_with("Distanza"); }), 0);
   const auto dopo = d.Testi("DOPO_QuotaRif");
   EXPECT_NE(std::find(dopo.begin(), dopo.end(), "Distanza Da Precedente= 50.0"), dopo.end());
-  // Terrain rising 0.2 a metre to the middle and back, against a level project at 10.5:
-  // crossings at 2.5 and 17.5, a cut triangle 15 long and 1.5 high, two fill triangles of
-  // 2.5 by 0.5.
-  Sezione v;
-  v.Stazioni = {{"", 0, 0, 10, 10.5}, {"", 10, 0, 12, 10.5}, {"", 20, 0, 10, 10.5}};
-  EXPECT_EQ(std::make_pair(AreeSterroRiporto(v).Sterro, AreeSterroRiporto(v).Riporto), std::make_pair(11.25, 1.25));
   EXPECT_EQ(d.Testi("TRAS_DistParz", "Distanze Parziali"),
             (std::vector<std::string>{"0", "5.00", "2.50", "13.00", "10.00", "17.00", "0.00", "2.50", "15.00", "0.50",
                                       "25.00", "20.00"}));
@@ -179,13 +153,12 @@ TEST(DisegnoSezioni, SezioneTrasversaleDiDodiciPunti) {
   ASSERT_EQ(rosse.size(), 12u);
   // Stations 5 and 6 stand at one place, at progressive 47.5: the first label moves right by
   // 1.3 heights. Heights below the datum (98.5 under 100) fall below the datum line.
-  EXPECT_DOUBLE_EQ(l.X1[static_cast<size_t>(rosse[5])], 47.5 - 0.4 + 0.52);
-  EXPECT_DOUBLE_EQ(l.X1[static_cast<size_t>(rosse[6])], 47.5 - 0.4);
-  EXPECT_DOUBLE_EQ(l.Y1[static_cast<size_t>(rosse[3])], -1.0 + 0.12);  // project 99 over terrain 98.5
-  EXPECT_DOUBLE_EQ(l.Rotazione[static_cast<size_t>(rosse[3])], 100);
+  // The red height of station 3 (project 99 over terrain 98.5) upright under the datum; the
+  // vertical of station 8 up to its terrain, over a lower project.
   const auto verticali = d.Record("TRAS_Vertical", PrimLinea);
   ASSERT_EQ(verticali.size(), 12u);
-  EXPECT_DOUBLE_EQ(l.Y1[static_cast<size_t>(verticali[8])], 0.75);  // terrain over a lower project
+  EXPECT_TRUE(prova::Vicini({l.X1[rosse[5]], l.X1[rosse[6]], l.Y1[rosse[3]], l.Rotazione[rosse[3]], l.Y1[verticali[8]]},
+                            {47.5 - 0.4 + 0.52, 47.5 - 0.4, -1.0 + 0.12, 100, 0.75}));
   d.CorniceRacchiude(riga);
 }
 
@@ -200,7 +173,7 @@ TEST(DisegnoSezioni, SenzaDuePuntiNullaECongelataNulla) {
   z.Cfg.Congela = -1;
   AggiungiSezione(d.s, z);
   RigeneraLista(d.s);
-  for (int64_t i = 0; i < d.s.ListaDisegno.Conta(); ++i) EXPECT_NE(d.s.ListaDisegno.Tipo[static_cast<size_t>(i)], SlotSezioni);
+  EXPECT_EQ(prova::InLista(d.s, SlotSezioni), 0);
   // A row switched off leaves no row: the next one moves up into its place.
   Disegno e;
   z.Cfg.Congela = 0;
@@ -210,7 +183,7 @@ TEST(DisegnoSezioni, SenzaDuePuntiNullaECongelataNulla) {
   EXPECT_TRUE(e.Record("SEZ_NomiPunti", PrimLinea).empty());
   const auto righe = e.Record("SEZ_QuotaTer", PrimLinea);
   ASSERT_FALSE(righe.empty());
-  EXPECT_DOUBLE_EQ(e.s.ListaDisegno.Y1[static_cast<size_t>(righe[0])], 0);  // ticks from the datum line down
+  EXPECT_DOUBLE_EQ(e.s.ListaDisegno.Y1[righe[0]], 0);  // ticks from the datum line down
 
   // The description block round the row titles, 10 wide, down the rows of terrain heights,
   // progressives and partials: 2.4 + 2.4 + 1.6.
@@ -221,8 +194,8 @@ TEST(DisegnoSezioni, SenzaDuePuntiNullaECongelataNulla) {
   const auto box = g.Record("SEZ_Box", PrimLinea);
   ASSERT_EQ(box.size(), 4u);
   const ElencoDisegno& b = g.s.ListaDisegno;
-  EXPECT_EQ(std::make_tuple(b.X1[size_t(box[0])], b.Y1[size_t(box[0])], b.X1[size_t(box[2])]), std::make_tuple(-10, 0, 0));
-  EXPECT_DOUBLE_EQ(b.Y1[size_t(box[2])], -6.4);
+  EXPECT_EQ(std::make_tuple(b.X1[box[0]], b.Y1[box[0]], b.X1[box[2]]), std::make_tuple(-10, 0, 0));
+  EXPECT_DOUBLE_EQ(b.Y1[box[2]], -6.4);
 
   // Values each a number that together overflow: what would stand at infinity is left out.
   Disegno f;

@@ -49,9 +49,8 @@ TEST(FileSezioni, IlMembroScrittoAManoSiLeggeESiRiscriveUgualeByteAByte) {
             std::make_tuple("ASSE 1", 1000, 1000, 95.5));
   EXPECT_EQ(std::tie(z[0].Cfg.NomeBase, z[0].Cfg.NomiPunti.Titolo, z[0].Cfg.QuoteTerreno.AltezzaFincatura),
             std::make_tuple("STRADA", "Picchetti", 10));
-  EXPECT_EQ(std::tie(z[0].Cfg.QuoteProgetto.Titolo, z[0].Cfg.DecimaliParziali), std::make_tuple("Quote Progetto", 2));
-  EXPECT_EQ(z[0].Cfg.NomiPunti.OrientamentoVerticale, 0);
-  EXPECT_EQ(z[0].Cfg.QuoteTerreno.OrientamentoVerticale, 1);
+  EXPECT_EQ(std::tie(z[0].Cfg.QuoteProgetto.Titolo, z[0].Cfg.DecimaliParziali, z[0].Cfg.NomiPunti.OrientamentoVerticale,
+                     z[0].Cfg.QuoteTerreno.OrientamentoVerticale), std::make_tuple("Quote Progetto", 2, 0, 1));
   ASSERT_EQ(z[0].Stazioni.size(), 3u);
   EXPECT_EQ(std::tie(z[0].Stazioni[2].Nome, z[0].Stazioni[1].QuotaTerreno, z[0].Stazioni[1].QuotaProgetto),
             std::make_tuple("P3 è", 102, 101.5));
@@ -78,12 +77,6 @@ TEST(FileSezioni, IlMembroScrittoAManoSiLeggeESiRiscriveUgualeByteAByte) {
   EXPECT_TRUE(p.ui.Messaggi.empty());
 }
 
-TEST(FileSezioni, UnIndiceVuotoSiLeggeComeIlNumeroDellaRiga) {
-  const std::vector<Sezione> z = LeggiSezioni(Blocco("A", kTre, 3) + Blocco("", kTre, 3) + Blocco(" ", kTre, 3), 0);
-  ASSERT_EQ(z.size(), 3u);
-  EXPECT_EQ(std::tie(z[1].IndiceSezione, z[2].IndiceSezione), std::make_tuple("1", "2"));
-}
-
 // A station line repeated n times.
 std::string Stazioni(int n) {
   std::string t;
@@ -91,28 +84,17 @@ std::string Stazioni(int n) {
   return t;
 }
 
-TEST(FileSezioni, CinquecentoPuntiSiLeggonoCinquecentounoNoEIlFileRestaCom_E) {
+// At the bounds: 500 stations and none read; an empty or blank index reads as the row's number.
+TEST(FileSezioni, AiLimitiSiLegge) {
   EXPECT_EQ(LeggiSezioni(Blocco("L", Stazioni(500), 500), 0).at(0).Stazioni.size(), 500u);
   EXPECT_EQ(LeggiSezioni(Blocco("V", "", 0), 0).at(0).Stazioni.size(), 0u);
-
-  const std::string troppi = Blocco("L", Stazioni(3), 3) + Blocco("M", Stazioni(501), 501);
-  prova::SessioneProva p;
-  Sessione& s = p.s;
-  const std::string base = p.Lavoro("LUNGA");
-  prova::ScriviFileProva(base + ".SEZ", troppi);
-  s.NomeOriginale = base;
-  VR_ApriLavoro(s);
-  // No half of it is taken: the member stays as it was, through the snapshots and the save.
-  EXPECT_EQ(s.ContaEntita[SlotSezioni], 0);
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo,
-            "Si è verificato questo errore : Subscript out of range: la sezione 2 dichiara 501 punti, al massimo 500 o "
-            "il file potrebbe essere di sola lettura!\nNella Routine Carica Sezioni");
-  ASSERT_TRUE(VR_SalvaUndo(s));
-  ASSERT_TRUE(Salva(s));
-  EXPECT_EQ(prova::LeggiFileProva(base + ".SEZ"), troppi);
+  const std::vector<Sezione> z = LeggiSezioni(Blocco("A", kTre, 3) + Blocco("", kTre, 3) + Blocco(" ", kTre, 3), 0);
+  ASSERT_EQ(z.size(), 3u);
+  EXPECT_EQ(std::tie(z[1].IndiceSezione, z[2].IndiceSezione), std::make_tuple("1", "2"));
 }
 
+// No half of a member that does not read is taken: the job opens without sections, and the
+// member stays as it was through the snapshots and the save.
 TEST(FileSezioni, UnMembroGuastoOTroncoNonSiLeggeERestaCom_E) {
   const std::string buono = Blocco("A", kTre, 3);
   const std::string casi[] = {
@@ -122,7 +104,9 @@ TEST(FileSezioni, UnMembroGuastoOTroncoNonSiLeggeERestaCom_E) {
       Sostituisci(buono, "\"<FINE SEZIONE>\"", "\"ALTRO\""),  // a block that ends wrong
       Sostituisci(buono, "\r\n3\r\n", "\r\n-3\r\n"),          // a count below zero
       Sostituisci(buono, "\r\n3\r\n", "\r\n4\r\n"),           // one station more than the lines
+      Blocco("L", Stazioni(3), 3) + Blocco("M", Stazioni(501), 501),  // one station too many
   };
+  std::string messaggio;
   for (const std::string& caso : casi) {
     EXPECT_THROW(LeggiSezioni(caso, 0), std::exception) << caso;
     prova::SessioneProva p;
@@ -131,10 +115,15 @@ TEST(FileSezioni, UnMembroGuastoOTroncoNonSiLeggeERestaCom_E) {
     p.s.NomeOriginale = base;
     VR_ApriLavoro(p.s);
     EXPECT_EQ(p.s.ContaEntita[SlotSezioni], 0);
-    EXPECT_EQ(p.ui.Messaggi.size(), 1u);
+    ASSERT_EQ(p.ui.Messaggi.size(), 1u);
+    messaggio = p.ui.Messaggi[0].Testo;
+    ASSERT_TRUE(VR_SalvaUndo(p.s));
     ASSERT_TRUE(Salva(p.s));
     EXPECT_EQ(prova::LeggiFileProva(base + ".SEZ"), caso);
   }
+  EXPECT_EQ(messaggio,
+            "Si è verificato questo errore : Subscript out of range: la sezione 2 dichiara 501 punti, al massimo 500 o "
+            "il file potrebbe essere di sola lettura!\nNella Routine Carica Sezioni");
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // One facet's cut and fill against the reference height, worked by hand, the test of a point
 // inside a facet, and the commands on facets. Contour lines: the cuts of the facets worked by
-// hand, a plane's contours straight at their places, a cone's circles within the chord error,
-// the smoothing, the drawing and the commands on the curves.
+// hand, a cone's circles within the chord error, the smoothing, the drawing and the commands
+// on the curves.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,9 +10,10 @@
 
 #include "core/Dialoghi.h"
 #include "exchange/DxfScrittura.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "store/Carica.h"
 #include "store/Salvataggio.h"
+#include "support/ProvaFalde.h"
 #include "support/Supporto.h"
 #include "terrain/Curve.h"
 #include "terrain/Falde.h"
@@ -22,6 +23,7 @@ namespace varena {
 namespace {
 
 using prova::LeggiFileProva;
+using prova::MettiFalda;
 
 // The empty job with the terrain settings at their defaults: its hand-written `.CFG` holds 1 in every row.
 void ApriLavoroTerreno(prova::Banco& b) {
@@ -29,25 +31,13 @@ void ApriLavoroTerreno(prova::Banco& b) {
   b.s.Terreno = {}, b.s.QuotaRiferimento = 0;
 }
 
-// A live facet of three vertices.
-void Falda(Sessione& s, double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3, double z3) {
-  DimensionaFalde(s);
-  const auto r = static_cast<size_t>(s.ContaEntita[SlotFalde]++);
-  s.FaldaIdent[r] = 0;
-  s.FaldaX1[r] = x1, s.FaldaY1[r] = y1, s.FaldaZ1[r] = z1, s.FaldaX2[r] = x2, s.FaldaY2[r] = y2, s.FaldaZ2[r] = z2;
-  s.FaldaX3[r] = x3, s.FaldaY3[r] = y3, s.FaldaZ3[r] = z3;
-}
-
 TEST(CalcolaFalda, SterroERiportoDelleRegoleStoriche) {
   // Flat at the reference: nothing either way.
   ValoriFalda v = CalcolaFalda(0, 0, 2, 4, 0, 2, 0, 4, 2, 2, 1, 1);
-  EXPECT_EQ(v.Area, 8.0);
-  EXPECT_EQ(v.Sterro, 0.0);
-  EXPECT_EQ(v.Riporto, 0.0);
+  EXPECT_EQ(std::tie(v.Area, v.Sterro, v.Riporto), std::make_tuple(8.0, 0.0, 0.0));
   // Heights 1, 2, 3 with the reference at 2: the middle on the plane, the net prism (0) only.
   v = CalcolaFalda(0, 0, 1, 4, 0, 2, 0, 4, 3, 2, 1, 1);
-  EXPECT_EQ(v.Sterro, 0.0);
-  EXPECT_EQ(v.Riporto, 0.0);
+  EXPECT_EQ(std::tie(v.Sterro, v.Riporto), std::make_tuple(0.0, 0.0));
   // Only the top corner above 1: the triangle (0,4) (0,4/3) (8/3,4/3) of area 32/9, its
   // mean 2/3 above: cut 64/27, and fill the net prism (0) plus that cut.
   v = CalcolaFalda(0, 0, 0, 4, 0, 0, 0, 4, 3, 1, 1, 0.5);
@@ -67,14 +57,13 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
   ApriLavoroTerreno(b);
   // A pyramid 6 high on the square of side 4 centred at the origin, one facet a side.
   const double base[5][2] = {{-2, -2}, {2, -2}, {2, 2}, {-2, 2}, {-2, -2}};
-  for (int k = 0; k < 4; ++k) Falda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
+  for (int k = 0; k < 4; ++k) MettiFalda(s, base[k][0], base[k][1], 0, base[k + 1][0], base[k + 1][1], 0, 0, 0, 6);
   // On the ground: the whole pyramid, 16 * 6 / 3, is cut.
   AggiornaFalde(s);
   TotaliVolumi t = SommaVolumi(s);
-  EXPECT_EQ(t.Falde, 4);
+  EXPECT_EQ(std::tie(t.Falde, t.Riporto), std::make_tuple(4, 0.0));
   EXPECT_NEAR(t.Area, 16.0, 1e-12);
   EXPECT_NEAR(t.Sterro, 32.0, 1e-12);
-  EXPECT_EQ(t.Riporto, 0.0);
   // At half height, from the dialog: the top pyramid (side 2, 3 high) is cut, 4; the fill is
   // the box of 16 * 3 less the pyramid's 32 - 4 below the plane: 20.
   b.Pronto(0, 0, 20);
@@ -82,10 +71,8 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
   EXPECT_EQ(s.QuotaRiferimento, 3.0);
   const Dialogo* d = TrovaDialogo(s, "VolumiFalde");
   ASSERT_NE(d, nullptr);
-  EXPECT_EQ(d->Valore("Falde"), "4");
-  EXPECT_EQ(d->Valore("Area"), "16.00");
-  EXPECT_EQ(d->Valore("Sterro"), "4.00");
-  EXPECT_EQ(d->Valore("Riporto"), "20.00");
+  EXPECT_EQ(std::make_tuple(d->Valore("Falde"), d->Valore("Area"), d->Valore("Sterro"), d->Valore("Riporto")),
+            std::make_tuple("4", "16.00", "4.00", "20.00"));
   const std::string csv = b.cartella.Percorso() + "/volumi.csv";
   EXPECT_EQ(b.Script("ANSWER " + csv + "\nPRESS SalvaCsv\n"),
             "> ANSWER " + csv + "\n> PRESS SalvaCsv\nFILE [Salva Volumi] -> " + csv +
@@ -98,23 +85,18 @@ TEST(Volumi, PiramideTotaliERapportoCsv) {
 
 TEST(CalcolaFalda, PuntoInternoConILati) {
   prova::SessioneProva p;
-  Falda(p.s, 0, 0, 0, 4, 0, 0, 0, 4, 0);
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 1, 1));
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 2, 2));  // on the long side
-  EXPECT_TRUE(PuntoInternoFalda(p.s, 0, 2, 0));
-  EXPECT_FALSE(PuntoInternoFalda(p.s, 0, 2.1, 2.1));
-  EXPECT_FALSE(PuntoInternoFalda(p.s, 0, -0.5, 1));
+  MettiFalda(p.s, 0, 0, 0, 4, 0, 0, 0, 4, 0);
+  // Inside, on the long side, on a short one; just past the long side, left of the short one.
+  const double xy[5][2] = {{1, 1}, {2, 2}, {2, 0}, {2.1, 2.1}, {-0.5, 1}};
+  for (int k = 0; k < 5; ++k) EXPECT_EQ(PuntoInternoFalda(p.s, 0, xy[k][0], xy[k][1]), k < 3) << k;
 }
 
 TEST(TRIPF, IPuntiFiducialiInFalde) {
   prova::Banco b;
-  // A square with a point inside: any triangulation is the fan of four about it.
-  prova::MettiPunto(b.s, "PF01", 0, 0, 1);
-  prova::MettiPunto(b.s, "PF02", 10, 0, 2);
-  prova::MettiPunto(b.s, "PF03", 10, 10, 3);
-  prova::MettiPunto(b.s, "PF04", 0, 10, 9999);  // no height: 0 in the facets
-  prova::MettiPunto(b.s, "PF05", 4, 5, 5);
-  prova::MettiPunto(b.s, "100", 2, 8, 7);  // not of the network: no facet is lost for it
+  // A square with a point inside: any triangulation is the fan of four about it. PF04 has no
+  // height (0 in the facets); 100 is not of the network: no facet is lost for it.
+  prova::MettiPunti(b.s, {{"PF01", 0, 0, 1}, {"PF02", 10, 0, 2}, {"PF03", 10, 10, 3}, {"PF04", 0, 10, 9999},
+                          {"PF05", 4, 5, 5}, {"100", 2, 8, 7}});
   b.Pronto(5, 5, 100);
   b.Script("TAG TRIPF\n");
   int vive = 0;
@@ -136,10 +118,7 @@ TEST(TRIPF, IPuntiFiducialiInFalde) {
 
 TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
   prova::Banco b;
-  prova::MettiPunto(b.s, "1", 0, 0, 1);
-  prova::MettiPunto(b.s, "2", 10, 0, 2);
-  prova::MettiPunto(b.s, "3", 0, 10, 3);
-  prova::MettiPunto(b.s, "4", 10, 10, 4);
+  prova::MettiPunti(b.s, {{"1", 0, 0, 1}, {"2", 10, 0, 2}, {"3", 0, 10, 3}, {"4", 10, 10, 4}});
   b.Pronto(5, 5, 100);
   b.Script("TAG DEFINIZIONE_FALDA\nCLICK left @1\nCLICK left @2\n");
   EXPECT_EQ(b.s.Prompt, "Definizione Falda - Terzo Punto:");
@@ -163,9 +142,9 @@ TEST(DefinizioneFalda, TreClicSuiPuntiESovrapposizioni) {
 TEST(InvertiFalde, LaDiagonaleComuneCambia) {
   prova::Banco b;
   // A square split along (10,0)-(0,10), and a facet apart.
-  Falda(b.s, 0, 0, 0, 10, 0, 0, 0, 10, 7);
-  Falda(b.s, 10, 0.00005, 0, 10, 10, 0, 0, 10, 7);
-  Falda(b.s, 20, 0, 0, 30, 0, 0, 20, 10, 7);
+  MettiFalda(b.s, 0, 0, 0, 10, 0, 0, 0, 10, 7);
+  MettiFalda(b.s, 10, 0.00005, 0, 10, 10, 0, 0, 10, 7);
+  MettiFalda(b.s, 20, 0, 0, 30, 0, 0, 20, 10, 7);
   b.Pronto(5, 5, 100);
   b.Script("TAG INVERTI_FALDE\nCLICK left 2 2\n");
   EXPECT_EQ(b.s.Prompt, "Inverti Falde - Seconda Falda:");
@@ -174,10 +153,10 @@ TEST(InvertiFalde, LaDiagonaleComuneCambia) {
     return std::vector<double>{b.s.FaldaX1[r], b.s.FaldaY1[r], b.s.FaldaX2[r], b.s.FaldaY2[r], b.s.FaldaX3[r], b.s.FaldaY3[r]};
   };
   // Now along (0,0)-(10,10): each keeps one end of the old side.
-  EXPECT_EQ(vertici(0), (std::vector<double>{0, 0, 10, 0, 10, 10}));
-  EXPECT_EQ(vertici(1), (std::vector<double>{10, 10, 0, 10, 0, 0}));
-  EXPECT_EQ(b.s.FaldaZ2[1], 7.0);  // the vertex keeps its height
-  EXPECT_EQ(b.s.FaldaAreaDiBase[0] + b.s.FaldaAreaDiBase[1], 100.0);
+  EXPECT_EQ(std::make_pair(vertici(0), vertici(1)),
+            std::make_pair(std::vector<double>{0, 0, 10, 0, 10, 10}, std::vector<double>{10, 10, 0, 10, 0, 0}));
+  // The vertex keeps its height.
+  EXPECT_EQ(std::make_pair(b.s.FaldaZ2[1], b.s.FaldaAreaDiBase[0] + b.s.FaldaAreaDiBase[1]), std::make_pair(7.0, 100.0));
   EXPECT_EQ(b.s.Prompt, "Inverti Falde - Prima Falda:");
   // Not neighbours: said, and nothing changes.
   EXPECT_EQ(b.Script("CLICK left 2 2\nCLICK left 22 2\n"), 
@@ -214,7 +193,7 @@ class Curve : public ::testing::Test {
 TEST_F(Curve, UnaFaldaTagliataAMano) {
   // Heights 0.5, 0.5, 2.5: levels 1 and 2 cross the upper part, a quarter and three quarters
   // up the sides from the low edge: (0,1)-(3,1) and (0,3)-(1,3).
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   ASSERT_TRUE(GeneraSpezzate(s));
   EXPECT_EQ(Due(), "1\r\n2\r\n0,1\r\n3,1\r\n2\r\n2\r\n0,3\r\n1,3\r\n");
   // The level at the reference height carries the sentinel; with the reference curve asked
@@ -242,15 +221,9 @@ TEST_F(Curve, UnaFaldaTagliataAMano) {
   ASSERT_EQ(s.ContaEntita[SlotCurve], 26);
   const auto c = Tabella();
   ASSERT_EQ(c.size(), 2u);
-  EXPECT_EQ(c[0].Quota, 1.0);
-  EXPECT_EQ(c[0].Colore, 12.0);
-  EXPECT_EQ(c[1].Quota, 2.0);
-  EXPECT_EQ(c[1].Colore, 13.0);
-  ASSERT_EQ(c[0].X.size(), 11u);
-  for (size_t k = 0; k < 11; ++k) {
-    EXPECT_NEAR(c[0].X[k], 0.3 * static_cast<double>(k), 1e-12) << k;
-    EXPECT_NEAR(c[0].Y[k], 1.0, 1e-12) << k;
-  }
+  EXPECT_EQ(std::make_tuple(c[0].Quota, c[0].Colore, c[1].Quota, c[1].Colore), std::make_tuple(1.0, 12.0, 2.0, 13.0));
+  EXPECT_TRUE(prova::Vicini(c[0].X, {0, 0.3, 0.6, 0.9, 1.2, 1.5, 1.8, 2.1, 2.4, 2.7, 3}, 1e-12));
+  EXPECT_TRUE(prova::Vicini(c[0].Y, std::vector<double>(11, 1.0), 1e-12));
   // A step of 3 keeps the points 1, 4, 7 and 10 of the span; one below 1 is 1.
   s.Terreno.PassoCurva = 3;
   CalcolaContur(s);
@@ -262,18 +235,17 @@ TEST_F(Curve, UnaFaldaTagliataAMano) {
 }
 
 TEST_F(Curve, SplineDaCentoPunti) {
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   b.Pronto(2, 2, 10);
   b.Script("TAG SPLINE_CURVE\nFIELD Equidistanza 1\nFIELD Metodo Bezier\nPRESS OK\n");
   // Each straight cut as 100 points evenly along it, between its head and closing rows.
   ASSERT_EQ(s.ContaEntita[SlotCurve], 2 * 102);
   const auto c = Tabella();
   ASSERT_EQ(c.size(), 2u);
-  ASSERT_EQ(c[1].X.size(), 100u);
-  for (size_t k = 0; k < 100; ++k) {
-    EXPECT_NEAR(c[1].X[k], static_cast<double>(k) / 99, 1e-12) << k;
-    EXPECT_NEAR(c[1].Y[k], 3, 1e-12) << k;
-  }
+  std::vector<double> passi(100);
+  for (size_t k = 0; k < 100; ++k) passi[k] = static_cast<double>(k) / 99;
+  EXPECT_TRUE(prova::Vicini(c[1].X, passi, 1e-12));
+  EXPECT_TRUE(prova::Vicini(c[1].Y, std::vector<double>(100, 3.0), 1e-12));
   // Opened again, the job keeps the spline; without `.CUV`, the cubic from `.DUE`. A `.DUE` that
   // cannot be read: the box, no curves, and the curves made next are saved.
   ASSERT_TRUE(Salva(s));
@@ -286,7 +258,7 @@ TEST_F(Curve, SplineDaCentoPunti) {
   prova::ScriviFileProva(s.NomeOriginale + ".DUE", "1\r\n2\r\n0,1\r\n");
   VR_ApriLavoro(s);
   EXPECT_EQ(std::tie(b.ui.Errori, s.ContaEntita[SlotCurve]), std::tuple(1, 0));
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   b.Script("TAG SPLINE_CURVE\nFIELD Metodo Bezier\nPRESS OK\n");
   ASSERT_TRUE(Salva(s));
   EXPECT_EQ(LeggiFileProva(cuv).size(), 2u * 102u * 17u);
@@ -298,36 +270,11 @@ TEST_F(Curve, SplineDaCentoPunti) {
   std::vector<double> x, y;
   PuntiSpline(q, MetodoSpline::BSplineChiusa, 3, x, y);
   ASSERT_EQ(x.size(), 100u);
-  for (size_t k = 0; k < 100; ++k) {
-    EXPECT_GE(x[k], 1.0 / 24 - 1e-12);
-    EXPECT_LE(x[k], 23.0 / 24 + 1e-12);
-    EXPECT_GE(y[k], 1.0 / 24 - 1e-12);
-    EXPECT_LE(y[k], 23.0 / 24 + 1e-12);
-  }
+  for (size_t k = 0; k < 100; ++k)
+    for (double v : {x[k], y[k]}) EXPECT_TRUE(v >= 1.0 / 24 - 1e-12 && v <= 23.0 / 24 + 1e-12) << k << " " << v;
   EXPECT_NEAR(x[0], 1.0 / 6, 1e-12);  // at the start of the span from the corner (0, 0)
   EXPECT_NEAR(y[0], 1.0 / 6, 1e-12);
   EXPECT_NEAR(x[99], x[0], 1e-12);    // and back there at the end
-}
-
-TEST_F(Curve, IlPianoDaRetteAlPostoGiusto) {
-  // z = x + 0.5 over a 10 by 10 square of 25 cells, two facets each: the contour of level k
-  // is the segment x = k - 0.5 from the bottom side to the top one, one polyline each.
-  for (int i = 0; i < 5; ++i)
-    for (int j = 0; j < 5; ++j) {
-      const double x0 = 2 * i, y0 = 2 * j, x1 = x0 + 2, y1 = y0 + 2;
-      Falda(s, x0, y0, x0 + 0.5, x1, y0, x1 + 0.5, x1, y1, x1 + 0.5);
-      Falda(s, x0, y0, x0 + 0.5, x1, y1, x1 + 0.5, x0, y1, x0 + 0.5);
-    }
-  ASSERT_TRUE(GeneraSpezzate(s));
-  const auto spezzate = LeggiDue(Due());
-  ASSERT_EQ(spezzate.size(), 10u);
-  for (const Spezzata& p : spezzate) {
-    ASSERT_GE(p.X.size(), 2u);
-    for (double x : p.X) EXPECT_NEAR(x, p.Quota - 0.5, 1e-9) << p.Quota;
-    EXPECT_NEAR(std::min(p.Y.front(), p.Y.back()), 0.0, 1e-9);
-    EXPECT_NEAR(std::max(p.Y.front(), p.Y.back()), 10.0, 1e-9);
-    for (size_t k = 1; k < p.Y.size(); ++k) EXPECT_GT(std::fabs(p.Y[k] - p.Y[k - 1]), 0.0);  // no stray vertex
-  }
 }
 
 TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
@@ -343,8 +290,8 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
     for (int j = 0; j < n; ++j) {
       double x[4], y[4], z[4];
       p(i, j, x[0], y[0], z[0]), p(i + 1, j, x[1], y[1], z[1]), p(i + 1, j + 1, x[2], y[2], z[2]), p(i, j + 1, x[3], y[3], z[3]);
-      Falda(s, x[0], y[0], z[0], x[1], y[1], z[1], x[2], y[2], z[2]);
-      if (i > 0) Falda(s, x[0], y[0], z[0], x[2], y[2], z[2], x[3], y[3], z[3]);
+      MettiFalda(s, x[0], y[0], z[0], x[1], y[1], z[1], x[2], y[2], z[2]);
+      if (i > 0) MettiFalda(s, x[0], y[0], z[0], x[2], y[2], z[2], x[3], y[3], z[3]);
     }
   ASSERT_TRUE(GeneraSpezzate(s));
   const auto spezzate = LeggiDue(Due());
@@ -358,6 +305,10 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
       const double d = std::hypot(c.X[k], c.Y[k]);
       EXPECT_LE(d, r + 1e-9);
       EXPECT_GE(d, r * (1 - corda) - 1e-9);
+      // The pieces of neighbouring facets meet at their shared side: no vertex twice.
+      if (k > 0) {
+        EXPECT_GT(std::hypot(c.X[k] - c.X[k - 1], c.Y[k] - c.Y[k - 1]), 0.0) << k;
+      }
     }
   }
   // Smoothed, the curves stay on their circles as closely.
@@ -371,7 +322,7 @@ TEST_F(Curve, IlConoDaCerchiEntroLErroreDiCorda) {
 TEST_F(Curve, NienteFaldeEFileDueGuasti) {
   EXPECT_EQ(b.Script("TAG GENERA_CURVE\n"),
             "> TAG GENERA_CURVE\nMESSAGGIO [Impossibile generare curve livello] Nessuna Falda nel disegno!!!\n");
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.FaldaCongela[0] = 1;
   EXPECT_FALSE(GeneraSpezzate(s));
   EXPECT_EQ(b.ui.UltimoMessaggio, "Tutte le falde congelate!!!");
@@ -404,7 +355,7 @@ TEST_F(Curve, NienteFaldeEFileDueGuasti) {
 }
 
 TEST_F(Curve, DisegnateColorateEsplose) {
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   s.QuotaRiferimento = 2;
   s.Terreno.ColoreCurvaSotto = 12, s.Terreno.ColoreCurvaBase = 13;
   s.Terreno.EtichetteCurve = true, s.Terreno.AltezzaEtichettaCurve = 0.5, s.Terreno.DecimaliCurve = 2;
@@ -428,22 +379,16 @@ TEST_F(Curve, DisegnateColorateEsplose) {
     ASSERT_TRUE(l.Colore[k] == 12 || l.Colore[k] == 13);
     ++segmenti[l.Colore[k] - 12];
   }
-  EXPECT_EQ(segmenti[0], 10);
-  EXPECT_EQ(segmenti[1], 10);
+  EXPECT_EQ(std::make_pair(segmenti[0], segmenti[1]), std::make_pair(10, 10));
   EXPECT_EQ(testi, (std::vector<std::string>{"1.00", "2.00"}));
 
   b.Script("TAG COLORA_CURVE\nFIELD ColoreCurvaSotto 4\nFIELD ColoreCurvaBase 6\nFIELD ColoreCurvaSopra 0\nPRESS OK\n");
-  EXPECT_EQ(s.Terreno.ColoreCurvaSopra, 3);
-  EXPECT_EQ(s.CurvaY[0], 4.0);
-  EXPECT_EQ(s.CurvaY[12], 4.0);
-  EXPECT_EQ(s.CurvaY[13], 6.0);
+  EXPECT_EQ(std::make_tuple(s.Terreno.ColoreCurvaSopra, s.CurvaY[0], s.CurvaY[12], s.CurvaY[13]), std::make_tuple(3, 4.0, 4.0, 6.0));
 
   b.Script("ANSWER yes\nTAG ESPLODI_CURVE_LIVELLO\n");
   ASSERT_EQ(s.ContaEntita[SlotLinee], 20);
-  EXPECT_EQ(s.LineaPiano[0], "CURVEESP");
-  EXPECT_EQ(s.LineaColore[0], 4);
-  EXPECT_EQ(s.LineaColore[19], 6);
-  EXPECT_EQ(s.LineaZ1[19], 2.0);
+  EXPECT_EQ(std::make_tuple(s.LineaPiano[0], s.LineaColore[0], s.LineaColore[19], s.LineaZ1[19]),
+            std::make_tuple("CURVEESP", 4, 6, 2.0));
   b.Script("ANSWER yes\nTAG ELIMINA_CURVE_ESPLOSE\n");
   for (size_t r = 0; r < 20; ++r) EXPECT_NE(s.LineaIdent[r], 0);
 }

@@ -8,11 +8,12 @@
 #include <cstdlib>
 #include <functional>
 #include <random>
+#include <set>
 
 #include "core/Dialoghi.h"
 #include "core/Errori.h"
 #include "core/ProcessiSistema.h"
-#include "support/ProvaComandi.h"
+#include "commands/Attese.h"
 #include "support/Supporto.h"
 #include "terrain/Consegna.h"
 #include "terrain/Triangolazione.h"
@@ -119,9 +120,7 @@ class Ritorno : public ::testing::Test {
   ProcessiFinti proc;
   void SetUp() override {
     s.Proc = &proc;
-    MettiPunto(s, "1", 0, 0, 1);
-    MettiPunto(s, "2", 4, 0, 3);
-    MettiPunto(s, "3", 0, 4, 3);
+    prova::MettiPunti(s, {{"1", 0, 0, 1}, {"2", 4, 0, 3}, {"3", 0, 4, 3}});
     // One facet already there, which a failure must leave in place.
     prova::ScriviFileProva(FileConsegna(s, kFileEquMesh), RecordFalda(0, 0, 0, 1, 0, 0, 0, 1, 0));
     ASSERT_TRUE(LeggiFaldeConsegna(s));
@@ -158,22 +157,13 @@ TEST_F(Ritorno, LeFaldeDelTriangolatoreSostituisconoLaTabella) {
   Triangola(true);
   EXPECT_EQ(proc.Chiamate, (std::vector<std::string>{"varena-mesh 0 " + s.CartellaProgramma}));
   ASSERT_EQ(s.ContaEntita[SlotFalde], 2);
-  EXPECT_EQ(s.FaldaIdent[0], 0);
-  EXPECT_EQ(s.FaldaIdent[1], -1);
-  // By hand: area 8, prism (2 - 2.5) * 8; the corner below 2.5 is the triangle of legs 10/3.
-  EXPECT_DOUBLE_EQ(s.FaldaAreaDiBase[0], 8.0);
-  EXPECT_NEAR(s.FaldaVolumeRiporto[0], 250.0 / 54.0, 1e-12);
-  EXPECT_NEAR(s.FaldaVolumeSterro[0], 4.0 + 250.0 / 54.0, 1e-12);
-  // Drawn: three sides of kind 6, and with the labels on, four texts.
-  auto contaFalde = [&] {
-    int64_t n = 0;
-    for (int64_t k = 0; k < s.ListaDisegno.Conta(); ++k) n += s.ListaDisegno.Tipo[static_cast<size_t>(k)] == SlotFalde;
-    return n;
-  };
-  EXPECT_EQ(contaFalde(), 3);
+  EXPECT_EQ(std::tuple(s.FaldaIdent[0], s.FaldaIdent[1]), std::tuple(0, -1));
+  // Drawn: three sides of kind 6, and with the labels on, four texts. By hand: area 8, prism
+  // (2 - 2.5) * 8; the corner below 2.5 is the triangle of legs 10/3: fill 250/54, cut 4 more.
+  EXPECT_EQ(prova::InLista(s, SlotFalde), 3);
   s.Terreno.EtichetteFalde = true;
   RigeneraLista(s);
-  EXPECT_EQ(contaFalde(), 7);
+  EXPECT_EQ(prova::InLista(s, SlotFalde), 7);
   std::vector<std::string> testi;
   for (int64_t k = 0; k < s.ListaDisegno.Conta(); ++k)
     if (s.ListaDisegno.Primitiva[static_cast<size_t>(k)] == PrimTesto) testi.emplace_back(s.ListaDisegno.Testo(k));
@@ -185,8 +175,7 @@ TEST_F(Ritorno, SenzaRispostaLeFaldeRestano) {
   proc.Risposta = [] { return std::nullopt; };
   Triangola(false);
   EXPECT_TRUE(p.ui.Messaggi.empty());
-  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
-  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+  EXPECT_EQ(std::make_pair(s.ContaEntita[SlotFalde], s.FaldaX2[0]), std::make_pair(1, 1.0));
 
   // Failed: its reason is shown.
   Risponde({}, 1);
@@ -200,8 +189,7 @@ TEST_F(Ritorno, SenzaRispostaLeFaldeRestano) {
   Triangola(false);
   ASSERT_EQ(p.ui.Messaggi.size(), 2u);
   EXPECT_EQ(p.ui.Messaggi[1].Testo, TestoErroreComune(kErroreFineFile, "LeggiFaldeConsegna"));
-  EXPECT_EQ(s.ContaEntita[SlotFalde], 1);
-  EXPECT_DOUBLE_EQ(s.FaldaX2[0], 1.0);
+  EXPECT_EQ(std::make_pair(s.ContaEntita[SlotFalde], s.FaldaX2[0]), std::make_pair(1, 1.0));
 
   // The facets switched off: the command refuses.
   s.Terreno.FaldeAttive = false;
@@ -273,12 +261,8 @@ class MeshVero : public ::testing::Test {
   // Whether a live facet has both points among its vertices.
   bool Lato(double x1, double y1, double x2, double y2) const {
     for (size_t r = 0; r < static_cast<size_t>(s.ContaEntita[SlotFalde]); ++r) {
-      if (s.FaldaIdent[r] != 0) continue;
-      auto ha = [&](double x, double y) {
-        return (s.FaldaX1[r] == kE + x && s.FaldaY1[r] == kN + y) || (s.FaldaX2[r] == kE + x && s.FaldaY2[r] == kN + y) ||
-               (s.FaldaX3[r] == kE + x && s.FaldaY3[r] == kN + y);
-      };
-      if (ha(x1, y1) && ha(x2, y2)) return true;
+      const std::set<std::pair<double, double>> v = {{s.FaldaX1[r], s.FaldaY1[r]}, {s.FaldaX2[r], s.FaldaY2[r]}, {s.FaldaX3[r], s.FaldaY3[r]}};
+      if (s.FaldaIdent[r] == 0 && v.count({kE + x1, kN + y1}) && v.count({kE + x2, kN + y2})) return true;
     }
     return false;
   }
@@ -313,10 +297,7 @@ TEST_F(MeshVero, PianoCampionatoDaVolumeEsatto) {
 TEST_F(MeshVero, LaDiscontinuitaELatoDelRisultato) {
   // Across the valley the empty-circle rule joins the two banks; the breakline along the
   // valley floor must stand instead.
-  MettiPunto(s, "1", kE + 0, kN + 0, 10);
-  MettiPunto(s, "2", kE + 10, kN + 0, 10);
-  MettiPunto(s, "3", kE + 5, kN + 3, 20);
-  MettiPunto(s, "4", kE + 5, kN - 3, 20);
+  prova::MettiPunti(s, {{"1", kE, kN, 10}, {"2", kE + 10, kN, 10}, {"3", kE + 5, kN + 3, 20}, {"4", kE + 5, kN - 3, 20}});
   ASSERT_TRUE(Triangola());
   EXPECT_TRUE(Lato(5, 3, 5, -3));
   EXPECT_FALSE(Lato(0, 0, 10, 0));
@@ -328,10 +309,7 @@ TEST_F(MeshVero, LaDiscontinuitaELatoDelRisultato) {
 }
 
 TEST_F(MeshVero, RifiutiLascianoLeFalde) {
-  MettiPunto(s, "1", kE + 0, kN + 0, 10);
-  MettiPunto(s, "2", kE + 10, kN + 0, 10);
-  MettiPunto(s, "3", kE + 0, kN + 10, 20);
-  MettiPunto(s, "4", kE + 10, kN + 10, 20);
+  prova::MettiPunti(s, {{"1", kE, kN, 10}, {"2", kE + 10, kN, 10}, {"3", kE, kN + 10, 20}, {"4", kE + 10, kN + 10, 20}});
   ASSERT_TRUE(Triangola());
   ASSERT_EQ(s.ContaEntita[SlotFalde], 2);
   const std::vector<double> prima = s.FaldaX1;
@@ -364,10 +342,7 @@ TEST(MeshScript, TriangolaPuntiDalDialogoDiSelezione) {
   prova::Banco b;
   ProcessiSistema proc(b.s.Clip);
   b.s.Proc = &proc;
-  MettiPunto(b.s, "1", 0, 0, 1);
-  MettiPunto(b.s, "2", 10, 0, 1);
-  MettiPunto(b.s, "3", 10, 10, 1);
-  MettiPunto(b.s, "4", 0, 10, 1);
+  prova::MettiPunti(b.s, {{"1", 0, 0, 1}, {"2", 10, 0, 1}, {"3", 10, 10, 1}, {"4", 0, 10, 1}});
   b.Pronto(5, 5, 100);
   PathConMesh path;
   b.Script("TAG SELEZIONA_TRIANGOLA\nPRESS Tutti\nPRESS OK\n");
