@@ -396,7 +396,7 @@ TEST_F(Curve, DisegnateColorateEsplose) {
 // Switched off in the settings, facets and curves leave the drawing and their commands
 // refuse; switched on again, they come back.
 TEST_F(Curve, FaldeECurveSpenteEAccese) {
-  Falda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
+  MettiFalda(s, 0, 4, 2.5, 0, 0, 0.5, 4, 0, 0.5);
   b.Pronto(2, 2, 10);
   b.Script("TAG GENERA_CURVE\n");
   auto disegnati = [&] {
