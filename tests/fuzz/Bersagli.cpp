@@ -4,9 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/Avvio.h"
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/Lista.h"
+#include "core/Sessione.h"
+#include "store/Carica.h"
 #include "view/DimensioniImmagine.h"
 
 namespace varena::fuzz {
@@ -72,6 +75,14 @@ const Bersaglio* TrovaBersaglio(std::string_view nome) {
 void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byte) {
   if (b.Disco) a.Ripristina();
   b.Esegui(a, byte);
+}
+
+void ApriEsempio(const Ambiente& a, Sessione& s, Interfaccia* ui) {
+  a.Prepara(s);
+  if (ui) s.Ui = ui;
+  InizializzaDefault(s);
+  s.NomeOriginale = a.Esempio();
+  VR_ApriLavoro(s);
 }
 
 // List statements as every text member reaches them, after the code page, read by each kind

@@ -11,6 +11,10 @@
 
 #include "Ambiente.h"
 
+namespace varena {
+class Interfaccia;
+}
+
 namespace varena::fuzz {
 
 struct Bersaglio {
@@ -25,6 +29,10 @@ const Bersaglio* TrovaBersaglio(std::string_view nome);
 
 // One input, from the same disk every time.
 void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byte);
+
+// The example job opened in `s` as a start of the program opens it; `ui`, when given, answers
+// from the start on.
+void ApriEsempio(const Ambiente& a, Sessione& s, Interfaccia* ui = nullptr);
 
 // The targets, by family.
 void FuzzLista(const Ambiente& a, std::string_view byte);

@@ -7,7 +7,6 @@
 #include "Bersagli.h"
 #include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDisegno.h"
-#include "core/Avvio.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -20,10 +19,7 @@ namespace varena::fuzz {
 void FuzzLibretto(const Ambiente& a, std::string_view byte) {
   ScriviFileFuzz(a.Esempio() + ".TXT", byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   CampiLibretto c;
   for (const std::string& riga : s.LibrettoMisure) {
     try {

@@ -5,12 +5,10 @@
 #include <cstdlib>
 
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/CodicePagina.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "sections/FileSezioni.h"
-#include "store/Carica.h"
 #include "store/Salvataggio.h"
 
 namespace varena::fuzz {
@@ -18,10 +16,7 @@ namespace varena::fuzz {
 void FuzzSez(const Ambiente& a, std::string_view byte) {
   ScriviFileFuzz(a.Esempio() + ".SEZ", byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   Dipingi(s);
   const bool letto = s.MembriConservati.count(SlotSezioni) == 0;
   const std::string atteso = letto ? Utf8InCp1252(TestoSezioni(s)) : std::string(byte);

@@ -5,10 +5,8 @@
 #include <cstdlib>
 
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
 #include "store/Archivio.h"
-#include "store/Carica.h"
 #include "store/Provvisorio.h"
 
 namespace varena::fuzz {
@@ -17,10 +15,7 @@ void FuzzVrz(const Ambiente& a, std::string_view byte) {
   const std::string archivio = a.Lavori() + "/ARCHIVIO.VRZ";
   ScriviFileFuzz(archivio, byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   const std::string aperto = s.NomeLavoro;
   const int32_t punti = s.ContaEntita[SlotPunti];
   if (!Esplodi_VRZ(s, archivio) &&

@@ -5,9 +5,7 @@
 #include <cstdlib>
 
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
 #include "store/TestoLavoro.h"
@@ -18,10 +16,7 @@ void FuzzXvr(const Ambiente& a, std::string_view byte) {
   const std::string testo = a.Lavori() + "/ALTRO.XVR";
   ScriviFileFuzz(testo, byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   const auto prima = s.ContaEntita;
   CaricaTuttoILA7(s, testo);
   for (int slot = 0; slot < NumeroSlot; ++slot)
