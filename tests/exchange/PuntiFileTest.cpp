@@ -147,6 +147,10 @@ TEST(LeggiNuvola, BlankSingoliERigheRotte) {
   EXPECT_EQ(r.Punti[2], (Letto{"", "", "monotxt", -7, 8, 9.25}));
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{3, 4, 5}));
   EXPECT_EQ(DescriviRigheDanneggiate(e), "Righe non lette: 3, 4, 5");
+  // Many: counted, the first ten named.
+  std::string rotte;
+  for (int k = 0; k < 12; ++k) rotte += "rotta\n";
+  EXPECT_EQ(DescriviRigheDanneggiate(LeggiNuvola(rotte, r)), "Righe non lette: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10 e altre 2");
 }
 
 TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
@@ -165,13 +169,6 @@ TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
   EXPECT_EQ(r.Punti[2], (Letto{"B3", "", "", 8, 7, 9}));
   EXPECT_EQ(r.Punti[3], (Letto{"C4", "casa", "", 2, 1, 3}));
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
-}
-
-TEST(LeggiPunti, TantiDanniContatiENominatiIPrimi) {
-  std::string t;
-  for (int k = 0; k < 12; ++k) t += "rotta\n";
-  Raccolta r;
-  EXPECT_EQ(DescriviRigheDanneggiate(LeggiNuvola(t, r)), "Righe non lette: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10 e altre 2");
 }
 
 class ImportaPuntiProva : public ::testing::Test {
@@ -308,23 +305,25 @@ TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
 }
 
 TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {
-  prova::SessioneProva p;
-  InizializzaDefault(p.s);
-  prova::ScriviFileProva(p.cartella / "rilievo.gsi", "110001+00000007 81..10+00001000 82..10+00002000 \r\n");
-  ApriLavoroIniziale(p.s, "\"" + (p.cartella / "rilievo.gsi") + "\"");
-  EXPECT_TRUE(p.ui.Messaggi.empty()) << p.ui.Messaggi[0].Testo;
-  EXPECT_EQ(p.s.TipoFile, "GSI");
-  ASSERT_EQ(p.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(p.s.PuntoNome[0], "7");
-  EXPECT_EQ(p.s.PuntoY[0], 2);
-
-  prova::SessioneProva q;
-  InizializzaDefault(q.s);
-  prova::ScriviFileProva(q.cartella / "punti.csv", "5,10.5,20.25,3,muro\r\n");
-  ApriLavoroIniziale(q.s, q.cartella / "punti.csv");
-  ASSERT_EQ(q.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(q.s.PuntoX[0], 20.25);
-  EXPECT_EQ(q.s.PuntoDescrizione[0], "muro");
+  const struct {
+    const char *file, *byte, *tipo;
+    bool virgolette;
+    Letto atteso;
+  } casi[] = {  // a point of no font takes the job's, Arial
+              {"rilievo.gsi", "110001+00000007 81..10+00001000 82..10+00002000 \r\n", "GSI", true, {"7", "", "monotxt", 1, 2, 0}},
+              {"punti.csv", "5,10.5,20.25,3,muro\r\n", "CSV", false, {"5", "muro", "Arial", 20.25, 10.5, 3}}};
+  for (const auto& c : casi) {
+    SCOPED_TRACE(c.file);
+    prova::SessioneProva p;
+    InizializzaDefault(p.s);
+    prova::ScriviFileProva(p.cartella / c.file, c.byte);
+    ApriLavoroIniziale(p.s, c.virgolette ? "\"" + (p.cartella / c.file) + "\"" : p.cartella / c.file);
+    EXPECT_TRUE(p.ui.Messaggi.empty()) << p.ui.Messaggi[0].Testo;
+    EXPECT_EQ(p.s.TipoFile, c.tipo);
+    ASSERT_EQ(p.s.ContaEntita[SlotPunti], 1);
+    EXPECT_EQ((Letto{p.s.PuntoNome[0], p.s.PuntoDescrizione[0], p.s.PuntoFont[0], p.s.PuntoX[0], p.s.PuntoY[0], p.s.PuntoZ[0]}),
+              c.atteso);
+  }
 }
 
 }  // namespace
