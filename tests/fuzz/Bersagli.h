@@ -34,6 +34,10 @@ void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byt
 // from the start on.
 void ApriEsempio(const Ambiente& a, Sessione& s, Interfaccia* ui = nullptr);
 
+// A property every input must keep: when it does not hold, the message (printf's form) and
+// the stop that the fuzzer reports as a crash.
+void Verifica(bool vero, const char* formato, ...) __attribute__((format(printf, 2, 3)));
+
 // The targets, by family.
 void FuzzLista(const Ambiente& a, std::string_view byte);
 void FuzzImmagine(const Ambiente& a, std::string_view byte);

@@ -1,9 +1,6 @@
 // The section table: the input stands as the example job's `.SEZ`, which is opened as the
 // user opens a job (load, first undo generation, regeneration), painted, then saved: a member
 // that reads must come back as the writer writes it, one that does not as it stood.
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
 #include "core/CodicePagina.h"
 #include "core/File.h"
@@ -22,10 +19,8 @@ void FuzzSez(const Ambiente& a, std::string_view byte) {
   const std::string atteso = letto ? Utf8InCp1252(TestoSezioni(s)) : std::string(byte);
   Salva(s);
   const auto scritto = LeggiByte(a.Esempio() + ".SEZ");
-  if (scritto.value_or("") != atteso && !(letto && atteso.empty() && !scritto)) {
-    std::fprintf(stderr, "Il membro delle sezioni salvato non è quello letto\n");
-    std::abort();
-  }
+  Verifica(scritto.value_or("") == atteso || (letto && atteso.empty() && !scritto),
+           "Il membro delle sezioni salvato non è quello letto\n");
 }
 
 }  // namespace varena::fuzz

@@ -1,9 +1,6 @@
 // The whole-job text `.XVR`, imported into the example job as the menu command does, the job
 // then painted and saved: whatever the text, only its points and lines come in, and the save
 // writes the job's own text again.
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
 #include "core/Sessione.h"
 #include "store/Provvisorio.h"
@@ -20,10 +17,8 @@ void FuzzXvr(const Ambiente& a, std::string_view byte) {
   const auto prima = s.ContaEntita;
   CaricaTuttoILA7(s, testo);
   for (int slot = 0; slot < NumeroSlot; ++slot)
-    if (slot != SlotPunti && slot != SlotLinee && slot != SlotLibretto && s.ContaEntita[slot] != prima[slot]) {
-      std::fprintf(stderr, "L'importazione ha cambiato le righe dello slot %d\n", slot);
-      std::abort();
-    }
+    Verifica(slot == SlotPunti || slot == SlotLinee || slot == SlotLibretto || s.ContaEntita[slot] == prima[slot],
+             "L'importazione ha cambiato le righe dello slot %d\n", slot);
   Dipingi(s);
   Salva(s);
   EliminaProvviso(s);
