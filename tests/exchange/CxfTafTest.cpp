@@ -54,12 +54,9 @@ std::string Foglio() {
   return t;
 }
 
-class Cxf : public ::testing::Test {
+class Cxf : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   std::string Scrivi(const std::string& nome, const std::string& byte) {
     std::ofstream(dir / nome, std::ios::binary) << byte;
     return dir / nome;

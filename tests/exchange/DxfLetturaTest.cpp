@@ -30,12 +30,9 @@ std::string Coppie(const std::string& elenco, const char* fine = "\n") {
 
 std::string Entita(const std::string& corpo) { return Coppie("0|SECTION|2|ENTITIES|" + corpo + "0|ENDSEC|0|EOF"); }
 
-class DxfIn : public ::testing::Test {
+class DxfIn : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   EsitoDxfIn Leggi(const std::string& byte, const OpzioniDxfIn& o = Tutto()) {
     std::string errore;
     const auto f = RiduciDxf(byte, errore);

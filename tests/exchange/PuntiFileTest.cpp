@@ -171,12 +171,9 @@ TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
 }
 
-class ImportaPuntiProva : public ::testing::Test {
+class ImportaPuntiProva : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   void SetUp() override { s.SolaLettura = true; }  // no PIANI.INI written beside the tests
 };
 
