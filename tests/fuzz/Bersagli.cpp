@@ -122,7 +122,8 @@ void FuzzLista(const Ambiente&, std::string_view byte) {
 // The header of a picture chosen for the drawing.
 void FuzzImmagine(const Ambiente&, std::string_view byte) {
   if (const auto d = DimensioniImmagine(byte))
-    Verifica(d->Larghezza > 0 && d->Altezza > 0, "Dimensioni di immagine non positive: %d x %d\n", d->Larghezza, d->Altezza);
+    Verifica(d->Larghezza > 0 && d->Altezza > 0, "Dimensioni di immagine non positive: %d x %d\n", d->Larghezza,
+             d->Altezza);
 }
 
 }  // namespace varena::fuzz
