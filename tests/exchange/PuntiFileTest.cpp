@@ -279,24 +279,22 @@ TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
                          "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
                          "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  ASSERT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ContaEntita[SlotLinee], s.ContaEntita[SlotCerchi], s.ContaEntita[SlotArchi],
+                     s.ContaEntita[SlotTesti]),
+            std::make_tuple(2, 3, 1, 1, 1));
   EXPECT_EQ(s.PuntoNome[1], "PuntiSenzaNome2");  // a symbol of no name, by its progressive number
   // The text on the layer of descriptions is the description of the point at its place.
   EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
             std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
   // The layers of the book's structures: a contour's codes N, T; the scheme's pen and type.
   EXPECT_EQ(std::make_tuple(s.LineaColore[0], s.LineaColore[1], s.LineaTratteggio[1], s.LineaColore[2], s.LineaTratteggio[2]),
             std::make_tuple(s.Imp.Colore_Default, 250, int16_t{2}, 12, int16_t{2}));
-  ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
   // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.
-  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
   EXPECT_EQ(std::make_tuple(s.ArcoX[0], s.ArcoY[0], s.ArcoRaggio[0], s.ArcoInizio[0], s.ArcoFine[0], s.ArcoPiano[0]),
             std::make_tuple(7.0, 8.0, 2.0, 350.0, 100.0, std::string("ARCHI")));
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
   EXPECT_EQ(std::make_tuple(s.TestoX[0], s.TestoY[0], s.TestoTesto[0], s.TestoPiano[0]),
             std::make_tuple(1.0, 2.0, std::string("Casa Rossi"), std::string("SCRITTE")));
 }
