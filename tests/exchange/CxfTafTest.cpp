@@ -54,12 +54,9 @@ std::string Foglio() {
   return t;
 }
 
-class Cxf : public ::testing::Test {
+class Cxf : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   std::string Scrivi(const std::string& nome, const std::string& byte) {
     std::ofstream(dir / nome, std::ios::binary) << byte;
     return dir / nome;
@@ -72,9 +69,7 @@ TEST_F(Cxf, IlFoglioCompletoDiventaTestiPuntiELinee) {
   ASSERT_TRUE(ImportaCxf(s, Scrivi("F.CXF", Foglio()), &e));
   EXPECT_TRUE(ui.Messaggi.empty());
   // Lines: 4 + 3 + 2 of the rings, 3 of the first LINEA, 299 of the others.
-  EXPECT_EQ(e.Testi, 1);
-  EXPECT_EQ(e.Punti, 12);
-  EXPECT_EQ(e.Linee, 4 + 3 + 2 + 3 + 299);
+  EXPECT_EQ(std::tie(e.Testi, e.Punti, e.Linee), std::make_tuple(1, 12, 4 + 3 + 2 + 3 + 299));
   // Every value below is a sum of quarters, which a double holds exactly.
   ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
   EXPECT_EQ(std::tie(s.TestoTesto[0], s.TestoPiano[0], s.TestoX[0], s.TestoY[0], s.TestoAltezza[0], s.TestoRotazione[0]),
@@ -91,10 +86,8 @@ TEST_F(Cxf, IlFoglioCompletoDiventaTestiPuntiELinee) {
   using Q = std::vector<double>;
   auto linea = [&s = s](size_t k) { return Q{s.LineaX1[k], s.LineaY1[k], s.LineaX2[k], s.LineaY2[k]}; };
   EXPECT_EQ(linea(3), (Q{500, 640, 500, 600}));
-  EXPECT_EQ(std::make_pair(s.LineaX1[4], s.LineaY1[4]), std::make_pair(510.0, 610.0));
-  EXPECT_EQ(std::make_pair(s.LineaX2[6], s.LineaY2[6]), std::make_pair(510.0, 610.0));
-  EXPECT_EQ(std::make_pair(s.LineaX1[7], s.LineaY1[7]), std::make_pair(525.0, 625.0));
-  EXPECT_EQ(std::make_pair(s.LineaX2[8], s.LineaY2[8]), std::make_pair(525.0, 625.0));
+  EXPECT_EQ((Q{s.LineaX1[4], s.LineaY1[4], s.LineaX2[6], s.LineaY2[6]}), (Q{510, 610, 510, 610}));
+  EXPECT_EQ((Q{s.LineaX1[7], s.LineaY1[7], s.LineaX2[8], s.LineaY2[8]}), (Q{525, 625, 525, 625}));
   // Each line keeps its object's layer, with the colour in force.
   EXPECT_EQ(std::tie(s.LineaPiano[9], s.LineaPiano[12], s.LineaPiano[13]), std::make_tuple("STRADA", "ACQUA", "FABBR"));
   EXPECT_EQ(std::tie(s.LineaPiano[310], s.LineaX1[310], s.LineaY2[310], s.LineaColore[310]),
@@ -129,8 +122,8 @@ TEST_F(Cxf, UnFoglioGuastoDiceIlPerchéENonAggiungeNulla) {
     ui.Messaggi.clear();
     EXPECT_FALSE(ImportaCxf(s, Scrivi(std::string(c.nome) + ".CXF", c.byte)));
     ASSERT_EQ(ui.Messaggi.size(), 1u);
-    EXPECT_EQ(ui.Messaggi[0].Titolo, "Rilevato errore");
-    EXPECT_EQ(ui.Messaggi[0].Testo, TestoErroreComune(c.motivo, "carica CXF"));
+    EXPECT_EQ(std::tie(ui.Messaggi[0].Titolo, ui.Messaggi[0].Testo),
+              std::make_tuple("Rilevato errore", TestoErroreComune(c.motivo, "carica CXF")));
     EXPECT_EQ(s.ContaEntita[SlotPunti] + s.ContaEntita[SlotLinee] + s.ContaEntita[SlotTesti], 0);
   }
 }
@@ -171,8 +164,7 @@ TEST_F(Cxf, LArchivioTafDelloStessoFoglio) {
   ASSERT_EQ(ui.Messaggi.size(), 1u);
   EXPECT_EQ(ui.Messaggi[0].Testo, "Righe senza coordinate, non caricate: 14, 16, 17\n" + (dir / "A123.TAF"));
   ASSERT_EQ(s.ContaEntita[SlotPunti], 13);
-  EXPECT_EQ(s.PuntoNome[0], "PF01/0120/A123");
-  EXPECT_EQ(s.PuntoNome[11], "PF12/0120/A123");
+  EXPECT_EQ(std::tie(s.PuntoNome[0], s.PuntoNome[11]), std::make_tuple("PF01/0120/A123", "PF12/0120/A123"));
   for (size_t k = 0; k < 13; ++k) {
     const int n = static_cast<int>(k) + 1;
     EXPECT_EQ(std::tie(s.PuntoPiano[k], s.PuntoFont[k], s.PuntoAttendibilita[k], s.PuntoDescrizione[k], s.PuntoX[k],
@@ -197,11 +189,9 @@ TEST_F(Cxf, IlPFCercatoPerNomeNellArchivioDelComune) {
   ASSERT_TRUE(a);
   EXPECT_EQ(std::tie(a->Nome, a->Nord), std::make_tuple("PF07/012A/A123", 10.0));
   bool corta = true;
-  EXPECT_FALSE(CercaPFInArchivio(s, "PF09/0120/A123", &corta));
-  EXPECT_FALSE(corta);
+  EXPECT_FALSE(CercaPFInArchivio(s, "PF09/0120/A123", &corta) || corta);
   // A line of the name without the columns of its coordinates is no answer, and says so.
-  EXPECT_FALSE(CercaPFInArchivio(s, "PF04/0120/A123", &corta));
-  EXPECT_TRUE(corta);
+  EXPECT_TRUE(!CercaPFInArchivio(s, "PF04/0120/A123", &corta) && corta);
   // No archive for the municipality, a name too short to name one.
   EXPECT_FALSE(CercaPFInArchivio(s, "PF03/0120/B999"));
   EXPECT_FALSE(CercaPFInArchivio(s, "PF03"));

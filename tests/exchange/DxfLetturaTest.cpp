@@ -30,12 +30,9 @@ std::string Coppie(const std::string& elenco, const char* fine = "\n") {
 
 std::string Entita(const std::string& corpo) { return Coppie("0|SECTION|2|ENTITIES|" + corpo + "0|ENDSEC|0|EOF"); }
 
-class DxfIn : public ::testing::Test {
+class DxfIn : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   EsitoDxfIn Leggi(const std::string& byte, const OpzioniDxfIn& o = Tutto()) {
     std::string errore;
     const auto f = RiduciDxf(byte, errore);
@@ -136,8 +133,7 @@ TEST_F(DxfIn, StranezzeConservate) {
   o.Check[DxfQuotaElevazione] = true;
   o.Piani = std::vector<std::string>{"P", "PIANO_MOLTO_LUNGO", "T"};
   const EsitoDxfIn e = Leggi(dxf, o);
-  EXPECT_EQ(e.Righe[DxfPolilinee], 6);
-  EXPECT_EQ(e.Righe[DxfLinee], 1);
+  EXPECT_EQ(std::tie(e.Righe[DxfPolilinee], e.Righe[DxfLinee]), std::make_tuple(6, 1));
   const auto r = Righe();
   ASSERT_EQ(r.size(), 9u);
   auto L = [](double x1, double y1, double z1, double x2, double y2, double z2, std::string p) {
@@ -217,15 +213,13 @@ TEST_F(DxfIn, FileGuasti) {
   EXPECT_EQ(ui.Messaggi[0].Testo,
             "Sezione ENTITIES non trovata: il file non contiene entità DXF leggibili:\n" + (dir / "b.dxf"));
   EXPECT_EQ(s.ContaEntita[SlotLinee], 0);
-}
 
-TEST_F(DxfIn, InterrottoLasciaIlLavoro) {
+  // Stopped after the first pass: the line it added goes again.
   prova::ScriviFileProva(dir / "c.dxf", Entita("0|LINE|10|1|20|1|11|2|21|2|0|CIRCLE|40|1|"));
   int chiamate = 0;
-  EsitoDxfIn e;
-  // Stopped after the first pass: the line it added goes again.
-  EXPECT_FALSE(ImportaDxf(s, dir / "c.dxf", Tutto(), &e, [&](int64_t, int64_t) { return ++chiamate < 3; }));
-  EXPECT_TRUE(e.Interrotto);
+  EsitoDxfIn esito;
+  EXPECT_FALSE(ImportaDxf(s, dir / "c.dxf", Tutto(), &esito, [&](int64_t, int64_t) { return ++chiamate < 3; }));
+  EXPECT_TRUE(esito.Interrotto);
   EXPECT_EQ(std::tie(s.ContaEntita[SlotLinee], s.ContaEntita[SlotCerchi]), std::make_tuple(0, 0));
 }
 

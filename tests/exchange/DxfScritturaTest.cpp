@@ -11,11 +11,7 @@
 namespace varena {
 namespace {
 
-using prova::MettiArco;
-using prova::MettiCerchio;
-using prova::MettiLinea;
-using prova::MettiPunto;
-using prova::MettiTesto;
+using namespace prova;
 
 // Lines given as "a|b|c" with CR LF after each.
 std::string Righe(const std::string& elenco) {
@@ -186,20 +182,21 @@ TEST_F(DxfOutTest, CurveEFalde) {
                            " 0|TEXT| 8|FOTO_1|62|7| 10|12.4| 20|20| 30| 0 | 40|2| 7 |Arial| 1|foto.png| 50 |90"));
 }
 
-TEST_F(DxfOutTest, OpzioniNelFile) {
-  prova::CartellaTemporanea dir;
-  InterfacciaRegistrata ui;
-  s.Ui = &ui;
-  s.CartellaProgramma = dir.Percorso();
-  s.CartellaUtente = dir / "utente";
+TEST(DxfOut, OpzioniNelFile) {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
+  InterfacciaRegistrata& ui = p.ui;
+  const std::string dir = s.CartellaProgramma;
+  s.CartellaUtente = dir + "/utente";
   std::filesystem::create_directory(s.CartellaUtente);
+  OpzioniDxfOut o;
   o.TreD = o.Nomi = o.LineeSenzaQuota = true;
   o.Font = "Arial";
   o.FileName = "/tmp/Città.DXF";
   o.Text1[4] = "curve";
   o.Percorso = 5;
   ScriviOpzioniDxfOut(s, o);
-  EXPECT_EQ(prova::LeggiFileProva(dir / "CFGDXF2000.ini"),
+  EXPECT_EQ(prova::LeggiFileProva(dir + "/CFGDXF2000.ini"),
             "\"\"\r\n\"/tmp/Citt\xE0.DXF\"\r\n1\r\n\"Arial\"\r\n1\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n"
             "\"DA FILE\"\r\n\"CURVE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n\"DA FILE\"\r\n");
   const OpzioniDxfOut letto = LeggiOpzioniDxfOut(s);
@@ -210,15 +207,15 @@ TEST_F(DxfOutTest, OpzioniNelFile) {
   // The fonts: the system's the first time, kept in elencofont.ini, then read from there.
   ui.Font = {"Arial", "DejaVu Sans"};
   EXPECT_EQ(ElencoFont(s), ui.Font);
-  EXPECT_EQ(prova::LeggiFileProva(dir / "elencofont.ini"), "Arial\r\nDejaVu Sans\r\n");
+  EXPECT_EQ(prova::LeggiFileProva(dir + "/elencofont.ini"), "Arial\r\nDejaVu Sans\r\n");
   ui.Font = {"Altro"};
   EXPECT_EQ(ElencoFont(s), (std::vector<std::string>{"Arial", "DejaVu Sans"}));
 
   // The default job offers the job named first in Lavoro/default, as the legacy wrote it.
-  s.CartellaLavoro = dir.Percorso() + "/";
+  s.CartellaLavoro = dir + "/";
   s.NomeOriginale = "";
-  std::filesystem::create_directory(dir / "Lavoro");
-  prova::ScriviFileProva(dir / "Lavoro/default", "c:\\lavori\\rossi.zrl\r\naltro.zrl\r\n");
+  std::filesystem::create_directory(dir + "/Lavoro");
+  prova::ScriviFileProva(dir + "/Lavoro/default", "c:\\lavori\\rossi.zrl\r\naltro.zrl\r\n");
   o.Percorso = 3;
   EXPECT_EQ(PercorsoProposto(s, o), "C:\\LAVORI\\ROSSI.DXF");
   s.NomeOriginale = "/lavori/Bianchi";

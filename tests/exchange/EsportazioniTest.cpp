@@ -43,44 +43,17 @@ TEST(Esportazioni, LavoroDiEsempioComeIFileScrittiAMano) {
   }
 }
 
-struct Raccolta : DestinoPunti {
-  std::vector<std::tuple<std::string, double, double>> Punti;
-  void Punto(std::string_view n, std::string_view, double x, double y, double, std::string_view) override {
-    Punti.emplace_back(std::string(n), x, y);
+// The example job, read as the command line reads it.
+class EsportazioniEsempio : public ::testing::Test {
+ protected:
+  Sessione s;
+  void SetUp() override {
+    std::ostringstream err;
+    ASSERT_TRUE(cli::CaricaInLettura(s, kLavoro, err)) << err.str();
   }
 };
 
-TEST(Esportazioni, RitornoDaiLettoriDiPunti) {
-  Sessione s;
-  std::ostringstream err;
-  ASSERT_TRUE(cli::CaricaInLettura(s, kLavoro, err));
-  const std::vector<int32_t> righe = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19};
-  using Lettore = EsitoLettura (*)(std::string_view, DestinoPunti&);
-  const std::pair<FormatoEsportazione, Lettore> casi[] = {
-      {FormatoEsportazione::Ril, [](std::string_view t, DestinoPunti& d) { return LeggiPuntiRil(t, d); }},
-      {FormatoEsportazione::Gsi, [](std::string_view t, DestinoPunti& d) { return LeggiPuntiGsi(t, d); }},
-      {FormatoEsportazione::Csv, [](std::string_view t, DestinoPunti& d) { return LeggiPuntiTesto(t, {}, d); }}};
-  for (const auto& [formato, leggi] : casi) {
-    Raccolta r;
-    leggi(TestoEsportazione(s, formato, righe), r);
-    ASSERT_EQ(r.Punti.size(), righe.size());
-    for (size_t k = 0; k < righe.size(); ++k) {
-      const auto& [nome, x, y] = r.Punti[k];
-      // GSI keeps the last eight characters of a name, padded with zeros that its reader drops.
-      std::string atteso = s.PuntoNome[k];
-      if (formato == FormatoEsportazione::Gsi && atteso.size() > 8) atteso = atteso.substr(atteso.size() - 8);
-      if (formato == FormatoEsportazione::Gsi) atteso.erase(0, atteso.find_first_not_of('0'));
-      EXPECT_EQ(nome, atteso);
-      EXPECT_NEAR(x, s.PuntoX[k], 0.0005);
-      EXPECT_NEAR(y, s.PuntoY[k], 0.0005);
-    }
-  }
-}
-
-TEST(Esportazioni, ScriptRilettoDaUnParserDeiComandi) {
-  Sessione s;
-  std::ostringstream err;
-  ASSERT_TRUE(cli::CaricaInLettura(s, kLavoro, err));
+TEST_F(EsportazioniEsempio, ScriptRilettoDaUnParserDeiComandi) {
   const std::vector<std::string> righe = RigheTesto(TestoEsportazione(s, FormatoEsportazione::Scr, {}));
   ASSERT_GE(righe.size(), 8u);
   EXPECT_EQ(righe[6], "-LAYER CORRENTE LINEE_TRIANGOLO");
@@ -113,11 +86,8 @@ TEST(Esportazioni, ScriptRilettoDaUnParserDeiComandi) {
   EXPECT_NE(righe[righe.size() - 4].find("STRADA COMUNALE DEL MOLINO"), std::string::npos);
 }
 
-TEST(Esportazioni, CsvDelDisegnoRigheDaiCampiDelLavoro) {
+TEST_F(EsportazioniEsempio, CsvDelDisegnoRigheDaiCampiDelLavoro) {
   // The rows as `varena-cli dump` shows the example job's fields, in the columns' order.
-  Sessione s;
-  std::ostringstream err;
-  ASSERT_TRUE(cli::CaricaInLettura(s, kLavoro, err));
   const std::vector<std::string> r = RigheTesto(TestoEsportazione(s, FormatoEsportazione::CsvDisegno, {}));
   ASSERT_EQ(r.size(), 53u);
   EXPECT_EQ(r[4], "0,100,10,0,-1.5,STAZIONE,60,0,-1.5,1725300,5031200,14.35,0.3,0.3,-0.6,66,21,0,-1.5,32,0,-1.5,12,"
@@ -140,12 +110,6 @@ TEST(Esportazioni, VirgolaNomeLungoNordNegativoRigaEliminata) {
             "*110001+0000000023456789 81..10+0000000000001500 82..10-0000000000002250 83..10+0000000000000001 "
             "71....+00000001 \r\n");
   EXPECT_EQ(TestoNpl(s, {0}), "A,123456789,-2.25,1.50,0.00,\r\n");
-}
-
-TEST(Esportazioni, GsiDellElencoPropostoComeLeica) {
-  prova::SessioneProva p;
-  EsportaElencoPunti(p.s, FormatoEsportazione::GsiTcr705, {});
-  EXPECT_EQ(p.ui.NomiProposti, std::vector<std::string>{"Leica.GSI"});
 }
 
 TEST(Esportazioni, SceltePunRicordate) {
@@ -182,6 +146,9 @@ TEST(Esportazioni, MenuScegliePuntiPrimaDelFile) {
   LettoreLista altro(ScriviBloccoB(CfgLavoro().B));  // another job's, which never set it
   LeggiBloccoB(altro, s.Cfg.B);
   EXPECT_EQ(DecimaliEsportazione(s), 0);
+  p.ui.NomiProposti.clear();
+  EsportaElencoPunti(s, FormatoEsportazione::GsiTcr705, {});  // its file offered under the maker's name
+  EXPECT_EQ(p.ui.NomiProposti, std::vector<std::string>{"Leica.GSI"});
 }
 
 }  // namespace

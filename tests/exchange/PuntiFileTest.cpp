@@ -147,6 +147,10 @@ TEST(LeggiNuvola, BlankSingoliERigheRotte) {
   EXPECT_EQ(r.Punti[2], (Letto{"", "", "monotxt", -7, 8, 9.25}));
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{3, 4, 5}));
   EXPECT_EQ(DescriviRigheDanneggiate(e), "Righe non lette: 3, 4, 5");
+  // Many: counted, the first ten named.
+  std::string rotte;
+  for (int k = 0; k < 12; ++k) rotte += "rotta\n";
+  EXPECT_EQ(DescriviRigheDanneggiate(LeggiNuvola(rotte, r)), "Righe non lette: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10 e altre 2");
 }
 
 TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
@@ -167,19 +171,9 @@ TEST(LeggiPuntiTesto, SeparatoriColonneEPrefisso) {
   EXPECT_EQ(e.RigheDanneggiate, (std::vector<int64_t>{6}));
 }
 
-TEST(LeggiPunti, TantiDanniContatiENominatiIPrimi) {
-  std::string t;
-  for (int k = 0; k < 12; ++k) t += "rotta\n";
-  Raccolta r;
-  EXPECT_EQ(DescriviRigheDanneggiate(LeggiNuvola(t, r)), "Righe non lette: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10 e altre 2");
-}
-
-class ImportaPuntiProva : public ::testing::Test {
+class ImportaPuntiProva : public ::testing::Test, protected prova::SessioneProva {
  protected:
-  prova::SessioneProva p;
-  prova::CartellaTemporanea& dir = p.cartella;
-  InterfacciaRegistrata& ui = p.ui;
-  Sessione& s = p.s;
+  prova::CartellaTemporanea& dir = cartella;
   void SetUp() override { s.SolaLettura = true; }  // no PIANI.INI written beside the tests
 };
 
@@ -285,46 +279,46 @@ TEST_F(ImportaPuntiProva, TabellaDiUnCad) {
                          "Testo;;SCRITTE;1;2;0;;;;;;;;;;;Casa Rossi;;\r\n"
                          "Testo;;PUNTI_D;10.5;20.25;0;;;;;;;;;;;spigolo;;\r\n");
   ASSERT_TRUE(ImportaPunti(s, FormatoPunti::Csv, dir / "cad.csv", {})) << ui.Messaggi[0].Testo;
-  ASSERT_EQ(s.ContaEntita[SlotPunti], 2);
+  ASSERT_EQ(std::tie(s.ContaEntita[SlotPunti], s.ContaEntita[SlotLinee], s.ContaEntita[SlotCerchi], s.ContaEntita[SlotArchi],
+                     s.ContaEntita[SlotTesti]),
+            std::make_tuple(2, 3, 1, 1, 1));
   EXPECT_EQ(s.PuntoNome[1], "PuntiSenzaNome2");  // a symbol of no name, by its progressive number
   // The text on the layer of descriptions is the description of the point at its place.
   EXPECT_EQ(std::make_tuple(s.PuntoNome[0], s.PuntoPiano[0], s.PuntoX[0], s.PuntoY[0], s.PuntoZ[0], s.PuntoDescrizione[0]),
             std::make_tuple(std::string("PF1"), std::string("CONFINI"), 10.5, 20.25, 3.0, std::string("spigolo")));
-  ASSERT_EQ(s.ContaEntita[SlotLinee], 3);
   EXPECT_EQ(std::make_tuple(s.LineaX1[0], s.LineaY1[0], s.LineaX2[0], s.LineaY2[0], s.LineaPiano[0]),
             std::make_tuple(1.0, 2.0, 3.0, 4.0, std::string("STRADE")));
   // The layers of the book's structures: a contour's codes N, T; the scheme's pen and type.
   EXPECT_EQ(std::make_tuple(s.LineaColore[0], s.LineaColore[1], s.LineaTratteggio[1], s.LineaColore[2], s.LineaTratteggio[2]),
             std::make_tuple(s.Imp.Colore_Default, 250, int16_t{2}, 12, int16_t{2}));
-  ASSERT_EQ(s.ContaEntita[SlotCerchi], 1);
   EXPECT_EQ(std::make_tuple(s.CerchioX[0], s.CerchioY[0], s.CerchioRaggio[0]), std::make_tuple(5.0, 6.0, 1.5));
   // From 45 to 135 degrees: clockwise from North-West (350 gon) over a quarter turn.
-  ASSERT_EQ(s.ContaEntita[SlotArchi], 1);
   EXPECT_EQ(std::make_tuple(s.ArcoX[0], s.ArcoY[0], s.ArcoRaggio[0], s.ArcoInizio[0], s.ArcoFine[0], s.ArcoPiano[0]),
             std::make_tuple(7.0, 8.0, 2.0, 350.0, 100.0, std::string("ARCHI")));
-  ASSERT_EQ(s.ContaEntita[SlotTesti], 1);
   EXPECT_EQ(std::make_tuple(s.TestoX[0], s.TestoY[0], s.TestoTesto[0], s.TestoPiano[0]),
             std::make_tuple(1.0, 2.0, std::string("Casa Rossi"), std::string("SCRITTE")));
 }
 
 TEST(ImportaPuntiAvvio, GsiECsvDallaRigaDiComando) {
-  prova::SessioneProva p;
-  InizializzaDefault(p.s);
-  prova::ScriviFileProva(p.cartella / "rilievo.gsi", "110001+00000007 81..10+00001000 82..10+00002000 \r\n");
-  ApriLavoroIniziale(p.s, "\"" + (p.cartella / "rilievo.gsi") + "\"");
-  EXPECT_TRUE(p.ui.Messaggi.empty()) << p.ui.Messaggi[0].Testo;
-  EXPECT_EQ(p.s.TipoFile, "GSI");
-  ASSERT_EQ(p.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(p.s.PuntoNome[0], "7");
-  EXPECT_EQ(p.s.PuntoY[0], 2);
-
-  prova::SessioneProva q;
-  InizializzaDefault(q.s);
-  prova::ScriviFileProva(q.cartella / "punti.csv", "5,10.5,20.25,3,muro\r\n");
-  ApriLavoroIniziale(q.s, q.cartella / "punti.csv");
-  ASSERT_EQ(q.s.ContaEntita[SlotPunti], 1);
-  EXPECT_EQ(q.s.PuntoX[0], 20.25);
-  EXPECT_EQ(q.s.PuntoDescrizione[0], "muro");
+  const struct {
+    const char *file, *byte, *tipo;
+    bool virgolette;
+    Letto atteso;
+  } casi[] = {  // a point of no font takes the job's, Arial
+              {"rilievo.gsi", "110001+00000007 81..10+00001000 82..10+00002000 \r\n", "GSI", true, {"7", "", "monotxt", 1, 2, 0}},
+              {"punti.csv", "5,10.5,20.25,3,muro\r\n", "CSV", false, {"5", "muro", "Arial", 20.25, 10.5, 3}}};
+  for (const auto& c : casi) {
+    SCOPED_TRACE(c.file);
+    prova::SessioneProva p;
+    InizializzaDefault(p.s);
+    prova::ScriviFileProva(p.cartella / c.file, c.byte);
+    ApriLavoroIniziale(p.s, c.virgolette ? "\"" + (p.cartella / c.file) + "\"" : p.cartella / c.file);
+    EXPECT_TRUE(p.ui.Messaggi.empty()) << p.ui.Messaggi[0].Testo;
+    EXPECT_EQ(p.s.TipoFile, c.tipo);
+    ASSERT_EQ(p.s.ContaEntita[SlotPunti], 1);
+    EXPECT_EQ((Letto{p.s.PuntoNome[0], p.s.PuntoDescrizione[0], p.s.PuntoFont[0], p.s.PuntoX[0], p.s.PuntoY[0], p.s.PuntoZ[0]}),
+              c.atteso);
+  }
 }
 
 }  // namespace

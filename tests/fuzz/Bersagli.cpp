@@ -1,12 +1,16 @@
 // The table of targets, and the two readers that work on bytes in memory.
 #include "Bersagli.h"
 
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/Avvio.h"
 #include "core/CodicePagina.h"
 #include "core/Errori.h"
 #include "core/Lista.h"
+#include "core/Sessione.h"
+#include "store/Carica.h"
 #include "view/DimensioniImmagine.h"
 
 namespace varena::fuzz {
@@ -74,6 +78,23 @@ void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byt
   b.Esegui(a, byte);
 }
 
+void Verifica(bool vero, const char* formato, ...) {
+  if (vero) return;
+  va_list argomenti;
+  va_start(argomenti, formato);
+  std::vfprintf(stderr, formato, argomenti);
+  va_end(argomenti);
+  std::abort();
+}
+
+void ApriEsempio(const Ambiente& a, Sessione& s, Interfaccia* ui) {
+  a.Prepara(s);
+  if (ui) s.Ui = ui;
+  InizializzaDefault(s);
+  s.NomeOriginale = a.Esempio();
+  VR_ApriLavoro(s);
+}
+
 // List statements as every text member reaches them, after the code page, read by each kind
 // of read in turn until nothing is left. A read that consumed nothing would leave every
 // reader that reads to the end of its member turning for ever: the run stops there.
@@ -94,19 +115,15 @@ void FuzzLista(const Ambiente&, std::string_view byte) {
     } catch (const ErroreVarena&) {
       return;
     }
-    if (in.Posizione() == prima) {
-      std::fprintf(stderr, "Una lettura della lista non ha preso nulla alla posizione %zu\n", prima);
-      std::abort();
-    }
+    Verifica(in.Posizione() != prima, "Una lettura della lista non ha preso nulla alla posizione %zu\n", prima);
   }
 }
 
 // The header of a picture chosen for the drawing.
 void FuzzImmagine(const Ambiente&, std::string_view byte) {
-  if (const auto d = DimensioniImmagine(byte); d && (d->Larghezza <= 0 || d->Altezza <= 0)) {
-    std::fprintf(stderr, "Dimensioni di immagine non positive: %d x %d\n", d->Larghezza, d->Altezza);
-    std::abort();
-  }
+  if (const auto d = DimensioniImmagine(byte))
+    Verifica(d->Larghezza > 0 && d->Altezza > 0, "Dimensioni di immagine non positive: %d x %d\n", d->Larghezza,
+             d->Altezza);
 }
 
 }  // namespace varena::fuzz

@@ -11,6 +11,10 @@
 
 #include "Ambiente.h"
 
+namespace varena {
+class Interfaccia;
+}
+
 namespace varena::fuzz {
 
 struct Bersaglio {
@@ -25,6 +29,14 @@ const Bersaglio* TrovaBersaglio(std::string_view nome);
 
 // One input, from the same disk every time.
 void EseguiBersaglio(const Bersaglio& b, const Ambiente& a, std::string_view byte);
+
+// The example job opened in `s` as a start of the program opens it; `ui`, when given, answers
+// from the start on.
+void ApriEsempio(const Ambiente& a, Sessione& s, Interfaccia* ui = nullptr);
+
+// A property every input must keep: when it does not hold, the message (printf's form) and
+// the stop that the fuzzer reports as a crash.
+void Verifica(bool vero, const char* formato, ...) __attribute__((format(printf, 2, 3)));
 
 // The targets, by family.
 void FuzzLista(const Ambiente& a, std::string_view byte);

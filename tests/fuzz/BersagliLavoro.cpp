@@ -8,7 +8,6 @@
 #include "core/Avvio.h"
 #include "core/File.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 #include "store/Registro.h"
 #include "store/Slot.h"
 #include "store/Undo.h"
@@ -20,10 +19,7 @@ namespace {
 void ApriConMembro(const Ambiente& a, int slot, std::string_view byte) {
   ScriviFileFuzz(a.Esempio() + EstensioneFile(slot), byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   Dipingi(s);
 }
 
@@ -61,10 +57,7 @@ void FuzzInf(const Ambiente& a, std::string_view byte) {
 // generation, as the keys and the next edit would ask for them.
 void FuzzUndo(const Ambiente& a, std::string_view byte) {
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   ScriviFileFuzz(PercorsoDiario(s), byte);
   VR_UNDO(s);
   VR_REDO(s);

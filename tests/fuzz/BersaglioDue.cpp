@@ -2,8 +2,6 @@
 // back to a text that reads to the same polylines, and every way of drawing them through
 // their vertices must give finite points for finite vertices.
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "Bersagli.h"
 #include "terrain/Curve.h"
@@ -18,10 +16,7 @@ void FuzzDue(const Ambiente&, std::string_view byte) {
     return;  // refused with its reason: the curves stay as they were
   }
   const std::string scritto = ScriviDue(lette);
-  if (ScriviDue(LeggiDue(scritto)) != scritto) {
-    std::fprintf(stderr, "Le spezzate scritte non si rileggono uguali\n");
-    std::abort();
-  }
+  Verifica(ScriviDue(LeggiDue(scritto)) == scritto, "Le spezzate scritte non si rileggono uguali\n");
   std::vector<double> x, y;
   for (const Spezzata& p : lette) {
     bool finite = true;
@@ -34,10 +29,7 @@ void FuzzDue(const Ambiente&, std::string_view byte) {
       x.clear(), y.clear();
       PuntiSpline(p, m, 3, x, y);
       for (size_t k = 0; finite && k < x.size(); ++k)
-        if (!std::isfinite(x[k]) || !std::isfinite(y[k])) {
-          std::fprintf(stderr, "Punto non finito dalla spline %d\n", static_cast<int>(m));
-          std::abort();
-        }
+        Verifica(std::isfinite(x[k]) && std::isfinite(y[k]), "Punto non finito dalla spline %d\n", static_cast<int>(m));
     }
   }
 }

@@ -1,20 +1,15 @@
 // The DXF reader: the input is a drawing imported into the example job with every kind and
 // layer, as the import dialog loads it, then the undo snapshot, regeneration and redraw.
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
 #include "exchange/DxfLettura.h"
-#include "store/Carica.h"
 #include "store/Undo.h"
 
 namespace varena::fuzz {
 
 void FuzzDxf(const Ambiente& a, std::string_view byte) {
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   OpzioniDxfIn o;
   o.Check.fill(true);
   // The first byte chooses between every layer and the layers the file itself names.

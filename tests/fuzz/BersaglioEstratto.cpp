@@ -4,9 +4,7 @@
 // the raster too, so that a broken picture meets the same text.
 #include "Bersagli.h"
 #include "cadastre/Estratto.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 #include "view/Rigenera.h"
 
 namespace varena::fuzz {
@@ -17,10 +15,7 @@ void FuzzEstratto(const Ambiente& a, std::string_view byte) {
   ScriviFileFuzz(cartella + "/F12.EMP", byte);
   if (immagine) ScriviFileFuzz(cartella + "/F12.PNG", byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   s.Imp.Cartella_Estratti = cartella;
   s.FileEstratto = "F12.EMP";
   s.FileImmagineEstratto.clear();

@@ -4,10 +4,8 @@
 
 #include "Bersagli.h"
 #include "commands/Script.h"
-#include "core/Avvio.h"
 #include "core/Dialoghi.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 #include "survey/DialoghiCalcoli.h"
 
 namespace varena::fuzz {
@@ -17,11 +15,7 @@ void FuzzFFF(const Ambiente& a, std::string_view byte) {
   FlussoNullo out;
   InterfacciaScript ui(out);
   Sessione s;
-  a.Prepara(s);
-  s.Ui = &ui;
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s, &ui);
   ApriFormFuoricentro(s);
   PremiBottone(s, "FormFuoricentro", "Leggi");
   ScriviCampo(s, "FormFuoricentro", "Eccentricita", "1.5");

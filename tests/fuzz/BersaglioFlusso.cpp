@@ -2,7 +2,6 @@
 // finite and within the bounds the sheet's coordinates can take, which the spooler then
 // draws without a second look.
 #include <cmath>
-#include <cstdlib>
 
 #include "Bersagli.h"
 #include "output/LetturaFlusso.h"
@@ -11,10 +10,10 @@ namespace varena::fuzz {
 
 void FuzzFlusso(const Ambiente&, std::string_view byte) {
   const PaginaFlusso p = LeggiFlussoStampa(byte);
-  if (!(p.AltezzaVista >= 0) || !std::isfinite(p.AltezzaVista)) std::abort();
+  Verifica(p.AltezzaVista >= 0 && std::isfinite(p.AltezzaVista), "Altezza della vista non valida\n");
   for (const ElementoFlusso& e : p.Elementi)
     for (double v : {e.X1, e.Y1, e.X2, e.Y2, e.Spessore, e.Altezza, e.Angolo})
-      if (!(std::fabs(v) <= 1e6)) std::abort();
+      Verifica(std::fabs(v) <= 1e6, "Valore fuori dal foglio: %g\n", v);
 }
 
 }  // namespace varena::fuzz

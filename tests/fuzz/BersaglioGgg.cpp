@@ -1,9 +1,6 @@
 // A group file: the input stands as a group of the library and is pasted into the example
 // job as a click pastes it (rows added, undo generation, regeneration), then painted. The
 // rows it reports added must be the rows the tables gained.
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
 #include "commands/Gruppi.h"
 #include "core/Avvio.h"
@@ -24,11 +21,8 @@ void FuzzGgg(const Ambiente& a, std::string_view byte) {
   const int64_t aggiunte = IncollaGruppo(s, "PROVA", 1725000, 5031000);
   for (int32_t n : s.ContaEntita) dopo += n;
   Dipingi(s);
-  if (aggiunte != dopo - prima) {
-    std::fprintf(stderr, "Righe incollate %lld, righe aggiunte %lld\n", static_cast<long long>(aggiunte),
-                 static_cast<long long>(dopo - prima));
-    std::abort();
-  }
+  Verifica(aggiunte == dopo - prima, "Righe incollate %lld, righe aggiunte %lld\n", static_cast<long long>(aggiunte),
+           static_cast<long long>(dopo - prima));
 }
 
 }  // namespace varena::fuzz

@@ -3,7 +3,6 @@
 // loaded must hold finite coordinates and a view that fits it; the control then hands it over
 // and exports it as the user would.
 #include <cmath>
-#include <cstdlib>
 
 #include "Bersagli.h"
 #include "core/Sessione.h"
@@ -20,10 +19,10 @@ void FuzzGrafica(const Ambiente& a, std::string_view byte) {
   Grafica g;
   estratto ? g.VR_CaricaEstratto_EMP(s, percorso) : g.VR_CaricaXVR(s, percorso);
   for (const Grafica::Punto& p : g.Punti())
-    if (!std::isfinite(p.Est) || !std::isfinite(p.Nord)) std::abort();
+    Verifica(std::isfinite(p.Est) && std::isfinite(p.Nord), "Punto non finito\n");
   for (const Grafica::Linea& l : g.Linee())
-    if (!std::isfinite(l.X1 + l.Y1 + l.X2 + l.Y2)) std::abort();
-  if (!(g.Altezza > 0)) std::abort();
+    Verifica(std::isfinite(l.X1 + l.Y1 + l.X2 + l.Y2), "Linea non finita\n");
+  Verifica(g.Altezza > 0, "Vista di altezza non positiva\n");
   g.VR_CopiaInFile(s);
   (void)g.TestoStampa();
   (void)g.TestoHTML();

@@ -2,8 +2,6 @@
 // folder; two sections of the example job are laid out by it as the command does, then the
 // undo snapshot and the redraw. Whatever the file says, every section stays on the sheet.
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "Bersagli.h"
 #include "core/Avvio.h"
@@ -34,10 +32,7 @@ void FuzzImpagina(const Ambiente& a, std::string_view byte) {
   Dipingi(s);
   for (int32_t k = 0; k < s.ContaEntita[SlotSezioni]; ++k) {
     const Sezione& x = s.SezioneDati[static_cast<size_t>(k)];
-    if (!std::isfinite(x.OrigineX) || !std::isfinite(x.OrigineY)) {
-      std::fprintf(stderr, "Una sezione impaginata fuori dal foglio\n");
-      std::abort();
-    }
+    Verifica(std::isfinite(x.OrigineX) && std::isfinite(x.OrigineY), "Una sezione impaginata fuori dal foglio\n");
   }
 }
 

@@ -2,11 +2,9 @@
 // spreadsheet's rows) or the hand-over file, pasted into the example job as the commands do,
 // then the undo snapshot, regeneration and redraw.
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/File.h"
 #include "core/Sessione.h"
 #include "exchange/Incolla.h"
-#include "store/Carica.h"
 
 namespace varena::fuzz {
 
@@ -14,10 +12,7 @@ namespace {
 
 void Incolla(const Ambiente& a, std::string_view byte, void (*comando)(Sessione&)) {
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   AppuntiInterni appunti;
   appunti.Scrivi(byte);
   s.Clip = &appunti;

@@ -1,13 +1,9 @@
 // The field book: the input stands as the example job's book, which is opened, split row by
 // row by the shared grammar, turned into the drawing's scheme and structures, regenerated and
 // painted; then saved and read again, and every row must come back as it was held.
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
 #include "cadastre/Libretto.h"
 #include "cadastre/LibrettoDisegno.h"
-#include "core/Avvio.h"
 #include "core/Errori.h"
 #include "core/Sessione.h"
 #include "store/Carica.h"
@@ -20,10 +16,7 @@ namespace varena::fuzz {
 void FuzzLibretto(const Ambiente& a, std::string_view byte) {
   ScriviFileFuzz(a.Esempio() + ".TXT", byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   CampiLibretto c;
   for (const std::string& riga : s.LibrettoMisure) {
     try {
@@ -42,11 +35,9 @@ void FuzzLibretto(const Ambiente& a, std::string_view byte) {
   SalvaLibretto(s);
   CaricaLibretto(s);
   // A book of no rows writes no file, and the reading falls back on the program's own.
-  if (!tenute.empty() && s.LibrettoMisure != tenute) {
-    std::fprintf(stderr, "Il libretto salvato e riletto non ha le righe tenute: %zu righe, ne tornano %zu\n",
-                 tenute.size(), s.LibrettoMisure.size());
-    std::abort();
-  }
+  Verifica(tenute.empty() || s.LibrettoMisure == tenute,
+           "Il libretto salvato e riletto non ha le righe tenute: %zu righe, ne tornano %zu\n", tenute.size(),
+           s.LibrettoMisure.size());
 }
 
 }  // namespace varena::fuzz

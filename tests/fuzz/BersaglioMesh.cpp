@@ -2,8 +2,6 @@
 // byte and provviso.dsq after it. A file it accepts must give finite values and chains of
 // rows that exist, and the facets made of them must come back from their records unchanged.
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "Bersagli.h"
 #include "core/Record.h"
@@ -19,26 +17,19 @@ void FuzzMesh(const Ambiente&, std::string_view byte) {
   if (!LeggiConsegna(tom, dsq, d).empty()) return;
   const size_t n = d.X.size();
   for (size_t k = 0; k < n; ++k)
-    if (!std::isfinite(d.X[k]) || !std::isfinite(d.Y[k]) || !std::isfinite(d.Z[k])) {
-      std::fprintf(stderr, "Valore non finito accettato alla riga %zu\n", k + 1);
-      std::abort();
-    }
+    Verifica(std::isfinite(d.X[k]) && std::isfinite(d.Y[k]) && std::isfinite(d.Z[k]),
+             "Valore non finito accettato alla riga %zu\n", k + 1);
   for (const auto& c : d.Catene)
     for (int32_t i : c)
-      if (i < 0 || static_cast<size_t>(i) >= n) {
-        std::fprintf(stderr, "Catena con la riga %d su %zu accettata\n", i + 1, n);
-        std::abort();
-      }
+      Verifica(i >= 0 && static_cast<size_t>(i) < n, "Catena con la riga %d su %zu accettata\n", i + 1, n);
   if (n < 3) return;
   const std::string equ = CodificaFaldeMesh(d, {{0, 1, static_cast<int32_t>(n - 1)}});
   TabellaFalde t;
   RidimensionaTabella(t, 1);
   DecodificaRecord(LayoutFalde(), t, 0, reinterpret_cast<const unsigned char*>(equ.data()), 1);
-  if (equ.size() != 256 || t.FaldaIdent[0] != 0 || t.FaldaX1[0] != d.X[0] || t.FaldaY2[0] != d.Y[1] ||
-      t.FaldaZ3[0] != d.Z[n - 1]) {
-    std::fprintf(stderr, "La falda non torna dal suo record\n");
-    std::abort();
-  }
+  Verifica(equ.size() == 256 && t.FaldaIdent[0] == 0 && t.FaldaX1[0] == d.X[0] && t.FaldaY2[0] == d.Y[1] &&
+               t.FaldaZ3[0] == d.Z[n - 1],
+           "La falda non torna dal suo record\n");
 }
 
 }  // namespace varena::fuzz

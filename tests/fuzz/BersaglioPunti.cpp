@@ -1,10 +1,8 @@
 // The point file readers (and the point list of an older job): the input is a file of each format imported into the example job
 // as its command reads it, then the undo snapshot, regeneration and redraw.
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
 #include "exchange/ImportaPunti.h"
-#include "store/Carica.h"
 #include "store/Undo.h"
 
 namespace varena::fuzz {
@@ -13,10 +11,7 @@ namespace {
 
 void Importa(const Ambiente& a, std::string_view byte, FormatoPunti f) {
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   const std::string percorso = a.Radice() + "/punti.txt";
   ScriviFileFuzz(percorso, byte);
   OpzioniTesto o;

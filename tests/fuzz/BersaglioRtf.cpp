@@ -1,8 +1,6 @@
 // A report model: the input stands as a model of "MODELLI_STAMPA", is opened as the editor
 // opens it and saved back as its close saves it. What was read must write and read back the
 // same, every size within its bounds and every alignment one of the four.
-#include <cstdlib>
-
 #include "Bersagli.h"
 #include "core/Sessione.h"
 #include "output/ModelliStampa.h"
@@ -16,11 +14,11 @@ void FuzzRtf(const Ambiente& a, std::string_view byte) {
   const std::optional<TestoRicco> t = VR_StampaGenerale(s, "FUZZ.rtf");
   if (!t) return;
   for (const ParagrafoRicco& p : t->Paragrafi) {
-    if (std::string_view("lcrj").find(p.Allineamento) == std::string_view::npos) std::abort();
+    Verifica(std::string_view("lcrj").find(p.Allineamento) != std::string_view::npos, "Allineamento sconosciuto\n");
     for (const CorsaRicca& c : p.Corse)
-      if (c.Punti < 1 || c.Punti > 1638 || c.Testo.empty()) std::abort();
+      Verifica(c.Punti >= 1 && c.Punti <= 1638 && !c.Testo.empty(), "Corsa fuori misura\n");
   }
-  if (LeggiRtf(ScriviRtf(*t)) != t) std::abort();
+  Verifica(LeggiRtf(ScriviRtf(*t)) == t, "Il modello scritto non si rilegge uguale\n");
   ChiudiEditorStampe(s, "FUZZ.rtf", *t, true);
 }
 

@@ -4,9 +4,7 @@
 
 #include "Bersagli.h"
 #include "commands/Script.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 
 namespace varena::fuzz {
 
@@ -33,11 +31,7 @@ void FuzzScript(const Ambiente& a, std::string_view byte) {
   FlussoNullo out;
   InterfacciaFuzz ui(out, a.Lavori() + "/SCELTO.CFG");
   Sessione s;
-  a.Prepara(s);
-  s.Ui = &ui;
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s, &ui);
   std::istringstream script{std::string(byte)};
   (void)EseguiScript(s, ui, script, out);
 }

@@ -1,14 +1,9 @@
 // The job archive `.VRZ`, opened as the user opens one while the example job is open: an
 // archive refused leaves that job open as it was; one accepted is loaded, painted and closed.
 // Nothing may be written outside the root (the guard of `Ambiente` stops the run).
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
 #include "store/Archivio.h"
-#include "store/Carica.h"
 #include "store/Provvisorio.h"
 
 namespace varena::fuzz {
@@ -17,17 +12,12 @@ void FuzzVrz(const Ambiente& a, std::string_view byte) {
   const std::string archivio = a.Lavori() + "/ARCHIVIO.VRZ";
   ScriviFileFuzz(archivio, byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   const std::string aperto = s.NomeLavoro;
   const int32_t punti = s.ContaEntita[SlotPunti];
-  if (!Esplodi_VRZ(s, archivio) &&
-      (s.NomeLavoro != aperto || s.NomeOriginale != a.Esempio() || s.ContaEntita[SlotPunti] != punti)) {
-    std::fprintf(stderr, "Un archivio rifiutato ha cambiato il lavoro aperto\n");
-    std::abort();
-  }
+  const bool accettato = Esplodi_VRZ(s, archivio);
+  Verifica(accettato || (s.NomeLavoro == aperto && s.NomeOriginale == a.Esempio() && s.ContaEntita[SlotPunti] == punti),
+           "Un archivio rifiutato ha cambiato il lavoro aperto\n");
   Dipingi(s);
   EliminaProvviso(s);
 }

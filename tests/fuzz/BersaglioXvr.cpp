@@ -1,13 +1,8 @@
 // The whole-job text `.XVR`, imported into the example job as the menu command does, the job
 // then painted and saved: whatever the text, only its points and lines come in, and the save
 // writes the job's own text again.
-#include <cstdio>
-#include <cstdlib>
-
 #include "Bersagli.h"
-#include "core/Avvio.h"
 #include "core/Sessione.h"
-#include "store/Carica.h"
 #include "store/Provvisorio.h"
 #include "store/Salvataggio.h"
 #include "store/TestoLavoro.h"
@@ -18,17 +13,12 @@ void FuzzXvr(const Ambiente& a, std::string_view byte) {
   const std::string testo = a.Lavori() + "/ALTRO.XVR";
   ScriviFileFuzz(testo, byte);
   Sessione s;
-  a.Prepara(s);
-  InizializzaDefault(s);
-  s.NomeOriginale = a.Esempio();
-  VR_ApriLavoro(s);
+  ApriEsempio(a, s);
   const auto prima = s.ContaEntita;
   CaricaTuttoILA7(s, testo);
   for (int slot = 0; slot < NumeroSlot; ++slot)
-    if (slot != SlotPunti && slot != SlotLinee && slot != SlotLibretto && s.ContaEntita[slot] != prima[slot]) {
-      std::fprintf(stderr, "L'importazione ha cambiato le righe dello slot %d\n", slot);
-      std::abort();
-    }
+    Verifica(slot == SlotPunti || slot == SlotLinee || slot == SlotLibretto || s.ContaEntita[slot] == prima[slot],
+             "L'importazione ha cambiato le righe dello slot %d\n", slot);
   Dipingi(s);
   Salva(s);
   EliminaProvviso(s);
