@@ -25,12 +25,26 @@ namespace {
 std::string Esegui(const std::string& comando) {
   std::string uscita;
   if (FILE* f = popen(comando.c_str(), "r")) {
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, f)) > 0) uscita.append(buf, n);
+    for (int c; (c = std::fgetc(f)) != EOF;) uscita += static_cast<char>(c);
     pclose(f);
   }
   return uscita;
+}
+
+// The box around the pixels of an image that `scelto` takes.
+template <class F>
+QRect Dove(const QImage& img, F scelto) {
+  QRect r;
+  for (int y = 0; y < img.height(); ++y)
+    for (int x = 0; x < img.width(); ++x)
+      if (scelto(img.pixel(x, y))) r |= QRect(x, y, 1, 1);
+  return r;
+}
+
+// An attribute of a word's box in the XHTML of `pdftotext -bbox`, in millimetres.
+double MmParola(const std::string& bbox, const std::string& parola, const std::string& nome) {
+  const auto riga = bbox.rfind("<word", bbox.find(">" + parola + "<"));
+  return Val(bbox.substr(bbox.find(nome + "=\"", riga) + nome.size() + 2)) * 25.4 / 72;
 }
 
 // A line 100 m long, East from (1000, 2000), in colour 1 (thickness 1: 0.1 mm), and the
@@ -87,7 +101,6 @@ TEST_F(ComandoRender, PngESvgDelLavoroDiEsempio) {
   std::ostringstream out2, err2;
   ASSERT_EQ(cli::Esegui({"render", lavoro, t / "r.svg", "--view", "1725320,5031210,30"}, out2, err2), 0);
   const std::string svg = prova::LeggiFileProva(t / "r.svg");
-  EXPECT_NE(svg.find("<svg"), std::string::npos);
   EXPECT_NE(svg.find("FABBRICATO"), std::string::npos);
   // Symbols are strokes, not pictures, and every text names the job's font before its twin.
   auto conta = [&svg](const std::string& cosa) {
@@ -180,30 +193,17 @@ TEST_F(Plot, ScalaVeraSuA4Orizzontale) {
          std::to_string(alto) + " '" + pdf + "' '" + (t / "riga") + "'");
   QImage img(QString::fromStdString(t / "riga.png"));
   ASSERT_FALSE(img.isNull());
-  int primo = -1, ultimo = -1, riga = -1;
-  for (int y = 0; y < img.height(); ++y)
-    for (int x = 0; x < img.width(); ++x)
-      if (qGray(img.pixel(x, y)) < 128) {
-        if (primo < 0 || x < primo) primo = x;
-        if (x > ultimo) ultimo = x;
-        riga = y;
-      }
-  ASSERT_GE(primo, 0);
-  const double lunghezza = (ultimo - primo + 1) / dpmm;
-  EXPECT_NEAR(lunghezza, 100.1, 0.1);
-  EXPECT_NEAR(primo / dpmm, 98.45, 0.1);
-  EXPECT_NEAR((y0 + riga) / dpmm, 105.05, 0.1);
+  const QRect linea = Dove(img, [](QRgb p) { return qGray(p) < 128; });
+  ASSERT_FALSE(linea.isEmpty());
+  EXPECT_NEAR(linea.width() / dpmm, 100.1, 0.1);
+  EXPECT_NEAR(linea.left() / dpmm, 98.45, 0.1);
+  EXPECT_NEAR((y0 + linea.bottom()) / dpmm, 105.05, 0.1);
 
   // The text: its foot 20 m North of the centre is 20 mm above the middle, at 148.5 mm
   // across and 85 mm down; its letters 5 mm high stand above that line.
   const std::string bbox = Esegui("pdftotext -bbox '" + pdf + "' -");
-  const auto w = bbox.find(">QUOTA<");
-  ASSERT_NE(w, std::string::npos) << bbox;
-  const auto riga0 = bbox.rfind("<word", w);
-  auto attributo = [&](const std::string& nome) {
-    const auto p = bbox.find(nome + "=\"", riga0);
-    return Val(bbox.substr(p + nome.size() + 2)) * 25.4 / 72;
-  };
+  ASSERT_NE(bbox.find(">QUOTA<"), std::string::npos) << bbox;
+  auto attributo = [&](const std::string& nome) { return MmParola(bbox, "QUOTA", nome); };
   EXPECT_NEAR(attributo("xMin"), 148.5, 0.5);
   EXPECT_LT(attributo("yMin"), 85 - 3);
   EXPECT_GT(attributo("yMax"), 85);
@@ -263,12 +263,8 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   // letters standing to the right of it: Helvetica's descent and ascent are 207 and 718
   // thousandths of its 5 mm, and "Citt\xC3\xA0" is 722 + 222 + 278 + 278 + 556 of them long.
   const std::string bbox = Esegui("pdftotext -f 2 -bbox '" + pdf + "' -");
-  const auto w = bbox.find(">Citt\xC3\xA0<");
-  ASSERT_NE(w, std::string::npos) << bbox;
-  const auto riga0 = bbox.rfind("<word", w);
-  auto mm = [&](const std::string& nome) {
-    return Val(bbox.substr(bbox.find(nome + "=\"", riga0) + nome.size() + 2)) * 25.4 / 72;
-  };
+  ASSERT_NE(bbox.find(">Citt\xC3\xA0<"), std::string::npos) << bbox;
+  auto mm = [&](const std::string& nome) { return MmParola(bbox, "Citt\xC3\xA0", nome); };
   EXPECT_NEAR(mm("xMin"), 105 - 1.035, 0.05) << bbox;
   EXPECT_NEAR(mm("xMax"), 105 + 3.59, 0.05);
   EXPECT_NEAR(mm("yMin"), 148.5, 0.05);
@@ -279,10 +275,7 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   // the last tenth is shaded in part).
   Esegui("pdftoppm -f 2 -l 2 -r 254 -x 500 -y 850 -W 200 -H 100 -png -singlefile '" + pdf + "' '" + (t / "p2") + "'");
   const QImage img(QString::fromStdString(t / "p2.png"));
-  QRect rosso;
-  for (int y = 0; y < img.height(); ++y)
-    for (int x = 0; x < img.width(); ++x)
-      if (qRed(img.pixel(x, y)) > 200 && qGreen(img.pixel(x, y)) < 80) rosso |= QRect(x, y, 1, 1);
+  const QRect rosso = Dove(img, [](QRgb p) { return qRed(p) > 200 && qGreen(p) < 80; });
   EXPECT_EQ(rosso.topLeft(), QPoint(50, 35));
   EXPECT_NEAR(rosso.width(), 100.5, 0.5);
   EXPECT_NEAR(rosso.height(), 50.5, 0.5);
