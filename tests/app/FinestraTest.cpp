@@ -132,13 +132,18 @@ class Desktop : public ::testing::Test {
     base = CopiaEsempio(utente / "lavori");
   }
   void TearDown() override {
-    if (f) f->EsciSenzaDomande();
-    f.reset();
-    s.reset();
+    Chiudi();
     unsetenv("VARENA_DOCUMENTI");
     unsetenv("VARENA_PROGRAMMA");
   }
+  void Chiudi() {
+    if (f) f->EsciSenzaDomande();
+    f.reset();
+    s.reset();
+  }
+  // A window on `riga`; one already open is closed first, as the user quits and starts again.
   void Avvia(const std::string& riga) {
+    Chiudi();
     s = std::make_unique<Sessione>();
     f = std::make_unique<FinestraPrincipale>(*s);
     VarenaLoad(*s, riga);
@@ -158,8 +163,15 @@ class Desktop : public ::testing::Test {
   void Tasto(char c) { QTest::keyClick(T(), c); }
 };
 
-TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecenti) {
-  Avvia(base + ".CFG");
+// The example job open in the window.
+struct Finestra : Desktop {
+  void SetUp() override {
+    Desktop::SetUp();
+    Avvia(base + ".CFG");
+  }
+};
+
+TEST_F(Finestra, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecenti) {
   EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
   EXPECT_TRUE(f->windowTitle().contains("RILIEVO"));
   EXPECT_DOUBLE_EQ(s->Vista.AltezzaVista, 70);
@@ -233,8 +245,7 @@ TEST_F(Desktop, TastiRotellaTrascinamentoVisualizzazioneSalvataggioAnnullaERecen
   EXPECT_EQ(s->ContaEntita[SlotPunti], 20);
 }
 
-TEST_F(Desktop, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
   // Closing asks "Salvare il Lavoro?" with Qt's own buttons, in Italian; Cancel keeps it open.
   QStringList bottoni;
   RispondiAlBox(QMessageBox::Cancel, &bottoni);
@@ -271,8 +282,7 @@ TEST_F(Desktop, DialoghiStandardInItalianoEApriDallaCartellaDiLavoro) {
   EXPECT_EQ(colore->currentIndex(), 6);
 }
 
-TEST_F(Desktop, UnoScriptLasciaIlComandoNellaFinestra) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, UnoScriptLasciaIlComandoNellaFinestra) {
   const std::string script = utente / "finestra.txt";
   prova::ScriviFileProva(script, "TAG DISEGNA_LINEA_2_P\nKEY P\nCLICK left 1725300 5031200\nMOVE 1725323.9 5031209.3\n");
   ASSERT_TRUE(f->EseguiScript(QString::fromStdString(script)));
@@ -322,8 +332,7 @@ TEST_F(Desktop, RecuperaLaCopiaDiUnProgrammaUcciso) {
   EXPECT_EQ(s->NomeOriginale, base);
 }
 
-TEST_F(Desktop, LineaColMouseConGliSnap) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, LineaColMouseConGliSnap) {
   const double e100 = kE0, n100 = kN0;  // station 100
   const double e101 = kE0 + 12.004, n101 = kN0 + 8.117, e102 = kE0 + 24.522, n102 = kN0 + 9.968;
   auto ultima = [this] {
@@ -472,8 +481,7 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
   EXPECT_EQ(s->LibrettoMisure.size(), 4u);
 }
 
-TEST_F(Desktop, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
   QAction* voce = f->findChild<QAction*>("INFO_ELENCO_PUNTI_TUTTI");
   ASSERT_NE(voce, nullptr);
   ASSERT_TRUE(voce->isEnabled());
@@ -507,9 +515,8 @@ TEST_F(Desktop, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
   for (const int32_t k : scelti) EXPECT_EQ(s->PuntoDescrizione[static_cast<size_t>(k)].substr(0, 4), "<EL>");
 }
 
-TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
+TEST_F(Finestra, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
   std::map<std::string, bool> eseguiti;  // the arming tags of the menus and toolbars
-  Avvia(base + ".CFG");
   std::vector<std::pair<std::string, QObject*>> voci;
   for (QAction* a : f->findChildren<QAction*>())
     if (!a->objectName().isEmpty()) voci.emplace_back(a->objectName().toStdString(), a);
@@ -551,7 +558,6 @@ TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
     const QString tasto = QString::fromUtf8(v->Tasto.data(), static_cast<qsizetype>(v->Tasto.size()));
     const QString atteso = tasto.isEmpty() ? nome : nome + " (" + tasto + ")";
     EXPECT_FALSE(nome.isEmpty()) << tag;
-    EXPECT_FALSE((a ? a->icon() : b->icon()).isNull()) << tag;
     EXPECT_FALSE((a ? a->icon() : b->icon()).pixmap(16, 16).isNull()) << tag;
     EXPECT_EQ((a ? a->toolTip() : b->toolTip()).toStdString(), atteso.toStdString()) << tag;
     const QString stato = a ? a->statusTip() : b->statusTip();
@@ -605,8 +611,7 @@ TEST_F(Desktop, OgniVoceCheIlNucleoEsegueEOffertaEArmaIlSuoComando) {
   }
 }
 
-TEST_F(Desktop, LettereSulleSpiePromptARiposoTempoNellaBarraEtichetteLeggibili) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, LettereSulleSpiePromptARiposoTempoNellaBarraEtichetteLeggibili) {
   // The lamps: the letter that sets the snap, and its name with the letter on hover.
   auto* fine = f->findChild<QToolButton*>("SpiaSNAP_FINE");
   ASSERT_NE(fine, nullptr);
@@ -639,8 +644,7 @@ TEST_F(Desktop, LettereSulleSpiePromptARiposoTempoNellaBarraEtichetteLeggibili) 
   EXPECT_EQ(prompt->text().toStdString(), "RILIEVO - nessuna entità");
 }
 
-TEST_F(Desktop, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
   PannelloPiani* piani = f->Piani();
   ASSERT_TRUE(f->DockPiani()->isVisible());
   QTableWidget* t = piani->Tabella();
@@ -704,9 +708,6 @@ TEST_F(Desktop, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
   // finds them so.
   f->addDockWidget(Qt::LeftDockWidgetArea, f->DockPiani());
   f->DockComando()->close();
-  f->EsciSenzaDomande();
-  f.reset();
-  s.reset();
   Avvia(base + ".CFG");
   EXPECT_EQ(f->dockWidgetArea(f->DockPiani()), Qt::LeftDockWidgetArea);
   EXPECT_TRUE(f->DockPiani()->isVisible());
@@ -718,8 +719,7 @@ TEST_F(Desktop, PianiERigaDiComandoNeiDockRiapertiComeLiSiEraLasciati) {
   EXPECT_EQ(f->CasellaComando()->text().toStdString(), "7");
 }
 
-TEST_F(Desktop, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
   const QRect disegno(T()->mapToGlobal(QPoint(0, 0)), T()->size());
   const double e101 = kE0 + 12.004, n101 = kN0 + 8.117, e102 = kE0 + 24.522, n102 = kN0 + 9.968;
   // The side 101-102 of the house brought to pixel (x, y) of the drawing, picked, and the
@@ -761,9 +761,6 @@ TEST_F(Desktop, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
   nuovo->move(lasciato);
   f->EseguiTag("INTERROMPI_COMANDO");
   EXPECT_EQ(f->Interfaccia()->DialogoAperto("NuovoPunto"), nullptr);
-  f->EsciSenzaDomande();
-  f.reset();
-  s.reset();
   Avvia(base + ".CFG");
   f->EseguiTag("DISEGNA_PUNTO");
   nuovo = f->Interfaccia()->DialogoAperto("NuovoPunto");
@@ -771,8 +768,7 @@ TEST_F(Desktop, DialoghiAccantoAlDisegnoMaiSopraCioCheSiStaScegliendo) {
   EXPECT_EQ(nuovo->pos(), lasciato);
 }
 
-TEST_F(Desktop, TemaScuroConIlFondoDelDisegnoEAvanzamentoNellaBarra) {
-  Avvia(base + ".CFG");
+TEST_F(Finestra, TemaScuroConIlFondoDelDisegnoEAvanzamentoNellaBarra) {
   // The lightest grey of an icon's strokes (the accent is a colour, not a grey).
   auto luce = [](const QIcon& i) {
     const QImage img = i.pixmap(24, 24).toImage();
