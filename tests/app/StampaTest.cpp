@@ -36,6 +36,13 @@ std::string Esegui(const std::string& comando) {
   return uscita;
 }
 
+// A print service's file printer: an A4 PDF at `file`.
+void SuPdf(QPrinter& stampante, const std::string& file) {
+  stampante.setOutputFormat(QPrinter::PdfFormat);
+  stampante.setOutputFileName(QString::fromStdString(file));
+  stampante.setPageSize(QPageSize(QPageSize::A4));
+}
+
 TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
   prova::SessioneProva p;
   Sessione& s = p.s;
@@ -48,9 +55,7 @@ TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
 
   // A print service's file printer stands for one that takes the job.
   QPrinter presa(QPrinter::HighResolution);
-  presa.setOutputFormat(QPrinter::PdfFormat);
-  presa.setOutputFileName(QString::fromStdString(p.cartella / "stampa.pdf"));
-  presa.setPageSize(QPageSize(QPageSize::A4));
+  SuPdf(presa, p.cartella / "stampa.pdf");
   EXPECT_TRUE(StampaSuStampante(s, presa, 500));
   EXPECT_EQ(s.ModoStampa, 0);
   EXPECT_TRUE(p.ui.Messaggi.empty());
@@ -58,13 +63,12 @@ TEST(Stampa, StampanteCheAccettaOCheRifiuta) {
 
   // One whose output cannot be opened refuses it.
   QPrinter rifiuta(QPrinter::HighResolution);
-  rifiuta.setOutputFormat(QPrinter::PdfFormat);
-  rifiuta.setOutputFileName(QString::fromStdString(p.cartella / "manca/stampa.pdf"));
+  SuPdf(rifiuta, p.cartella / "manca/stampa.pdf");
   EXPECT_FALSE(StampaSuStampante(s, rifiuta, 500));
   EXPECT_EQ(s.ModoStampa, 0);
   ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo, "La stampante ha rifiutato il lavoro: nulla e' stato stampato.");
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Stampa");
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo + "|" + p.ui.Messaggi[0].Testo,
+            "Stampa|La stampante ha rifiutato il lavoro: nulla e' stato stampato.");
 }
 
 // A report: the editor's document holds the model as read, its PDF holds its words, a PDF
@@ -104,8 +108,7 @@ TEST(WidgetGrafica, NelDialogoDellEstratto) {
   DialogoQt q(p.s, d, [] {}, nullptr);
   auto* w = q.findChild<WidgetGrafica*>("Anteprima");
   ASSERT_NE(w, nullptr);
-  EXPECT_EQ(w->Modello().Punti().size(), 2u);
-  EXPECT_EQ(w->Modello().Linee().size(), 1u);
+  EXPECT_EQ(std::make_pair(w->Modello().Punti().size(), w->Modello().Linee().size()), std::make_pair(size_t{2}, size_t{1}));
   p.s.TestoEstratto += "8|C|120|210|\r\n";
   q.Aggiorna(d);
   EXPECT_EQ(w->Modello().Punti().size(), 3u);
@@ -141,10 +144,8 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   // stand 105 mm (297.6 points) apart on the sheet.
   w.Vista(50, 0, 100);
   QPrinter pdf(QPrinter::HighResolution);
-  pdf.setOutputFormat(QPrinter::PdfFormat);
   const std::string file = p.cartella / "anteprima.pdf";
-  pdf.setOutputFileName(QString::fromStdString(file));
-  pdf.setPageSize(QPageSize(QPageSize::A4));
+  SuPdf(pdf, file);
   ASSERT_TRUE(w.VR_Stampa(pdf));
   const std::string bbox = Esegui("pdftotext -bbox '" + file + "' -");
   auto x = [&](const std::string& parola) {
@@ -158,8 +159,8 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   g.TagMouse = "NUOVOPUNTO";
   QTest::mouseClick(&w, Qt::LeftButton, {}, QPoint(300, 80));
   ASSERT_EQ(g.Punti().size(), 3u);
-  EXPECT_DOUBLE_EQ(g.Punti()[2].Est, 100);  // 100 pixels right of the middle, 2 a metre
-  EXPECT_DOUBLE_EQ(g.Punti()[2].Nord, 10);
+  // 100 pixels right of the middle and 20 up, 2 a metre.
+  EXPECT_EQ(QPointF(g.Punti()[2].Est, g.Punti()[2].Nord), QPointF(100, 10));
   // A long name at the right edge: the fit makes room for it, so that its last letter is
   // inside the control (it was cut off when only the points were fitted).
   g.VR_AggiungiPuntoGraf(100, 0, "CONFINE-NORD-EST-1234", "NP", 1);

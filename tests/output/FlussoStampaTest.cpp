@@ -262,8 +262,6 @@ TEST_F(Anteprima, ContenutoZoomEVicino) {
   EXPECT_DOUBLE_EQ(g.Altezza, 11);
   g.VR_ZoomPiu();
   EXPECT_DOUBLE_EQ(g.Altezza, 5.5);
-  g.VR_ZoomRight();
-  EXPECT_DOUBLE_EQ(g.CentroEst, 5 + 5.5 / 4);
   EXPECT_EQ(g.VR_IlPiuVicinoAlMouse(9, 1), 1u);
   EXPECT_EQ(std::make_tuple(g.DistanzaDuePuntiNuova(0, 1), g.PuntoMedio(0, 1).Est), std::make_tuple(10.0, 5.0));
   EXPECT_EQ(Grafica::FontDidascalia("L", "T") + "|" + Grafica::FontDidascalia("P", "T"), "Arial Narrow|Courier New");
