@@ -166,9 +166,7 @@ TEST(PiramideImmagine, LivelliEParteInVista) {
   const PiramideImmagine p(img);
   ASSERT_EQ(p.Livelli(), 3);  // 1000 x 700, 500 x 350, 250 x 175
   EXPECT_EQ(p.Livello(2).size(), QSize(250, 175));
-  EXPECT_EQ(p.LivelloPer(1200), 0);
-  EXPECT_EQ(p.LivelloPer(400), 1);
-  EXPECT_EQ(p.LivelloPer(100), 2);
+  EXPECT_EQ(std::make_tuple(p.LivelloPer(1200), p.LivelloPer(400), p.LivelloPer(100)), std::make_tuple(0, 1, 2));
   // Stretched over 400 pixels from -200: the boundary falls at 0, and the view of 200 pixels
   // holds only the blue half. From 0, only the red one.
   for (auto [sinistra, colore] : {std::pair{-200.0, QColor(Qt::blue)}, {0.0, QColor(Qt::red)}}) {
