@@ -6,7 +6,6 @@
 #include <QImage>
 #include <QTextDocument>
 #include <QTextEdit>
-#include <cstdio>
 #include <QKeyEvent>
 #include <QFontMetricsF>
 #include <QPrinter>
@@ -21,20 +20,14 @@
 #include "core/File.h"
 #include "core/InterfacciaRegistrata.h"
 #include "core/Sessione.h"
+#include "render/Poppler.h"
 #include "support/Supporto.h"
 #include "view/Rigenera.h"
 
 namespace varena {
 namespace {
 
-std::string Esegui(const std::string& comando) {
-  std::string uscita;
-  if (FILE* f = popen(comando.c_str(), "r")) {
-    for (int c; (c = std::fgetc(f)) != EOF;) uscita += static_cast<char>(c);
-    pclose(f);
-  }
-  return uscita;
-}
+using prova::Esegui;
 
 // A print service's file printer: an A4 PDF at `file`.
 void SuPdf(QPrinter& stampante, const std::string& file) {
@@ -148,12 +141,8 @@ TEST(WidgetGrafica, DisegnaEZoomProprio) {
   SuPdf(pdf, file);
   ASSERT_TRUE(w.VR_Stampa(pdf));
   const std::string bbox = Esegui("pdftotext -bbox '" + file + "' -");
-  auto x = [&](const std::string& parola) {
-    const size_t fine = bbox.find(">" + parola + "</word>");
-    const size_t inizio = bbox.rfind("xMin=\"", fine);
-    return fine == std::string::npos ? -1.0 : std::stod(bbox.substr(inizio + 6));
-  };
-  EXPECT_NEAR(x("B") - x("A"), 297.6, 0.3) << bbox;
+  ASSERT_TRUE(bbox.find(">A<") != std::string::npos && bbox.find(">B<") != std::string::npos) << bbox;
+  EXPECT_NEAR(prova::MmParola(bbox, "B", "xMin") - prova::MmParola(bbox, "A", "xMin"), 105, 0.1) << bbox;
   // With "NUOVOPUNTO" armed a click at pixel (300, 80) adds the point there.
   w.Vista(50, 0, 100);
   g.TagMouse = "NUOVOPUNTO";

@@ -7,7 +7,6 @@
 
 #include <QImage>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
 #include <sstream>
 
@@ -18,19 +17,14 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Salva.h"
+#include "render/Poppler.h"
 #include "support/Supporto.h"
 
 namespace varena {
 namespace {
 
-std::string Esegui(const std::string& comando) {
-  std::string uscita;
-  if (FILE* f = popen(comando.c_str(), "r")) {
-    for (int c; (c = std::fgetc(f)) != EOF;) uscita += static_cast<char>(c);
-    pclose(f);
-  }
-  return uscita;
-}
+using prova::Esegui;
+using prova::MmParola;
 
 // The box around the pixels of an image that `scelto` takes.
 template <class F>
@@ -40,12 +34,6 @@ QRect Dove(const QImage& img, F scelto) {
     for (int x = 0; x < img.width(); ++x)
       if (scelto(img.pixel(x, y))) r |= QRect(x, y, 1, 1);
   return r;
-}
-
-// An attribute of a word's box in the XHTML of `pdftotext -bbox`, in millimetres.
-double MmParola(const std::string& bbox, const std::string& parola, const std::string& nome) {
-  const auto riga = bbox.rfind("<word", bbox.find(">" + parola + "<"));
-  return Val(bbox.substr(bbox.find(nome + "=\"", riga) + nome.size() + 2)) * 25.4 / 72;
 }
 
 // A line 100 m long, East from (1000, 2000), in colour 1 (thickness 1: 0.1 mm), and the
