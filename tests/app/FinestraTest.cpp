@@ -60,16 +60,7 @@
 namespace varena {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr double kE0 = 1725300.0, kN0 = 5031200.0;  // the example's sheet corner
-
-std::string CopiaEsempio(const std::string& cartella) {
-  fs::create_directories(cartella);
-  for (const auto& f : fs::directory_iterator(std::string(VARENA_SORGENTI) + "/examples"))
-    if (f.path().stem() == "RILIEVO") fs::copy_file(f.path(), cartella + "/" + f.path().filename().string());
-  return cartella + "/RILIEVO";
-}
 
 // Answers the next message box that appears, within a second, with `bottone`; `testi` gets
 // its buttons' texts.
@@ -122,20 +113,13 @@ bool IlNucleoLoEsegue(const std::string& lavoro, const std::string& tag) {
 class Desktop : public ::testing::Test {
  protected:
   prova::CartellaTemporanea doc, prog, utente;
+  prova::CartelleDelProgramma cartelle{doc.Percorso(), prog.Percorso()};
   std::string base;
   std::unique_ptr<Sessione> s;
   std::unique_ptr<FinestraPrincipale> f;
 
-  void SetUp() override {
-    setenv("VARENA_DOCUMENTI", doc.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", prog.Percorso().c_str(), 1);
-    base = CopiaEsempio(utente / "lavori");
-  }
-  void TearDown() override {
-    Chiudi();
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
-  }
+  void SetUp() override { base = prova::CopiaEsempio(utente / "lavori"); }
+  void TearDown() override { Chiudi(); }
   void Chiudi() {
     if (f) f->EsciSenzaDomande();
     f.reset();

@@ -56,14 +56,7 @@ void ScriviLavoro(const std::string& base) {
 // The program's folders in a temporary one, for the run of a command.
 struct ComandoRender : ::testing::Test {
   prova::CartellaTemporanea t;
-  void SetUp() override {
-    setenv("VARENA_DOCUMENTI", t.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", (t / "prog").c_str(), 1);
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
-  }
+  prova::CartelleDelProgramma cartelle{t.Percorso(), t / "prog"};
   // How many pixels of an image are of the red of pen 1.
   static int Rossi(const QImage& img) {
     int n = 0;
@@ -116,10 +109,8 @@ TEST_F(ComandoRender, EstrattoSottoIlRilievo) {
   namespace fs = std::filesystem;
   const fs::path esempi = fs::path(VARENA_SORGENTI) / "examples";
   fs::create_directories(t / "VR2000/PREGEO/ESTRATTI");
-  fs::create_directories(t / "lavoro");
   for (const char* f : {"F12.EMP", "F12.PNG"}) fs::copy_file(esempi / "ESTRATTI" / f, t / ("VR2000/PREGEO/ESTRATTI/" + std::string(f)));
-  for (const fs::directory_entry& e : fs::directory_iterator(esempi))
-    if (e.path().stem() == "RILIEVO") fs::copy_file(e.path(), t / ("lavoro/" + e.path().filename().string()));
+  prova::CopiaEsempio(t / "lavoro");
   std::string cfg = prova::LeggiFileProva(t / "lavoro/RILIEVO.CFG");
   const size_t p = cfg.find("\r\n\"7\"\r\n");
   ASSERT_NE(p, std::string::npos);
@@ -142,7 +133,6 @@ TEST_F(ComandoRender, EstrattoSottoIlRilievo) {
 struct Plot : ComandoRender {
   std::string lavoro;
   void SetUp() override {
-    ComandoRender::SetUp();
     NuovaCartella(t / "job");
     lavoro = t / "job/PIANO";
     ScriviLavoro(lavoro);
