@@ -428,8 +428,7 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
                                         "X|ignota|\r\n" + lunga + "|\r\n");
   Avvia(base + ".CFG");
   QAction* voce = f->findChild<QAction*>("LIBRETTO_MISURE");
-  ASSERT_NE(voce, nullptr);
-  ASSERT_TRUE(voce->isEnabled());
+  ASSERT_TRUE(voce && voce->isEnabled());
   QAbstractItemModel* modello = nullptr;
   bool sola = false;
   Grafica anteprima;
@@ -464,8 +463,7 @@ TEST_F(Desktop, IlLibrettoDalMenuInUnaTabellaDaLeggere) {
 
 TEST_F(Finestra, ElencoPuntiNelDockOrdinatoSelezionatoSulDisegnoEOperazioni) {
   QAction* voce = f->findChild<QAction*>("INFO_ELENCO_PUNTI_TUTTI");
-  ASSERT_NE(voce, nullptr);
-  ASSERT_TRUE(voce->isEnabled());
+  ASSERT_TRUE(voce && voce->isEnabled());
   voce->trigger();
   ASSERT_TRUE(f->DockPunti()->isVisible());
   PannelloPunti* p = f->Punti();
