@@ -29,10 +29,10 @@ struct Virgola : std::numpunct<char> {
 };
 
 // Colour 1 plots 0.3 mm, colour 2 is hidden (thickness 0), colour 3 plots 0.5 mm.
-struct ScenaStampa {
+struct FlussoStampa : ::testing::Test {
   prova::SessioneProva p;
   Sessione& s = p.s;
-  ScenaStampa() {
+  FlussoStampa() {
     s.Ui = &p.ui;
     for (int i = 1; i < 10; ++i) s.Colori.Colore[static_cast<size_t>(i)] = 0x000001 * static_cast<ColoreRGB>(i);
     s.Colori.Colore[7] = 0xFFFFFF;
@@ -54,26 +54,24 @@ struct ScenaStampa {
   }
 };
 
-TEST(FlussoStampa, RecordPerRecord) {
-  ScenaStampa z;
-  Sessione& s = z.s;
+TEST_F(FlussoStampa, RecordPerRecord) {
   s.BitmapNomeFile[static_cast<size_t>(prova::MettiImmagine(s, 990, 2010, 100, 50, 0.1))] = "foto.png";
   prova::MettiCerchio(s, 990, 2010, 5.5);
-  z.Linea(1000, 2000, 1100.5, 2000.25, 1);
-  z.Linea(1000, 2010, 1050, 2010, 2);        // hidden colour
-  z.Linea(1000, 2020, 1050, 2020, 1, 1, 1);  // frozen
-  z.Linea(1000, 1960, 1010, 1960, 3, 2);     // dashed: two strokes
+  Linea(1000, 2000, 1100.5, 2000.25, 1);
+  Linea(1000, 2010, 1050, 2010, 2);        // hidden colour
+  Linea(1000, 2020, 1050, 2020, 1, 1, 1);  // frozen
+  Linea(1000, 1960, 1010, 1960, 3, 2);     // dashed: two strokes
   prova::MettiTesto(s, 1010, 2020, "a,b");
   s.TestoAltezza[0] = 2, s.TestoRotazione[0] = 100, s.TestoColore[0] = 3, s.TestoFont[0] = "Arial";
   s.Imp.CollegaPuntoSimbolo = 1;
-  size_t r = z.Punto("P1", 1020, 1990, 0, 1);
+  size_t r = Punto("P1", 1020, 1990, 0, 1);
   s.PuntoCongelaSimbolo[r] = 1;
   s.PuntoDescrizione[r] = "d";
-  r = z.Punto("P2", 1030, 2000, 0, 1);
+  r = Punto("P2", 1030, 2000, 0, 1);
   s.PuntoCongelaSimbolo[r] = 1, s.PuntoCongelaQuota[r] = 1;
   s.PuntoSpoX[r] = 2, s.PuntoSpoY[r] = 3;
   // A circle of a quarter and a cross of half the size 4, in colour 3; its name hidden.
-  r = z.Punto("P3", 980, 2000, 34, 4);
+  r = Punto("P3", 980, 2000, 34, 4);
   s.PuntoColoreSimbolo[r] = 3, s.PuntoColoreNome[r] = 2;
   s.PuntoCongelaQuota[r] = s.PuntoCongelaDescrizione[r] = 1;
   RigeneraLista(s);
@@ -116,21 +114,24 @@ TEST(FlussoStampa, RecordPerRecord) {
   EXPECT_EQ(prova::LeggiFileProva(s.CartellaProgramma + "/stampe.vr"), atteso);
 }
 
-TEST(FlussoStampa, PagineConDomanda) {
-  ScenaStampa z;
-  Sessione& s = z.s;
-  z.Linea(1000, 2000, 1001, 2000, 1);
+TEST_F(FlussoStampa, PagineConDomanda) {
+  Linea(1000, 2000, 1001, 2000, 1);
   RigeneraLista(s);
   std::vector<std::string> flussi;
   auto spooler = [&](const std::string& percorso) {
     flussi.push_back(prova::LeggiFileProva(percorso));
     return true;
   };
-  // Without the pagination file: one page, and the plotting mode over.
-  s.ModoStampa = 5;
-  EXPECT_EQ(StampaPaginata(s, {990, 1990, 1010, 2010}, spooler), 1);
-  EXPECT_EQ(s.ModoStampa, 0);
-  EXPECT_TRUE(z.p.ui.Domande.empty());
+  // Every run ends the plotting mode, whatever was sent.
+  auto stampa = [&] {
+    s.ModoStampa = 5;
+    const int pagine = StampaPaginata(s, {990, 1990, 1010, 2010}, spooler);
+    EXPECT_EQ(s.ModoStampa, 0);
+    return pagine;
+  };
+  // Without the pagination file: one page.
+  EXPECT_EQ(stampa(), 1);
+  EXPECT_TRUE(p.ui.Domande.empty());
   ASSERT_EQ(flussi.size(), 1u);
   EXPECT_EQ(flussi[0], "SCALA,20\r\nL,0.000,0.000,1.000,0.000,0.3\r\n");
   EXPECT_EQ(s.Vista.AltezzaVista, 100);  // the view of the drawing, not of the page
@@ -139,29 +140,24 @@ TEST(FlussoStampa, PagineConDomanda) {
   // The first is sent, the second skipped.
   s.Paginato = {-1, "2", "1"};
   flussi.clear();
-  z.p.ui.Rispondi(Risposta::Si);
-  z.p.ui.Rispondi(Risposta::No);
-  s.ModoStampa = 5;
-  EXPECT_EQ(StampaPaginata(s, {990, 1990, 1010, 2010}, spooler), 1);
-  EXPECT_EQ(s.ModoStampa, 0);
-  ASSERT_EQ(z.p.ui.Domande.size(), 2u);
-  EXPECT_EQ(z.p.ui.Domande[0].Titolo, "Pagina 1 / 2");
-  EXPECT_EQ(z.p.ui.Domande[0].Testo, "N= 1990.0 E = 980.0\r\nN= 2010.0 E= 1000.0\r\nInviare Stampa?");
-  EXPECT_EQ(z.p.ui.Domande[0].Tipo, Icona::Domanda);
-  EXPECT_EQ(z.p.ui.Domande[1].Titolo, "Pagina 2 / 2");
+  p.ui.Rispondi(Risposta::Si);
+  p.ui.Rispondi(Risposta::No);
+  EXPECT_EQ(stampa(), 1);
+  ASSERT_EQ(p.ui.Domande.size(), 2u);
+  EXPECT_EQ(p.ui.Domande[0].Titolo + "|" + p.ui.Domande[0].Testo,
+            "Pagina 1 / 2|N= 1990.0 E = 980.0\r\nN= 2010.0 E= 1000.0\r\nInviare Stampa?");
+  EXPECT_EQ(std::tie(p.ui.Domande[0].Tipo, p.ui.Domande[1].Titolo), std::make_tuple(Icona::Domanda, "Pagina 2 / 2"));
   ASSERT_EQ(flussi.size(), 1u);
   // The line starts on the right edge of the first page.
   EXPECT_EQ(flussi[0], "SCALA,20\r\nL,10.000,0.000,11.000,0.000,0.3\r\n");
 
-  // Cancel on the first page: nothing sent, the mode back to 0.
-  z.p.ui.Domande.clear();
+  // Cancel on the first page: nothing sent, no second question.
+  p.ui.Domande.clear();
   flussi.clear();
-  z.p.ui.Rispondi(Risposta::Annulla);
-  s.ModoStampa = 5;
-  EXPECT_EQ(StampaPaginata(s, {990, 1990, 1010, 2010}, spooler), 0);
-  EXPECT_EQ(z.p.ui.Domande.size(), 1u);
+  p.ui.Rispondi(Risposta::Annulla);
+  EXPECT_EQ(stampa(), 0);
+  EXPECT_EQ(p.ui.Domande.size(), 1u);
   EXPECT_TRUE(flussi.empty());
-  EXPECT_EQ(s.ModoStampa, 0);
 }
 
 // The legacy hand-off: "plotter.exe" of the program folder run on the stream of the view.
@@ -174,12 +170,10 @@ struct ProcessiRegistrati : Processi {
   }
 };
 
-TEST(FlussoStampa, AnteprimaAlPlotter) {
-  ScenaStampa z;
-  Sessione& s = z.s;
+TEST_F(FlussoStampa, AnteprimaAlPlotter) {
   ProcessiRegistrati proc;
   s.Proc = &proc;
-  z.Linea(1000, 2000, 1001, 2000, 1);
+  Linea(1000, 2000, 1001, 2000, 1);
   RigeneraLista(s);
   s.Vista.CentroEst = 1000, s.Vista.CentroNord = 2000, s.Vista.AltezzaVista = 40, s.Vista.RapportoVista = 1.5;
   // Without the spooler the stream stays on disk, quietly.
@@ -194,29 +188,13 @@ TEST(FlussoStampa, AnteprimaAlPlotter) {
   EXPECT_EQ(s.ModoStampa, 0);
 }
 
-TEST(FlussoStampa, SpessoriDallaGriglia) {
-  ScenaStampa z;
-  Sessione& s = z.s;
-  // Colour, name, then one column per thickness from 0: the first "X" wins; a row without
-  // one keeps the thickness it had.
-  s.Spessori.Spessore[3] = 7;
-  ScriviSpessoriDaGriglia(s, {{"1", "Rosso", "", "", "X", "X"}, {"2", "Giallo", "X"}, {"3", "Verde", "", ""}});
-  EXPECT_EQ(s.Spessori.Spessore[1], 2);
-  EXPECT_EQ(s.Spessori.Spessore[2], 0);
-  EXPECT_EQ(s.Spessori.Spessore[3], 7);
-  EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "SPESSORI1.ini"), "2\r\n0\r\n7\r\n");
-}
-
-TEST(FlussoStampa, DialogoSpessoriEOpzioni) {
-  ScenaStampa z;
-  Sessione& s = z.s;
+TEST_F(FlussoStampa, DialogoSpessoriEOpzioni) {
   s.Colori.NumeroColori = 9;
   ApriFormSelezSpessore(s);
   const Dialogo* d = TrovaDialogo(s, "FormSelezSpessore");
   ASSERT_TRUE(d);
-  EXPECT_EQ(d->Campo("Formato")->Etichetta, " Formato carta ");
-  EXPECT_EQ(d->Campo("Scala")->Etichetta, "Scala = 1:");
-  EXPECT_EQ(d->Valore("Spessore1"), "3");
+  EXPECT_EQ(d->Campo("Formato")->Etichetta + "|" + d->Campo("Scala")->Etichetta + "|" + d->Valore("Spessore1"),
+            " Formato carta |Scala = 1:|3");
   ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore1", "4"));
   ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore3", "0"));
   ASSERT_TRUE(ScriviCampo(s, "FormSelezSpessore", "Spessore9", "99"));  // past the grid's last column
@@ -226,32 +204,22 @@ TEST(FlussoStampa, DialogoSpessoriEOpzioni) {
   EXPECT_EQ(s.Imp.Stampa_Nome_Lavoro, 0);
   // Colour 2 stays at 0 and the others at the table's 1.
   EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "SPESSORI1.ini"), "4\r\n0\r\n0\r\n1\r\n1\r\n1\r\n1\r\n1\r\n20\r\n");
-  EXPECT_TRUE(z.p.ui.Messaggi.empty());
+  EXPECT_TRUE(p.ui.Messaggi.empty());
 }
 
-TEST(FlussoStampa, LetturaRecordEGuasti) {
+TEST_F(FlussoStampa, LetturaRecordEGuasti) {
   const PaginaFlusso p = LeggiFlussoStampa(
       "SCALA,250\r\nL,1,2,3,4,0.3\r\nC,5,6,7,0.5,.01\r\nTT,a.b,1,2,-90,Arial,2,3\r\nPN,P1,10,20,Arial,2,1\r\n"
       "T,N1,3,4,Courier New\r\nIM,1,2,3,4,foto.png\r\nXX,1,2\r\nL,1e999,0,0,0,1\r\nL\r\n\r\nC,1,2");
   EXPECT_EQ(p.AltezzaVista, 250);
   ASSERT_EQ(p.Elementi.size(), 8u);
-  EXPECT_EQ(p.Elementi[0].Tipo, ElementoFlusso::Linea);
-  EXPECT_EQ(p.Elementi[0].X2, 3);
-  EXPECT_EQ(p.Elementi[0].Spessore, 0.3);
-  EXPECT_EQ(p.Elementi[1].Tipo, ElementoFlusso::Cerchio);
-  EXPECT_EQ(p.Elementi[1].X2, 7);
-  EXPECT_EQ(p.Elementi[2].Testo, "a.b");
-  EXPECT_EQ(p.Elementi[2].Angolo, -90);
-  EXPECT_EQ(p.Elementi[2].Colore, 3);
+  const auto& e = p.Elementi;
+  EXPECT_EQ(std::tie(e[0].Tipo, e[0].X2, e[0].Spessore, e[1].Tipo, e[1].X2), std::make_tuple(ElementoFlusso::Linea, 3, 0.3, ElementoFlusso::Cerchio, 7));
+  EXPECT_EQ(std::tie(e[2].Testo, e[2].Angolo, e[2].Colore), std::make_tuple("a.b", -90, 3));
   // A point's label by its top left corner: the foot one height lower.
-  EXPECT_EQ(p.Elementi[3].Y1, 18);
-  EXPECT_EQ(p.Elementi[4].Font, "Courier New");
-  EXPECT_EQ(p.Elementi[5].Tipo, ElementoFlusso::Immagine);
-  EXPECT_EQ(p.Elementi[5].Testo, "foto.png");
+  EXPECT_EQ(std::tie(e[3].Y1, e[4].Font, e[5].Tipo, e[5].Testo), std::make_tuple(18, "Courier New", ElementoFlusso::Immagine, "foto.png"));
   // A record cut short reads its missing numbers as 0.
-  EXPECT_EQ(p.Elementi[6].X1, 0);
-  EXPECT_EQ(p.Elementi[7].Y1, 2);
-  EXPECT_EQ(p.Elementi[7].X2, 0);
+  EXPECT_EQ(std::tie(e[6].X1, e[7].Y1, e[7].X2), std::make_tuple(0, 2, 0));
 }
 
 // A station A at (0, 0), a trig point B at (10, 0), the line A-B, the parcel "12" at (5, 5).
@@ -264,8 +232,15 @@ Grafica Esempio() {
   return g;
 }
 
-TEST(Grafica, ContenutoZoomEVicino) {
+// The example in a preview, with a session to hand it to.
+struct Anteprima : ::testing::Test {
+  prova::SessioneProva p;
+  Sessione& s = p.s;
   Grafica g = Esempio();
+  Anteprima() { s.Ui = &p.ui; }
+};
+
+TEST_F(Anteprima, ContenutoZoomEVicino) {
   EXPECT_EQ(g.Punti()[1].Tipo, "RT");
   g.VR_AggiungiPuntoGraf(1, 1, "C", "XX", 0);  // an unknown kind is a plain point
   EXPECT_EQ(g.Punti()[2].Tipo, "NP");
@@ -274,57 +249,43 @@ TEST(Grafica, ContenutoZoomEVicino) {
   EXPECT_EQ(g.Linee().size(), 1u);
   // The content is 10 x 5: a square control shows 11 around (5, 2.5).
   g.VR_ZoomTutto();
-  EXPECT_EQ(g.CentroEst, 5);
-  EXPECT_EQ(g.CentroNord, 2.5);
+  EXPECT_EQ(std::tie(g.CentroEst, g.CentroNord), std::make_tuple(5.0, 2.5));
   EXPECT_DOUBLE_EQ(g.Altezza, 11);
   g.VR_ZoomPiu();
   EXPECT_DOUBLE_EQ(g.Altezza, 5.5);
-  g.VR_ZoomRight();
-  EXPECT_DOUBLE_EQ(g.CentroEst, 5 + 5.5 / 4);
-  EXPECT_EQ(g.VR_IlPiuVicinoAlMouse(9, 1), 1u);
+  // The nearest point and the mid-point are the mouse's: TagDelMouse clicks them.
   EXPECT_EQ(g.DistanzaDuePuntiNuova(0, 1), 10);
-  EXPECT_EQ(g.PuntoMedio(0, 1).Est, 5);
-  EXPECT_EQ(Grafica::FontDidascalia("L", "T"), "Arial Narrow");
-  EXPECT_EQ(Grafica::FontDidascalia("P", "T"), "Courier New");
+  EXPECT_EQ(Grafica::FontDidascalia("L", "T") + "|" + Grafica::FontDidascalia("P", "T"), "Arial Narrow|Courier New");
   g.VR_Clear();
   EXPECT_TRUE(g.Punti().empty() && g.Linee().empty() && g.Nomi().empty());
   EXPECT_FALSE(g.VR_IlPiuVicinoAlMouse(0, 0));
 }
 
-TEST(Grafica, RigheDiUnElenco) {
-  Grafica g;
+TEST_F(Anteprima, RigheDiUnElenco) {
+  g.VR_Clear();
   EXPECT_EQ(g.AggiungiGrafica({"%|S1|10|20|", "*|PF01|0,5|1|", "#|7|3|4|", "8|*T2|200|100|", "PV|9|1|2|", "@|245|5|5|",
                                "L|S1|7|", "L|S1|MANCA|", "#|X|abc|1|", "1|S1|1.5|", ""}),
             7);
   ASSERT_EQ(g.Punti().size(), 5u);
-  EXPECT_EQ(g.Punti()[0].Tipo, "NC");
-  EXPECT_EQ(g.Punti()[1].Tipo, "NT");
+  std::string tipi;
+  for (const auto& q : g.Punti()) tipi += q.Tipo + " ";
+  EXPECT_EQ(tipi, "NC NT NP NT PV ");
   EXPECT_EQ(g.Punti()[1].Est, 0.5);  // a comma read as a point
-  EXPECT_EQ(g.Punti()[2].Tipo, "NP");
   // The field book's coordinate row gives North first.
-  EXPECT_EQ(g.Punti()[3].Nome, "*T2");
-  EXPECT_EQ(g.Punti()[3].Tipo, "NT");
-  EXPECT_EQ(g.Punti()[3].Est, 100);
-  EXPECT_EQ(g.Punti()[3].Nord, 200);
-  EXPECT_EQ(g.Punti()[4].Tipo, "PV");
+  EXPECT_EQ(std::tie(g.Punti()[3].Nome, g.Punti()[3].Est, g.Punti()[3].Nord), std::make_tuple("*T2", 100.0, 200.0));
   ASSERT_EQ(g.Nomi().size(), 1u);
   ASSERT_EQ(g.Linee().size(), 1u);
   EXPECT_EQ(g.Linee()[0].X2, 3);
   EXPECT_EQ(g.Errori, (std::vector<std::string>{"AggiungiGrafica: riga 8 L|S1|MANCA|", "AggiungiGrafica: riga 9 #|X|abc|1|"}));
 }
 
-TEST(Grafica, OpzioniDellUtente) {
-  prova::SessioneProva p;
-  Grafica g = Esempio();
-  g.VR_AggiungiPuntoGraf(3, 3, "PF01/0010/G693", "NT", 1);
+TEST_F(Anteprima, OpzioniDellUtente) {
   g.MostraNomi = false, g.MostraPF = false;
-  g.ScriviOpzioni(p.s);
+  g.ScriviOpzioni(s);
   Grafica h = Esempio();
   h.VR_AggiungiPuntoGraf(3, 3, "PF01/0010/G693", "NT", 1);
-  h.LeggiOpzioni(p.s);
-  EXPECT_FALSE(h.MostraNomi);
-  EXPECT_TRUE(h.MostraToponimi);
-  EXPECT_FALSE(h.MostraPF);
+  h.LeggiOpzioni(s);
+  EXPECT_EQ(std::tie(h.MostraNomi, h.MostraToponimi, h.MostraPF), std::make_tuple(false, true, false));
   h.CentroEst = 5, h.CentroNord = 2.5, h.Altezza = 10;
   // No point's name and no fiducial point; the parcel name stays.
   EXPECT_EQ(h.TestoStampa(),
@@ -334,33 +295,27 @@ TEST(Grafica, OpzioniDellUtente) {
   EXPECT_EQ(h.TestoHTML().find("'A'"), std::string::npos);
 }
 
-TEST(Grafica, TagDelMouse) {
-  prova::SessioneProva p;
-  p.s.Ui = &p.ui;
-  Grafica g = Esempio();
+TEST_F(Anteprima, TagDelMouse) {
   g.TagMouse = "PUNTOMEDIO";
-  g.ClicMouse(p.s, 1, 1);
-  g.ClicMouse(p.s, 9, 1);  // nearest to A, then to B: their mid-point (5, 0)
+  g.ClicMouse(s, 1, 1);
+  g.ClicMouse(s, 9, 1);  // nearest to A, then to B: their mid-point (5, 0)
   ASSERT_EQ(g.Punti().size(), 3u);
-  EXPECT_EQ(g.Punti()[2].Est, 5);
-  EXPECT_EQ(g.Punti()[2].Nord, 0);
+  EXPECT_EQ(std::tie(g.Punti()[2].Est, g.Punti()[2].Nord), std::make_tuple(5.0, 0.0));
   g.TagMouse = "CONTORNOROSSO";
-  g.ClicMouse(p.s, 1234.5, 0.25);
-  g.ClicMouse(p.s, -2, 3);
+  g.ClicMouse(s, 1234.5, 0.25);
+  g.ClicMouse(s, -2, 3);
   ASSERT_EQ(g.Linee().size(), 2u);
-  EXPECT_EQ(g.Linee()[1].X1, 1234.5);
-  EXPECT_EQ(g.Linee()[1].X2, -2);
-  EXPECT_EQ(prova::LeggiFileProva(p.s.CartellaLavoro + "TEMP/CONTORNO.TXT"),
+  EXPECT_EQ(std::tie(g.Linee()[1].X1, g.Linee()[1].X2), std::make_tuple(1234.5, -2.0));
+  EXPECT_EQ(prova::LeggiFileProva(s.CartellaLavoro + "TEMP/CONTORNO.TXT"),
             "al punto  X= 1234.500  Y= .250  Z=   0\r\nal punto  X= -2.000  Y= 3.000  Z=   0\r\n");
   g.TagMouse = "NUOVOPUNTO";
-  g.ClicMouse(p.s, 7, 8);
+  g.ClicMouse(s, 7, 8);
   EXPECT_EQ(g.Punti().back().Nome, "4");
 }
 
-TEST(Grafica, DxfStampaEPaginaHtml) {
+TEST_F(Anteprima, DxfStampaEPaginaHtml) {
   const std::string testa = " 0\r\nSECTION\r\n 2\r\nENTITIES\r\n", coda = " 0\r\nENDSEC\r\n 0\r\nEOF\r\n";
   EXPECT_EQ(Grafica().TestoDXF(), testa + coda);
-  const Grafica g = Esempio();
   EXPECT_EQ(g.TestoDXF(),
             testa +
                 " 0\r\nPOINT\r\n 8\r\nRC\r\n 10\r\n0.000\r\n 20\r\n0.000\r\n"
@@ -394,20 +349,16 @@ TEST(Grafica, DxfStampaEPaginaHtml) {
     EXPECT_NE(html.find(riga), std::string::npos) << riga;
   EXPECT_TRUE(FinisceCon(html, "     context.stroke();\r\n   </script>\r\n </body>\r\n</html>\r\n"));
   const std::string vuota = Grafica().TestoHTML();
-  EXPECT_EQ(vuota.find("moveTo"), std::string::npos);
-  EXPECT_EQ(vuota.find("arc("), std::string::npos);
-  EXPECT_TRUE(FinisceCon(vuota, "</html>\r\n"));
+  EXPECT_TRUE(vuota.find("moveTo") == std::string::npos && vuota.find("arc(") == std::string::npos &&
+              FinisceCon(vuota, "</html>\r\n")) << vuota;
 }
 
 // The hand-over file: its bytes, the paste into the job reading them, and the preview's own
 // loaders taking them, and a map extract, back.
-TEST(Grafica, FileDiPassaggioECaricatori) {
-  prova::SessioneProva p;
-  Sessione& s = p.s;
+TEST_F(Anteprima, FileDiPassaggioECaricatori) {
   s.ConfiguraPunti.Classi[ClasseStazioni] = {"Arial", 1.5, 3, 2, 0.5, 4, 1, 5, 1, 6};
   s.ConfiguraPunti.Classi[ClassePF] = {"Courier New", 2, 7, 1, 0.25, 8, 2, 9, 3, 10};
   s.Imp.Colore_Default = 5, s.Imp.Tratteggio_Default = 1, s.PianoCorrente = "RILIEVO";
-  Grafica g = Esempio();
   g.VR_AggiungiPuntoGraf(3, 4, "PF\"9", "NP", 0);
   g.MostraPF = false;  // not shown, not handed over
   ASSERT_TRUE(g.VR_CopiaInFile(s));
@@ -438,11 +389,9 @@ TEST(Grafica, FileDiPassaggioECaricatori) {
   prova::ScriviFileProva(emp, "0|ESTRATTO|\r\n8|A|100|200|\r\n8|B|100|210|\r\n7|2|A|B|\r\n6|12|T|105|205|\r\n<PUNTO>,1\r\n");
   Grafica m;
   ASSERT_TRUE(m.VR_CaricaEstratto_EMP(s, emp));
-  ASSERT_EQ(m.Punti().size(), 2u);
+  ASSERT_EQ(std::make_tuple(m.Punti().size(), m.Linee().size(), m.Nomi().size()), std::make_tuple(2u, 1u, 1u));
   EXPECT_EQ(FormaSemplice(m.Punti()[1].Est) + " " + FormaSemplice(m.Punti()[1].Nord), "210 100");
-  ASSERT_EQ(m.Linee().size(), 1u);
   EXPECT_EQ(FormaSemplice(m.Linee()[0].X1) + " " + FormaSemplice(m.Linee()[0].Y2), "200 100");
-  ASSERT_EQ(m.Nomi().size(), 1u);
   EXPECT_EQ(m.Nomi()[0].Testo + " " + FormaSemplice(m.Nomi()[0].Est), "12 205");
   EXPECT_FALSE(m.VR_CaricaXVR(s, emp + "X"));
   EXPECT_EQ(m.Errori, std::vector<std::string>{emp + "X Non è stato trovato!"});
@@ -452,9 +401,7 @@ TEST(Grafica, FileDiPassaggioECaricatori) {
 
 // The field book in the preview: a station the job has, a coordinate row, and a contour over
 // two rows whose code "RT" makes it dashed; a vertex nobody knows breaks no line but its own.
-TEST(Grafica, LibrettoDelLavoro) {
-  prova::SessioneProva p;
-  Sessione& s = p.s;
+TEST_F(Anteprima, LibrettoDelLavoro) {
   DimensionaPunti(s);
   s.PuntoNome[0] = "100", s.PuntoX[0] = 10, s.PuntoY[0] = 20;
   s.ContaEntita[SlotPunti] = 1;
@@ -475,27 +422,21 @@ TEST(Grafica, LibrettoDelLavoro) {
   EXPECT_TRUE(c.Punti().size() == 2 && c.Punti()[1].Nome.empty() && c.Linee().size() == 1);
 }
 
-TEST(Grafica, SalvaDxfConIMessaggi) {
-  prova::SessioneProva p;
-  p.s.Ui = &p.ui;
-  ASSERT_TRUE(Esempio().VR_SalvaDXF(p.s));
-  const std::string percorso = p.s.CartellaLavoro + "TEMP/GraficaDXF.DXF";
+TEST_F(Anteprima, SalvaDxfConIMessaggi) {
+  ASSERT_TRUE(g.VR_SalvaDXF(s));
+  const std::string percorso = s.CartellaLavoro + "TEMP/GraficaDXF.DXF";
   EXPECT_EQ(prova::LeggiFileProva(percorso), Esempio().TestoDXF());
-  ASSERT_EQ(p.ui.Messaggi.size(), 1u);
-  EXPECT_EQ(p.ui.Messaggi[0].Testo, "Salvato il file " + percorso);
-  EXPECT_EQ(p.ui.Messaggi[0].Titolo, "Salva in DXF");
-  ASSERT_EQ(p.ui.Domande.size(), 1u);
-  EXPECT_EQ(p.ui.Domande[0].Testo, "Aprire il file DXF ?");
-  EXPECT_EQ(p.ui.Domande[0].Titolo, "Apertura file DXF ");
-  ASSERT_TRUE(Esempio().GeneraHTML5_CANVAS(p.s));
-  EXPECT_EQ(prova::LeggiFileProva(p.s.CartellaProgramma + "/Stampe.HTML"), Esempio().TestoHTML());
+  ASSERT_EQ(std::make_pair(p.ui.Messaggi.size(), p.ui.Domande.size()), std::make_pair(size_t{1}, size_t{1}));
+  EXPECT_EQ(p.ui.Messaggi[0].Titolo + "|" + p.ui.Messaggi[0].Testo, "Salva in DXF|Salvato il file " + percorso);
+  EXPECT_EQ(p.ui.Domande[0].Titolo + "|" + p.ui.Domande[0].Testo, "Apertura file DXF |Aprire il file DXF ?");
+  ASSERT_TRUE(g.GeneraHTML5_CANVAS(s));
+  EXPECT_EQ(prova::LeggiFileProva(s.CartellaProgramma + "/Stampe.HTML"), Esempio().TestoHTML());
 }
 
-TEST(FlussoStampa, PuntoPlanimetricoSenzaQuota) {
-  ScenaStampa z;
-  const size_t r = z.Punto("P1", 1020, 1990, 0, 1);
-  z.s.PuntoCongelaSimbolo[r] = 1, z.s.PuntoDescrizione[r] = "<P!>d";
-  EXPECT_EQ(FlussoPagina(z.s, {900, 1950, 1100, 2050}),
+TEST_F(FlussoStampa, PuntoPlanimetricoSenzaQuota) {
+  const size_t r = Punto("P1", 1020, 1990, 0, 1);
+  s.PuntoCongelaSimbolo[r] = 1, s.PuntoDescrizione[r] = "<P!>d";
+  EXPECT_EQ(FlussoPagina(s, {900, 1950, 1100, 2050}),
             "SCALA,100\r\nPN,P1,20.500,-7.000,Arial,2.000,1\r\nPD,<P!>d,20.500,-10.000,Arial,2.000,1\r\n");
 }
 

@@ -1,12 +1,12 @@
 // varena-cli render and plot. Render: the example job into a PNG and an SVG, and with the
 // demonstration extract under it. Plot: a drawing of one known line and one known text plotted
 // at 1:1000 on A4 landscape, the PDF read back with poppler's own tools: the sheet's size, the
-// line's length on paper, the text's place. Then the inputs that must write nothing.
+// line's length and place on paper (a text's place on paper is checked on a page of its own
+// below). Then the inputs that must write nothing.
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
 #include <sstream>
 
@@ -17,20 +17,23 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "store/Salva.h"
+#include "render/Poppler.h"
 #include "support/Supporto.h"
 
 namespace varena {
 namespace {
 
-std::string Esegui(const std::string& comando) {
-  std::string uscita;
-  if (FILE* f = popen(comando.c_str(), "r")) {
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, f)) > 0) uscita.append(buf, n);
-    pclose(f);
-  }
-  return uscita;
+using prova::Esegui;
+using prova::MmParola;
+
+// The box around the pixels of an image that `scelto` takes.
+template <class F>
+QRect Dove(const QImage& img, F scelto) {
+  QRect r;
+  for (int y = 0; y < img.height(); ++y)
+    for (int x = 0; x < img.width(); ++x)
+      if (scelto(img.pixel(x, y))) r |= QRect(x, y, 1, 1);
+  return r;
 }
 
 // A line 100 m long, East from (1000, 2000), in colour 1 (thickness 1: 0.1 mm), and the
@@ -53,14 +56,7 @@ void ScriviLavoro(const std::string& base) {
 // The program's folders in a temporary one, for the run of a command.
 struct ComandoRender : ::testing::Test {
   prova::CartellaTemporanea t;
-  void SetUp() override {
-    setenv("VARENA_DOCUMENTI", t.Percorso().c_str(), 1);
-    setenv("VARENA_PROGRAMMA", (t / "prog").c_str(), 1);
-  }
-  void TearDown() override {
-    unsetenv("VARENA_DOCUMENTI");
-    unsetenv("VARENA_PROGRAMMA");
-  }
+  prova::CartelleDelProgramma cartelle{t.Percorso(), t / "prog"};
   // How many pixels of an image are of the red of pen 1.
   static int Rossi(const QImage& img) {
     int n = 0;
@@ -87,7 +83,6 @@ TEST_F(ComandoRender, PngESvgDelLavoroDiEsempio) {
   std::ostringstream out2, err2;
   ASSERT_EQ(cli::Esegui({"render", lavoro, t / "r.svg", "--view", "1725320,5031210,30"}, out2, err2), 0);
   const std::string svg = prova::LeggiFileProva(t / "r.svg");
-  EXPECT_NE(svg.find("<svg"), std::string::npos);
   EXPECT_NE(svg.find("FABBRICATO"), std::string::npos);
   // Symbols are strokes, not pictures, and every text names the job's font before its twin.
   auto conta = [&svg](const std::string& cosa) {
@@ -114,10 +109,8 @@ TEST_F(ComandoRender, EstrattoSottoIlRilievo) {
   namespace fs = std::filesystem;
   const fs::path esempi = fs::path(VARENA_SORGENTI) / "examples";
   fs::create_directories(t / "VR2000/PREGEO/ESTRATTI");
-  fs::create_directories(t / "lavoro");
   for (const char* f : {"F12.EMP", "F12.PNG"}) fs::copy_file(esempi / "ESTRATTI" / f, t / ("VR2000/PREGEO/ESTRATTI/" + std::string(f)));
-  for (const fs::directory_entry& e : fs::directory_iterator(esempi))
-    if (e.path().stem() == "RILIEVO") fs::copy_file(e.path(), t / ("lavoro/" + e.path().filename().string()));
+  prova::CopiaEsempio(t / "lavoro");
   std::string cfg = prova::LeggiFileProva(t / "lavoro/RILIEVO.CFG");
   const size_t p = cfg.find("\r\n\"7\"\r\n");
   ASSERT_NE(p, std::string::npos);
@@ -140,7 +133,6 @@ TEST_F(ComandoRender, EstrattoSottoIlRilievo) {
 struct Plot : ComandoRender {
   std::string lavoro;
   void SetUp() override {
-    ComandoRender::SetUp();
     NuovaCartella(t / "job");
     lavoro = t / "job/PIANO";
     ScriviLavoro(lavoro);
@@ -180,34 +172,11 @@ TEST_F(Plot, ScalaVeraSuA4Orizzontale) {
          std::to_string(alto) + " '" + pdf + "' '" + (t / "riga") + "'");
   QImage img(QString::fromStdString(t / "riga.png"));
   ASSERT_FALSE(img.isNull());
-  int primo = -1, ultimo = -1, riga = -1;
-  for (int y = 0; y < img.height(); ++y)
-    for (int x = 0; x < img.width(); ++x)
-      if (qGray(img.pixel(x, y)) < 128) {
-        if (primo < 0 || x < primo) primo = x;
-        if (x > ultimo) ultimo = x;
-        riga = y;
-      }
-  ASSERT_GE(primo, 0);
-  const double lunghezza = (ultimo - primo + 1) / dpmm;
-  EXPECT_NEAR(lunghezza, 100.1, 0.1);
-  EXPECT_NEAR(primo / dpmm, 98.45, 0.1);
-  EXPECT_NEAR((y0 + riga) / dpmm, 105.05, 0.1);
-
-  // The text: its foot 20 m North of the centre is 20 mm above the middle, at 148.5 mm
-  // across and 85 mm down; its letters 5 mm high stand above that line.
-  const std::string bbox = Esegui("pdftotext -bbox '" + pdf + "' -");
-  const auto w = bbox.find(">QUOTA<");
-  ASSERT_NE(w, std::string::npos) << bbox;
-  const auto riga0 = bbox.rfind("<word", w);
-  auto attributo = [&](const std::string& nome) {
-    const auto p = bbox.find(nome + "=\"", riga0);
-    return Val(bbox.substr(p + nome.size() + 2)) * 25.4 / 72;
-  };
-  EXPECT_NEAR(attributo("xMin"), 148.5, 0.5);
-  EXPECT_LT(attributo("yMin"), 85 - 3);
-  EXPECT_GT(attributo("yMax"), 85);
-  EXPECT_LT(attributo("yMax"), 85 + 2);
+  const QRect linea = Dove(img, [](QRgb p) { return qGray(p) < 128; });
+  ASSERT_FALSE(linea.isEmpty());
+  EXPECT_NEAR(linea.width() / dpmm, 100.1, 0.1);
+  EXPECT_NEAR(linea.left() / dpmm, 98.45, 0.1);
+  EXPECT_NEAR((y0 + linea.bottom()) / dpmm, 105.05, 0.1);
 }
 
 TEST_F(Plot, RichiesteSbagliateNonScrivonoNulla) {
@@ -263,12 +232,8 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   // letters standing to the right of it: Helvetica's descent and ascent are 207 and 718
   // thousandths of its 5 mm, and "Citt\xC3\xA0" is 722 + 222 + 278 + 278 + 556 of them long.
   const std::string bbox = Esegui("pdftotext -f 2 -bbox '" + pdf + "' -");
-  const auto w = bbox.find(">Citt\xC3\xA0<");
-  ASSERT_NE(w, std::string::npos) << bbox;
-  const auto riga0 = bbox.rfind("<word", w);
-  auto mm = [&](const std::string& nome) {
-    return Val(bbox.substr(bbox.find(nome + "=\"", riga0) + nome.size() + 2)) * 25.4 / 72;
-  };
+  ASSERT_NE(bbox.find(">Citt\xC3\xA0<"), std::string::npos) << bbox;
+  auto mm = [&](const std::string& nome) { return MmParola(bbox, "Citt\xC3\xA0", nome); };
   EXPECT_NEAR(mm("xMin"), 105 - 1.035, 0.05) << bbox;
   EXPECT_NEAR(mm("xMax"), 105 + 3.59, 0.05);
   EXPECT_NEAR(mm("yMin"), 148.5, 0.05);
@@ -279,10 +244,7 @@ TEST_F(ComandoRender, PdfDiDuePagineConTestoRuotatoEImmagine) {
   // the last tenth is shaded in part).
   Esegui("pdftoppm -f 2 -l 2 -r 254 -x 500 -y 850 -W 200 -H 100 -png -singlefile '" + pdf + "' '" + (t / "p2") + "'");
   const QImage img(QString::fromStdString(t / "p2.png"));
-  QRect rosso;
-  for (int y = 0; y < img.height(); ++y)
-    for (int x = 0; x < img.width(); ++x)
-      if (qRed(img.pixel(x, y)) > 200 && qGreen(img.pixel(x, y)) < 80) rosso |= QRect(x, y, 1, 1);
+  const QRect rosso = Dove(img, [](QRgb p) { return qRed(p) > 200 && qGreen(p) < 80; });
   EXPECT_EQ(rosso.topLeft(), QPoint(50, 35));
   EXPECT_NEAR(rosso.width(), 100.5, 0.5);
   EXPECT_NEAR(rosso.height(), 50.5, 0.5);
