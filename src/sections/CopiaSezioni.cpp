@@ -39,14 +39,12 @@ bool Scrivi(Sessione& s, const std::string& percorso, const std::string& testo) 
 std::string TabellaValoriSezione(const Sezione& z) {
   std::string t = "Sezione\t" + Campo(z.IndiceSezione, '\t') + "\r\n";
   t += "Punto\tProgressiva\tParziale\tEst\tNord\tQuota Terreno\tQuota Progetto\tQuota Rossa\r\n";
-  const std::vector<double> d = DistanzePiane(z);
-  double progressiva = z.Cfg.OrigineQuotatura;
+  const std::vector<double> pr = Progressive(z);
   for (size_t i = 0; i < z.Stazioni.size(); ++i) {
     const StazioneSezione& p = z.Stazioni[i];
-    const double parziale = i == 0 ? 0 : d[i - 1];
-    progressiva += parziale;
+    const double parziale = i == 0 ? 0 : pr[i] - pr[i - 1];
     t += Campo(p.Nome, '\t');
-    for (double v : {progressiva, parziale, p.X, p.Y, p.QuotaTerreno, p.QuotaProgetto, p.QuotaProgetto - p.QuotaTerreno})
+    for (double v : {z.Cfg.OrigineQuotatura + pr[i], parziale, p.X, p.Y, p.QuotaTerreno, p.QuotaProgetto, p.QuotaProgetto - p.QuotaTerreno})
       t += "\t" + Metri(v);
     t += "\r\n";
   }

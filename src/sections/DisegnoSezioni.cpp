@@ -17,6 +17,13 @@
 
 namespace varena {
 
+std::vector<double> Progressive(const Sezione& z) {
+  std::vector<double> p(z.Stazioni.size(), 0);
+  const std::vector<double> d = DistanzePiane(z);
+  for (size_t i = 1; i < p.size(); ++i) p[i] = p[i - 1] + d[i - 1];
+  return p;
+}
+
 double ScalaSezione(double scalaLunghezze) { return scalaLunghezze > 0 ? scalaLunghezze / 50.0 : 20.0; }
 
 namespace {
@@ -258,8 +265,8 @@ void Disegna(Sessione& s, int32_t riga) {
   const double fattore = FattoreAltezze(c);
   auto Y = [&](double q) { return (q - c.QuotaRiferimento) * fattore + z.OrigineY; };
   const std::vector<double> parziali = DistanzePiane(z);
-  std::vector<double> xs(n, z.OrigineX);
-  for (size_t i = 1; i < n; ++i) xs[i] = xs[i - 1] + parziali[i - 1];
+  std::vector<double> xs = Progressive(z);
+  for (double& x : xs) x += z.OrigineX;
   const double totale = xs.back() - z.OrigineX;
   auto alta = [&](size_t i) { return std::max(z.Stazioni[i].QuotaTerreno, z.Stazioni[i].QuotaProgetto); };
   Disegnatore d(s, riga);

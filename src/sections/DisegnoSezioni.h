@@ -15,6 +15,9 @@ struct Sessione;
 // One row of the section table; the frame it draws is kept in the row, for picking.
 void RigeneraSezione(Sessione& s, int32_t riga);
 
+// The progressive of each station along the plan line, 0 at the first.
+std::vector<double> Progressive(const Sezione& z);
+
 // The width of the column of row titles at the left of a section, in sheet metres: 2 cm of
 // paper at the scale of lengths.
 double ScalaSezione(double scalaLunghezze);

@@ -11,17 +11,11 @@
 #include "core/Sessione.h"
 #include "core/Testo.h"
 #include "sections/ComandiSezioni.h"
+#include "sections/DisegnoSezioni.h"
 
 namespace varena {
 
 namespace {
-
-std::vector<double> Progressive(const Sezione& z) {
-  std::vector<double> p(z.Stazioni.size(), 0);
-  const std::vector<double> d = DistanzePiane(z);
-  for (size_t i = 1; i < p.size(); ++i) p[i] = p[i - 1] + d[i - 1];
-  return p;
-}
 
 void SalvaProgetto(Sessione& s, int32_t riga, Sezione z) {
   // A grade typed far too large runs past any number: such heights would make the section
